@@ -1,0 +1,70 @@
+# How every folder of the tree becomes a target.
+
+set(LEVELWIDGETS_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+
+add_library(levelwidgets_options INTERFACE)
+target_compile_features(levelwidgets_options INTERFACE cxx_std_20)
+target_include_directories(levelwidgets_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(levelwidgets_options INTERFACE ${LEVELWIDGETS_WARNINGS})
+if(LEVELWIDGETS_SANITIZE)
+  target_compile_options(levelwidgets_options INTERFACE -fsanitize=address,undefined
+                         -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(levelwidgets_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WIN32)
+  target_compile_definitions(levelwidgets_options INTERFACE WINVER=0x0601 _WIN32_WINNT=0x0601)
+  target_link_options(levelwidgets_options INTERFACE -static)
+  # Header-only libraries of the build machine, without the rest of its include folder.
+  set(headers ${PROJECT_BINARY_DIR}/header-only)
+  file(MAKE_DIRECTORY ${headers})
+  foreach(library toml++ CLI nlohmann)
+    if(EXISTS /usr/include/${library} AND NOT EXISTS ${headers}/${library})
+      file(CREATE_LINK /usr/include/${library} ${headers}/${library} SYMBOLIC)
+    endif()
+  endforeach()
+  target_include_directories(levelwidgets_options SYSTEM INTERFACE ${headers})
+endif()
+
+# One set of standard headers, compiled once and shared by every target.
+add_library(levelwidgets_pch OBJECT ${PROJECT_SOURCE_DIR}/cmake/pch.cpp)
+target_link_libraries(levelwidgets_pch PRIVATE levelwidgets_options)
+target_precompile_headers(levelwidgets_pch PRIVATE
+  <algorithm> <any> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <sstream>
+  <string> <string_view> <unordered_map> <utility> <variant> <vector>)
+
+# levelwidgets_library(frame DEPENDS platform): the folder's sources as target levelwidgets_frame.
+# *_test.cpp files beside them go into the test program.
+function(levelwidgets_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS")
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp parts/*.cpp)
+  set(tests ${sources})
+  list(FILTER sources EXCLUDE REGEX "_(test|fuzz)\\.cpp$")
+  list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+  list(TRANSFORM arg_DEPENDS PREPEND levelwidgets_)
+  add_library(levelwidgets_${name} STATIC ${sources})
+  target_link_libraries(levelwidgets_${name} PUBLIC levelwidgets_options ${arg_DEPENDS}
+                                             PRIVATE ${arg_PRIVATE_DEPENDS})
+  target_precompile_headers(levelwidgets_${name} REUSE_FROM levelwidgets_pch)
+  set_property(GLOBAL APPEND PROPERTY LEVELWIDGETS_TEST_SOURCES ${tests})
+  set_property(GLOBAL APPEND PROPERTY LEVELWIDGETS_LIBRARIES levelwidgets_${name})
+endfunction()
+
+# One test program of all *_test.cpp files.
+function(levelwidgets_add_tests)
+  if(WIN32)
+    set(INSTALL_GTEST OFF)
+    set(gtest_force_shared_crt ON)
+    add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    set(gtest gmock)
+  else()
+    find_package(GTest REQUIRED)
+    set(gtest GTest::gmock)
+  endif()
+  get_property(sources GLOBAL PROPERTY LEVELWIDGETS_TEST_SOURCES)
+  get_property(libraries GLOBAL PROPERTY LEVELWIDGETS_LIBRARIES)
+  add_executable(levelwidgets_tests ${sources})
+  target_link_libraries(levelwidgets_tests PRIVATE ${libraries} ${gtest})
+  target_compile_definitions(levelwidgets_tests PRIVATE LEVELWIDGETS_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_precompile_headers(levelwidgets_tests PRIVATE <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array>
+    <cmath> <functional> <map> <memory> <optional> <string> <string_view> <variant> <vector>)
+endfunction()

@@ -1,0 +1,71 @@
+// The other side of the seam: what a person at the desktop does and sees. Tests, scripts and pictures
+// drive either platform through it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <levelwidgets/platform/picture.h>
+#include <levelwidgets/platform/platform.h>
+
+namespace levelwidgets {
+
+struct TopLevelWindow {
+  WindowHandle handle;
+  std::string title;
+  PixelRect rect;  // outer rectangle, screen pixels
+  bool active = false;
+};
+
+// Positions are screen pixels; buttons and shift bits are those of the controls' events. Input is
+// delivered, and all that it makes pending is done, before a call returns; an exception from a handler
+// passes through.
+class DesktopDriver {
+ public:
+  virtual ~DesktopDriver() = default;
+
+  virtual Platform& GetPlatform() = 0;
+
+  virtual void MovePointer(PixelPoint screen) = 0;
+  // At the pointer's position. `button` is one of kLeftButton, kRightButton, kMiddleButton.
+  virtual void Press(int button) = 0;
+  virtual void Release(int button) = 0;
+  // Wheel notches, positive away from the user.
+  virtual void Wheel(int notches) = 0;
+
+  // A key goes down with the shift bits held; its character follows when it has one. The bits stay
+  // held until the key's KeyUp.
+  virtual void KeyDown(int code, int shift) = 0;
+  virtual void KeyUp(int code, int shift) = 0;
+  // Types each character as key down, character, key up. UTF-8.
+  virtual void Type(std::string_view text) = 0;
+
+  // Lets `ms` milliseconds pass: by the hand clock in memory, in real time elsewhere.
+  virtual void Advance(std::uint32_t ms) = 0;
+  // Does all that is pending now.
+  virtual void Settle() = 0;
+
+  // kInvalidColorRef outside the screen.
+  virtual ColorRef PixelAt(PixelPoint screen) = 0;
+  // Parts outside the screen are black.
+  virtual Picture Capture(PixelRect screen) = 0;
+
+  // Visible top-level windows of this program, front to back.
+  virtual std::vector<TopLevelWindow> TopLevelWindows() = 0;
+  // Drawing objects and contexts made and not yet deleted; all windows; all timers.
+  virtual std::size_t LiveObjects() = 0;
+  virtual std::size_t LiveWindows() = 0;
+  virtual std::size_t LiveTimers() = 0;
+
+  // Move, press and release with the left button.
+  void Click(PixelPoint screen);
+  // Two clicks within the double-click time.
+  void DoubleClick(PixelPoint screen);
+  // Key down and up.
+  void Key(int code, int shift = 0);
+};
+
+}  // namespace levelwidgets

@@ -1,0 +1,161 @@
+// What a control asks of the operating system's windows, input and message routing.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include <levelwidgets/platform/constants.h>
+#include <levelwidgets/platform/types.h>
+
+namespace levelwidgets {
+
+using WParam = std::uintptr_t;
+using LParam = std::intptr_t;
+using LResult = std::intptr_t;
+
+class WindowApi;
+
+// Receives the messages of the windows that name it. It must outlive them.
+class WindowClient {
+ public:
+  virtual ~WindowClient() = default;
+  virtual LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) = 0;
+};
+
+// A window procedure for SetWindowLongA(kGwlWndProc): replaces how a window's messages are handled.
+using WindowProc = LResult (*)(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
+                               LParam lparam);
+
+struct WindowRequest {
+  std::string class_name;  // "" a plain window, whose messages go to `client`
+  std::string title;       // UTF-8
+  std::uint32_t style = 0;
+  std::uint32_t ex_style = 0;
+  PixelRect rect;       // outer rectangle: screen pixels, or the parent's client pixels for a child
+  WindowHandle parent;  // the parent of a child; the owner, or none, of a top-level window
+  WindowClient* client = nullptr;
+};
+
+// Operations of the operating system under their own names and with its flag values. An unknown
+// window makes an operation return false, 0 or a null handle; none throws.
+//
+// Promises about plain windows, kept on every platform:
+//
+// - A window has a drawing context of its own. GetDC and BeginPaint give always that one, with the
+//   objects and colours last selected into it, so nothing needs to be selected again for a paint.
+//   It starts with the stock objects, transparent background mode and black text.
+// - A window whose size changes is invalidated as a whole. Painting is asked for by kWmPaint, after all
+//   other input, or at once by UpdateWindow. The background is never erased by the platform.
+// - Pointer messages carry client pixels in the second parameter (x in the low, y in the high word,
+//   signed) and the button and key bits in the first. A press captures the pointer to its window until
+//   the last button is up; this press capture, or whatever capture took its place, has ended when that
+//   release is delivered. An explicit SetCapture lasts otherwise until released or taken over.
+// - The second press within the double-click time and distance arrives as ...DblClk instead of ...Down.
+// - A press activates the top-level window under it, before it is delivered; it moves no focus but
+//   what activation implies.
+// - Keys go to the focus window: kWmKeyDown, kWmChar (a character of the system's code page), kWmKeyUp;
+//   with Alt held kWmSysKeyDown, kWmSysChar, kWmSysKeyUp.
+// - A disabled window gets no pointer messages; they go to the nearest enabled ancestor.
+// - DestroyWindow sends kWmDestroy to the window, then to its children, and ends its capture, focus and
+//   context. Nothing is sent to `client` afterwards.
+class WindowApi {
+ public:
+  virtual ~WindowApi() = default;
+
+  // --- Life ----------------------------------------------------------------------------------
+
+  // A null handle when the parent is unknown or a child has none.
+  virtual WindowHandle CreateWindowExA(const WindowRequest& request) = 0;
+  virtual bool DestroyWindow(WindowHandle window) = 0;
+  virtual bool IsWindow(WindowHandle window) = 0;
+
+  // --- Place ---------------------------------------------------------------------------------
+
+  // A null parent is the desktop: the window is no longer clipped by its former parent and its
+  // coordinates are the screen's. Returns the former parent.
+  virtual WindowHandle SetParent(WindowHandle window, WindowHandle parent) = 0;
+  virtual WindowHandle GetParent(WindowHandle window) = 0;
+  virtual bool SetWindowPos(WindowHandle window, WindowHandle insert_after, PixelRect place,
+                            std::uint32_t flags) = 0;
+  // Outer rectangle in screen pixels.
+  virtual bool GetWindowRect(WindowHandle window, PixelRect& rect) = 0;
+  // (0, 0, width, height) of the inner area.
+  virtual bool GetClientRect(WindowHandle window, PixelRect& rect) = 0;
+  virtual bool ClientToScreen(WindowHandle window, PixelPoint& point) = 0;
+  virtual bool ScreenToClient(WindowHandle window, PixelPoint& point) = 0;
+  // The outer rectangle whose client area is `client` for the styles given.
+  virtual PixelRect AdjustWindowRectEx(PixelRect client, std::uint32_t style, std::uint32_t ex_style) = 0;
+
+  // --- Attributes ----------------------------------------------------------------------------
+
+  // kGwlStyle, kGwlExStyle, kGwlUserData, or kGwlWndProc with a WindowProc cast to a number (or a value
+  // that this call returned before). Returns the former value; 0 for an unknown index.
+  virtual std::intptr_t SetWindowLongA(WindowHandle window, int index, std::intptr_t value) = 0;
+  virtual std::intptr_t GetWindowLongA(WindowHandle window, int index) = 0;
+  virtual bool SetWindowTextA(WindowHandle window, std::string_view text) = 0;
+  virtual std::string GetWindowTextA(WindowHandle window) = 0;
+
+  // --- State ---------------------------------------------------------------------------------
+
+  // Returns whether the window was visible before.
+  virtual bool ShowWindow(WindowHandle window, int command) = 0;
+  // Visible itself and with all its ancestors.
+  virtual bool IsWindowVisible(WindowHandle window) = 0;
+  // Returns whether the window was disabled before.
+  virtual bool EnableWindow(WindowHandle window, bool enable) = 0;
+  virtual bool IsWindowEnabled(WindowHandle window) = 0;
+
+  // --- Focus and activation ------------------------------------------------------------------
+
+  // Also activates the top-level window of `window`. Returns the window that had the focus.
+  virtual WindowHandle SetFocus(WindowHandle window) = 0;
+  virtual WindowHandle GetFocus() = 0;
+  virtual WindowHandle SetActiveWindow(WindowHandle window) = 0;
+  virtual WindowHandle GetActiveWindow() = 0;
+
+  // --- Pointer and keys ----------------------------------------------------------------------
+
+  // Directs all later pointer messages to `window`, also while the pointer is outside it. Returns the
+  // window that had the capture; a different one is told by kWmCaptureChanged.
+  virtual WindowHandle SetCapture(WindowHandle window) = 0;
+  virtual bool ReleaseCapture() = 0;
+  virtual WindowHandle GetCapture() = 0;
+  virtual bool GetCursorPos(PixelPoint& point) = 0;
+  // Negative while the key `code` is down, as of the message being handled.
+  virtual std::int16_t GetKeyState(int code) = 0;
+
+  // --- Messages ------------------------------------------------------------------------------
+
+  virtual LResult SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) = 0;
+  virtual bool PostMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) = 0;
+  // `previous` is a value that SetWindowLongA(kGwlWndProc) returned.
+  virtual LResult CallWindowProcA(std::intptr_t previous, WindowHandle window, std::uint32_t message,
+                                  WParam wparam, LParam lparam) = 0;
+  virtual LResult DefWindowProcA(WindowHandle window, std::uint32_t message, WParam wparam,
+                                 LParam lparam) = 0;
+
+  // --- Painting ------------------------------------------------------------------------------
+
+  virtual DcHandle GetDC(WindowHandle window) = 0;
+  virtual bool ReleaseDC(WindowHandle window, DcHandle dc) = 0;
+  // The whole client area.
+  virtual bool InvalidateRect(WindowHandle window) = 0;
+  // Delivers kWmPaint at once when anything of the window is invalid and can be seen.
+  virtual bool UpdateWindow(WindowHandle window) = 0;
+  // Between the two the context is clipped to the invalid part, which is then valid.
+  virtual DcHandle BeginPaint(WindowHandle window) = 0;
+  virtual bool EndPaint(WindowHandle window) = 0;
+};
+
+// The signed client coordinates of a pointer message.
+constexpr PixelPoint PointOfLParam(LParam lparam) {
+  return {static_cast<std::int16_t>(lparam & 0xFFFF), static_cast<std::int16_t>((lparam >> 16) & 0xFFFF)};
+}
+
+constexpr LParam LParamOfPoint(PixelPoint p) {
+  return static_cast<LParam>(static_cast<std::uint32_t>(static_cast<std::uint16_t>(p.x)) |
+                             static_cast<std::uint32_t>(static_cast<std::uint16_t>(p.y)) << 16);
+}
+
+}  // namespace levelwidgets
