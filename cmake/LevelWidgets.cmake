@@ -32,6 +32,15 @@ target_precompile_headers(levelwidgets_pch PRIVATE
   <algorithm> <any> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <sstream>
   <string> <string_view> <unordered_map> <utility> <variant> <vector>)
 
+# Adds each of the subfolders that says how it is built.
+function(levelwidgets_folders)
+  foreach(folder ${ARGN})
+    if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt)
+      add_subdirectory(${folder})
+    endif()
+  endforeach()
+endfunction()
+
 # levelwidgets_library(frame DEPENDS platform): the folder's sources as target levelwidgets_frame.
 # *_test.cpp files beside them go into the test program.
 function(levelwidgets_library name)
@@ -41,12 +50,17 @@ function(levelwidgets_library name)
   list(FILTER sources EXCLUDE REGEX "_(test|fuzz)\\.cpp$")
   list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
   list(TRANSFORM arg_DEPENDS PREPEND levelwidgets_)
+  set_property(GLOBAL APPEND PROPERTY LEVELWIDGETS_NAMES ${name})
+  set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_TESTS ${tests})
+  if(NOT sources)  # a folder of headers
+    add_library(levelwidgets_${name} INTERFACE)
+    target_link_libraries(levelwidgets_${name} INTERFACE levelwidgets_options ${arg_DEPENDS})
+    return()
+  endif()
   add_library(levelwidgets_${name} STATIC ${sources})
   target_link_libraries(levelwidgets_${name} PUBLIC levelwidgets_options ${arg_DEPENDS}
                                              PRIVATE ${arg_PRIVATE_DEPENDS})
   target_precompile_headers(levelwidgets_${name} REUSE_FROM levelwidgets_pch)
-  set_property(GLOBAL APPEND PROPERTY LEVELWIDGETS_NAMES ${name})
-  set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_TESTS ${tests})
 endfunction()
 
 # Makes GoogleTest known as levelwidgets_gtest; cross builds compile it from its source package.
