@@ -1,0 +1,92 @@
+# shellcheck shell=bash disable=SC2034
+# What ./run, ./test and tools/check share. Sourced with the root of the repository as working directory.
+
+fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+# package | a command or file that shows it is there | what it is for
+build_packages='
+g++                  | g++                                 | the C++ compiler
+cmake                | cmake                               | describes the build
+ninja-build          | ninja                               | runs the build
+pkg-config           | pkg-config                          | finds the libraries
+libfreetype-dev      | /usr/include/freetype2/ft2build.h   | text on the memory desktop
+libfontconfig-dev    | /usr/include/fontconfig             | finds the fonts
+libpng-dev           | /usr/include/png.h                  | pictures
+liblua5.4-dev        | /usr/include/lua5.4/lua.h           | form scripts
+libtomlplusplus-dev  | /usr/include/toml++/toml.h          | form files
+libcli11-dev         | /usr/include/CLI/CLI.hpp            | the command line
+nlohmann-json3-dev   | /usr/include/nlohmann/json.hpp      | the machine-readable description of the controls
+fontconfig           | fc-match                            | the font configuration
+fonts-wine           | /usr/share/wine/fonts/tahoma.ttf    | the font of the forms and the arrow symbols'
+
+test_packages='
+libgtest-dev         | /usr/include/gtest/gtest.h          | the test framework
+libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the tests
+clang-format         | clang-format                        | checks the layout of the sources'
+
+windows_packages='
+g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
+googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
+wine                 | wine                                | runs the Windows tests
+wine64               | /usr/lib/wine/wine64                | runs the Windows tests
+xvfb                 | Xvfb                                | the display they run on'
+
+is_there() {
+  if [[ $1 == /* ]]; then [[ -e $1 ]]; else command -v "$1" >/dev/null; fi
+}
+
+# Prints "package  what it is for" of each package of a table that is not there.
+missing_of() {
+  local package probe reason
+  while IFS='|' read -r package probe reason; do
+    read -r probe <<<"$probe"
+    if [[ -n $package ]] && ! is_there "$probe"; then echo "$package $reason"; fi
+  done <<<"$1"
+}
+
+# need TABLE: installs what is missing of it; no package command runs when nothing is.
+need() {
+  local missing
+  missing=$(missing_of "$1")
+  [[ -n $missing ]] || return 0
+  command -v apt-get >/dev/null || fail "These are missing, under their Debian names:"$'\n'"$missing"
+
+  local -a as_root=() packages
+  if [[ $EUID -ne 0 ]]; then
+    command -v sudo >/dev/null || fail "Neither root nor sudo to install what is missing:"$'\n'"$missing"
+    as_root=(sudo)
+  fi
+  echo "Installing these Debian packages (log: build/packages.log):"
+  echo "$missing"
+  mapfile -t packages < <(awk '{ print $1 }' <<<"$missing")
+  mkdir -p build
+  if ! { "${as_root[@]}" apt-get update &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y --no-install-recommends "${packages[@]}"; } </dev/null >build/packages.log 2>&1; then
+    tail -n 20 build/packages.log >&2
+    fail "The packages could not be installed."
+  fi
+  missing=$(missing_of "$1")
+  [[ -z $missing ]] || fail "Still missing after their installation:"$'\n'"$missing"
+}
+
+# Whether build/PRESET was configured here, and after the last change of the presets.
+is_configured() {
+  [[ build/$1/build.ninja -nt CMakePresets.json ]] &&
+    grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt"
+}
+
+# build PRESET TARGET: quiet when it works; when it does not, prints the end of its log and returns 1.
+build() {
+  local preset=$1 target=$2 log=build/$1.log
+  mkdir -p build
+  if ! { is_configured "$preset" || cmake --fresh --preset "$preset"; } >"$log" 2>&1 ||
+    ! ninja -C "build/$preset" -j "$(nproc)" "$target" >>"$log" 2>&1; then
+    tail -n 60 "$log" >&2
+    echo "$preset: the build failed (whole log: $log)" >&2
+    return 1
+  fi
+}
