@@ -1,0 +1,148 @@
+#include <algorithm>
+#include <numeric>
+
+#include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/frame/error.h>
+
+namespace levelwidgets {
+
+namespace {
+
+template <typename Info>
+const Info* FindNamed(const std::vector<Info>& members, std::string_view name) {
+  const auto found = std::ranges::find(members, name, &Info::name);
+  return found == members.end() ? nullptr : &*found;
+}
+
+// Levenshtein distance, letters compared without case.
+std::size_t EditDistance(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t substitute = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({substitute, row[j] + 1, row[j + 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+// Runs a conversion; its error is told again with the member's name in front.
+template <typename Conversion>
+auto NamingMember(const ClassInfo& info, std::string_view member, const TypeName& type, const Variant& value,
+                  Conversion convert) {
+  try {
+    return convert();
+  } catch (const Error& error) {
+    throw Error(error.Number(), info.QualifiedName(),
+                info.Name() + "." + std::string(member) + " is of type " + type.name + "; " +
+                    Describe(value) + " does not convert to it: " + error.Description());
+  }
+}
+
+Variant Converted(const ClassInfo& info, std::string_view member, const TypeName& type,
+                  const Variant& value) {
+  if (type.type == VariantType::kEmpty) return value;  // takes any
+  return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value); });
+}
+
+}  // namespace
+
+const PropertyInfo* ClassInfo::FindProperty(std::string_view name) const {
+  return FindNamed(properties_, name);
+}
+const MethodInfo* ClassInfo::FindMethod(std::string_view name) const {
+  return FindNamed(methods_, name);
+}
+const EventInfo* ClassInfo::FindEvent(std::string_view name) const {
+  return FindNamed(events_, name);
+}
+
+std::vector<std::string_view> ClassInfo::MemberNames() const {
+  std::vector<std::string_view> names;
+  for (const auto& property : properties_) names.push_back(property.name);
+  for (const auto& method : methods_) names.push_back(method.name);
+  for (const auto& event : events_) names.push_back(event.name);
+  return names;
+}
+
+std::shared_ptr<Control> ClassInfo::Create(std::shared_ptr<ControlSite> site) const {
+  return create_ ? create_(std::move(site)) : nullptr;
+}
+
+std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates) {
+  std::string_view nearest;
+  std::size_t fewest = std::max<std::size_t>(2, name.size() / 3) + 1;
+  for (const std::string_view candidate : candidates) {
+    const std::size_t edits = EditDistance(name, candidate);
+    if (edits < fewest) {
+      fewest = edits;
+      nearest = candidate;
+    }
+  }
+  return nearest;
+}
+
+void RaiseNoSuchMember(std::string_view class_name, std::string_view member,
+                       std::span<const std::string_view> candidates) {
+  std::string text = std::string(class_name) + " has no member \"" + std::string(member) + "\"";
+  const std::string_view nearest = NearestName(member, candidates);
+  if (!nearest.empty()) text += "; did you mean \"" + std::string(nearest) + "\"?";
+  throw Error(kNoSuchMember, "LevelWidgets." + std::string(class_name), text);
+}
+
+Variant GetByName(const Object& object, std::string_view property) {
+  const ClassInfo& info = object.Class();
+  const PropertyInfo* found = info.FindProperty(property);
+  if (!found) RaiseNoSuchMember(info.Name(), property, info.MemberNames());
+  return found->get(object);
+}
+
+void SetByName(Object& object, std::string_view property, const Variant& value) {
+  const ClassInfo& info = object.Class();
+  const PropertyInfo* found = info.FindProperty(property);
+  if (!found) RaiseNoSuchMember(info.Name(), property, info.MemberNames());
+  if (found->ReadOnly()) {
+    throw Error(kPropertyIsReadOnly, info.QualifiedName(),
+                info.Name() + "." + std::string(property) + " is read-only");
+  }
+  found->set(object, Converted(info, property, found->type, value));
+}
+
+Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments) {
+  const ClassInfo& info = object.Class();
+  const MethodInfo* found = info.FindMethod(method);
+  if (!found) RaiseNoSuchMember(info.Name(), method, info.MemberNames());
+  std::vector<Variant> values;
+  for (std::size_t i = 0; i < found->arguments.size(); ++i) {
+    const ArgumentInfo& argument = found->arguments[i];
+    if (i < arguments.size() && !arguments[i].IsEmpty()) {
+      values.push_back(Converted(info, method, argument.type, arguments[i]));
+    } else if (argument.default_value) {
+      values.push_back(*argument.default_value);
+    } else {
+      throw Error(kWrongNumberOfArguments, info.QualifiedName(),
+                  info.Name() + "." + std::string(method) + " needs the argument " + argument.name);
+    }
+  }
+  if (arguments.size() > found->arguments.size()) {
+    throw Error(kWrongNumberOfArguments, info.QualifiedName(),
+                info.Name() + "." + std::string(method) + " takes " +
+                    std::to_string(found->arguments.size()) + " arguments, not " +
+                    std::to_string(arguments.size()));
+  }
+  return found->invoke(object, values);
+}
+
+Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener) {
+  const ClassInfo& info = object.Class();
+  const EventInfo* found = info.FindEvent(event);
+  if (!found) RaiseNoSuchMember(info.Name(), event, info.MemberNames());
+  return found->subscribe(object, std::move(listener));
+}
+
+}  // namespace levelwidgets

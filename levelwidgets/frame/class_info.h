@@ -1,0 +1,181 @@
+// The table of a public class: its members by name. Everything that works by name is derived from it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <levelwidgets/frame/event.h>
+#include <levelwidgets/frame/object.h>
+#include <levelwidgets/frame/units.h>
+#include <levelwidgets/frame/variant.h>
+
+namespace levelwidgets {
+
+class Control;
+class ControlSite;
+
+// A property's default: a fixed value, or one that the container gives.
+struct DefaultValue {
+  enum class Kind { kNone, kFixed, kAmbientFont, kDisplayName };
+
+  DefaultValue() = default;
+  DefaultValue(Kind from) : kind(from) {}
+  template <typename T>
+  requires std::constructible_from<Variant, T> DefaultValue(T fixed)
+      : kind(Kind::kFixed), value(std::move(fixed)) {}
+
+  Kind kind = Kind::kNone;
+  Variant value;
+};
+inline constexpr DefaultValue::Kind kAmbientFont = DefaultValue::Kind::kAmbientFont;
+inline constexpr DefaultValue::Kind kDisplayName = DefaultValue::Kind::kDisplayName;
+
+// The three defaults differ in places, on purpose.
+struct Defaults {
+  DefaultValue when_new;      // what a newly placed instance has
+  DefaultValue when_read;     // what a loaded instance takes where nothing was saved
+  DefaultValue when_written;  // the value that is not saved
+};
+
+inline Defaults Always(const DefaultValue& value) {
+  return {value, value, value};
+}
+
+struct EnumerationItem {
+  std::string name;
+  std::int32_t value;
+};
+
+struct EnumerationInfo {
+  std::string name;
+  std::vector<EnumerationItem> items;
+};
+
+// Specialised beside each public enumeration.
+template <typename E>
+const EnumerationInfo& EnumerationOf();
+
+struct TypeName {
+  VariantType type = VariantType::kEmpty;
+  std::string name;                              // "Color", "Long", "ksxAlignmentConstants"
+  const EnumerationInfo* enumeration = nullptr;  // when `name` is one
+};
+
+struct PropertyOptions {
+  Defaults defaults = {};
+  std::optional<VariantType> stored_as = std::nullopt;  // where it differs from the property's type
+  std::string help = {};
+};
+
+struct PropertyInfo {
+  std::string name;
+  TypeName type;
+  bool persisted = false;  // under `name`
+  VariantType stored_as = VariantType::kEmpty;
+  Defaults defaults;
+  std::string help;
+  std::function<Variant(const Object&)> get;
+  std::function<void(Object&, const Variant&)> set;  // null for a read-only property
+
+  bool ReadOnly() const { return !set; }
+};
+
+struct ArgumentInfo {
+  std::string name;
+  TypeName type;
+  bool by_reference = false;
+  std::optional<Variant> default_value;  // of an optional argument
+};
+
+struct MethodInfo {
+  std::string name;
+  std::vector<ArgumentInfo> arguments;
+  std::string help;
+  std::function<Variant(Object&, std::span<const Variant>)> invoke;
+};
+
+struct EventInfo;
+
+// One raised event as a by-name listener sees it. Values of by-reference arguments that it changes are
+// handed back to the control, converted to the argument's type.
+struct RaisedEvent {
+  const EventInfo& info;
+  std::vector<Variant> values;
+};
+using EventListener = std::function<void(RaisedEvent&)>;
+
+struct EventInfo {
+  int number = 0;
+  std::string name;
+  std::vector<ArgumentInfo> arguments;
+  std::string help;
+  std::function<Subscription(Object&, EventListener)> subscribe;
+};
+
+class ClassInfo {
+ public:
+  ClassInfo(ClassInfo&&) = default;
+  ClassInfo(const ClassInfo&) = delete;  // Persisted points into Properties
+
+  const std::string& Name() const { return name_; }
+  // "LevelWidgets." + Name(): the name that errors carry and containers register.
+  const std::string& QualifiedName() const { return qualified_name_; }
+  const std::string& Help() const { return help_; }
+  const std::vector<PropertyInfo>& Properties() const { return properties_; }
+  const std::vector<MethodInfo>& Methods() const { return methods_; }
+  const std::vector<EventInfo>& Events() const { return events_; }
+  // Those that a property or argument has as its type.
+  const std::vector<const EnumerationInfo*>& Enumerations() const { return enumerations_; }
+  // In the order in which they are read and written.
+  const std::vector<const PropertyInfo*>& Persisted() const { return persisted_; }
+  // The size of a control that is placed without one.
+  TwipSize DefaultSize() const { return default_size_; }
+
+  // Null for an unknown name; names are case-sensitive.
+  const PropertyInfo* FindProperty(std::string_view name) const;
+  const MethodInfo* FindMethod(std::string_view name) const;
+  const EventInfo* FindEvent(std::string_view name) const;
+  // Properties, methods and events.
+  std::vector<std::string_view> MemberNames() const;
+
+  // A control of this class on `site`; null for a class that is no control.
+  std::shared_ptr<Control> Create(std::shared_ptr<ControlSite> site) const;
+
+ private:
+  friend class ClassTable;
+  ClassInfo() = default;
+  std::string name_;
+  std::string qualified_name_;
+  std::string help_;
+  std::vector<PropertyInfo> properties_;
+  std::vector<MethodInfo> methods_;
+  std::vector<EventInfo> events_;
+  std::vector<const EnumerationInfo*> enumerations_;
+  std::vector<const PropertyInfo*> persisted_;
+  TwipSize default_size_{Twips(1215), Twips(495)};
+  std::function<std::shared_ptr<Control>(std::shared_ptr<ControlSite>)> create_;
+};
+
+// --- By name -----------------------------------------------------------------------------------
+
+// An unknown name raises 438 with the class, the name and the nearest known one; assigning a read-only
+// property raises 383; a value that does not convert to the member's type raises 13 or 6, naming the member;
+// a wrong number of arguments raises 450. What the member itself raises passes through.
+Variant GetByName(const Object& object, std::string_view property);
+void SetByName(Object& object, std::string_view property, const Variant& value);
+Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments);
+Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener);
+
+// The candidate with the fewest edits, when few enough to be a slip; else "".
+std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates);
+
+// Throws 438 for `member`, naming the class and suggesting the nearest of `candidates`.
+[[noreturn]] void RaiseNoSuchMember(std::string_view class_name, std::string_view member,
+                                    std::span<const std::string_view> candidates);
+
+}  // namespace levelwidgets

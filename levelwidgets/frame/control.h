@@ -1,0 +1,143 @@
+// The base of every control.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include <levelwidgets/frame/class_table.h>
+#include <levelwidgets/frame/control_site.h>
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/frame/event.h>
+#include <levelwidgets/frame/property_bag.h>
+#include <levelwidgets/frame/surface.h>
+
+namespace levelwidgets {
+
+// Argument names of the standard events, for the tables.
+inline const std::vector<std::string> kKeyArguments{"KeyCode", "Shift"};
+inline const std::vector<std::string> kCharacterArguments{"KeyAscii"};
+inline const std::vector<std::string> kPointerArguments{"Button", "Shift", "X", "Y"};
+
+// A pointer notification. Button is the one that changed, or for a move all that are down.
+struct PointerInput {
+  std::int16_t button = 0;
+  std::int16_t shift = 0;
+  TwipPoint at;
+};
+
+// What ReadProperties raises when the control refuses a saved value: the control's error, with the property.
+class PropertyRefused : public Error {
+ public:
+  PropertyRefused(std::string property, const Error& error) : Error(error), property_(std::move(property)) {}
+  const std::string& Property() const { return property_; }
+
+ private:
+  std::string property_;
+};
+
+// Controls are shared: the container holds one reference, and whatever is running a control's code (a
+// message, a timer tick, a call by name) holds another, so that a listener which removes the control destroys
+// it only after the control's own code has returned. Terminate runs when the last reference goes.
+//
+// Notifications carry "On", because the events raised from them have the same names.
+class Control : public Object, public WindowClient, public std::enable_shared_from_this<Control> {
+ public:
+  ~Control() override = default;
+
+  // --- Standard events --------------------------------------------------------------------------
+  // Each control's table says which of these it has, under which number.
+
+  Event<> Click;
+  Event<> DblClick;
+  Event<std::int16_t, std::int16_t> KeyDown;
+  Event<std::int16_t&> KeyPress;
+  Event<std::int16_t, std::int16_t> KeyUp;
+  Event<std::int16_t, std::int16_t, Twips, Twips> MouseDown;
+  Event<std::int16_t, std::int16_t, Twips, Twips> MouseMove;
+  Event<std::int16_t, std::int16_t, Twips, Twips> MouseUp;
+
+  // --- For the container ------------------------------------------------------------------------
+
+  Surface& GetSurface() { return surface_; }
+  const Surface& GetSurface() const { return surface_; }
+  ControlSite& Site() const { return *site_; }
+
+  // Brings a created instance to life: Initialize, then InitProperties for a new one (no bag) or
+  // ReadProperties for a loaded one.
+  void Start(const PropertyBag* saved);
+  // Places the control; Resize follows when the size changed.
+  void Move(TwipPoint position, TwipSize size);
+
+  // --- Notifications ----------------------------------------------------------------------------
+  // The defaults do what every control does: persist by the class table, raise the standard event of the
+  // same name. Destruction is the last notification: OnTerminate.
+
+  virtual void OnInitialize() {}
+  virtual void OnInitProperties() {}
+  virtual void OnReadProperties(const PropertyBag& bag);
+  virtual void OnWriteProperties(PropertyBag& bag) const;
+  virtual void OnResize() {}
+  virtual void OnPaint() {}
+  virtual void OnAmbientChanged(std::string_view) {}
+  virtual void OnEnterFocus() {}
+  virtual void OnExitFocus() {}
+  virtual void OnAccessKeyPress(std::int16_t /*key_ascii*/) {}
+  virtual void OnClick() { Click.Raise(); }
+  virtual void OnDblClick() { DblClick.Raise(); }
+  virtual void OnKeyDown(std::int16_t code, std::int16_t shift) { KeyDown.Raise(code, shift); }
+  virtual void OnKeyPress(std::int16_t& key_ascii) { KeyPress.Raise(key_ascii); }
+  virtual void OnKeyUp(std::int16_t code, std::int16_t shift) { KeyUp.Raise(code, shift); }
+  virtual void OnMouseDown(const PointerInput& input) { Raise(MouseDown, input); }
+  virtual void OnMouseMove(const PointerInput& input) { Raise(MouseMove, input); }
+  virtual void OnMouseUp(const PointerInput& input) { Raise(MouseUp, input); }
+  virtual void OnTerminate() {}
+
+  // Decodes the messages of the control's window into notifications.
+  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+
+ protected:
+  Control(std::shared_ptr<ControlSite> site, SurfaceLook look);
+
+  // Tells the container that the persisted property `name` changed. A listener may destroy the control.
+  void PropertyChanged(std::string_view name) { site_->PropertyChanged(name); }
+
+  static void Raise(const Event<std::int16_t, std::int16_t, Twips, Twips>& event, const PointerInput& input) {
+    event.Raise(input.button, input.shift, input.at.x, input.at.y);
+  }
+
+ private:
+  void Press(std::uint32_t message, WParam wparam, LParam lparam);
+  void Release(std::uint32_t message, WParam wparam, LParam lparam);
+  void TakeFocusAfterPress(WindowHandle focus_before);
+  // True when the message was a key's and has been handled.
+  bool Key(std::uint32_t message, WParam wparam, LResult& result);
+  PointerInput InputOf(std::int16_t button, WParam wparam, LParam lparam) const;
+  std::int16_t ShiftState() const;
+
+  std::shared_ptr<ControlSite> site_;
+  Surface surface_;
+  bool pressed_ = false;  // a left press that may become a click is under way
+};
+
+// Makes a control of class T whose last notification, Terminate, runs before its destruction.
+template <typename T>
+std::shared_ptr<T> MakeControl(std::shared_ptr<ControlSite> site) {
+  return std::shared_ptr<T>(new T(std::move(site)), [](T* control) {
+    control->OnTerminate();
+    delete control;
+  });
+}
+
+// Begins the table of class T.
+template <typename T>
+ClassTable Describe(std::string name, std::string help) {
+  ClassTable table(std::move(name), std::move(help));
+  if constexpr (std::derived_from<T, Control>) {
+    table.CreatedBy([](std::shared_ptr<ControlSite> site) -> std::shared_ptr<Control> {
+      return MakeControl<T>(std::move(site));
+    });
+  }
+  return table;
+}
+
+}  // namespace levelwidgets

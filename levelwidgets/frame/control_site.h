@@ -1,0 +1,51 @@
+// The one interface through which a control talks to its container.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include <levelwidgets/frame/font.h>
+#include <levelwidgets/platform/platform.h>
+
+namespace levelwidgets {
+
+// A key message on its way to a control.
+struct KeyMessage {
+  enum class Kind { kDown, kUp, kCharacter };
+  Kind kind = Kind::kDown;
+  std::int16_t code = 0;   // key code, or the character
+  std::int16_t shift = 0;  // kShiftMask, kCtrlMask, kAltMask
+};
+
+class ControlSite {
+ public:
+  virtual ~ControlSite() = default;
+
+  virtual Platform& GetPlatform() = 0;
+  // The window in which the control's window is created.
+  virtual WindowHandle ParentWindow() = 0;
+
+  // --- Ambient properties -----------------------------------------------------------------------
+
+  // False at design time: the control then gets no input.
+  virtual bool UserMode() = 0;
+  // Whether the container shows this control as its default button. May raise 438: a container need not have
+  // it.
+  virtual bool DisplayAsDefault() = 0;
+  virtual std::string DisplayName() = 0;
+  // A fresh copy each time, so that what one control does to it never reaches another.
+  virtual FontRef AmbientFont() = 0;
+  virtual Color AmbientBackColor() = 0;
+  virtual Color AmbientForeColor() = 0;
+
+  // --- Notices ----------------------------------------------------------------------------------
+
+  // A persisted property changed.
+  virtual void PropertyChanged(std::string_view name) = 0;
+  virtual void FocusChanged(bool has_focus) = 0;
+  // Offers a key to the container before the control sees it; true when the container has used it.
+  virtual bool TakeKey(const KeyMessage& key) = 0;
+};
+
+}  // namespace levelwidgets

@@ -1,0 +1,32 @@
+// Where a container keeps one control's saved property values.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <levelwidgets/frame/variant.h>
+
+namespace levelwidgets {
+
+class PropertyBag {
+ public:
+  struct Entry {
+    std::string name;
+    Variant value;
+  };
+
+  // The saved value, or `default_value` where none was saved.
+  Variant ReadProperty(std::string_view name, const Variant& default_value) const;
+  // Saves `value`; one that equals `default_value` is not stored. Writing a name again replaces its value.
+  void WriteProperty(std::string_view name, const Variant& value, const Variant& default_value);
+
+  // In the order written.
+  const std::vector<Entry>& Entries() const { return entries_; }
+  const Variant* Find(std::string_view name) const;
+
+ private:
+  std::vector<Entry> entries_;
+};
+
+}  // namespace levelwidgets

@@ -1,0 +1,124 @@
+// A form: a top-level window that holds controls.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <levelwidgets/host/hosted_control.h>
+
+namespace levelwidgets {
+
+struct FormOptions {
+  std::string name = "frmForm";
+  std::string caption;
+  TwipSize size{Twips(6000), Twips(4500)};  // inner
+  FontDescription font;
+  Color back_color{0x8000000Fu};
+  bool design = false;  // design mode: the controls get no input
+};
+
+// By name in Table(): Name, Caption, Width, Height, Font, BackColor, Design and the events.
+//
+// A form is shared: whoever runs its code holds a reference, so that a handler may drop the last other one.
+class Form : public Object, public WindowClient, public std::enable_shared_from_this<Form> {
+ public:
+  static const ClassInfo& Table();
+  // Hidden, centred on the screen.
+  static std::shared_ptr<Form> Create(Platform& platform, FormOptions options);
+  ~Form() override;
+
+  // --- Properties -------------------------------------------------------------------------------
+
+  const std::string& Name() const { return options_.name; }
+  const std::string& Caption() const { return options_.caption; }
+  void SetCaption(std::string caption);
+  // Inner size, twips. Negative lengths raise 5.
+  Twips Width() const { return options_.size.width; }
+  void SetWidth(Twips width) { SetSize({width, options_.size.height}); }
+  Twips Height() const { return options_.size.height; }
+  void SetHeight(Twips height) { SetSize({options_.size.width, height}); }
+  // The ambient font of the controls, which get a copy each.
+  FontRef GetFont() const { return font_; }
+  void SetFont(FontRef font);
+  Color BackColor() const { return options_.back_color; }
+  void SetBackColor(Color color);
+  bool Design() const { return options_.design; }
+  WindowHandle hWnd() const { return window_; }
+  bool Closed() const { return !window_; }
+  Platform& GetPlatform() const { return platform_; }
+
+  // --- Methods ----------------------------------------------------------------------------------
+
+  void Show();
+  void Hide();
+  // Raises Unload; closes the window and removes every control unless a listener cancels. Returns whether
+  // closed.
+  bool Close();
+  // The form's client area moved to `screen` pixels (its outer left top corner).
+  void MoveTo(PixelPoint screen);
+
+  // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. Raises 457 when the
+  // name is taken, 5 for an empty name; what the control refuses of `saved` is raised as PropertyRefused, and
+  // nothing is added. It is placed at (0, 0) with its class's default size until moved.
+  HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr);
+  // Null when there is none of that name.
+  std::shared_ptr<HostedControl> Find(std::string_view name) const;
+  // False when there is none. The control is destroyed when its own code has returned.
+  bool Remove(std::string_view name);
+  // In the order added.
+  const std::vector<std::shared_ptr<HostedControl>>& Controls() const { return controls_; }
+  // The control with the keyboard focus; null when none has it.
+  std::shared_ptr<HostedControl> ActiveControl() const;
+  // Outer rectangle in screen pixels.
+  PixelRect ScreenRect() const;
+
+  // --- Events -----------------------------------------------------------------------------------
+
+  Event<> Load;
+  Event<> Resize;
+  Event<> Activate;
+  Event<> Deactivate;
+  Event<bool&> Unload;
+  Event<std::string_view, std::string_view> PropertyChanged;  // control, property
+
+  // Raises Load; whoever has filled the form calls it once, before the form is shown.
+  void Loaded();
+
+  const ClassInfo& Class() const override { return Table(); }
+  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+
+ private:
+  friend class HostedControl;
+  Form(Platform& platform, FormOptions options);
+
+  void SetSize(TwipSize size);
+  void Paint();
+  void ClientResized();
+  void CloseWindow();
+
+  // Keyboard: form_keyboard.cpp.
+  bool TakeKey(const KeyMessage& key);
+  bool KeyMessageToForm(std::uint32_t message, WParam wparam);
+  std::vector<HostedControl*> TabOrder() const;
+  bool MoveFocus(bool forward);
+  bool PressAccessKey(std::int16_t character);
+  bool ForwardTo(HostedControl* button, std::int16_t key_ascii);
+  void FocusFirst();
+
+  // Keeps at most one default and one cancel button.
+  void BecomeDefault(HostedControl& control);
+  void BecomeCancel(HostedControl& control);
+
+  Platform& platform_;
+  FormOptions options_;
+  FontRef font_;
+  WindowHandle window_;
+  std::vector<std::shared_ptr<HostedControl>> controls_;
+  std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
+  std::int16_t swallowed_character_ = 0;         // of a key that the form has used itself
+};
+
+}  // namespace levelwidgets

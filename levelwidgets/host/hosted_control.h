@@ -1,0 +1,109 @@
+// What a form adds to each control it holds: its name, place and part in keyboard handling.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <levelwidgets/frame/control.h>
+
+namespace levelwidgets {
+
+class Form;
+
+// The container's properties of one control, by name in Table() (Left, Top, Width, Height, Visible, TabIndex,
+// TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the control talks to its
+// form. Outlives its removal from the form as long as somebody holds it; it then has no control.
+class HostedControl : public Object, public ControlSite, public std::enable_shared_from_this<HostedControl> {
+ public:
+  static const ClassInfo& Table();
+  // Only forms make them.
+  HostedControl(Form& form, const ClassInfo& control_class, std::string name);
+
+  // Null after the control was removed, or its form closed.
+  const std::shared_ptr<Control>& GetControl() const { return control_; }
+  Form* GetForm() const { return form_; }
+  const ClassInfo& ControlClass() const { return control_class_; }
+
+  // --- Properties -------------------------------------------------------------------------------
+
+  const std::string& Name() const { return name_; }
+  // Twips, relative to the form's inner area.
+  Twips Left() const { return position_.x; }
+  void SetLeft(Twips left) { Move({left, position_.y}, size_); }
+  Twips Top() const { return position_.y; }
+  void SetTop(Twips top) { Move({position_.x, top}, size_); }
+  // Negative lengths raise 5.
+  Twips Width() const { return size_.width; }
+  void SetWidth(Twips width) { Move(position_, {width, size_.height}); }
+  Twips Height() const { return size_.height; }
+  void SetHeight(Twips height) { Move(position_, {size_.width, height}); }
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+  // Place in the order of the Tab key; controls with equal numbers follow the order in which they were added.
+  std::int32_t TabIndex() const { return tab_index_; }
+  void SetTabIndex(std::int32_t index) { tab_index_ = index; }
+  // Whether the Tab key stops here.
+  bool TabStop() const { return tab_stop_; }
+  void SetTabStop(bool stop) { tab_stop_ = stop; }
+  // Enter clicks the default button, Escape the cancel button; a form has at most one of each, so that
+  // setting it here clears it elsewhere.
+  bool Default() const { return default_; }
+  void SetDefault(bool is_default);
+  bool Cancel() const { return cancel_; }
+  void SetCancel(bool is_cancel);
+  const std::string& Tag() const { return tag_; }
+  void SetTag(std::string tag) { tag_ = std::move(tag); }
+  const std::string& ToolTipText() const { return tool_tip_text_; }
+  void SetToolTipText(std::string text) { tool_tip_text_ = std::move(text); }
+
+  // --- Methods ----------------------------------------------------------------------------------
+
+  void Move(TwipPoint position, TwipSize size);
+  // Gives it the keyboard focus; raises 5 when it is hidden or disabled.
+  void SetFocus();
+  // 0 brings it to the front of its siblings, 1 sends it to the back; anything else raises 5.
+  void ZOrder(std::int32_t position);
+  // The bag that the control would save.
+  PropertyBag Properties() const;
+  // Outer rectangle in screen pixels.
+  PixelRect ScreenRect() const;
+
+  const ClassInfo& Class() const override { return Table(); }
+
+  // --- Site -------------------------------------------------------------------------------------
+
+  Platform& GetPlatform() override { return platform_; }
+  WindowHandle ParentWindow() override;
+  bool UserMode() override;
+  bool DisplayAsDefault() override { return default_; }
+  std::string DisplayName() override { return name_; }
+  FontRef AmbientFont() override;
+  Color AmbientBackColor() override;
+  Color AmbientForeColor() override;
+  void PropertyChanged(std::string_view name) override;
+  void FocusChanged(bool has_focus) override;
+  bool TakeKey(const KeyMessage& key) override;
+
+ private:
+  friend class Form;
+  // Creates the control and starts it: loaded from `saved`, or new when there is none.
+  void Create(const PropertyBag* saved);
+  void Detach();
+
+  Platform& platform_;
+  Form* form_;
+  const ClassInfo& control_class_;
+  std::shared_ptr<Control> control_;
+  std::string name_;
+  TwipPoint position_;
+  TwipSize size_;
+  bool visible_ = true;
+  std::int32_t tab_index_ = 0;
+  bool tab_stop_ = true;
+  bool default_ = false;
+  bool cancel_ = false;
+  std::string tag_;
+  std::string tool_tip_text_;
+};
+
+}  // namespace levelwidgets
