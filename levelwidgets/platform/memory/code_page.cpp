@@ -1,0 +1,176 @@
+#include <levelwidgets/platform/memory/code_page.h>
+
+#include <iconv.h>
+
+#include <algorithm>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+constexpr int kWestern = 1252;
+
+// The default code page needs no tables of the system: bytes 0x80 to 0x9F, the others are themselves.
+constexpr char16_t kWesternSpecials[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                           0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                           0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                           0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+class Converter {
+ public:
+  explicit Converter(int number)
+      : handle_(iconv_open("UTF-32LE",
+                           number == 28591 ? "ISO-8859-1" : ("CP" + std::to_string(number)).c_str())) {}
+  ~Converter() {
+    if (Open()) iconv_close(handle_);
+  }
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+
+  bool Open() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+  // False when `byte` is only the beginning of a character.
+  bool Convert(std::uint8_t byte, char32_t& character) {
+    char in = static_cast<char>(byte);
+    std::uint8_t out[8] = {};
+    char* in_next = &in;
+    char* out_next = reinterpret_cast<char*>(out);
+    std::size_t in_left = 1;
+    std::size_t out_left = sizeof out;
+    errno = 0;
+    const std::size_t result = iconv(handle_, &in_next, &in_left, &out_next, &out_left);
+    const bool incomplete = result == static_cast<std::size_t>(-1) && errno == EINVAL;
+    if (result == 0 && out_left == 4) {
+      character = static_cast<char32_t>(out[0] | out[1] << 8 | out[2] << 16);
+    }
+    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+    return !incomplete;
+  }
+
+ private:
+  iconv_t handle_;
+};
+
+std::array<char32_t, 256> Identity() {
+  std::array<char32_t, 256> table{};
+  for (std::size_t i = 0; i < table.size(); ++i) table[i] = static_cast<char32_t>(i);
+  return table;
+}
+
+// False, with `table` half filled, when the system knows no such single-byte code page.
+bool FillTable(int number, std::array<char32_t, 256>& table) {
+  Converter converter(number);
+  if (!converter.Open()) return false;
+  for (std::size_t i = 0x80; i < table.size(); ++i) {
+    if (!converter.Convert(static_cast<std::uint8_t>(i), table[i])) return false;
+  }
+  return true;
+}
+
+constexpr char32_t kIllFormed = 0xFFFFFFFF;
+
+bool IsContinuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+// The character at `position`, which moves behind it; behind one byte when it is ill-formed.
+char32_t NextCharacter(std::string_view text, std::size_t& position) {
+  const auto lead = static_cast<unsigned char>(text[position++]);
+  if (lead < 0x80) return lead;
+  const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() - position < more) return kIllFormed;
+  char32_t character = lead & (0x3Fu >> more);
+  for (std::size_t i = 0; i < more; ++i) {
+    if (!IsContinuation(text[position + i])) return kIllFormed;
+    character = character << 6 | (static_cast<unsigned char>(text[position + i]) & 0x3Fu);
+  }
+  constexpr char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
+  if (character < kLeast[more] || character > 0x10FFFF || (character >= 0xD800 && character < 0xE000)) {
+    return kIllFormed;
+  }
+  position += more;
+  return character;
+}
+
+void AppendUtf8(char32_t c, std::string& text) {
+  auto add = [&text](char32_t bits) { text.push_back(static_cast<char>(bits)); };
+  if (c < 0x80) return add(c);
+  if (c < 0x800) {
+    add(0xC0 | c >> 6);
+  } else if (c < 0x10000) {
+    add(0xE0 | c >> 12);
+    add(0x80 | (c >> 6 & 0x3F));
+  } else {
+    add(0xF0 | c >> 18);
+    add(0x80 | (c >> 12 & 0x3F));
+    add(0x80 | (c >> 6 & 0x3F));
+  }
+  add(0x80 | (c & 0x3F));
+}
+
+}  // namespace
+
+CodePage::CodePage(int number) : number_(number), unicode_(Identity()) {
+  if (number_ == kWestern || !FillTable(number_, unicode_)) {
+    number_ = kWestern;
+    unicode_ = Identity();
+    std::copy(std::begin(kWesternSpecials), std::end(kWesternSpecials), unicode_.begin() + 0x80);
+  }
+  BuildInverse();
+}
+
+void CodePage::BuildInverse() {
+  for (std::size_t i = 0x80; i < unicode_.size(); ++i) {
+    inverse_.push_back({unicode_[i], static_cast<std::uint8_t>(i)});
+  }
+  std::stable_sort(inverse_.begin(), inverse_.end(),
+                   [](const Entry& a, const Entry& b) { return a.character < b.character; });
+}
+
+std::uint8_t CodePage::Byte(char32_t character) const {
+  if (character < 0x80) return static_cast<std::uint8_t>(character);
+  const auto found =
+      std::lower_bound(inverse_.begin(), inverse_.end(), character,
+                       [](const Entry& entry, char32_t wanted) { return entry.character < wanted; });
+  return found != inverse_.end() && found->character == character ? found->byte : '?';
+}
+
+void CodePage::Append(std::string_view utf8, std::string& bytes) const {
+  for (std::size_t position = 0; position < utf8.size();) {
+    const auto byte = static_cast<unsigned char>(utf8[position]);
+    if (byte < 0x80) {
+      bytes.push_back(utf8[position++]);
+    } else {
+      bytes.push_back(static_cast<char>(Byte(NextCharacter(utf8, position))));
+    }
+  }
+}
+
+std::string CodePage::ToBytes(std::string_view utf8) const {
+  std::string bytes;
+  bytes.reserve(utf8.size());
+  Append(utf8, bytes);
+  return bytes;
+}
+
+std::string CodePage::ToUtf8(std::string_view bytes) const {
+  std::string text;
+  text.reserve(bytes.size());
+  for (const char byte : bytes) AppendUtf8(Unicode(static_cast<std::uint8_t>(byte)), text);
+  return text;
+}
+
+int CodePageOfCharset(int charset, int system) {
+  struct Row {
+    int charset;
+    int code_page;
+  };
+  constexpr Row kRows[] = {{161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256},
+                           {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}};
+  for (const Row& row : kRows) {
+    if (row.charset == charset) return row.code_page;
+  }
+  return system;
+}
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,189 @@
+#include <levelwidgets/platform/memory/raster.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+constexpr int kFarthest = 1 << 27;  // as far as the original's coordinates reach
+
+PixelPoint Reachable(PixelPoint p) {
+  return {std::clamp(p.x, -kFarthest, kFarthest), std::clamp(p.y, -kFarthest, kFarthest)};
+}
+
+// A slanted or straight line as positions counted along its longer axis.
+class LineSteps {
+ public:
+  LineSteps(PixelPoint from, PixelPoint to)
+      : from_(from), dx_(to.x - from.x), dy_(to.y - from.y), count_(std::max(std::abs(dx_), std::abs(dy_))) {}
+
+  int Count() const { return count_; }
+  PixelPoint At(int step) const { return {from_.x + Along(step, dx_), from_.y + Along(step, dy_)}; }
+  // The steps [first, last) that can fall into `area`.
+  void Limit(const PixelRect& area, int& first, int& last) const {
+    const bool wide = std::abs(dx_) >= std::abs(dy_);
+    const int start = wide ? from_.x : from_.y;
+    const bool forward = (wide ? dx_ : dy_) > 0;
+    const int low = wide ? area.left : area.top;
+    const int high = wide ? area.right : area.bottom;
+    first = std::max(0, forward ? low - start : start - high + 1);
+    last = std::min(count_, forward ? high - start : start - low + 1);
+  }
+
+ private:
+  // step * delta / count, rounded to the nearest, halves towards the start.
+  int Along(int step, int delta) const {
+    const std::int64_t twice = 2 * static_cast<std::int64_t>(step) * std::abs(delta) + count_ - 1;
+    const int distance = static_cast<int>(twice / (2 * static_cast<std::int64_t>(count_)));
+    return delta < 0 ? -distance : distance;
+  }
+
+  PixelPoint from_;
+  int dx_, dy_, count_;
+};
+
+void InvertDotted(const DrawingTarget& target, const PixelRect& rect) {
+  ForEachPart(target, rect, [](const PixelRect& part, auto row) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      std::uint32_t* pixels = row(y);
+      for (int x = part.left + ((part.left + y + 1) & 1); x < part.right; x += 2) pixels[x] ^= 0xFFFFFF;
+    }
+  });
+}
+
+PixelRect SourceBounds(const DrawingTarget& source) {
+  if (!source.store || source.clip.empty()) return {};
+  PixelRect bounds = source.clip.front();
+  for (const PixelRect& r : source.clip) {
+    bounds = {std::min(bounds.left, r.left), std::min(bounds.top, r.top), std::max(bounds.right, r.right),
+              std::max(bounds.bottom, r.bottom)};
+  }
+  return bounds;
+}
+
+// Rows in the order that survives an overlap in one store.
+void CopyPart(const PixelRect& part, PixelStore& target, PixelPoint target_origin, PixelStore& source,
+              PixelPoint source_origin) {
+  const auto width = static_cast<std::size_t>(part.width());
+  const bool upward = source_origin.y < target_origin.y;
+  for (int i = 0; i < part.height(); ++i) {
+    const int y = upward ? part.bottom - 1 - i : part.top + i;
+    const std::uint32_t* from = source.Row(y + source_origin.y) + source_origin.x + part.left;
+    std::uint32_t* to = target.Row(y + target_origin.y) + target_origin.x + part.left;
+    if (from < to) {
+      std::copy_backward(from, from + width, to + width);
+    } else if (from != to) {
+      std::copy(from, from + width, to);
+    }
+  }
+}
+
+}  // namespace
+
+void FillArea(const DrawingTarget& target, const PixelRect& rect, std::uint32_t color) {
+  ForEachPart(target, rect, [color](const PixelRect& part, auto row) {
+    for (int y = part.top; y < part.bottom; ++y) std::fill(row(y) + part.left, row(y) + part.right, color);
+  });
+}
+
+void FillFrame(const DrawingTarget& target, const PixelRect& rect, int width, std::uint32_t color) {
+  if (rect.width() <= 2 * width || rect.height() <= 2 * width) return FillArea(target, rect, color);
+  FillArea(target, {rect.left, rect.top, rect.right, rect.top + width}, color);
+  FillArea(target, {rect.left, rect.bottom - width, rect.right, rect.bottom}, color);
+  FillArea(target, {rect.left, rect.top + width, rect.left + width, rect.bottom - width}, color);
+  FillArea(target, {rect.right - width, rect.top + width, rect.right, rect.bottom - width}, color);
+}
+
+void InvertDottedFrame(const DrawingTarget& target, const PixelRect& rect) {
+  if (rect.empty()) return;
+  if (rect.width() <= 2 || rect.height() <= 2) return InvertDotted(target, rect);
+  InvertDotted(target, {rect.left, rect.top, rect.right, rect.top + 1});
+  InvertDotted(target, {rect.left, rect.bottom - 1, rect.right, rect.bottom});
+  InvertDotted(target, {rect.left, rect.top + 1, rect.left + 1, rect.bottom - 1});
+  InvertDotted(target, {rect.right - 1, rect.top + 1, rect.right, rect.bottom - 1});
+}
+
+void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::uint32_t color,
+              const Dashes& dashes) {
+  const LineSteps line(Reachable(from), Reachable(to));
+  if (line.Count() == 0) return;
+  ForEachPart(target, kNoLimit, [&](const PixelRect& part, auto row) {
+    int first = 0;
+    int last = 0;
+    for (line.Limit(part, first, last); first < last; ++first) {
+      const PixelPoint p = line.At(first);
+      if (!part.Contains(p)) continue;
+      const bool on = dashes.off == 0 || first % (dashes.on + dashes.off) < dashes.on;
+      if (on) {
+        row(p.y)[p.x] = color;
+      } else if (dashes.fill_gaps) {
+        row(p.y)[p.x] = dashes.gap_color;
+      }
+    }
+  });
+}
+
+void DrawWideLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, int width,
+                  std::uint32_t color) {
+  const LineSteps line(Reachable(from), Reachable(to));
+  if (line.Count() == 0) return;
+  const int before = width / 2;
+  ForEachPart(target, kNoLimit, [&](const PixelRect& part, auto row) {
+    int step = 0;
+    int last = 0;
+    for (line.Limit(part.Inset(-width), step, last); step < last; ++step) {
+      const PixelPoint p = line.At(step);
+      const PixelRect dot =
+          Intersect(part, {p.x - before, p.y - before, p.x - before + width, p.y - before + width});
+      for (int y = dot.top; y < dot.bottom && dot.left < dot.right; ++y) {
+        std::fill(row(y) + dot.left, row(y) + dot.right, color);
+      }
+    }
+  });
+}
+
+void CopyArea(const DrawingTarget& target, const PixelRect& rect, const DrawingTarget& source,
+              PixelPoint source_origin, std::vector<std::uint32_t>& scratch) {
+  const PixelRect bounds = SourceBounds(source);
+  // Where the store of the source lies beneath the target's coordinates.
+  const PixelPoint beneath{source.origin.x + source_origin.x - rect.left,
+                           source.origin.y + source_origin.y - rect.top};
+  const PixelRect area = Intersect(rect, bounds.Offset(-beneath.x, -beneath.y));
+  if (area.empty() || !target.store) return;
+  if (target.store != source.store || target.clip.size() == 1) {
+    ForEachPart(target, area, [&](const PixelRect& part, auto) {
+      CopyPart(part, *target.store, target.origin, *source.store, beneath);
+    });
+    return;
+  }
+  // One part's target can be another part's source.
+  const auto width = static_cast<std::size_t>(area.width());
+  scratch.resize(width * static_cast<std::size_t>(area.height()));
+  auto kept = [&](int y) { return scratch.data() + static_cast<std::size_t>(y - area.top) * width; };
+  for (int y = area.top; y < area.bottom; ++y) {
+    const std::uint32_t* from = source.store->Row(y + beneath.y) + beneath.x + area.left;
+    std::copy(from, from + width, kept(y));
+  }
+  ForEachPart(target, area, [&](const PixelRect& part, auto row) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      std::copy(kept(y) + (part.left - area.left), kept(y) + (part.right - area.left), row(y) + part.left);
+    }
+  });
+}
+
+void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverage, int count, std::uint32_t color) {
+  const std::uint32_t red_blue = color & 0xFF00FF;
+  const std::uint32_t green = color & 0x00FF00;
+  for (int i = 0; i < count; ++i) {
+    const std::uint32_t share = coverage[i] + (coverage[i] >> 7u);  // 0 to 256
+    if (share == 0) continue;
+    const std::uint32_t rest = 256 - share;
+    const std::uint32_t old = pixels[i];
+    pixels[i] = (((old & 0xFF00FF) * rest + red_blue * share) >> 8 & 0xFF00FF) |
+                (((old & 0x00FF00) * rest + green * share) >> 8 & 0x00FF00);
+  }
+}
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,65 @@
+// Pixel operations on a context's target. Coordinates are the context's; any int is allowed. Nothing
+// outside the target's clip list is touched.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <levelwidgets/platform/memory/target.h>
+#include <levelwidgets/platform/types.h>
+
+namespace levelwidgets::memory {
+
+// Everywhere: the limit of an operation that has none.
+inline constexpr PixelRect kNoLimit{-0x40000000, -0x40000000, 0x40000000, 0x40000000};
+
+// With left <= right and top <= bottom, as the original operations order a rectangle.
+constexpr PixelRect Ordered(const PixelRect& r) {
+  return {r.left < r.right ? r.left : r.right, r.top < r.bottom ? r.top : r.bottom,
+          r.left < r.right ? r.right : r.left, r.top < r.bottom ? r.bottom : r.top};
+}
+
+// Calls `visit(part, row)` for each clip rectangle that meets `rect`: the common part in the context's
+// coordinates, and row(y) giving a pointer that is indexed by x.
+template <typename Visit>
+void ForEachPart(const DrawingTarget& target, const PixelRect& rect, Visit&& visit) {
+  if (!target.store) return;
+  for (const PixelRect& clip : target.clip) {
+    const PixelRect part = Intersect(clip.Offset(-target.origin.x, -target.origin.y), rect);
+    if (part.empty()) continue;
+    visit(part, [&target](int y) { return target.store->Row(y + target.origin.y) + target.origin.x; });
+  }
+}
+
+void FillArea(const DrawingTarget& target, const PixelRect& rect, std::uint32_t color);
+// The four sides of `rect`, each `width` pixels thick and inside it; sides that meet fill it.
+void FillFrame(const DrawingTarget& target, const PixelRect& rect, int width, std::uint32_t color);
+
+// Inverts every other pixel of the one-pixel frame inside `rect`: those whose x + y is odd.
+void InvertDottedFrame(const DrawingTarget& target, const PixelRect& rect);
+
+// A line's pixels that are on and off in turn, beginning on; what is off is left as it is without a gap
+// colour.
+struct Dashes {
+  int on = 1;
+  int off = 0;  // 0: solid
+  bool fill_gaps = false;
+  std::uint32_t gap_color = 0;
+};
+
+// A one-pixel line without its last point.
+void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::uint32_t color,
+              const Dashes& dashes);
+// A line as a square pen of `width` pixels leaves it, without its last position.
+void DrawWideLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, int width,
+                  std::uint32_t color);
+
+// Copies the pixels of `source` around `source_origin` to `rect`; what the source cannot show is left
+// as it is. The two may be one store and overlap; `scratch` then keeps pixels in between.
+void CopyArea(const DrawingTarget& target, const PixelRect& rect, const DrawingTarget& source,
+              PixelPoint source_origin, std::vector<std::uint32_t>& scratch);
+
+// `color` mixed into `count` pixels by coverages 0 to 255.
+void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverage, int count, std::uint32_t color);
+
+}  // namespace levelwidgets::memory
