@@ -1,0 +1,57 @@
+// From the system's window procedures to the clients and window procedures of the seam.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <unordered_map>
+
+#include <levelwidgets/platform/win32/exception_relay.h>
+#include <levelwidgets/platform/window.h>
+
+namespace levelwidgets::win32 {
+
+// Knows every window made through the seam. Keeps those promises about plain windows that the system
+// does not keep by itself: the press capture and the background that nobody erases.
+class MessageRouter {
+ public:
+  MessageRouter(WindowApi& windows, ExceptionRelay& relay);
+  // Destroys the windows that are left, silently.
+  ~MessageRouter();
+  MessageRouter(const MessageRouter&) = delete;
+  MessageRouter& operator=(const MessageRouter&) = delete;
+
+  // The operations of WindowApi that deal with clients and procedures.
+  WindowHandle CreateWindowExA(const WindowRequest& request);
+  std::intptr_t SetProcedure(WindowHandle window, std::intptr_t procedure);
+  std::intptr_t GetProcedure(WindowHandle window);
+  LResult CallWindowProcA(std::intptr_t previous, WindowHandle window, std::uint32_t message, WParam wparam,
+                          LParam lparam);
+
+  std::size_t LiveWindows() const;
+
+ private:
+  struct Native;
+  struct Window {
+    bool plain = false;
+    WindowClient* client = nullptr;
+    WindowProc replacement = nullptr;  // set while the native procedure is our trampoline
+  };
+
+  Window* Find(WindowHandle window);
+  std::intptr_t DeliverToClient(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
+  std::intptr_t DeliverToReplacement(WindowHandle window, std::uint32_t message, WParam wparam,
+                                     LParam lparam);
+  bool Suppressed(WindowHandle window, std::uint32_t message, LParam lparam) const;
+  void TrackPress(WindowHandle window, std::uint32_t message, WParam wparam);
+  void Forget(WindowHandle window);
+
+  WindowApi& windows_;
+  ExceptionRelay& relay_;
+  std::unordered_map<std::uint32_t, Window> known_;
+  std::set<std::intptr_t> native_procedures_;  // all that SetProcedure and GetProcedure have returned
+  bool pressed_ = false;
+};
+
+}  // namespace levelwidgets::win32

@@ -1,0 +1,58 @@
+#include <levelwidgets/platform/win32/object_count.h>
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
+// The process environment block.
+extern "C" NTSYSAPI void* NTAPI RtlGetCurrentPeb();
+
+namespace levelwidgets::win32 {
+namespace {
+
+// An entry of the handle table that gdi32 shares with the process.
+struct TableEntry {
+  std::uint64_t object;
+  std::uint32_t owner;
+  std::uint16_t unique;
+  std::uint8_t type;
+  std::uint8_t flags;
+  std::uint64_t user_pointer;
+};
+static_assert(sizeof(TableEntry) == 24 && offsetof(TableEntry, type) == 14);
+
+constexpr std::size_t kTableEntries = 65536;
+
+std::span<const TableEntry> HandleTable() {
+  constexpr std::size_t kPointerInBlock = sizeof(void*) == 8 ? 0xF8 : 0x94;
+  const char* const block = static_cast<const char*>(RtlGetCurrentPeb());
+  const auto* const table = *reinterpret_cast<const TableEntry* const*>(block + kPointerInBlock);
+  return {table, table ? kTableEntries : 0};
+}
+
+// Contexts of windows and regions are left out: the window manager makes and keeps them as it likes.
+bool IsCounted(const TableEntry& entry) {
+  switch (entry.type) {
+    case 0x05:  // bitmap
+    case 0x0A:  // font
+    case 0x10:  // brush
+    case 0x30:  // pen
+    case 0x41:  // memory context
+    case 0x50:  // extended pen
+      return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+std::size_t CountDrawingObjects() {
+  // Wine counts no objects for GetGuiResources, but its table holds nothing but this process's.
+  if (const DWORD count = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS)) return count;
+  const auto table = HandleTable();
+  return static_cast<std::size_t>(std::count_if(table.begin(), table.end(), IsCounted));
+}
+
+}  // namespace levelwidgets::win32

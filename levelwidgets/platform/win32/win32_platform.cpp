@@ -1,0 +1,47 @@
+#include <levelwidgets/platform/win32/win32_platform.h>
+
+#include <levelwidgets/platform/win32/exception_relay.h>
+#include <levelwidgets/platform/win32/win32_clock.h>
+#include <levelwidgets/platform/win32/win32_drawing.h>
+#include <levelwidgets/platform/win32/win32_screen.h>
+#include <levelwidgets/platform/win32/win32_windows.h>
+
+namespace levelwidgets::win32 {
+
+struct Win32Platform::Parts {
+  ExceptionRelay relay;
+  Win32Drawing drawing;
+  Win32Clock clock{relay};
+  Win32Screen screen;
+  Win32Windows windows{relay};
+};
+
+Win32Platform::Win32Platform() : parts_(std::make_unique<Parts>()) {}
+
+Win32Platform::~Win32Platform() = default;
+
+DrawingApi& Win32Platform::Drawing() {
+  return parts_->drawing;
+}
+
+WindowApi& Win32Platform::Windows() {
+  return parts_->windows;
+}
+
+ClockApi& Win32Platform::Clock() {
+  return parts_->clock;
+}
+
+ScreenApi& Win32Platform::Screen() {
+  return parts_->screen;
+}
+
+std::size_t Win32Platform::LiveWindows() const {
+  return parts_->windows.LiveWindows();
+}
+
+bool Win32Platform::HasOverdueTimer() {
+  return parts_->clock.HasOverdueTimer();
+}
+
+}  // namespace levelwidgets::win32

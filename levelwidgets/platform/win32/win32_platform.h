@@ -1,0 +1,33 @@
+// The real thing: gdi32, user32, kernel32 and oleaut32.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include <levelwidgets/platform/platform.h>
+
+namespace levelwidgets::win32 {
+
+// Belongs to the thread that makes it. Windows that are left when it ends are destroyed, and their clients
+// are not told. No header of this folder includes one of the system's.
+class Win32Platform final : public Platform {
+ public:
+  Win32Platform();
+  ~Win32Platform() override;
+
+  DrawingApi& Drawing() override;
+  WindowApi& Windows() override;
+  ClockApi& Clock() override;
+  ScreenApi& Screen() override;
+
+  // Windows made through Windows() and not yet destroyed.
+  std::size_t LiveWindows() const;
+  // Whether a timer's time has come and its tick not yet.
+  bool HasOverdueTimer();
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace levelwidgets::win32
