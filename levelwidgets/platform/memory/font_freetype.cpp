@@ -80,6 +80,14 @@ int EmSize(int height, const LineUnits& units, int units_per_em) {
   return std::clamp(static_cast<int>(std::lround(cell * units_per_em / line)), 1, kLargestSize);
 }
 
+// Whether the upright of an "l" is as thick as its file says by calling itself bold: there are fonts with
+// bold widths and bold bitmaps around ordinary outlines.
+bool HasBoldOutlines(FT_Face face) {
+  if (!(face->style_flags & FT_STYLE_FLAG_BOLD)) return false;
+  if (FT_Load_Char(face, 'l', FT_LOAD_NO_SCALE) != 0) return true;
+  return face->glyph->metrics.width * 8 > face->units_per_EM;
+}
+
 class FreeTypeFace final : public GlyphSource {
  public:
   FreeTypeFace(std::shared_ptr<Face> face, const FontRequest& request, double aspect,
@@ -92,7 +100,8 @@ class FreeTypeFace final : public GlyphSource {
                                            : static_cast<double>(std::abs(request.width)) * ft->units_per_EM /
                                                  units_.average_width;
     size_x_ = static_cast<int>(std::clamp(std::round(wish), 1.0, static_cast<double>(kLargestSize)));
-    thicken_ = IsBold(request.weight) && !(ft->style_flags & FT_STYLE_FLAG_BOLD);
+    thicken_ = IsBold(request.weight) && !HasBoldOutlines(ft);
+    widen_ = thicken_ && !(ft->style_flags & FT_STYLE_FLAG_BOLD) ? 1 : 0;
     slant_ = request.italic && !(ft->style_flags & FT_STYLE_FLAG_ITALIC);
     symbol_ = FT_Select_Charmap(ft, FT_ENCODING_MS_SYMBOL) == 0;
     if (!symbol_) FT_Select_Charmap(ft, FT_ENCODING_UNICODE);
@@ -108,7 +117,7 @@ class FreeTypeFace final : public GlyphSource {
     text.height = text.ascent + text.descent;
     text.internal_leading = std::max(0, text.height - size_y_);
     text.external_leading = Scaled(units_.external_leading, size_y_, em);
-    text.average_char_width = std::max(1, Scaled(units_.average_width, size_x_, em)) + (thicken_ ? 1 : 0);
+    text.average_char_width = std::max(1, Scaled(units_.average_width, size_x_, em)) + widen_;
     text.max_char_width = Scaled(static_cast<int>(ft->bbox.xMax - ft->bbox.xMin), size_x_, em);
     metrics.rule_height = std::max(1, Scaled(ft->underline_thickness, size_y_, em));
     const int below = Scaled(-ft->underline_position - ft->underline_thickness / 2, size_y_, em);
@@ -122,12 +131,12 @@ class FreeTypeFace final : public GlyphSource {
     FT_Face ft = face_->handle;
     GlyphImage image;
     FT_Set_Pixel_Sizes(ft, static_cast<FT_UInt>(size_x_), static_cast<FT_UInt>(size_y_));
-    if (FT_Load_Glyph(ft, GlyphIndex(byte), FT_LOAD_NO_BITMAP | FT_LOAD_TARGET_LIGHT) != 0) return image;
+    if (FT_Load_Glyph(ft, GlyphIndex(byte), LoadFlags()) != 0) return image;
     FT_GlyphSlot slot = ft->glyph;
-    image.advance = static_cast<int>((slot->linearHoriAdvance + 0x8000) >> 16) + (thicken_ ? 1 : 0);
+    image.advance = static_cast<int>((slot->linearHoriAdvance + 0x8000) >> 16) + widen_;
     if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return image;
     Shape(slot->outline);
-    if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) == 0) Take(*slot, image);
+    if (FT_Render_Glyph(slot, symbol_ ? FT_RENDER_MODE_MONO : FT_RENDER_MODE_NORMAL) == 0) Take(*slot, image);
     return image;
   }
 
@@ -139,6 +148,11 @@ class FreeTypeFace final : public GlyphSource {
     return index ? index : FT_Get_Char_Index(face_->handle, byte);
   }
 
+  // Grey edges blur small symbols, which are drawn in whole pixels therefore.
+  FT_Int32 LoadFlags() const {
+    return FT_LOAD_NO_BITMAP | (symbol_ ? FT_LOAD_TARGET_MONO : FT_LOAD_TARGET_LIGHT);
+  }
+
   int StrikethroughHeight() const {
     const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face_->handle, FT_SFNT_OS2));
     const int units = os2 && os2->yStrikeoutPosition > 0 ? os2->yStrikeoutPosition : units_.ascent / 3;
@@ -146,7 +160,7 @@ class FreeTypeFace final : public GlyphSource {
   }
 
   void Shape(FT_Outline& outline) const {
-    if (thicken_) FT_Outline_EmboldenXY(&outline, std::max<FT_Pos>(kOnePixel * size_x_ / 20, 40), 0);
+    if (thicken_) FT_Outline_EmboldenXY(&outline, kOnePixel * size_x_ / 16, 0);
     if (slant_) {
       const FT_Matrix shear{0x10000, 0x366A, 0, 0x10000};  // 12 degrees
       FT_Outline_Transform(&outline, &shear);
@@ -162,7 +176,10 @@ class FreeTypeFace final : public GlyphSource {
     image.coverage.reserve(bitmap.width * bitmap.rows);
     for (int y = 0; y < image.height; ++y) {
       const unsigned char* row = bitmap.buffer + y * bitmap.pitch;
-      image.coverage.insert(image.coverage.end(), row, row + bitmap.width);
+      for (int x = 0; x < image.width; ++x) {
+        const bool dot = bitmap.pixel_mode == FT_PIXEL_MODE_MONO && (row[x / 8] << x % 8 & 0x80);
+        image.coverage.push_back(bitmap.pixel_mode == FT_PIXEL_MODE_MONO ? (dot ? 255 : 0) : row[x]);
+      }
     }
   }
 
@@ -172,6 +189,7 @@ class FreeTypeFace final : public GlyphSource {
   int size_x_ = 1;  // pixels per em
   int size_y_ = 1;
   bool thicken_ = false;
+  int widen_ = 0;  // pixels more for each character of a face without bold widths
   bool slant_ = false;
   bool symbol_ = false;
 };
