@@ -18,6 +18,9 @@ inline const std::vector<std::string> kKeyArguments{"KeyCode", "Shift"};
 inline const std::vector<std::string> kCharacterArguments{"KeyAscii"};
 inline const std::vector<std::string> kPointerArguments{"Button", "Shift", "X", "Y"};
 
+// The Shift bits of the keys held as of the message being handled.
+std::int16_t ShiftState(WindowApi& windows);
+
 // A pointer notification. Button is the one that changed, or for a move all that are down.
 struct PointerInput {
   std::int16_t button = 0;
@@ -112,7 +115,6 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   // True when the message was a key's and has been handled.
   bool Key(std::uint32_t message, WParam wparam, LResult& result);
   PointerInput InputOf(std::int16_t button, WParam wparam, LParam lparam) const;
-  std::int16_t ShiftState() const;
 
   std::shared_ptr<ControlSite> site_;
   Surface surface_;

@@ -27,8 +27,7 @@ std::int16_t ButtonsDown(WParam wparam) {
 
 }  // namespace
 
-std::int16_t Control::ShiftState() const {
-  WindowApi& windows = surface_.Windows();
+std::int16_t ShiftState(WindowApi& windows) {
   int shift = 0;
   if (windows.GetKeyState(kKeyShift) < 0) shift |= kShiftMask;
   if (windows.GetKeyState(kKeyControl) < 0) shift |= kCtrlMask;
@@ -127,7 +126,7 @@ void Control::Release(std::uint32_t message, WParam wparam, LParam lparam) {
 
 bool Control::Key(std::uint32_t message, WParam wparam, LResult& result) {
   const auto code = static_cast<std::int16_t>(wparam);
-  KeyMessage key{KeyMessage::Kind::kDown, code, ShiftState()};
+  KeyMessage key{KeyMessage::Kind::kDown, code, ShiftState(surface_.Windows())};
   switch (message) {
     case kWmKeyDown:
     case kWmSysKeyDown: break;

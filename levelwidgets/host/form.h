@@ -105,7 +105,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   std::vector<HostedControl*> TabOrder() const;
   bool MoveFocus(bool forward);
   bool PressAccessKey(std::int16_t character);
-  bool ForwardTo(HostedControl* button, std::int16_t key_ascii);
+  // Delivers the key to the control that has `role` (default or cancel button).
+  bool ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii);
   void FocusFirst();
 
   // Keeps at most one default and one cancel button.

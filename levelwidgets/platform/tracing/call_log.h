@@ -27,6 +27,10 @@ class CallLog {
     (Append(call.arguments, args), ...);
   }
 
+  void Add(TracedCall call) {
+    if (active) calls_.push_back(std::move(call));
+  }
+
   // Records the call, then makes it.
   template <typename Part, typename Result, typename... Parameters>
   Result Pass(const char* name, Part& part, Result (Part::*operation)(Parameters...),

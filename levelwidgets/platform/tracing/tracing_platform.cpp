@@ -30,6 +30,10 @@ void TracingPlatform::Stop() {
 bool TracingPlatform::active() const {
   return parts_->log.active;
 }
+void TracingPlatform::Note(std::string name, std::vector<TraceArgument> arguments) {
+  parts_->log.Add({std::move(name), std::move(arguments)});
+}
+
 std::vector<TracedCall> TracingPlatform::TakeCalls() {
   return parts_->log.Take();
 }

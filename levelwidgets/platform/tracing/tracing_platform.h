@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <levelwidgets/platform/platform.h>
@@ -24,6 +25,8 @@ class TracingPlatform : public Platform {
   // Keeps what was recorded.
   void Stop();
   bool active() const;
+  // Records something that is no call, such as an event, in its place among the calls.
+  void Note(std::string name, std::vector<TraceArgument> arguments = {});
   // The calls since the last take, in order of entry.
   std::vector<TracedCall> TakeCalls();
 

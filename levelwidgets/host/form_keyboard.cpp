@@ -1,0 +1,115 @@
+// What the keyboard does on a form before, or instead of, the control that has the focus.
+#include <algorithm>
+
+#include <levelwidgets/host/form.h>
+
+namespace levelwidgets {
+
+namespace {
+
+bool CanTakeInput(const HostedControl& control) {
+  return control.GetControl() && control.Visible() && control.GetControl()->GetSurface().Enabled();
+}
+
+char Folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+
+}  // namespace
+
+std::vector<HostedControl*> Form::TabOrder() const {
+  std::vector<HostedControl*> order;
+  for (const auto& control : controls_) order.push_back(control.get());
+  std::ranges::stable_sort(order, {}, &HostedControl::TabIndex);
+  return order;
+}
+
+bool Form::TakeKey(const KeyMessage& key) {
+  const bool alt = (key.shift & kAltMask) != 0;
+  const bool ctrl = (key.shift & kCtrlMask) != 0;
+  switch (key.kind) {
+    case KeyMessage::Kind::kUp: return false;
+    case KeyMessage::Kind::kCharacter:
+      if (alt && !ctrl) return PressAccessKey(key.code);
+      return std::exchange(swallowed_character_, std::int16_t{0}) == key.code;
+    case KeyMessage::Kind::kDown: break;
+  }
+  swallowed_character_ = 0;
+  if (alt || ctrl) return false;
+  bool used = false;
+  if (key.code == kKeyTab) {
+    used = MoveFocus((key.shift & kShiftMask) == 0);
+  } else if (key.code == kKeyEnter) {
+    used = ForwardTo(&HostedControl::Default, key.code);
+  } else if (key.code == kKeyEscape) {
+    used = ForwardTo(&HostedControl::Cancel, key.code);
+  }
+  swallowed_character_ = used ? key.code : std::int16_t{0};
+  return used;
+}
+
+// Keys reach the form itself while no control has the focus.
+bool Form::KeyMessageToForm(std::uint32_t message, WParam wparam) {
+  KeyMessage key{KeyMessage::Kind::kDown, static_cast<std::int16_t>(wparam), 0};
+  switch (message) {
+    case kWmKeyDown:
+    case kWmSysKeyDown: break;
+    case kWmChar:
+    case kWmSysChar: key.kind = KeyMessage::Kind::kCharacter; break;
+    default: return false;
+  }
+  key.shift = ShiftState(platform_.Windows());
+  return TakeKey(key);
+}
+
+bool Form::MoveFocus(bool forward) {
+  std::vector<HostedControl*> order = TabOrder();
+  if (!forward) std::ranges::reverse(order);
+  const auto present = std::ranges::find(order, ActiveControl().get());
+  // Those behind the present one first, then the others.
+  if (present != order.end()) std::ranges::rotate(order, present + 1);
+  for (HostedControl* control : order) {
+    if (control->TabStop() && CanTakeInput(*control)) {
+      control->SetFocus();
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Form::PressAccessKey(std::int16_t character) {
+  std::vector<HostedControl*> order = TabOrder();
+  const auto present = std::ranges::find(order, ActiveControl().get());
+  if (present != order.end()) std::ranges::rotate(order, present + 1);
+  for (HostedControl* control : order) {
+    if (!CanTakeInput(*control)) continue;
+    const std::string& keys = control->GetControl()->GetSurface().AccessKeys();
+    const bool matches = std::ranges::any_of(
+        keys, [&](char key) { return Folded(key) == Folded(static_cast<char>(character)); });
+    if (!matches) continue;
+    const auto keep = control->GetControl();
+    control->SetFocus();
+    keep->OnAccessKeyPress(character);
+    return true;
+  }
+  return false;
+}
+
+bool Form::ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii) {
+  const auto button = std::ranges::find_if(controls_, [role](const auto& c) { return ((*c).*role)(); });
+  if (button == controls_.end() || !CanTakeInput(**button)) return false;
+  const auto keep = (*button)->GetControl();
+  keep->OnAccessKeyPress(key_ascii);
+  return true;
+}
+
+// The form's window got the focus: it belongs to the control that had it, or to the first in the order.
+void Form::FocusFirst() {
+  if (Design()) return;
+  if (const auto control = ActiveControl(); control && CanTakeInput(*control)) {
+    control->SetFocus();
+    return;
+  }
+  active_control_.reset();
+  MoveFocus(true);
+}
+
+}  // namespace levelwidgets
