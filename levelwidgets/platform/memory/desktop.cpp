@@ -1,0 +1,95 @@
+#include <levelwidgets/platform/memory/desktop.h>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+// The system colour of the bare desktop.
+constexpr int kColorBackground = 1;
+
+DrawingOptions DrawingOptionsOf(const DesktopOptions& options) {
+  DrawingOptions drawing;
+  drawing.dpi_x = options.dpi_x;
+  drawing.dpi_y = options.dpi_y;
+  drawing.screen = options.screen;
+  drawing.code_page = options.code_page;
+  drawing.palette = options.palette;
+  drawing.fonts = options.fonts;
+  return drawing;
+}
+
+}  // namespace
+
+Desktop::Desktop(const DesktopOptions& options)
+    : options_(options),
+      drawing_(DrawingOptionsOf(options)),
+      clock_(options.now, [this] { return windows_.PaintPending(); }),
+      windows_(options.screen, options.dpi_x, options.dpi_y, drawing_, clock_),
+      screen_(options.screen, options.dpi_x, options.dpi_y),
+      input_(windows_, clock_, drawing_) {}
+
+void Desktop::SetOutwardPlatform(Platform* platform) {
+  outward_ = platform;
+  windows_.SetOutwardApi(platform ? platform->Windows() : windows_);
+}
+
+// --- Input -----------------------------------------------------------------------------------
+
+void Desktop::MovePointer(PixelPoint screen) {
+  input_.MovePointer(screen);
+  Settle();
+}
+
+void Desktop::Press(int button) {
+  input_.Press(button);
+  Settle();
+}
+
+void Desktop::Release(int button) {
+  input_.Release(button);
+  Settle();
+}
+
+void Desktop::Wheel(int notches) {
+  input_.Wheel(notches);
+  Settle();
+}
+
+void Desktop::KeyDown(int code, int shift) {
+  input_.KeyDown(code, shift);
+  Settle();
+}
+
+void Desktop::KeyUp(int code, int shift) {
+  input_.KeyUp(code, shift);
+  Settle();
+}
+
+void Desktop::Type(std::string_view text) {
+  input_.Type(text);
+  Settle();
+}
+
+// --- What can be seen ------------------------------------------------------------------------
+
+ColorRef Desktop::PixelAt(PixelPoint screen) {
+  if (!windows_.Tree().Desktop().rect.Contains(screen)) return kInvalidColorRef;
+  return Capture({screen.x, screen.y, screen.x + 1, screen.y + 1}).At({0, 0});
+}
+
+Picture Desktop::Capture(PixelRect screen) {
+  Settle();
+  return ComposeScreen(windows_.Tree(), drawing_.GetSysColor(kColorBackground), screen);
+}
+
+std::vector<TopLevelWindow> Desktop::TopLevelWindows() {
+  std::vector<TopLevelWindow> windows;
+  for (const Window* window : windows_.Tree().Desktop().children) {
+    if (!window->Shown()) continue;
+    windows.push_back(
+        {window->handle, window->title, window->rect, window->handle == windows_.GetActiveWindow()});
+  }
+  return windows;
+}
+
+}  // namespace levelwidgets::memory

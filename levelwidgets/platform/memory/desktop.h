@@ -1,0 +1,92 @@
+// A whole desktop in memory: windows, drawing, input and time without an operating system's. Everything
+// is the same on every run: time and date are moved by hand.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <levelwidgets/platform/driver.h>
+#include <levelwidgets/platform/memory/memory_clock.h>
+#include <levelwidgets/platform/memory/memory_drawing.h>
+#include <levelwidgets/platform/memory/memory_input.h>
+#include <levelwidgets/platform/memory/memory_screen.h>
+#include <levelwidgets/platform/memory/memory_windows.h>
+
+namespace levelwidgets::memory {
+
+// 15 May 2024, 10:30.
+inline constexpr Date kStandardNow{45427.4375};
+
+struct DesktopOptions {
+  PixelSize screen{1024, 768};
+  int dpi_x = 96;
+  int dpi_y = 96;
+  std::string locale = "en-US";
+  Date now = kStandardNow;
+  int code_page = 1252;
+  SystemPalette palette = StandardPalette();
+  FontSources fonts;
+};
+
+// As a Platform it serves the controls, as a DesktopDriver the person who uses them. Must outlive every
+// window client and everything made on it.
+class Desktop final : public Platform, public DesktopDriver {
+ public:
+  explicit Desktop(const DesktopOptions& options = {});
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+
+  // --- Platform ------------------------------------------------------------------------------
+
+  MemoryDrawing& Drawing() override { return drawing_; }
+  MemoryWindows& Windows() override { return windows_; }
+  MemoryClock& Clock() override { return clock_; }
+  ScreenApi& Screen() override { return screen_; }
+
+  // --- The desktop's own ---------------------------------------------------------------------
+
+  const DesktopOptions& Options() const { return options_; }
+  void SetNow(Date now) { clock_.SetNow(now); }
+  // UTF-8; one for all windows.
+  const std::string& Clipboard() const { return clipboard_; }
+  void SetClipboard(std::string_view text) { clipboard_ = text; }
+  // A platform around this one (one that records calls, for instance): GetPlatform returns it and window
+  // procedures are handed its windows. Null takes it off.
+  void SetOutwardPlatform(Platform* platform);
+
+  // --- DesktopDriver -------------------------------------------------------------------------
+
+  Platform& GetPlatform() override { return outward_ ? *outward_ : *this; }
+
+  void MovePointer(PixelPoint screen) override;
+  void Press(int button) override;
+  void Release(int button) override;
+  void Wheel(int notches) override;
+  void KeyDown(int code, int shift) override;
+  void KeyUp(int code, int shift) override;
+  void Type(std::string_view text) override;
+
+  void Advance(std::uint32_t ms) override { clock_.Advance(ms); }
+  void Settle() override { clock_.DoEvents(); }
+
+  ColorRef PixelAt(PixelPoint screen) override;
+  Picture Capture(PixelRect screen) override;
+
+  std::vector<TopLevelWindow> TopLevelWindows() override;
+  std::size_t LiveObjects() override { return drawing_.LiveObjects(); }
+  std::size_t LiveWindows() override { return windows_.Tree().Count(); }
+  std::size_t LiveTimers() override { return clock_.LiveTimers(); }
+
+ private:
+  DesktopOptions options_;
+  MemoryDrawing drawing_;
+  MemoryClock clock_;
+  MemoryWindows windows_;
+  MemoryScreen screen_;
+  MemoryInput input_;
+  std::string clipboard_;
+  Platform* outward_ = nullptr;
+};
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,135 @@
+#include <levelwidgets/platform/memory/memory_clock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+constexpr int kMostTurns = 1000;
+constexpr double kMillisecondsPerDay = 24.0 * 60 * 60 * 1000;
+
+// Days as a number that grows evenly with time: before 30 December 1899 the fraction of a Date counts
+// away from it.
+double EvenDays(Date date) {
+  const double whole = std::trunc(date.days);
+  return whole + std::abs(date.days - whole);
+}
+
+Date FromEvenDays(double days) {
+  const double whole = std::floor(days);
+  const double time = days - whole;
+  return {whole < 0 ? whole - time : whole + time};
+}
+
+}  // namespace
+
+MemoryClock::MemoryClock(Date now, std::function<bool()> paint) : paint_(std::move(paint)), date_(now) {}
+
+// --- Time ------------------------------------------------------------------------------------
+
+Date MemoryClock::Now() {
+  if (now_ms_ == date_set_at_) return date_;
+  const double elapsed = static_cast<double>(now_ms_ - date_set_at_) / kMillisecondsPerDay;
+  return FromEvenDays(EvenDays(date_) + elapsed);
+}
+
+void MemoryClock::SetNow(Date now) {
+  date_ = now;
+  date_set_at_ = now_ms_;
+}
+
+void MemoryClock::Advance(std::uint32_t ms) {
+  const std::uint64_t end = now_ms_ + ms;
+  DoEvents();
+  for (auto due = NextDue(); due && *due <= end; due = NextDue()) {
+    now_ms_ = std::max(now_ms_, *due);
+    TickIfDue();
+    DoEvents();
+  }
+  now_ms_ = std::max(now_ms_, end);
+}
+
+// --- Timers ----------------------------------------------------------------------------------
+
+TimerHandle MemoryClock::SetTimer(std::uint32_t interval_ms, std::function<void()> tick) {
+  Timer timer;
+  timer.handle = {++last_timer_};
+  timer.interval = std::max<std::uint32_t>(1, interval_ms);
+  timer.due = now_ms_ + timer.interval;
+  timer.tick = std::make_shared<std::function<void()>>(std::move(tick));
+  timers_.push_back(std::move(timer));
+  return timers_.back().handle;
+}
+
+bool MemoryClock::KillTimer(TimerHandle timer) {
+  return std::erase_if(timers_, [&](const Timer& t) { return t.handle == timer; }) != 0;
+}
+
+MemoryClock::Timer* MemoryClock::EarliestTimer() {
+  const auto earliest = std::min_element(timers_.begin(), timers_.end(),
+                                         [](const Timer& a, const Timer& b) { return a.due < b.due; });
+  return earliest == timers_.end() ? nullptr : &*earliest;
+}
+
+std::optional<std::uint64_t> MemoryClock::NextDue() const {
+  std::optional<std::uint64_t> due;
+  for (const Timer& timer : timers_) due = std::min(due.value_or(timer.due), timer.due);
+  return due;
+}
+
+bool MemoryClock::TickIfDue() {
+  Timer* timer = EarliestTimer();
+  if (!timer || timer->due > now_ms_) return false;
+  // In step with its start, the late ticks as this one.
+  timer->due += (now_ms_ - timer->due) / timer->interval * timer->interval + timer->interval;
+  const auto tick = timer->tick;
+  (*tick)();
+  return true;
+}
+
+// --- The loop --------------------------------------------------------------------------------
+
+void MemoryClock::Post(std::function<void()> call) { posted_.push_back(std::move(call)); }
+
+bool MemoryClock::RunPostedCalls() {
+  const std::size_t count = posted_.size();
+  for (std::size_t i = 0; i < count && !posted_.empty(); ++i) {
+    const auto call = std::move(posted_.front());
+    posted_.pop_front();
+    call();
+  }
+  return count != 0;
+}
+
+void MemoryClock::DoEvents() {
+  for (int turn = 0; turn < kMostTurns; ++turn) {
+    if (RunPostedCalls()) continue;
+    if (TickIfDue()) continue;
+    if (!paint_ || !paint_()) return;
+  }
+}
+
+int MemoryClock::Run() {
+  do {
+    DoEvents();
+    if (quit_) return *std::exchange(quit_, std::nullopt);
+  } while (WaitForMore());
+  return 0;
+}
+
+bool MemoryClock::WaitForMore() {
+  if (waiter_) {
+    waiter_();
+    return true;
+  }
+  if (!posted_.empty()) return true;
+  const auto due = NextDue();
+  if (!due) return false;
+  now_ms_ = std::max(now_ms_, *due);
+  return true;
+}
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,78 @@
+// Timers, posted calls and the event loop of the desktop in memory, on a clock moved by hand.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <levelwidgets/platform/clock.h>
+
+namespace levelwidgets::memory {
+
+// Time stands still but for Advance and Run.
+class MemoryClock final : public ClockApi {
+ public:
+  // `paint` does the paints that are pending and tells whether there was one.
+  explicit MemoryClock(Date now, std::function<bool()> paint = {});
+
+  // --- For the desktop -----------------------------------------------------------------------
+
+  // Lets `ms` milliseconds pass, from due timer to due timer (those due at once in the order of their
+  // creation), doing all that is pending in between. A tick that itself lets time pass is not repeated
+  // for what it missed.
+  void Advance(std::uint32_t ms);
+  // Moves the date without letting time pass.
+  void SetNow(Date now);
+  // When the next timer is due, in GetTickCount's milliseconds; nothing without timers.
+  std::optional<std::uint64_t> NextDue() const;
+  // Who shows the desktop to a person waits here, in real time, and brings input and Advance; Run calls
+  // it when nothing is pending, instead of moving the clock to the next timer.
+  void SetWaiter(std::function<void()> waiter) { waiter_ = std::move(waiter); }
+
+  // --- ClockApi ------------------------------------------------------------------------------
+
+  TimerHandle SetTimer(std::uint32_t interval_ms, std::function<void()> tick) override;
+  bool KillTimer(TimerHandle timer) override;
+  std::size_t LiveTimers() const override { return timers_.size(); }
+
+  std::uint64_t GetTickCount() override { return now_ms_; }
+  Date Now() override;
+
+  void Post(std::function<void()> call) override;
+
+  // Moves the clock to the next timer whenever nothing is pending. Returns 0 without Quit when nothing
+  // is left that could ever happen: no timer, no posted call, no waiter.
+  int Run() override;
+  void Quit(int status) override { quit_ = status; }
+  // What keeps making itself pending again (a paint that invalidates, a call that posts itself) is left
+  // for the next time after a thousand turns.
+  void DoEvents() override;
+
+ private:
+  struct Timer {
+    TimerHandle handle;
+    std::uint64_t interval = 1;
+    std::uint64_t due = 0;
+    std::shared_ptr<std::function<void()>> tick;  // shared: may be killed by its own tick
+  };
+
+  Timer* EarliestTimer();
+  bool TickIfDue();
+  bool RunPostedCalls();
+  bool WaitForMore();
+
+  std::function<bool()> paint_;
+  std::function<void()> waiter_;
+  std::vector<Timer> timers_;  // in the order of creation
+  std::deque<std::function<void()>> posted_;
+  std::optional<int> quit_;
+  std::uint64_t now_ms_ = 0;
+  std::uint64_t date_set_at_ = 0;
+  Date date_;
+  std::uint32_t last_timer_ = 0;
+};
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,259 @@
+#include <levelwidgets/platform/memory/memory_input.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include <levelwidgets/platform/memory/finally.h>
+#include <levelwidgets/platform/memory/memory_keys.h>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+constexpr std::uint64_t kDoubleClickMs = 500;
+constexpr int kDoubleClickDistance = 4;
+constexpr int kWheelDelta = 120;
+
+constexpr int kKeyF10 = 121;
+// The key of a character that no key types.
+constexpr int kKeyPacket = 231;
+
+// In a key message: Alt is held, the key was down before, the key goes up.
+constexpr std::uint32_t kOnce = 1;
+constexpr std::uint32_t kAltContext = 1u << 29;
+constexpr std::uint32_t kWasDown = 1u << 30;
+constexpr std::uint32_t kGoesUp = 1u << 31;
+
+}  // namespace
+
+struct MemoryInput::ButtonMessages {
+  int button;
+  int key;  // that GetKeyState knows it by
+  std::uint32_t down;
+  std::uint32_t up;
+  std::uint32_t double_click;
+};
+
+const MemoryInput::ButtonMessages* MemoryInput::MessagesOf(int button) {
+  static constexpr ButtonMessages kMessages[] = {
+      {kLeftButton, 1, kWmLButtonDown, kWmLButtonUp, kWmLButtonDblClk},
+      {kRightButton, 2, kWmRButtonDown, kWmRButtonUp, kWmRButtonDblClk},
+      {kMiddleButton, 4, kWmMButtonDown, kWmMButtonUp, kWmMButtonDblClk},
+  };
+  for (const ButtonMessages& messages : kMessages) {
+    if (messages.button == button) return &messages;
+  }
+  return nullptr;
+}
+
+MemoryInput::MemoryInput(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing)
+    : windows_(windows), clock_(clock), drawing_(drawing) {}
+
+bool MemoryInput::IsDown(int code) const { return windows_.GetKeyState(code) < 0; }
+
+void MemoryInput::SetDown(int code, bool down) {
+  auto& keys = windows_.Input().down;
+  if (code >= 0 && code < std::ssize(keys)) keys[static_cast<std::size_t>(code)] = down;
+}
+
+bool MemoryInput::AnyButton() const { return IsDown(1) || IsDown(2) || IsDown(4); }
+
+// --- Pointer ---------------------------------------------------------------------------------
+
+WParam MemoryInput::PointerBits() const {
+  WParam bits = 0;
+  if (IsDown(1)) bits |= kMkLButton;
+  if (IsDown(2)) bits |= kMkRButton;
+  if (IsDown(4)) bits |= kMkMButton;
+  if (IsDown(kKeyShift)) bits |= kMkShift;
+  if (IsDown(kKeyControl)) bits |= kMkControl;
+  return bits;
+}
+
+WindowHandle MemoryInput::PointerTarget() {
+  if (const WindowHandle capture = windows_.GetCapture()) return capture;
+  return windows_.WindowAt(windows_.Input().pointer).window;
+}
+
+void MemoryInput::SendPointer(WindowHandle window, std::uint32_t message) {
+  PixelPoint point = windows_.Input().pointer;
+  if (!windows_.ScreenToClient(window, point)) return;
+  windows_.SendMessageA(window, message, PointerBits(), LParamOfPoint(point));
+}
+
+void MemoryInput::MovePointer(PixelPoint screen) {
+  const PixelRect& area = windows_.Tree().Desktop().rect;
+  const PixelPoint point{std::clamp(screen.x, 0, std::max(0, area.right - 1)),
+                         std::clamp(screen.y, 0, std::max(0, area.bottom - 1))};
+  if (point == windows_.Input().pointer) return;
+  windows_.Input().pointer = point;
+  if (grab_.window) {
+    DragFrame();
+  } else {
+    SendPointer(PointerTarget(), kWmMouseMove);
+  }
+}
+
+void MemoryInput::Press(int button) {
+  const ButtonMessages* messages = MessagesOf(button);
+  if (!messages || IsDown(messages->key)) return;
+  const bool first = !AnyButton();
+  SetDown(messages->key, true);
+  const WindowHandle target = first ? PressTarget(messages->down) : PointerTarget();
+  if (!windows_.IsWindow(target)) {
+    last_press_.reset();
+    return;
+  }
+  if (!windows_.GetCapture()) windows_.SetCapture(target);
+  press_capture_ = true;
+  const bool second = IsSecondPress(button, target);
+  SendPointer(target, second ? messages->double_click : messages->down);
+}
+
+// Activates what is under the pointer. A null window when the press is for none of ours.
+WindowHandle MemoryInput::PressTarget(std::uint32_t message) {
+  const PointerHit hit = windows_.WindowAt(windows_.Input().pointer);
+  const WindowHandle capture = windows_.GetCapture();
+  bool wanted = true;
+  if (!hit.top_level) {
+    windows_.Deactivate();
+  } else if (!hit.disabled) {
+    wanted = windows_.ActivateByPress(hit.window ? hit.window : hit.top_level, hit.top_level, message);
+  }
+  if (!wanted) return {};
+  if (capture) return windows_.IsWindow(capture) ? capture : WindowHandle{};
+  if (!hit.window && !hit.disabled && message == kWmLButtonDown) PressFrame(hit);
+  return hit.window;
+}
+
+bool MemoryInput::IsSecondPress(int button, WindowHandle window) {
+  const PixelPoint at = windows_.Input().pointer;
+  const PressRecord press{button, window, at, clock_.GetTickCount()};
+  const bool second = last_press_ && last_press_->button == button && last_press_->window == window &&
+                      press.time - last_press_->time <= kDoubleClickMs &&
+                      std::abs(at.x - last_press_->at.x) <= kDoubleClickDistance &&
+                      std::abs(at.y - last_press_->at.y) <= kDoubleClickDistance;
+  if (second) {
+    last_press_.reset();
+  } else {
+    last_press_ = press;
+  }
+  return second;
+}
+
+void MemoryInput::Release(int button) {
+  const ButtonMessages* messages = MessagesOf(button);
+  if (!messages || !IsDown(messages->key)) return;
+  SetDown(messages->key, false);
+  if (grab_.window) {
+    if (button == kLeftButton) ReleaseFrame();
+    return;
+  }
+  const WindowHandle target = PointerTarget();
+  if (!AnyButton()) EndPressCapture();
+  SendPointer(target, messages->up);
+}
+
+// Whatever has the capture by now.
+void MemoryInput::EndPressCapture() {
+  if (!press_capture_) return;
+  press_capture_ = false;
+  if (windows_.GetCapture()) windows_.ReleaseCapture();
+}
+
+void MemoryInput::Wheel(int notches) {
+  const PixelPoint pointer = windows_.Input().pointer;
+  WindowHandle target = windows_.GetFocus();
+  if (!target) target = windows_.WindowAt(pointer).window;
+  const auto delta = static_cast<std::uint16_t>(notches * kWheelDelta);
+  windows_.SendMessageA(target, kWmMouseWheel, PointerBits() | WParam{delta} << 16, LParamOfPoint(pointer));
+}
+
+// --- Frames ----------------------------------------------------------------------------------
+
+bool MemoryInput::PressFrame(const PointerHit& hit) {
+  const PixelPoint pointer = windows_.Input().pointer;
+  const FramePart part = windows_.FrameAt(hit.top_level, pointer);
+  PixelRect rect;
+  if (part != FramePart::kCaption && part != FramePart::kCloseBox) return false;
+  if (!windows_.GetWindowRect(hit.top_level, rect)) return false;
+  grab_ = {hit.top_level, part, {pointer.x - rect.left, pointer.y - rect.top}};
+  return true;
+}
+
+void MemoryInput::DragFrame() {
+  if (grab_.part != FramePart::kCaption) return;
+  const PixelPoint pointer = windows_.Input().pointer;
+  const PixelPoint corner{pointer.x - grab_.offset.x, pointer.y - grab_.offset.y};
+  windows_.SetWindowPos(grab_.window, {}, {corner.x, corner.y, corner.x, corner.y},
+                        kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
+}
+
+void MemoryInput::ReleaseFrame() {
+  const FrameGrab grab = grab_;
+  grab_ = {};
+  const bool closes = grab.part == FramePart::kCloseBox &&
+                      windows_.FrameAt(grab.window, windows_.Input().pointer) == FramePart::kCloseBox;
+  if (closes) windows_.SendMessageA(grab.window, kWmClose, 0, 0);
+}
+
+// --- Keys ------------------------------------------------------------------------------------
+
+// The focus window; without one the active window gets every key as a system key.
+WindowHandle MemoryInput::KeyTarget(bool& system) const {
+  if (const WindowHandle focus = windows_.GetFocus()) return focus;
+  system = true;
+  return windows_.GetActiveWindow();
+}
+
+void MemoryInput::HoldShift(int shift) {
+  SetDown(kKeyShift, (shift & kShiftMask) != 0);
+  SetDown(kKeyControl, (shift & kCtrlMask) != 0);
+  SetDown(kKeyAlt, (shift & kAltMask) != 0);
+}
+
+LParam MemoryInput::KeyBits(bool was_down, bool up) const {
+  std::uint32_t bits = kOnce;
+  if (IsDown(kKeyAlt)) bits |= kAltContext;
+  if (was_down || up) bits |= kWasDown;
+  if (up) bits |= kGoesUp;
+  return static_cast<std::int32_t>(bits);
+}
+
+void MemoryInput::KeyDown(int code, int shift) { Stroke(code, shift, CharacterOfKey(code, shift)); }
+
+void MemoryInput::Stroke(int code, int shift, std::optional<char> character) {
+  const bool was_down = IsDown(code);
+  HoldShift(shift);
+  SetDown(code, true);
+  bool system = (IsDown(kKeyAlt) && !IsDown(kKeyControl)) || code == kKeyF10;
+  const WindowHandle target = KeyTarget(system);
+  const LParam bits = KeyBits(was_down, false);
+  windows_.SendMessageA(target, system ? kWmSysKeyDown : kWmKeyDown, static_cast<WParam>(code), bits);
+  if (!character) return;
+  windows_.SendMessageA(target, system ? kWmSysChar : kWmChar, static_cast<std::uint8_t>(*character), bits);
+}
+
+void MemoryInput::KeyUp(int code, int shift) {
+  HoldShift(shift);
+  SetDown(code, false);
+  bool system = ((IsDown(kKeyAlt) || code == kKeyAlt) && !IsDown(kKeyControl)) || code == kKeyF10;
+  const WindowHandle target = KeyTarget(system);
+  const LParam bits = KeyBits(true, true);
+  const Finally let_go([this] { HoldShift(0); });
+  windows_.SendMessageA(target, system ? kWmSysKeyUp : kWmKeyUp, static_cast<WParam>(code), bits);
+}
+
+void MemoryInput::Type(std::string_view utf8) {
+  for (const char byte : drawing_.ToCodePage(utf8)) {
+    const KeyStroke stroke = KeyOfCharacter(byte).value_or(KeyStroke{kKeyPacket, 0});
+    const Finally let_go([&] {
+      SetDown(stroke.code, false);
+      HoldShift(0);
+    });
+    Stroke(stroke.code, stroke.shift, byte == '\n' ? '\r' : byte);
+    KeyUp(stroke.code, stroke.shift);
+  }
+}
+
+}  // namespace levelwidgets::memory

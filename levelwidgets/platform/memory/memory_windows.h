@@ -1,0 +1,183 @@
+// The windows of the desktop in memory.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <levelwidgets/platform/memory/memory_clock.h>
+#include <levelwidgets/platform/memory/memory_drawing.h>
+#include <levelwidgets/platform/memory/window_frame.h>
+#include <levelwidgets/platform/memory/window_tree.h>
+#include <levelwidgets/platform/window.h>
+
+namespace levelwidgets::memory {
+
+// Makes what answers the messages of one window of a built-in class ("EDIT"). Texts in its messages are
+// bytes of the code page, ended by 0.
+using ClassFactory = std::function<std::unique_ptr<WindowClient>()>;
+
+// Where the pointer is and which keys (and buttons, by their key codes) are down.
+struct InputState {
+  PixelPoint pointer;
+  std::array<bool, 256> down{};
+};
+
+// Which window the pointer is over: the deepest enabled one, or none.
+struct PointerHit {
+  WindowHandle window;     // gets the pointer's messages; none over a frame or what is disabled
+  WindowHandle top_level;  // also when its frame is hit
+  bool disabled = false;   // the top-level window takes no input
+};
+
+// Beyond the promises of WindowApi:
+// - A child starts behind its siblings, a top-level window in front of its band; a window that is neither
+//   child nor popup gets a caption.
+// - kWmCreate comes with no parameters and refuses the window by -1; kWmSize and kWmMove follow it.
+// - Only what is shown and enabled takes the focus; hiding a focused child gives it to the parent,
+//   disabling it to nobody. When the active window goes, its owner or else the next one is activated.
+// - A window whose kWmPaint calls no BeginPaint counts as painted.
+// - The title of a plain window is kept as it is set; no message tells of it.
+class MemoryWindows final : public WindowApi {
+ public:
+  MemoryWindows(PixelSize screen, int dpi_x, int dpi_y, MemoryDrawing& drawing, MemoryClock& clock);
+  ~MemoryWindows() override;
+
+  // --- For the desktop -----------------------------------------------------------------------
+
+  WindowTree& Tree() { return tree_; }
+  InputState& Input() { return input_; }
+  // Who is handed to window procedures instead of this, when it stands behind another one.
+  void SetOutwardApi(WindowApi& api) { outward_ = &api; }
+  // The name counts without case.
+  void RegisterClass(std::string_view name, ClassFactory factory);
+
+  PointerHit WindowAt(PixelPoint screen);
+  FramePart FrameAt(WindowHandle top_level, PixelPoint screen);
+  // As a press does it: asks `hit` whether to activate its top-level window. False: no message for the
+  // press is wanted.
+  bool ActivateByPress(WindowHandle hit, WindowHandle top_level, std::uint32_t message);
+  // Another program is active.
+  void Deactivate() { Activate({}, false, true); }
+
+  // Does the paints that are pending, outer windows first; what they make invalid is left. Returns
+  // whether there was one.
+  bool PaintPending();
+  // What of the client area waits for its paint and can be seen, in client pixels.
+  Region PendingPaint(WindowHandle window);
+
+  // --- WindowApi -----------------------------------------------------------------------------
+
+  WindowHandle CreateWindowExA(const WindowRequest& request) override;
+  bool DestroyWindow(WindowHandle window) override;
+  bool IsWindow(WindowHandle window) override;
+
+  WindowHandle SetParent(WindowHandle window, WindowHandle parent) override;
+  WindowHandle GetParent(WindowHandle window) override;
+  bool SetWindowPos(WindowHandle window, WindowHandle insert_after, PixelRect place,
+                    std::uint32_t flags) override;
+  bool GetWindowRect(WindowHandle window, PixelRect& rect) override;
+  bool GetClientRect(WindowHandle window, PixelRect& rect) override;
+  bool ClientToScreen(WindowHandle window, PixelPoint& point) override;
+  bool ScreenToClient(WindowHandle window, PixelPoint& point) override;
+  PixelRect AdjustWindowRectEx(PixelRect client, std::uint32_t style, std::uint32_t ex_style) override;
+
+  std::intptr_t SetWindowLongA(WindowHandle window, int index, std::intptr_t value) override;
+  std::intptr_t GetWindowLongA(WindowHandle window, int index) override;
+  bool SetWindowTextA(WindowHandle window, std::string_view text) override;
+  std::string GetWindowTextA(WindowHandle window) override;
+
+  bool ShowWindow(WindowHandle window, int command) override;
+  bool IsWindowVisible(WindowHandle window) override;
+  bool EnableWindow(WindowHandle window, bool enable) override;
+  bool IsWindowEnabled(WindowHandle window) override;
+
+  WindowHandle SetFocus(WindowHandle window) override;
+  WindowHandle GetFocus() override { return focus_; }
+  WindowHandle SetActiveWindow(WindowHandle window) override;
+  WindowHandle GetActiveWindow() override { return active_; }
+
+  WindowHandle SetCapture(WindowHandle window) override;
+  bool ReleaseCapture() override;
+  WindowHandle GetCapture() override { return capture_; }
+  bool GetCursorPos(PixelPoint& point) override;
+  std::int16_t GetKeyState(int code) override;
+
+  LResult SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+  bool PostMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+  LResult CallWindowProcA(std::intptr_t previous, WindowHandle window, std::uint32_t message, WParam wparam,
+                          LParam lparam) override;
+  LResult DefWindowProcA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+
+  DcHandle GetDC(WindowHandle window) override;
+  bool ReleaseDC(WindowHandle window, DcHandle dc) override;
+  bool InvalidateRect(WindowHandle window) override;
+  bool UpdateWindow(WindowHandle window) override;
+  DcHandle BeginPaint(WindowHandle window) override;
+  bool EndPaint(WindowHandle window) override;
+
+ private:
+  // Life
+  bool Prepare(Window& window, const WindowRequest& request);
+  void SendCreated(WindowHandle window);
+  void DestroyOwned(WindowHandle owner);
+  void Retire(WindowHandle window);
+  void SendDestroy(WindowHandle window);
+  void Free(Window& window);
+
+  // Messages
+  LResult CallClient(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
+  LResult ForwardToParent(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam,
+                          LResult without_parent);
+  LResult StoredText(Window& window, WParam room, LParam buffer);
+
+  // Place
+  struct Before;
+  Before Remember(Window& window);
+  void Rearranged(Window& window, const Before& before, bool redraw);
+  void SetShown(Window& window, bool shown, bool redraw);
+  void SendMovedAndSized(WindowHandle window, const Before& before);
+  void PutAt(Window& window, WindowHandle insert_after);
+  void Raise(Window& window);
+  void StoreStyle(Window& window, std::uint32_t style);
+
+  // Focus
+  bool Activate(WindowHandle window, bool by_press, bool move_focus);
+  void ChangeFocus(WindowHandle window);
+  void LeaveHidden(WindowHandle window);
+  WindowHandle NextActive(const Window& leaving);
+  static bool TakesFocus(const Window& window);
+  void ReleaseCaptureInside(Window& window);
+
+  // Painting
+  void Invalidate(Window& window, Region area, bool children);
+  void InvalidateChildren(Window& window, const Region& area, const Window* except);
+  void InvalidateWithChildren(Window& window);
+  void InvalidateBehind(Window& window, const Region& uncovered);
+  void InvalidateFrame(Window& window);
+  void QueuePaint(Window& window);
+  bool Paint(WindowHandle window);
+  void PaintWithChildren(WindowHandle window);
+
+  MemoryDrawing& drawing_;
+  MemoryClock& clock_;
+  WindowFrame frame_;
+  WindowTree tree_;
+  WindowApi* outward_ = this;
+  std::map<std::string, ClassFactory> classes_;  // by name in upper case
+  InputState input_;
+
+  WindowHandle focus_;
+  WindowHandle active_;
+  WindowHandle capture_;
+
+  std::vector<WindowHandle> to_paint_;
+  // Parts of freed windows, kept until no message is being handled: one may be handling its own end.
+  std::vector<std::unique_ptr<WindowClient>> retired_;
+  int messages_in_progress_ = 0;
+};
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,202 @@
+// Focus, activation, capture and what input looks like from a window.
+#include <levelwidgets/platform/memory/memory_windows.h>
+
+#include <algorithm>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+constexpr WParam kWaInactive = 0;
+constexpr WParam kWaActive = 1;
+constexpr WParam kWaClickActive = 2;
+
+// WM_MOUSEACTIVATE's answers; anything else activates.
+constexpr LResult kMaActivateAndEat = 2;
+constexpr LResult kMaNoActivate = 3;
+constexpr LResult kMaNoActivateAndEat = 4;
+constexpr LParam kHtClient = 1;
+
+constexpr std::int16_t kKeyIsDown = -128;
+
+}  // namespace
+
+// --- Enabling --------------------------------------------------------------------------------
+
+bool MemoryWindows::IsWindowEnabled(WindowHandle window) {
+  const Window* found = tree_.Find(window);
+  return found && !found->Disabled();
+}
+
+bool MemoryWindows::EnableWindow(WindowHandle window, bool enable) {
+  Window* found = tree_.Find(window);
+  if (!found) return false;
+  const bool was_disabled = found->Disabled();
+  if (was_disabled != enable) return was_disabled;
+  if (!enable && capture_ == window) ReleaseCapture();
+  found = tree_.Find(window);
+  if (!found) return was_disabled;
+  found->style = enable ? found->style & ~kWsDisabled : found->style | kWsDisabled;
+  if (!enable && focus_ == window) ChangeFocus({});
+  SendMessageA(window, kWmEnable, enable ? 1 : 0, 0);
+  return was_disabled;
+}
+
+// --- Focus -----------------------------------------------------------------------------------
+
+bool MemoryWindows::TakesFocus(const Window& window) {
+  return !window.destroying && WindowTree::IsVisible(window) && WindowTree::IsEnabled(window);
+}
+
+WindowHandle MemoryWindows::SetFocus(WindowHandle window) {
+  const WindowHandle former = focus_;
+  if (!window) {
+    ChangeFocus({});
+    return former;
+  }
+  Window* found = tree_.Find(window);
+  if (!found || !TakesFocus(*found)) return {};
+  if (former == window) return former;
+  if (!Activate(tree_.Root(*found).handle, false, false)) return {};
+  found = tree_.Find(window);
+  if (!found || !TakesFocus(*found)) return {};
+  ChangeFocus(window);
+  return former;
+}
+
+void MemoryWindows::ChangeFocus(WindowHandle window) {
+  const WindowHandle former = focus_;
+  if (former == window) return;
+  focus_ = window;
+  if (former) SendMessageA(former, kWmKillFocus, window.value, 0);
+  if (window && focus_ == window) SendMessageA(window, kWmSetFocus, former.value, 0);
+}
+
+// --- Activation ------------------------------------------------------------------------------
+
+WindowHandle MemoryWindows::SetActiveWindow(WindowHandle window) {
+  const WindowHandle former = active_;
+  const Window* found = tree_.Find(window);
+  if (window && (!found || !tree_.IsTopLevel(*found))) return {};
+  return Activate(window, false, true) ? former : WindowHandle{};
+}
+
+// A null window leaves none of ours active. False when the window cannot become active, or a handler
+// has turned it elsewhere.
+bool MemoryWindows::Activate(WindowHandle window, bool by_press, bool move_focus) {
+  Window* found = tree_.Find(window);
+  if (window && (!found || !TakesFocus(*found))) return false;
+  if (window) Raise(*found);
+  const WindowHandle former = active_;
+  if (former != window) {
+    active_ = window;
+    if (Window* old = tree_.Find(former)) {
+      InvalidateFrame(*old);
+      SendMessageA(former, kWmActivate, kWaInactive, static_cast<LParam>(window.value));
+    }
+    if (active_ != window) return false;
+    if ((found = tree_.Find(window))) {
+      InvalidateFrame(*found);
+      SendMessageA(window, kWmActivate, by_press ? kWaClickActive : kWaActive,
+                   static_cast<LParam>(former.value));
+    }
+    if (active_ != window) return false;
+  }
+  found = tree_.Find(window);
+  const Window* focused = tree_.Find(focus_);
+  const bool focus_is_inside = found && focused && WindowTree::IsInside(*focused, *found);
+  if (move_focus && former != window && !focus_is_inside) ChangeFocus(window);
+  return true;
+}
+
+// Moves focus and activation away from a window that has just been hidden.
+void MemoryWindows::LeaveHidden(WindowHandle window) {
+  const Window* hidden = tree_.Find(window);
+  if (!hidden) return;
+  if (active_ == window) {
+    Activate(NextActive(*hidden), false, true);
+    return;
+  }
+  const Window* focused = tree_.Find(focus_);
+  if (!focused || !WindowTree::IsInside(*focused, *hidden)) return;
+  const Window* parent = hidden->parent;
+  ChangeFocus(TakesFocus(*parent) ? parent->handle : WindowHandle{});
+}
+
+WindowHandle MemoryWindows::NextActive(const Window& leaving) {
+  if (leaving.owner && TakesFocus(*leaving.owner)) return leaving.owner->handle;
+  for (const Window* window : tree_.Desktop().children) {
+    if (window != &leaving && TakesFocus(*window)) return window->handle;
+  }
+  return {};
+}
+
+bool MemoryWindows::ActivateByPress(WindowHandle hit, WindowHandle top_level, std::uint32_t message) {
+  const LParam what = kHtClient | static_cast<LParam>(message) << 16;
+  const LResult answer = SendMessageA(hit, kWmMouseActivate, top_level.value, what);
+  if (answer != kMaNoActivate && answer != kMaNoActivateAndEat) Activate(top_level, true, true);
+  return answer != kMaActivateAndEat && answer != kMaNoActivateAndEat;
+}
+
+// --- Capture ---------------------------------------------------------------------------------
+
+WindowHandle MemoryWindows::SetCapture(WindowHandle window) {
+  if (window && !tree_.Find(window)) return {};
+  const WindowHandle former = capture_;
+  capture_ = window;
+  if (former && former != window) {
+    SendMessageA(former, kWmCaptureChanged, 0, static_cast<LParam>(window.value));
+  }
+  return former;
+}
+
+bool MemoryWindows::ReleaseCapture() {
+  SetCapture({});
+  return true;
+}
+
+void MemoryWindows::ReleaseCaptureInside(Window& window) {
+  const Window* holder = tree_.Find(capture_);
+  if (holder && WindowTree::IsInside(*holder, window)) ReleaseCapture();
+}
+
+// --- Input -----------------------------------------------------------------------------------
+
+bool MemoryWindows::GetCursorPos(PixelPoint& point) {
+  point = input_.pointer;
+  return true;
+}
+
+std::int16_t MemoryWindows::GetKeyState(int code) {
+  if (code < 0 || code >= std::ssize(input_.down)) return 0;
+  return input_.down[static_cast<std::size_t>(code)] ? kKeyIsDown : std::int16_t{0};
+}
+
+PointerHit MemoryWindows::WindowAt(PixelPoint screen) {
+  const auto contains = [&](const Window* w) {
+    return w->Shown() && WindowTree::OuterRect(*w).Contains(screen);
+  };
+  const auto& windows = tree_.Desktop().children;
+  const auto top = std::find_if(windows.begin(), windows.end(), contains);
+  if (top == windows.end()) return {};
+  PointerHit hit{{}, (*top)->handle, (*top)->Disabled()};
+  const Window* at = *top;
+  while (!hit.disabled) {
+    const PixelRect outer = WindowTree::OuterRect(*at);
+    if (frame_.HitTest(*at, {screen.x - outer.left, screen.y - outer.top}) != FramePart::kNone) return hit;
+    const auto child = std::find_if(at->children.begin(), at->children.end(), contains);
+    hit.window = at->handle;
+    if (child == at->children.end() || (*child)->Disabled()) return hit;
+    at = *child;
+    hit.window = {};
+  }
+  return hit;
+}
+
+FramePart MemoryWindows::FrameAt(WindowHandle top_level, PixelPoint screen) {
+  const Window* found = tree_.Find(top_level);
+  if (!found) return FramePart::kNone;
+  return frame_.HitTest(*found, {screen.x - found->rect.left, screen.y - found->rect.top});
+}
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,249 @@
+// Place, order, parents and visibility of windows.
+#include <levelwidgets/platform/memory/memory_windows.h>
+
+#include <algorithm>
+#include <ranges>
+
+namespace levelwidgets::memory {
+
+// What a window was before a change of its place, order or visibility.
+struct MemoryWindows::Before {
+  Region visible;  // of the outer rectangle, in the store of `root`
+  PixelRect rect;
+  PixelPoint client_corner;  // in the parent's client pixels
+  PixelSize client_size;
+  bool shown = false;
+};
+
+namespace {
+
+PixelPoint ClientCorner(const Window& window) {
+  return {window.rect.left + window.frame.left, window.rect.top + window.frame.top};
+}
+
+bool IsSpecialPlace(std::uint32_t insert_after) {
+  return insert_after == kHwndTop || insert_after == kHwndBottom || insert_after == kHwndTopMost ||
+         insert_after == kHwndNoTopMost;
+}
+
+PixelRect PlacedRect(const PixelRect& old, const PixelRect& place, std::uint32_t flags) {
+  const bool move = (flags & kSwpNoMove) == 0;
+  const bool size = (flags & kSwpNoSize) == 0;
+  PixelRect rect;
+  rect.left = move ? place.left : old.left;
+  rect.top = move ? place.top : old.top;
+  rect.right = rect.left + std::max(0, size ? place.width() : old.width());
+  rect.bottom = rect.top + std::max(0, size ? place.height() : old.height());
+  return rect;
+}
+
+}  // namespace
+
+MemoryWindows::Before MemoryWindows::Remember(Window& window) {
+  return {tree_.VisibleOuter(window), window.rect, ClientCorner(window), WindowTree::ClientSize(window),
+          window.Shown()};
+}
+
+// Invalidates what a change has brought to light.
+void MemoryWindows::Rearranged(Window& window, const Before& before, bool redraw) {
+  tree_.Changed(window);
+  if (!redraw) return;
+  const Region after = tree_.VisibleOuter(window);
+  const bool top_level = tree_.IsTopLevel(window);
+  if (!top_level) InvalidateBehind(window, Difference(before.visible, after));
+  if (!window.Shown()) return;
+  const bool moved = !top_level && before.rect != window.rect;
+  const bool resized = before.client_size != WindowTree::ClientSize(window) ||
+                       before.rect.width() != window.rect.width() ||
+                       before.rect.height() != window.rect.height();
+  if (moved || resized || !before.shown) {
+    InvalidateWithChildren(window);
+  } else if (Region more = Difference(after, before.visible); !more.Empty()) {
+    const PixelPoint origin = tree_.StoreOrigin(window);
+    more.Offset(-origin.x, -origin.y);
+    Invalidate(window, std::move(more), true);
+    InvalidateFrame(window);
+  }
+}
+
+void MemoryWindows::SetShown(Window& window, bool shown, bool redraw) {
+  if (window.Shown() == shown) return;
+  const Before before = Remember(window);
+  window.style = shown ? window.style | kWsVisible : window.style & ~kWsVisible;
+  if (shown) window.frame = frame_.Widths(window.style);
+  Rearranged(window, before, redraw);
+}
+
+void MemoryWindows::SendMovedAndSized(WindowHandle window, const Before& before) {
+  if (const Window* found = tree_.Find(window)) {
+    const PixelPoint corner = ClientCorner(*found);
+    if (corner != before.client_corner) SendMessageA(window, kWmMove, 0, LParamOfPoint(corner));
+  }
+  if (const Window* found = tree_.Find(window)) {
+    const PixelSize size = WindowTree::ClientSize(*found);
+    if (size != before.client_size) {
+      SendMessageA(window, kWmSize, 0, LParamOfPoint({size.width, size.height}));
+    }
+  }
+}
+
+// --- Order -----------------------------------------------------------------------------------
+
+void MemoryWindows::PutAt(Window& window, WindowHandle insert_after) {
+  const bool top_level = tree_.IsTopLevel(window);
+  if (top_level && insert_after.value == kHwndTopMost) window.ex_style |= kWsExTopMost;
+  if (top_level && (insert_after.value == kHwndNoTopMost || insert_after.value == kHwndBottom)) {
+    window.ex_style &= ~kWsExTopMost;
+  }
+  switch (insert_after.value) {
+    case kHwndTop:
+    case kHwndTopMost:
+    case kHwndNoTopMost: Raise(window); return;
+    case kHwndBottom: tree_.PutBehind(window); return;
+    default: break;
+  }
+  Window* sibling = tree_.Find(insert_after);
+  if (sibling && sibling != &window && sibling->parent == window.parent) tree_.PutAfter(window, *sibling);
+}
+
+// In front of its siblings, the windows that it owns staying in front of it.
+void MemoryWindows::Raise(Window& window) {
+  tree_.PutInFront(window);
+  if (!tree_.IsTopLevel(window)) return;
+  const std::vector<Window*> windows = tree_.Desktop().children;
+  for (Window* other : std::views::reverse(windows)) {
+    if (other->owner == &window) Raise(*other);
+  }
+}
+
+bool MemoryWindows::SetWindowPos(WindowHandle window, WindowHandle insert_after, PixelRect place,
+                                 std::uint32_t flags) {
+  Window* found = tree_.Find(window);
+  if (!found) return false;
+  const bool ordered = (flags & kSwpNoZOrder) == 0;
+  if (ordered && !IsSpecialPlace(insert_after.value) && !tree_.Find(insert_after)) return false;
+  const Before before = Remember(*found);
+  found->rect = PlacedRect(found->rect, place, flags);
+  if (found->rect != before.rect || (flags & kSwpFrameChanged) != 0) {
+    found->frame = frame_.Widths(found->style);
+  }
+  if (ordered) PutAt(*found, insert_after);
+  if ((flags & kSwpShowWindow) != 0) {
+    found->style |= kWsVisible;
+    found->frame = frame_.Widths(found->style);
+  }
+  if ((flags & kSwpHideWindow) != 0) found->style &= ~kWsVisible;
+  Rearranged(*found, before, (flags & kSwpNoRedraw) == 0);
+  if ((flags & kSwpFrameChanged) != 0) InvalidateFrame(*found);
+
+  SendMovedAndSized(window, before);
+  if ((flags & kSwpHideWindow) != 0) LeaveHidden(window);
+  found = tree_.Find(window);
+  if (found && (flags & (kSwpNoActivate | kSwpHideWindow)) == 0 && tree_.IsTopLevel(*found)) {
+    Activate(window, false, true);
+  }
+  return true;
+}
+
+// --- Parents ---------------------------------------------------------------------------------
+
+WindowHandle MemoryWindows::GetParent(WindowHandle window) {
+  const Window* found = tree_.Find(window);
+  if (!found) return {};
+  if (!tree_.IsTopLevel(*found)) return found->parent->handle;
+  return found->owner && (found->style & kWsPopup) != 0 ? found->owner->handle : WindowHandle{};
+}
+
+// Hidden, moved over and shown again, its numbers kept: they now mean pixels of the new parent.
+WindowHandle MemoryWindows::SetParent(WindowHandle window, WindowHandle parent) {
+  const bool shown = tree_.Find(window) && tree_.Find(window)->Shown();
+  if (shown) ShowWindow(window, kSwHide);
+  Window* found = tree_.Find(window);
+  Window* target = parent ? tree_.Find(parent) : &tree_.Desktop();
+  WindowHandle former;
+  if (found && target && !target->destroying && !WindowTree::IsInside(*target, *found)) {
+    former = found->parent->handle;
+    const Before before = Remember(*found);
+    tree_.Reparent(*found, *target);
+    found->frame = frame_.Widths(found->style);
+    tree_.Changed(*found);
+    SendMovedAndSized(window, before);
+  }
+  if (shown) ShowWindow(window, kSwShow);
+  return former;
+}
+
+// --- Rectangles ------------------------------------------------------------------------------
+
+bool MemoryWindows::GetWindowRect(WindowHandle window, PixelRect& rect) {
+  const Window* found = tree_.Find(window);
+  if (found) rect = WindowTree::OuterRect(*found);
+  return found != nullptr;
+}
+
+bool MemoryWindows::GetClientRect(WindowHandle window, PixelRect& rect) {
+  const Window* found = tree_.Find(window);
+  if (!found) return false;
+  const PixelSize size = WindowTree::ClientSize(*found);
+  rect = {0, 0, size.width, size.height};
+  return true;
+}
+
+bool MemoryWindows::ClientToScreen(WindowHandle window, PixelPoint& point) {
+  const Window* found = tree_.Find(window);
+  if (!found) return false;
+  const PixelPoint origin = WindowTree::ClientOrigin(*found);
+  point = {point.x + origin.x, point.y + origin.y};
+  return true;
+}
+
+bool MemoryWindows::ScreenToClient(WindowHandle window, PixelPoint& point) {
+  const Window* found = tree_.Find(window);
+  if (!found) return false;
+  const PixelPoint origin = WindowTree::ClientOrigin(*found);
+  point = {point.x - origin.x, point.y - origin.y};
+  return true;
+}
+
+PixelRect MemoryWindows::AdjustWindowRectEx(PixelRect client, std::uint32_t style, std::uint32_t) {
+  const FrameWidths frame = frame_.Widths(CompletedStyle(style));
+  return {client.left - frame.left, client.top - frame.top, client.right + frame.right,
+          client.bottom + frame.bottom};
+}
+
+// --- Visibility ------------------------------------------------------------------------------
+
+// The bit that shows a window is one of its styles; what changes with it is invalidated, without a
+// message.
+void MemoryWindows::StoreStyle(Window& window, std::uint32_t style) {
+  const Before before = Remember(window);
+  window.style = style;
+  Rearranged(window, before, true);
+}
+
+bool MemoryWindows::ShowWindow(WindowHandle window, int command) {
+  Window* found = tree_.Find(window);
+  if (!found) return false;
+  const bool was_shown = found->Shown();
+  const bool show = command != kSwHide;
+  if (!show && !was_shown) return false;
+  if (show != was_shown) SendMessageA(window, kWmShowWindow, show ? 1 : 0, 0);
+  found = tree_.Find(window);
+  if (!found) return was_shown;
+  const Before before = Remember(*found);
+  SetShown(*found, show, true);
+  SendMovedAndSized(window, before);
+  if (!show) {
+    LeaveHidden(window);
+  } else if ((found = tree_.Find(window)) && command != kSwShowNoActivate && tree_.IsTopLevel(*found)) {
+    Activate(window, false, true);
+  }
+  return was_shown;
+}
+
+bool MemoryWindows::IsWindowVisible(WindowHandle window) {
+  const Window* found = tree_.Find(window);
+  return found && WindowTree::IsVisible(*found);
+}
+
+}  // namespace levelwidgets::memory

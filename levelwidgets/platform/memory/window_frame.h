@@ -1,0 +1,40 @@
+// The frame that the desktop in memory puts around windows: a caption with title and close box, or a
+// one-pixel border.
+#pragma once
+
+#include <levelwidgets/platform/memory/memory_drawing.h>
+#include <levelwidgets/platform/memory/window_tree.h>
+
+namespace levelwidgets::memory {
+
+enum class FramePart { kNone, kBorder, kCaption, kCloseBox };
+
+// The styles that a window is created with: one that is neither child nor popup has a caption, and
+// whatever is no child is clipped by its neighbours.
+std::uint32_t CompletedStyle(std::uint32_t style);
+
+class WindowFrame {
+ public:
+  WindowFrame(MemoryDrawing& drawing, int dpi_x, int dpi_y);
+
+  // What a caption or border of `style` takes; whole pixels of the screen's resolution.
+  FrameWidths Widths(std::uint32_t style) const;
+  // `point` is relative to the window's outer corner; kNone is the client area.
+  FramePart HitTest(const Window& window, PixelPoint point) const;
+  // Draws all of it into the window's store.
+  void Draw(WindowTree& tree, Window& window, bool active);
+
+ private:
+  PixelRect Caption(const Window& window) const;
+  PixelRect CloseBox(const Window& window) const;
+  void Fill(DcHandle dc, const PixelRect& rect, int system_color);
+  void DrawBorder(DcHandle dc, const Window& window);
+  void DrawCaption(DcHandle dc, const Window& window, bool active);
+  void DrawCloseBox(DcHandle dc, const PixelRect& box, ColorRef color);
+
+  MemoryDrawing& drawing_;
+  int caption_height_;
+  int close_box_width_;
+};
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,155 @@
+// The windows of the desktop in memory: who is inside whom, in which order, and what of each can be
+// seen. Knows neither messages nor input.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <levelwidgets/platform/memory/region.h>
+#include <levelwidgets/platform/memory/target.h>
+#include <levelwidgets/platform/window.h>
+
+namespace levelwidgets::memory {
+
+class WindowTree;
+
+// Widths of what surrounds a window's client area.
+struct FrameWidths {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+
+  bool None() const { return left == 0 && top == 0 && right == 0 && bottom == 0; }
+  friend bool operator==(const FrameWidths&, const FrameWidths&) = default;
+};
+
+struct Window final : TargetSource {
+  explicit Window(WindowTree& owner_tree) : tree(&owner_tree) {}
+  const DrawingTarget& Target() override;
+
+  bool Has(std::uint32_t bits) const { return (style & bits) == bits; }
+  bool Shown() const { return Has(kWsVisible); }  // itself, whatever its ancestors are
+  bool Disabled() const { return Has(kWsDisabled); }
+  bool TopMost() const { return (ex_style & kWsExTopMost) != 0; }
+
+  WindowTree* tree;
+  WindowHandle handle;
+  Window* parent = nullptr;       // the desktop for a top-level window
+  Window* owner = nullptr;        // only of a top-level window
+  std::vector<Window*> children;  // front to back
+
+  PixelRect rect;  // outer rectangle in the parent's client pixels
+  FrameWidths frame;
+  std::uint32_t style = 0;
+  std::uint32_t ex_style = 0;
+  std::string title;  // UTF-8
+
+  WindowClient* client = nullptr;
+  WindowProc proc = nullptr;                 // replaces `client` when set
+  std::unique_ptr<WindowClient> class_part;  // `client` of a window of a built-in class
+  std::intptr_t user_data = 0;
+  DcHandle dc;
+
+  Region invalid;                       // client pixels
+  std::unique_ptr<Region> paint_limit;  // client pixels, between BeginPaint and EndPaint
+  bool frame_invalid = false;
+  bool queued_for_paint = false;
+  bool paint_unanswered = false;  // kWmPaint was sent and BeginPaint has not been called
+  bool destroying = false;
+
+  // Kept until the tree changes: what can be seen, in pixels of the top-level window's store.
+  Region visible;
+  Region drawable;  // `visible` within `paint_limit`
+  DrawingTarget target;
+  std::uint64_t seen_at = 0;
+
+  // Of a top-level window: its pixels, while it is shown, and the time of its tree's last change.
+  std::unique_ptr<PixelStore> store;
+  std::uint64_t changed_at = 0;
+};
+
+class WindowTree {
+ public:
+  explicit WindowTree(PixelSize screen);
+  WindowTree(const WindowTree&) = delete;
+  WindowTree& operator=(const WindowTree&) = delete;
+
+  // --- Life ----------------------------------------------------------------------------------
+
+  // Null for a window that does not exist (any more).
+  Window* Find(WindowHandle handle);
+  // A hidden window behind its siblings, or in front of them for a top-level one.
+  Window& Create(Window& parent);
+  // Frees `window` and everything inside it.
+  void Remove(Window& window);
+  std::size_t Count() const { return count_; }
+
+  // --- Structure -----------------------------------------------------------------------------
+
+  Window& Desktop() { return desktop_; }
+  bool IsTopLevel(const Window& window) const { return window.parent == &desktop_; }
+  Window& Root(Window& window);
+  // Whether `window` is `ancestor` or inside it.
+  static bool IsInside(const Window& window, const Window& ancestor);
+  static int Depth(const Window& window);
+  // Shown itself and with all its ancestors.
+  static bool IsVisible(const Window& window);
+  // Itself and all its ancestors.
+  static bool IsEnabled(const Window& window);
+
+  void Reparent(Window& window, Window& parent);
+  // In front of all siblings or behind them, within the band of top-most or other top-level windows.
+  void PutInFront(Window& window);
+  void PutBehind(Window& window);
+  // Directly behind `sibling`, unless the bands forbid it.
+  void PutAfter(Window& window, Window& sibling);
+
+  // --- Geometry ------------------------------------------------------------------------------
+
+  static PixelSize ClientSize(const Window& window);
+  // The client area's corner in screen pixels.
+  static PixelPoint ClientOrigin(const Window& window);
+  static PixelRect OuterRect(const Window& window);  // screen pixels
+  // The client area's corner in the store of the top-level window.
+  PixelPoint StoreOrigin(Window& window);
+
+  // --- What can be seen ----------------------------------------------------------------------
+
+  // To be called after every change of place, order, style, visibility or frame, and of `paint_limit`:
+  // forgets what was known of the whole top-level window's tree, and fits its store.
+  void Changed(Window& window);
+  // Of the client area, in store pixels: without what covers it.
+  const Region& Visible(Window& window);
+  // Of the outer rectangle, in store pixels: without the siblings in front, whether or not the style
+  // lets them clip.
+  Region VisibleOuter(Window& window);
+  const DrawingTarget& Target(Window& window);
+
+ private:
+  struct Slot {
+    std::unique_ptr<Window> window;
+    std::uint32_t generation = 1;
+  };
+
+  void Unlink(Window& window);
+  void Insert(Window& window, std::size_t position);
+  std::size_t TopMostCount() const;
+  std::size_t FirstOfBand(const Window& window) const;
+  std::size_t EndOfBand(const Window& window) const;
+  void FitStore(Window& root);
+  void Refresh(Window& window);
+  Region Uncovered(Window& window, const PixelRect& part, bool by_style);
+  void SubtractSiblingsAbove(Window& window, Region& region);
+  void SubtractChildren(Window& window, Region& region);
+
+  Window desktop_;
+  std::vector<Slot> slots_;
+  std::vector<std::uint32_t> free_slots_;
+  std::size_t count_ = 0;
+  std::uint64_t changes_ = 0;
+};
+
+}  // namespace levelwidgets::memory
