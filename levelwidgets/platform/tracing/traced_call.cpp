@@ -5,15 +5,9 @@
 namespace levelwidgets {
 namespace {
 
-void Write(std::ostream& out, std::int64_t number) {
-  out << number;
-}
-void Write(std::ostream& out, double number) {
-  out << number;
-}
-void Write(std::ostream& out, const std::string& text) {
-  out << '"' << text << '"';
-}
+void Write(std::ostream& out, std::int64_t number) { out << number; }
+void Write(std::ostream& out, double number) { out << number; }
+void Write(std::ostream& out, const std::string& text) { out << '"' << text << '"'; }
 
 }  // namespace
 

@@ -21,34 +21,18 @@ struct TracingPlatform::Parts {
 TracingPlatform::TracingPlatform(Platform& target) : parts_(std::make_unique<Parts>(target)) {}
 TracingPlatform::~TracingPlatform() = default;
 
-void TracingPlatform::Start() {
-  parts_->log.active = true;
-}
-void TracingPlatform::Stop() {
-  parts_->log.active = false;
-}
-bool TracingPlatform::active() const {
-  return parts_->log.active;
-}
+void TracingPlatform::Start() { parts_->log.active = true; }
+void TracingPlatform::Stop() { parts_->log.active = false; }
+bool TracingPlatform::active() const { return parts_->log.active; }
 void TracingPlatform::Note(std::string name, std::vector<TraceArgument> arguments) {
   parts_->log.Add({std::move(name), std::move(arguments)});
 }
 
-std::vector<TracedCall> TracingPlatform::TakeCalls() {
-  return parts_->log.Take();
-}
+std::vector<TracedCall> TracingPlatform::TakeCalls() { return parts_->log.Take(); }
 
-DrawingApi& TracingPlatform::Drawing() {
-  return *parts_->drawing;
-}
-WindowApi& TracingPlatform::Windows() {
-  return *parts_->windows;
-}
-ClockApi& TracingPlatform::Clock() {
-  return *parts_->clock;
-}
-ScreenApi& TracingPlatform::Screen() {
-  return *parts_->screen;
-}
+DrawingApi& TracingPlatform::Drawing() { return *parts_->drawing; }
+WindowApi& TracingPlatform::Windows() { return *parts_->windows; }
+ClockApi& TracingPlatform::Clock() { return *parts_->clock; }
+ScreenApi& TracingPlatform::Screen() { return *parts_->screen; }
 
 }  // namespace levelwidgets
