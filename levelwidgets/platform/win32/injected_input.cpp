@@ -27,9 +27,7 @@ void SendKey(int code, int scan_code, DWORD flags) {
 }
 
 // The smallest of the 65536 steps across the screen that falls on `pixel`.
-int ToStep(int pixel, int screen_extent) {
-  return (pixel * 65536 + screen_extent - 1) / screen_extent;
-}
+int ToStep(int pixel, int screen_extent) { return (pixel * 65536 + screen_extent - 1) / screen_extent; }
 
 }  // namespace
 
@@ -47,9 +45,7 @@ void InjectButton(int button, bool down) {
   }
 }
 
-void InjectWheel(int notches) {
-  SendMouse(MOUSEEVENTF_WHEEL, {}, static_cast<DWORD>(notches * WHEEL_DELTA));
-}
+void InjectWheel(int notches) { SendMouse(MOUSEEVENTF_WHEEL, {}, static_cast<DWORD>(notches * WHEEL_DELTA)); }
 
 void InjectKey(int code, bool down) {
   const auto scan_code = static_cast<int>(::MapVirtualKeyA(static_cast<UINT>(code), MAPVK_VK_TO_VSC));

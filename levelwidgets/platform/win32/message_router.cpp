@@ -15,9 +15,7 @@ constexpr char kPlainClass[] = "LevelWidgetsPlain";
 constexpr std::uint32_t kPlainStyle = CS_OWNDC | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
 constexpr WParam kAnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON;
 
-HWND ToHwnd(WindowHandle window) {
-  return ToNative<HWND>(window);
-}
+HWND ToHwnd(WindowHandle window) { return ToNative<HWND>(window); }
 
 bool IsPress(std::uint32_t message) {
   return message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN ||

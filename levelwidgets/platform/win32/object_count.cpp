@@ -16,12 +16,13 @@ namespace {
 struct TableEntry {
   std::uint64_t object;
   std::uint32_t owner;
-  std::uint16_t unique;
+  std::uint8_t kind;  // the part of the handle that says what it is of
+  std::uint8_t generation;
   std::uint8_t type;
   std::uint8_t flags;
   std::uint64_t user_pointer;
 };
-static_assert(sizeof(TableEntry) == 24 && offsetof(TableEntry, type) == 14);
+static_assert(sizeof(TableEntry) == 24 && offsetof(TableEntry, kind) == 12);
 
 constexpr std::size_t kTableEntries = 65536;
 
@@ -34,8 +35,10 @@ std::span<const TableEntry> HandleTable() {
 
 // Contexts of windows and regions are left out: the window manager makes and keeps them as it likes.
 bool IsCounted(const TableEntry& entry) {
-  switch (entry.type) {
-    case 0x05:  // bitmap
+  constexpr std::uint8_t kKindBits = 0x7F;
+  if (entry.type == 0) return false;
+  switch (entry.kind & kKindBits) {
+    case 0x09:  // bitmap
     case 0x0A:  // font
     case 0x10:  // brush
     case 0x30:  // pen

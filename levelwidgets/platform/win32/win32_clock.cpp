@@ -38,9 +38,7 @@ struct Win32Clock::Receiver {
 
 Win32Clock::Win32Clock(ExceptionRelay& relay) : relay_(relay), receiver_(Receiver::Create(this)) {}
 
-Win32Clock::~Win32Clock() {
-  ::DestroyWindow(static_cast<HWND>(receiver_));
-}
+Win32Clock::~Win32Clock() { ::DestroyWindow(static_cast<HWND>(receiver_)); }
 
 TimerHandle Win32Clock::SetTimer(std::uint32_t interval_ms, std::function<void()> tick) {
   const TimerHandle timer{++last_timer_};
@@ -53,9 +51,7 @@ bool Win32Clock::KillTimer(TimerHandle timer) {
   return timers_.erase(timer) > 0 && ::KillTimer(static_cast<HWND>(receiver_), timer.value) != FALSE;
 }
 
-std::uint64_t Win32Clock::GetTickCount() {
-  return ::GetTickCount64();
-}
+std::uint64_t Win32Clock::GetTickCount() { return ::GetTickCount64(); }
 
 Date Win32Clock::Now() {
   SYSTEMTIME local = {};
@@ -79,9 +75,7 @@ int Win32Clock::Run() {
   return static_cast<int>(message.wParam);
 }
 
-void Win32Clock::Quit(int status) {
-  ::PostQuitMessage(status);
-}
+void Win32Clock::Quit(int status) { ::PostQuitMessage(status); }
 
 void Win32Clock::DoEvents() {
   MSG message = {};

@@ -10,15 +10,9 @@
 namespace levelwidgets::win32 {
 namespace {
 
-HDC Native(DcHandle dc) {
-  return ToNative<HDC>(dc);
-}
-HGDIOBJ Native(ObjectHandle object) {
-  return ToNative<HGDIOBJ>(object);
-}
-ObjectHandle Object(void* native) {
-  return FromNative<ObjectHandle>(native);
-}
+HDC Native(DcHandle dc) { return ToNative<HDC>(dc); }
+HGDIOBJ Native(ObjectHandle object) { return ToNative<HGDIOBJ>(object); }
+ObjectHandle Object(void* native) { return FromNative<ObjectHandle>(native); }
 
 }  // namespace
 
@@ -82,29 +76,21 @@ ObjectHandle Win32Drawing::CreateCompatibleBitmap(DcHandle dc, PixelSize size) {
   return Object(::CreateCompatibleBitmap(Native(dc), size.width, size.height));
 }
 
-ObjectHandle Win32Drawing::GetStockObject(int index) {
-  return Object(::GetStockObject(index));
-}
+ObjectHandle Win32Drawing::GetStockObject(int index) { return Object(::GetStockObject(index)); }
 
 ObjectHandle Win32Drawing::SelectObject(DcHandle dc, ObjectHandle object) {
   return Object(::SelectObject(Native(dc), Native(object)));
 }
 
-bool Win32Drawing::DeleteObject(ObjectHandle object) {
-  return ::DeleteObject(Native(object)) != FALSE;
-}
+bool Win32Drawing::DeleteObject(ObjectHandle object) { return ::DeleteObject(Native(object)) != FALSE; }
 
 DcHandle Win32Drawing::CreateCompatibleDC(DcHandle dc) {
   return FromNative<DcHandle>(::CreateCompatibleDC(Native(dc)));
 }
 
-bool Win32Drawing::DeleteDC(DcHandle dc) {
-  return ::DeleteDC(Native(dc)) != FALSE;
-}
+bool Win32Drawing::DeleteDC(DcHandle dc) { return ::DeleteDC(Native(dc)) != FALSE; }
 
-int Win32Drawing::GetDeviceCaps(DcHandle dc, int index) {
-  return ::GetDeviceCaps(Native(dc), index);
-}
+int Win32Drawing::GetDeviceCaps(DcHandle dc, int index) { return ::GetDeviceCaps(Native(dc), index); }
 
 ColorRef Win32Drawing::SetTextColor(DcHandle dc, ColorRef color) {
   return {::SetTextColor(Native(dc), color.value)};
@@ -114,9 +100,7 @@ ColorRef Win32Drawing::SetBkColor(DcHandle dc, ColorRef color) {
   return {::SetBkColor(Native(dc), color.value)};
 }
 
-int Win32Drawing::SetBkMode(DcHandle dc, int mode) {
-  return ::SetBkMode(Native(dc), mode);
-}
+int Win32Drawing::SetBkMode(DcHandle dc, int mode) { return ::SetBkMode(Native(dc), mode); }
 
 bool Win32Drawing::GetTextExtentPoint32A(DcHandle dc, std::string_view text, PixelSize& size) {
   const std::string converted = ToCodePage(text);
@@ -141,6 +125,9 @@ bool Win32Drawing::GetTextMetricsA(DcHandle dc, TextMetrics& metrics) {
 }
 
 bool Win32Drawing::OleTranslateColor(Color color, std::uint32_t palette, ColorRef& result) {
+  // Wine looks at the low byte of the index only.
+  constexpr std::uint32_t kSystemColor = 0x80000000u;
+  if ((color.bits() & kSystemColor) != 0 && color.bits() - kSystemColor >= kSystemColorCount) return false;
   COLORREF native = 0;
   if (FAILED(::OleTranslateColor(color.bits(), ToNative<HPALETTE>(ObjectHandle{palette}), &native)))
     return false;
@@ -148,9 +135,7 @@ bool Win32Drawing::OleTranslateColor(Color color, std::uint32_t palette, ColorRe
   return true;
 }
 
-ColorRef Win32Drawing::GetSysColor(int index) {
-  return {::GetSysColor(index)};
-}
+ColorRef Win32Drawing::GetSysColor(int index) { return {::GetSysColor(index)}; }
 
 int Win32Drawing::MulDiv(int value, int numerator, int denominator) {
   return ::MulDiv(value, numerator, denominator);

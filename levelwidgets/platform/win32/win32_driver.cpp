@@ -142,17 +142,11 @@ std::vector<TopLevelWindow> Win32Driver::TopLevelWindows() {
   return windows;
 }
 
-std::size_t Win32Driver::LiveObjects() {
-  return CountDrawingObjects();
-}
+std::size_t Win32Driver::LiveObjects() { return CountDrawingObjects(); }
 
-std::size_t Win32Driver::LiveWindows() {
-  return platform_.LiveWindows();
-}
+std::size_t Win32Driver::LiveWindows() { return platform_.LiveWindows(); }
 
-std::size_t Win32Driver::LiveTimers() {
-  return platform_.Clock().LiveTimers();
-}
+std::size_t Win32Driver::LiveTimers() { return platform_.Clock().LiveTimers(); }
 
 void Win32Driver::HoldShift(int shift) {
   for (const ShiftKey& key : kShiftKeys) {

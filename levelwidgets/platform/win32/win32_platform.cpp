@@ -20,28 +20,16 @@ Win32Platform::Win32Platform() : parts_(std::make_unique<Parts>()) {}
 
 Win32Platform::~Win32Platform() = default;
 
-DrawingApi& Win32Platform::Drawing() {
-  return parts_->drawing;
-}
+DrawingApi& Win32Platform::Drawing() { return parts_->drawing; }
 
-WindowApi& Win32Platform::Windows() {
-  return parts_->windows;
-}
+WindowApi& Win32Platform::Windows() { return parts_->windows; }
 
-ClockApi& Win32Platform::Clock() {
-  return parts_->clock;
-}
+ClockApi& Win32Platform::Clock() { return parts_->clock; }
 
-ScreenApi& Win32Platform::Screen() {
-  return parts_->screen;
-}
+ScreenApi& Win32Platform::Screen() { return parts_->screen; }
 
-std::size_t Win32Platform::LiveWindows() const {
-  return parts_->windows.LiveWindows();
-}
+std::size_t Win32Platform::LiveWindows() const { return parts_->windows.LiveWindows(); }
 
-bool Win32Platform::HasOverdueTimer() {
-  return parts_->clock.HasOverdueTimer();
-}
+bool Win32Platform::HasOverdueTimer() { return parts_->clock.HasOverdueTimer(); }
 
 }  // namespace levelwidgets::win32

@@ -15,16 +15,10 @@ float TwipsPerPixel(int dots_per_inch_index) {
 
 }  // namespace
 
-PixelSize Win32Screen::Size() {
-  return {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
-}
+PixelSize Win32Screen::Size() { return {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}; }
 
-float Win32Screen::TwipsPerPixelX() {
-  return TwipsPerPixel(LOGPIXELSX);
-}
+float Win32Screen::TwipsPerPixelX() { return TwipsPerPixel(LOGPIXELSX); }
 
-float Win32Screen::TwipsPerPixelY() {
-  return TwipsPerPixel(LOGPIXELSY);
-}
+float Win32Screen::TwipsPerPixelY() { return TwipsPerPixel(LOGPIXELSY); }
 
 }  // namespace levelwidgets::win32

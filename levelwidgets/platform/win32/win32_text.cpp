@@ -25,13 +25,9 @@ std::string Narrow(UINT code_page, std::wstring_view wide, DWORD flags, const ch
 
 }  // namespace
 
-std::wstring ToWide(std::string_view utf8) {
-  return Widen(CP_UTF8, utf8);
-}
+std::wstring ToWide(std::string_view utf8) { return Widen(CP_UTF8, utf8); }
 
-std::string FromWide(std::wstring_view wide) {
-  return Narrow(CP_UTF8, wide, 0, nullptr);
-}
+std::string FromWide(std::wstring_view wide) { return Narrow(CP_UTF8, wide, 0, nullptr); }
 
 std::string ToCodePage(std::string_view utf8) {
   // The system refuses a replacement for a code page that needs none.
@@ -39,8 +35,6 @@ std::string ToCodePage(std::string_view utf8) {
   return Narrow(CP_ACP, ToWide(utf8), WC_NO_BEST_FIT_CHARS, "?");
 }
 
-std::string FromCodePage(std::string_view text) {
-  return FromWide(Widen(CP_ACP, text));
-}
+std::string FromCodePage(std::string_view text) { return FromWide(Widen(CP_ACP, text)); }
 
 }  // namespace levelwidgets::win32

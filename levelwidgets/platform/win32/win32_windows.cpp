@@ -8,18 +8,12 @@
 namespace levelwidgets::win32 {
 namespace {
 
-HWND Native(WindowHandle window) {
-  return ToNative<HWND>(window);
-}
+HWND Native(WindowHandle window) { return ToNative<HWND>(window); }
 
-WindowHandle Seam(HWND hwnd) {
-  return FromNative<WindowHandle>(hwnd);
-}
+WindowHandle Seam(HWND hwnd) { return FromNative<WindowHandle>(hwnd); }
 
 // Some calls take a null window as "all windows" or "the screen".
-bool Known(WindowHandle window) {
-  return ::IsWindow(Native(window)) != FALSE;
-}
+bool Known(WindowHandle window) { return ::IsWindow(Native(window)) != FALSE; }
 
 }  // namespace
 
@@ -33,9 +27,7 @@ bool Win32Windows::DestroyWindow(WindowHandle window) {
   return relay_.Run([&] { return ::DestroyWindow(Native(window)); }) != FALSE;
 }
 
-bool Win32Windows::IsWindow(WindowHandle window) {
-  return Known(window);
-}
+bool Win32Windows::IsWindow(WindowHandle window) { return Known(window); }
 
 // --- Place -----------------------------------------------------------------------------------
 
@@ -120,17 +112,13 @@ bool Win32Windows::ShowWindow(WindowHandle window, int command) {
   return relay_.Run([&] { return ::ShowWindow(Native(window), command); }) != FALSE;
 }
 
-bool Win32Windows::IsWindowVisible(WindowHandle window) {
-  return ::IsWindowVisible(Native(window)) != FALSE;
-}
+bool Win32Windows::IsWindowVisible(WindowHandle window) { return ::IsWindowVisible(Native(window)) != FALSE; }
 
 bool Win32Windows::EnableWindow(WindowHandle window, bool enable) {
   return relay_.Run([&] { return ::EnableWindow(Native(window), enable); }) != FALSE;
 }
 
-bool Win32Windows::IsWindowEnabled(WindowHandle window) {
-  return ::IsWindowEnabled(Native(window)) != FALSE;
-}
+bool Win32Windows::IsWindowEnabled(WindowHandle window) { return ::IsWindowEnabled(Native(window)) != FALSE; }
 
 // --- Focus and activation --------------------------------------------------------------------
 
@@ -138,17 +126,13 @@ WindowHandle Win32Windows::SetFocus(WindowHandle window) {
   return Seam(relay_.Run([&] { return ::SetFocus(Native(window)); }));
 }
 
-WindowHandle Win32Windows::GetFocus() {
-  return Seam(::GetFocus());
-}
+WindowHandle Win32Windows::GetFocus() { return Seam(::GetFocus()); }
 
 WindowHandle Win32Windows::SetActiveWindow(WindowHandle window) {
   return Seam(relay_.Run([&] { return ::SetActiveWindow(Native(window)); }));
 }
 
-WindowHandle Win32Windows::GetActiveWindow() {
-  return Seam(::GetActiveWindow());
-}
+WindowHandle Win32Windows::GetActiveWindow() { return Seam(::GetActiveWindow()); }
 
 // --- Pointer and keys ------------------------------------------------------------------------
 
@@ -160,9 +144,7 @@ bool Win32Windows::ReleaseCapture() {
   return relay_.Run([] { return ::ReleaseCapture(); }) != FALSE;
 }
 
-WindowHandle Win32Windows::GetCapture() {
-  return Seam(::GetCapture());
-}
+WindowHandle Win32Windows::GetCapture() { return Seam(::GetCapture()); }
 
 bool Win32Windows::GetCursorPos(PixelPoint& point) {
   POINT native = {};
@@ -171,9 +153,7 @@ bool Win32Windows::GetCursorPos(PixelPoint& point) {
   return true;
 }
 
-std::int16_t Win32Windows::GetKeyState(int code) {
-  return ::GetKeyState(code);
-}
+std::int16_t Win32Windows::GetKeyState(int code) { return ::GetKeyState(code); }
 
 // --- Messages --------------------------------------------------------------------------------
 

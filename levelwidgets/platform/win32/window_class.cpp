@@ -7,9 +7,7 @@ extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace levelwidgets::win32 {
 
-void* ModuleInstance() {
-  return &__ImageBase;
-}
+void* ModuleInstance() { return &__ImageBase; }
 
 WindowClass::WindowClass(const char* name, std::uint32_t style, std::intptr_t procedure) : name_(name) {
   WNDCLASSA window_class = {};
@@ -21,8 +19,6 @@ WindowClass::WindowClass(const char* name, std::uint32_t style, std::intptr_t pr
   ::RegisterClassA(&window_class);
 }
 
-WindowClass::~WindowClass() {
-  ::UnregisterClassA(name_, static_cast<HINSTANCE>(ModuleInstance()));
-}
+WindowClass::~WindowClass() { ::UnregisterClassA(name_, static_cast<HINSTANCE>(ModuleInstance())); }
 
 }  // namespace levelwidgets::win32
