@@ -223,6 +223,15 @@ TEST_F(TracingPlatformTest, AnInnerCallStandsAfterTheOneItHappensIn) {
   EXPECT_THAT(TakeLines(), ElementsAre("SendMessageA(7, 15, 0, 0)", "LineTo(3, 5, 6)", "EndPaint(7)"));
 }
 
+TEST_F(TracingPlatformTest, ANoteStandsAmongTheCallsWhileActive) {
+  tracer.Windows().GetFocus();
+  tracer.Note("Click", {std::string("x"), 1.5});
+  tracer.Windows().GetCapture();
+  tracer.Stop();
+  tracer.Note("Late");
+  EXPECT_THAT(TakeLines(), ElementsAre("GetFocus()", "Click(\"x\", 1.5)", "GetCapture()"));
+}
+
 TEST_F(TracingPlatformTest, CallbacksArePassedOnButAreNoArguments) {
   std::function<void()> given;
   EXPECT_CALL(fake.clock, SetTimer(100, _))
