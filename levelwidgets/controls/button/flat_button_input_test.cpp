@@ -1,6 +1,6 @@
 // FlatButton: the pointer, the keyboard and the focus.
 #include <levelwidgets/controls/button/flat_button.h>
-#include <levelwidgets/testing/desktop_test.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {

@@ -1,7 +1,7 @@
 // FlatButton: what it draws, in which order, and what can be seen of it.
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/frame/error.h>
-#include <levelwidgets/testing/desktop_test.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -185,7 +185,9 @@ TEST_F(FlatButtonPaintTest, AnAmpersandIsDrawnAsAnUnderlineAndADoubledOneAsOne) 
 
 TEST_F(FlatButtonPaintTest, ACaptionIsClippedAndNeverWrapped) {
   FlatButton& button = Button();
-  button.SetCaption(std::string(200, 'W') + "\n" + std::string(200, 'W'));
+  std::string lines;
+  for (int i = 0; i < 200; ++i) lines += i == 100 ? '\n' : 'W';
+  button.SetCaption(lines);
   // Nothing beside the button is touched, and rows near its edges stay empty.
   EXPECT_EQ(PixelAt(button, {-1, 12}), Concrete(TheForm().BackColor()));
   EXPECT_EQ(PixelAt(button, {kWidth, 12}), Concrete(TheForm().BackColor()));

@@ -1,6 +1,6 @@
 // FlatButton: values, persistence, and what its setters do in which order.
 #include <levelwidgets/controls/button/flat_button.h>
-#include <levelwidgets/testing/desktop_test.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {

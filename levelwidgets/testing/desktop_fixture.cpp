@@ -1,4 +1,4 @@
-#include <levelwidgets/testing/desktop_test.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 
 #include <algorithm>
 
