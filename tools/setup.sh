@@ -79,13 +79,13 @@ is_configured() {
     grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt"
 }
 
-# build PRESET TARGET: quiet when it works; when it does not, prints the end of its log and returns 1.
+# build PRESET TARGET: quiet when it works; when it does not, prints its first errors and returns 1.
 build() {
   local preset=$1 target=$2 log=build/$1.log
   mkdir -p build
   if ! { is_configured "$preset" || cmake --fresh --preset "$preset"; } >"$log" 2>&1 ||
     ! ninja -C "build/$preset" -j "$(nproc)" "$target" >>"$log" 2>&1; then
-    tail -n 60 "$log" >&2
+    sed -n '/^FAILED:\|^CMake Error\|^ninja: error/,$p' "$log" | head -n 60 >&2
     echo "$preset: the build failed (whole log: $log)" >&2
     return 1
   fi
