@@ -13,7 +13,8 @@ constexpr int kPsInsideFrame = 6;
 
 // Pixels on and off of the pen styles between solid and null; a wide pen is solid whatever its style.
 Dashes DashesOf(const Pen& pen, const Context& context) {
-  constexpr Dashes kStyles[] = {{}, {18, 6}, {3, 3}, {9, 6}, {9, 3}};
+  constexpr Dashes kStyles[] = {
+      {}, {.on = 18, .off = 6}, {.on = 3, .off = 3}, {.on = 9, .off = 6}, {.on = 9, .off = 3}};
   if (pen.width > 1 || pen.style < 0 || pen.style >= kPsNull) return {};
   Dashes dashes = kStyles[pen.style];
   dashes.fill_gaps = context.background_mode == kOpaque;
@@ -25,15 +26,18 @@ void FillInterior(const DrawingTarget& target, const Brush& brush, const PixelRe
   if (!brush.null) FillArea(target, rect, brush.color);
 }
 
-void DashedRectangle(const DrawingTarget& target, const PixelRect& rect, Context& context,
-                     const Dashes& dashes) {
+// One line of dashes around, against the clock from the top right corner.
+void DashedRectangle(const DrawingTarget& target, const PixelRect& rect, const Context& context,
+                     Dashes dashes) {
   FillInterior(target, context.brush, rect.Inset(1));
-  const PixelPoint corners[] = {{rect.left, rect.top},
-                                {rect.right - 1, rect.top},
+  const PixelPoint corners[] = {{rect.right - 1, rect.top},
+                                {rect.left, rect.top},
+                                {rect.left, rect.bottom - 1},
                                 {rect.right - 1, rect.bottom - 1},
-                                {rect.left, rect.bottom - 1}};
-  for (std::size_t i = 0; i < 4; ++i) {
-    DrawLine(target, corners[i], corners[(i + 1) % 4], context.pen.color, dashes);
+                                {rect.right - 1, rect.top}};
+  for (int i = 0; i < 4; ++i) {
+    DrawLine(target, corners[i], corners[i + 1], context.pen.color, dashes);
+    dashes.phase += (i % 2 == 0 ? rect.width() : rect.height()) - 1;
   }
 }
 

@@ -46,6 +46,7 @@ void PaintLine(Context& context, const PixelRect& limit, const TextLine& line, P
 int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& rect, std::uint32_t format) {
   Context* context = state_->FindContext(dc);
   if (!context) return 0;
+  text = text.substr(0, text.find('\0'));
   Font& font = *context->font;
   const int line_height = font.Metrics().text.height;
   const auto& lines = state_->layout.Break(text, state_->code_page, font, rect.width(), format);

@@ -33,10 +33,11 @@ class LineSteps {
   }
 
  private:
-  // step * delta / count, rounded to the nearest, halves towards the start.
+  // step * delta / count, rounded to the nearest, halves up or to the left.
   int Along(int step, int delta) const {
-    const std::int64_t twice = 2 * static_cast<std::int64_t>(step) * std::abs(delta) + count_ - 1;
-    const int distance = static_cast<int>(twice / (2 * static_cast<std::int64_t>(count_)));
+    const std::int64_t twice = 2 * static_cast<std::int64_t>(step) * std::abs(delta);
+    const std::int64_t rounding = delta < 0 ? count_ : count_ - 1;
+    const int distance = static_cast<int>((twice + rounding) / (2 * static_cast<std::int64_t>(count_)));
     return delta < 0 ? -distance : distance;
   }
 
@@ -115,7 +116,7 @@ void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::
     for (line.Limit(part, first, last); first < last; ++first) {
       const PixelPoint p = line.At(first);
       if (!part.Contains(p)) continue;
-      const bool on = dashes.off == 0 || first % (dashes.on + dashes.off) < dashes.on;
+      const bool on = dashes.off == 0 || (first + dashes.phase) % (dashes.on + dashes.off) < dashes.on;
       if (on) {
         row(p.y)[p.x] = color;
       } else if (dashes.fill_gaps) {

@@ -38,11 +38,11 @@ void FillFrame(const DrawingTarget& target, const PixelRect& rect, int width, st
 // Inverts every other pixel of the one-pixel frame inside `rect`: those whose x + y is odd.
 void InvertDottedFrame(const DrawingTarget& target, const PixelRect& rect);
 
-// A line's pixels that are on and off in turn, beginning on; what is off is left as it is without a gap
-// colour.
+// A line's pixels that are on and off in turn; what is off is left as it is unless gaps are filled.
 struct Dashes {
   int on = 1;
-  int off = 0;  // 0: solid
+  int off = 0;    // 0: solid
+  int phase = 0;  // how many pixels of the pattern came before the line
   bool fill_gaps = false;
   std::uint32_t gap_color = 0;
 };

@@ -39,14 +39,13 @@ const std::vector<TextLine>& TextLayout::Break(std::string_view utf8, const Code
   return lines_;
 }
 
-// "&x" becomes a marked x, "&&" one "&"; a last "&" marks nothing.
+// "&x" becomes a marked x, "&&" one "&"; a last "&" stays as it is.
 void TextLayout::TakePrefixes() {
   if (bytes_.find('&') == std::string::npos) return;
   std::size_t kept = 0;
   for (std::size_t i = 0; i < bytes_.size(); ++i) {
-    if (bytes_[i] == '&') {
-      if (++i == bytes_.size()) break;
-      if (bytes_[i] != '&') marks_.push_back(kept);
+    if (bytes_[i] == '&' && i + 1 < bytes_.size()) {
+      if (bytes_[++i] != '&') marks_.push_back(kept);
     }
     bytes_[kept++] = bytes_[i];
   }
