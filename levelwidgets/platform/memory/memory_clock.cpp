@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include <levelwidgets/platform/memory/finally.h>
+
 namespace levelwidgets::memory {
 
 namespace {
@@ -68,23 +70,35 @@ bool MemoryClock::KillTimer(TimerHandle timer) {
   return std::erase_if(timers_, [&](const Timer& t) { return t.handle == timer; }) != 0;
 }
 
-MemoryClock::Timer* MemoryClock::EarliestTimer() {
-  const auto earliest = std::min_element(timers_.begin(), timers_.end(),
-                                         [](const Timer& a, const Timer& b) { return a.due < b.due; });
-  return earliest == timers_.end() ? nullptr : &*earliest;
+MemoryClock::Timer* MemoryClock::Find(TimerHandle timer) {
+  const auto found =
+      std::find_if(timers_.begin(), timers_.end(), [&](const Timer& t) { return t.handle == timer; });
+  return found == timers_.end() ? nullptr : &*found;
+}
+
+const MemoryClock::Timer* MemoryClock::EarliestTimer() const {
+  const Timer* earliest = nullptr;
+  for (const Timer& timer : timers_) {
+    if (!timer.ticking && (!earliest || timer.due < earliest->due)) earliest = &timer;
+  }
+  return earliest;
 }
 
 std::optional<std::uint64_t> MemoryClock::NextDue() const {
-  std::optional<std::uint64_t> due;
-  for (const Timer& timer : timers_) due = std::min(due.value_or(timer.due), timer.due);
-  return due;
+  const Timer* timer = EarliestTimer();
+  return timer ? std::optional(timer->due) : std::nullopt;
 }
 
 bool MemoryClock::TickIfDue() {
-  Timer* timer = EarliestTimer();
-  if (!timer || timer->due > now_ms_) return false;
-  // In step with its start, the late ticks as this one.
+  const Timer* earliest = EarliestTimer();
+  if (!earliest || earliest->due > now_ms_) return false;
+  Timer* timer = Find(earliest->handle);
+  // In step with its start, all late ticks as this one.
   timer->due += (now_ms_ - timer->due) / timer->interval * timer->interval + timer->interval;
+  timer->ticking = true;
+  const Finally finish([this, handle = timer->handle] {
+    if (Timer* ticked = Find(handle)) ticked->ticking = false;
+  });
   const auto tick = timer->tick;
   (*tick)();
   return true;

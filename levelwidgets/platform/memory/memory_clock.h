@@ -21,12 +21,12 @@ class MemoryClock final : public ClockApi {
   // --- For the desktop -----------------------------------------------------------------------
 
   // Lets `ms` milliseconds pass, from due timer to due timer (those due at once in the order of their
-  // creation), doing all that is pending in between. A tick that itself lets time pass is not repeated
-  // for what it missed.
+  // creation), doing all that is pending in between. While a tick runs the loop or lets time pass, other
+  // timers tick inside it, its own does not: what it missed is one tick afterwards.
   void Advance(std::uint32_t ms);
   // Moves the date without letting time pass.
   void SetNow(Date now);
-  // When the next timer is due, in GetTickCount's milliseconds; nothing without timers.
+  // When the next timer is due, in GetTickCount's milliseconds; nothing without timers that can tick.
   std::optional<std::uint64_t> NextDue() const;
   // Who shows the desktop to a person waits here, in real time, and brings input and Advance; Run calls
   // it when nothing is pending, instead of moving the clock to the next timer.
@@ -56,10 +56,12 @@ class MemoryClock final : public ClockApi {
     TimerHandle handle;
     std::uint64_t interval = 1;
     std::uint64_t due = 0;
+    bool ticking = false;
     std::shared_ptr<std::function<void()>> tick;  // shared: may be killed by its own tick
   };
 
-  Timer* EarliestTimer();
+  Timer* Find(TimerHandle timer);
+  const Timer* EarliestTimer() const;
   bool TickIfDue();
   bool RunPostedCalls();
   bool WaitForMore();

@@ -1,0 +1,474 @@
+// Pointer and keys, as messages.
+#include <stdexcept>
+
+#include <levelwidgets/platform/memory/desktop_fixture.h>
+
+namespace levelwidgets::memory {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MemoryInputTest : public DesktopTest {
+ protected:
+  // Input only: no paints, no questions about activation.
+  Log Input() {
+    Log lines;
+    for (const std::string& line : Take()) {
+      const bool noise = line.ends_with(" Paint") || line.ends_with(" MouseActivate");
+      if (!noise) lines.push_back(line);
+    }
+    return lines;
+  }
+
+  WindowHandle form = MakeTop("form", {100, 100, 300, 200});
+  WindowHandle left = MakeChild("left", form, {10, 10, 60, 60});
+  WindowHandle right = MakeChild("right", form, {60, 10, 110, 60});
+};
+
+// --- Pointer ---------------------------------------------------------------------------------
+
+TEST_F(MemoryInputTest, MovesCarryClientPixels) {
+  Begin();
+  desktop.MovePointer({115, 121});
+  desktop.MovePointer({115, 121});
+  desktop.MovePointer({105, 106});
+  desktop.MovePointer({50, 50});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,11", "form MouseMove 0 5,6"));
+  PixelPoint point;
+  EXPECT_TRUE(windows.GetCursorPos(point));
+  EXPECT_EQ(point, (PixelPoint{50, 50}));
+}
+
+TEST_F(MemoryInputTest, ThePointerStaysOnTheScreen) {
+  desktop.MovePointer({-5, 5000});
+  PixelPoint point;
+  windows.GetCursorPos(point);
+  EXPECT_EQ(point, (PixelPoint{0, 767}));
+}
+
+TEST_F(MemoryInputTest, APressCapturesUntilTheLastButtonIsUp) {
+  Begin();
+  desktop.MovePointer({115, 115});
+  desktop.Press(kLeftButton);
+  EXPECT_EQ(windows.GetCapture(), left);
+  desktop.MovePointer({165, 115});
+  desktop.Press(kRightButton);
+  desktop.Release(kLeftButton);
+  EXPECT_EQ(windows.GetCapture(), left);
+  desktop.MovePointer({400, 10});
+  desktop.Release(kRightButton);
+  EXPECT_FALSE(windows.GetCapture());
+  EXPECT_THAT(Input(),
+              ElementsAre("left MouseMove 0 5,5", "left LButtonDown 1 5,5", "left MouseMove 1 55,5",
+                          "left RButtonDown 3 55,5", "left LButtonUp 2 55,5", "left MouseMove 2 290,-100",
+                          "left CaptureChanged none", "left RButtonUp 0 290,-100"));
+}
+
+TEST_F(MemoryInputTest, TheCaptureHasEndedWhenTheReleaseIsDelivered) {
+  WindowHandle during_press, during_release;
+  client.On(kWmLButtonDown, [&](WindowHandle, WParam, LParam) -> LResult {
+    during_press = windows.GetCapture();
+    return 0;
+  });
+  client.On(kWmLButtonUp, [&](WindowHandle window, WParam, LParam) -> LResult {
+    during_release = windows.GetCapture();
+    windows.SetCapture(window);
+    return 0;
+  });
+  desktop.Click({115, 115});
+  EXPECT_EQ(during_press, left);
+  EXPECT_FALSE(during_release);
+  // Taken in the release, it lasts.
+  EXPECT_EQ(windows.GetCapture(), left);
+  Begin();
+  desktop.MovePointer({10, 10});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 -100,-100"));
+}
+
+TEST_F(MemoryInputTest, ACaptureThatTookThePressCapturesPlaceEndsAtTheRelease) {
+  client.On(kWmLButtonDown, [&](WindowHandle, WParam, LParam) -> LResult {
+    windows.SetCapture(right);
+    return 0;
+  });
+  desktop.MovePointer({115, 115});
+  Begin();
+  desktop.Press(kLeftButton);
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Input(), ElementsAre("left LButtonDown 1 5,5", "left CaptureChanged right",
+                                   "right CaptureChanged none", "right LButtonUp 0 -45,5"));
+  EXPECT_FALSE(windows.GetCapture());
+}
+
+TEST_F(MemoryInputTest, APressUnderAnExplicitCaptureGoesToItsWindowAndEndsIt) {
+  desktop.MovePointer({165, 115});
+  windows.SetCapture(left);
+  Begin();
+  desktop.Press(kLeftButton);
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Input(),
+              ElementsAre("left LButtonDown 1 55,5", "left CaptureChanged none", "left LButtonUp 0 55,5"));
+  EXPECT_FALSE(windows.GetCapture());
+}
+
+TEST_F(MemoryInputTest, AReleasedPressCaptureLetsTheReleaseGoWhereThePointerIs) {
+  client.On(kWmLButtonDown,
+            [&](WindowHandle, WParam, LParam) -> LResult { return windows.ReleaseCapture(); });
+  desktop.MovePointer({115, 115});
+  desktop.Press(kLeftButton);
+  desktop.MovePointer({165, 115});
+  Begin();
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Input(), ElementsAre("right LButtonUp 0 5,5"));
+}
+
+TEST_F(MemoryInputTest, ButtonsThatAreAlreadyThereDoNothing) {
+  desktop.MovePointer({115, 115});
+  Begin();
+  desktop.Release(kLeftButton);
+  desktop.Press(kLeftButton);
+  desktop.Press(kLeftButton);
+  desktop.Press(3);
+  EXPECT_THAT(Input(), ElementsAre("left LButtonDown 1 5,5"));
+}
+
+TEST_F(MemoryInputTest, TheSecondPressIsADoubleClickTheThirdIsNot) {
+  desktop.MovePointer({115, 115});
+  Begin();
+  for (int i = 0; i < 3; ++i) {
+    desktop.Press(kLeftButton);
+    desktop.Release(kLeftButton);
+  }
+  EXPECT_THAT(Input(),
+              ElementsAre("left LButtonDown 1 5,5", "left CaptureChanged none", "left LButtonUp 0 5,5",
+                          "left LButtonDblClk 1 5,5", "left CaptureChanged none", "left LButtonUp 0 5,5",
+                          "left LButtonDown 1 5,5", "left CaptureChanged none", "left LButtonUp 0 5,5"));
+}
+
+TEST_F(MemoryInputTest, ADoubleClickNeedsTimePlaceWindowAndButton) {
+  const auto second = [&](std::uint32_t wait, PixelPoint at, int button) {
+    desktop.Advance(1000);
+    desktop.Click({158, 130});
+    desktop.Advance(wait);
+    desktop.MovePointer(at);
+    Begin();
+    desktop.Press(button);
+    const Log lines = Input();
+    desktop.Release(button);
+    return !lines.empty() && lines.front().find("DblClk") != std::string::npos;
+  };
+  EXPECT_TRUE(second(500, {158, 130}, kLeftButton));
+  EXPECT_FALSE(second(501, {158, 130}, kLeftButton));
+  EXPECT_TRUE(second(0, {154, 134}, kLeftButton));
+  EXPECT_FALSE(second(0, {153, 130}, kLeftButton));
+  EXPECT_FALSE(second(0, {158, 135}, kLeftButton));
+  EXPECT_FALSE(second(0, {161, 130}, kLeftButton));  // the neighbour, three pixels on
+  EXPECT_FALSE(second(0, {158, 130}, kRightButton));
+}
+
+TEST_F(MemoryInputTest, APressActivatesBeforeItIsDelivered) {
+  MakeTop("other", {500, 100, 600, 200});
+  desktop.MovePointer({115, 115});
+  Begin();
+  desktop.Press(kLeftButton);
+  EXPECT_THAT(Take(), ElementsAre("left MouseActivate", "form MouseActivate", "other Activate 0 form",
+                                  "form Activate 2 other", "other KillFocus form", "form SetFocus other",
+                                  "left LButtonDown 1 5,5"));
+}
+
+TEST_F(MemoryInputTest, APressMovesNoFocusWithinTheActiveWindow) {
+  windows.SetFocus(left);
+  desktop.Click({165, 115});
+  EXPECT_EQ(windows.GetFocus(), left);
+}
+
+TEST_F(MemoryInputTest, AWindowMayRefuseActivationOrEatThePress) {
+  const WindowHandle other = MakeTop("other", {500, 100, 600, 200});
+  desktop.MovePointer({115, 115});
+  const auto press = [&](LResult answer) {
+    client.On(kWmMouseActivate, [answer](WindowHandle, WParam, LParam) { return answer; });
+    windows.SetActiveWindow(other);
+    Begin();
+    desktop.Press(kLeftButton);
+    const bool delivered = testing::Value(Take(), testing::Contains("left LButtonDown 1 5,5"));
+    const bool activated = windows.GetActiveWindow() == form;
+    desktop.Release(kLeftButton);
+    desktop.Advance(1000);
+    return std::pair(activated, delivered);
+  };
+  EXPECT_EQ(press(1), std::pair(true, true));
+  EXPECT_EQ(press(2), std::pair(true, false));
+  EXPECT_EQ(press(3), std::pair(false, true));
+  EXPECT_EQ(press(4), std::pair(false, false));
+  EXPECT_EQ(press(0), std::pair(true, true));
+}
+
+TEST_F(MemoryInputTest, APressOnTheBareScreenIsAnotherProgram) {
+  windows.SetFocus(left);
+  desktop.MovePointer({900, 700});
+  Begin();
+  desktop.Press(kLeftButton);
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Input(), ElementsAre("form Activate 0 none", "left KillFocus none"));
+  EXPECT_FALSE(windows.GetActiveWindow());
+  EXPECT_FALSE(windows.GetFocus());
+  desktop.Type("a");
+  EXPECT_THAT(Input(), IsEmpty());
+}
+
+TEST_F(MemoryInputTest, DisabledWindowsPassThePointerToAnEnabledAncestor) {
+  const WindowHandle inner = MakeChild("inner", left, {0, 0, 20, 20});
+  windows.EnableWindow(left, false);
+  Begin();
+  desktop.MovePointer({115, 115});
+  EXPECT_THAT(Input(), ElementsAre("form MouseMove 0 15,15"));
+  windows.EnableWindow(left, true);
+  windows.EnableWindow(inner, false);
+  Begin();
+  desktop.MovePointer({116, 115});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 6,5"));
+}
+
+TEST_F(MemoryInputTest, ADisabledTopLevelWindowSwallowsThePointer) {
+  const WindowHandle other = MakeTop("other", {500, 100, 600, 200});
+  windows.EnableWindow(form, false);
+  Begin();
+  desktop.Click({115, 115});
+  desktop.Click({105, 105});
+  EXPECT_THAT(Input(), IsEmpty());
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+}
+
+TEST_F(MemoryInputTest, OverlappingSiblingsGiveThePointerToTheFrontOne) {
+  MakeChild("behind", form, {0, 0, 200, 100});
+  Begin();
+  desktop.MovePointer({115, 115});
+  desktop.MovePointer({105, 105});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,5", "behind MouseMove 0 5,5"));
+}
+
+TEST_F(MemoryInputTest, PartsOutsideTheParentAreNotHit) {
+  MakeChild("wide", form, {150, 70, 400, 400});
+  Begin();
+  desktop.MovePointer({310, 180});
+  EXPECT_THAT(Input(), IsEmpty());
+}
+
+TEST_F(MemoryInputTest, TheWheelGoesToTheFocusWithScreenPixels) {
+  windows.SetFocus(right);
+  client.On(kWmMouseWheel, [](WindowHandle, WParam, LParam) { return 0; });
+  desktop.MovePointer({115, 116});
+  Begin();
+  desktop.Wheel(1);
+  desktop.Wheel(-2);
+  EXPECT_THAT(Input(), ElementsAre("right MouseWheel 120 115,116", "right MouseWheel -240 115,116"));
+}
+
+TEST_F(MemoryInputTest, AnUnhandledWheelGoesUp) {
+  windows.SetFocus(right);
+  Begin();
+  desktop.Wheel(1);
+  EXPECT_THAT(Input(), ElementsAre("right MouseWheel 120 0,0", "form MouseWheel 120 0,0"));
+}
+
+// --- Frames ----------------------------------------------------------------------------------
+
+class FrameInputTest : public DesktopTest {
+ protected:
+  WindowHandle form = MakeTop("form", {100, 100, 300, 200}, kPopup | kWsCaption | kWsSysMenu);
+};
+
+TEST_F(FrameInputTest, DraggingTheCaptionMovesTheWindow) {
+  desktop.MovePointer({150, 110});
+  Begin();
+  desktop.Press(kLeftButton);
+  desktop.MovePointer({170, 95});
+  desktop.Release(kLeftButton);
+  desktop.MovePointer({180, 95});
+  PixelRect rect;
+  windows.GetWindowRect(form, rect);
+  EXPECT_EQ(rect, (PixelRect{120, 85, 320, 185}));
+  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form Move 121,108"));
+}
+
+TEST_F(FrameInputTest, TheCloseBoxAsksTheWindowToClose) {
+  client.On(kWmClose, [](WindowHandle, WParam, LParam) { return 0; });
+  Begin();
+  desktop.Click({290, 110});
+  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form Close"));
+  desktop.Press(kLeftButton);
+  desktop.MovePointer({250, 110});
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Take(), ElementsAre("form MouseActivate"));
+  client.Off(kWmClose);
+  desktop.Click({290, 110});
+  EXPECT_FALSE(windows.IsWindow(form));
+}
+
+TEST_F(FrameInputTest, AWindowDestroyedWhileItIsDraggedIsLeftAlone) {
+  desktop.MovePointer({150, 110});
+  desktop.Press(kLeftButton);
+  windows.DestroyWindow(form);
+  desktop.MovePointer({170, 95});
+  desktop.Release(kLeftButton);
+  EXPECT_EQ(desktop.LiveWindows(), 0u);
+}
+
+// --- Keys ------------------------------------------------------------------------------------
+
+TEST_F(MemoryInputTest, KeysGoToTheFocus) {
+  windows.SetFocus(left);
+  Begin();
+  desktop.Key('A');
+  desktop.Key('A', kShiftMask);
+  desktop.Key(kKeyEnter);
+  desktop.Key(kKeyDelete);
+  desktop.Key('C', kCtrlMask);
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 65", "left Char 97", "left KeyUp 65", "left KeyDown 65",
+                                   "left Char 65", "left KeyUp 65", "left KeyDown 13", "left Char 13",
+                                   "left KeyUp 13", "left KeyDown 46", "left KeyUp 46", "left KeyDown 67",
+                                   "left Char 3", "left KeyUp 67"));
+}
+
+TEST_F(MemoryInputTest, AltMakesSystemKeys) {
+  windows.SetFocus(left);
+  Begin();
+  desktop.Key('X', kAltMask);
+  desktop.Key(kKeyAlt, kAltMask);
+  desktop.Key('Q', kAltMask | kCtrlMask);
+  EXPECT_THAT(Input(),
+              ElementsAre("left SysKeyDown 88", "left SysChar 120", "left SysKeyUp 88", "left SysKeyDown 18",
+                          "left SysKeyUp 18", "left KeyDown 81", "left KeyUp 81"));
+}
+
+TEST_F(MemoryInputTest, AltF4ClosesTheWindowOfTheFocus) {
+  windows.SetFocus(left);
+  desktop.Key(kKeyF4, kAltMask);
+  EXPECT_FALSE(windows.IsWindow(form));
+}
+
+TEST_F(MemoryInputTest, WithoutAFocusTheActiveWindowGetsSystemKeys) {
+  windows.SetFocus({});
+  Begin();
+  desktop.Key('A');
+  desktop.Key(kKeyF4);
+  EXPECT_THAT(Input(), ElementsAre("form SysKeyDown 65", "form SysChar 97", "form SysKeyUp 65",
+                                   "form SysKeyDown 115", "form SysKeyUp 115"));
+}
+
+TEST_F(MemoryInputTest, TheCharacterGoesWhereItsKeyWentDown) {
+  windows.SetFocus(left);
+  client.On(kWmKeyDown, [&](WindowHandle, WParam, LParam) -> LResult {
+    windows.SetFocus(right);
+    return 0;
+  });
+  Begin();
+  desktop.Key(kKeyTab);
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 9", "left KillFocus right", "right SetFocus left",
+                                   "left Char 9", "right KeyUp 9"));
+}
+
+TEST_F(MemoryInputTest, TypingGoesThroughTheCodePage) {
+  windows.SetFocus(left);
+  Begin();
+  desktop.Type("B?\xC3\xA9\xE6\x97\xA5\n");
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 66", "left Char 66", "left KeyUp 66", "left KeyDown 191",
+                                   "left Char 63", "left KeyUp 191", "left KeyDown 231", "left Char 233",
+                                   "left KeyUp 231", "left KeyDown 191", "left Char 63", "left KeyUp 191",
+                                   "left KeyDown 13", "left Char 13", "left KeyUp 13"));
+}
+
+TEST_F(MemoryInputTest, GetKeyStateIsThatOfTheMessage) {
+  windows.SetFocus(left);
+  std::vector<bool> held;
+  const auto look = [&](WindowHandle, WParam, LParam) -> LResult {
+    for (const int code : {int{kKeyShift}, int{kKeyControl}, int{'A'}}) {
+      held.push_back(windows.GetKeyState(code) < 0);
+    }
+    return 0;
+  };
+  client.On(kWmKeyDown, look);
+  client.On(kWmKeyUp, look);
+  desktop.Key('A', kShiftMask);
+  EXPECT_THAT(held, ElementsAre(true, false, true, true, false, false));
+  EXPECT_EQ(windows.GetKeyState(kKeyShift), 0);
+  EXPECT_EQ(windows.GetKeyState(-1), 0);
+  EXPECT_EQ(windows.GetKeyState(1000), 0);
+}
+
+TEST_F(MemoryInputTest, HeldKeysShowInPointerMessages) {
+  desktop.MovePointer({115, 115});
+  desktop.KeyDown(kKeyShift, kShiftMask);
+  Begin();
+  desktop.Press(kLeftButton);
+  desktop.KeyUp(kKeyShift, 0);
+  desktop.KeyDown('A', kCtrlMask);
+  desktop.Release(kLeftButton);
+  const Log lines = Input();
+  EXPECT_EQ(lines.front(), "left LButtonDown 5 5,5");
+  EXPECT_EQ(lines.back(), "left LButtonUp 8 5,5");
+}
+
+TEST_F(MemoryInputTest, RepeatedKeysTellThatTheyWereDown) {
+  windows.SetFocus(left);
+  std::vector<LParam> bits;
+  client.On(kWmKeyDown, [&](WindowHandle, WParam, LParam lparam) -> LResult {
+    bits.push_back(lparam);
+    return 0;
+  });
+  desktop.KeyDown(kKeyLeft, 0);
+  desktop.KeyDown(kKeyLeft, 0);
+  desktop.KeyUp(kKeyLeft, 0);
+  desktop.KeyDown(kKeyLeft, 0);
+  EXPECT_THAT(bits, ElementsAre(1, 1 | 1 << 30, 1));
+}
+
+// --- Handlers that do more -------------------------------------------------------------------
+
+TEST_F(MemoryInputTest, AHandlerMayDriveTheDesktopItself) {
+  client.On(kWmLButtonDown, [&](WindowHandle window, WParam, LParam) -> LResult {
+    if (window != left) return 0;
+    desktop.Release(kLeftButton);
+    desktop.Click({165, 115});
+    desktop.Type("a");
+    return 0;
+  });
+  desktop.MovePointer({115, 115});
+  Begin();
+  desktop.Press(kLeftButton);
+  EXPECT_THAT(Input(),
+              ElementsAre("left LButtonDown 1 5,5", "left CaptureChanged none", "left LButtonUp 0 5,5",
+                          "right MouseMove 0 5,5", "right LButtonDown 1 5,5", "right CaptureChanged none",
+                          "right LButtonUp 0 5,5", "form KeyDown 65", "form Char 97", "form KeyUp 65"));
+  EXPECT_FALSE(windows.GetCapture());
+}
+
+TEST_F(MemoryInputTest, AnExceptionFromAHandlerLeavesTheDriverUsable) {
+  client.On(kWmLButtonDown,
+            [](WindowHandle, WParam, LParam) -> LResult { throw std::runtime_error("press"); });
+  client.On(kWmKeyUp, [](WindowHandle, WParam, LParam) -> LResult { throw std::runtime_error("key"); });
+  desktop.MovePointer({115, 115});
+  EXPECT_THROW(desktop.Press(kLeftButton), std::runtime_error);
+  windows.SetFocus(left);
+  EXPECT_THROW(desktop.Key('A', kShiftMask), std::runtime_error);
+  EXPECT_EQ(windows.GetKeyState(kKeyShift), 0);
+  client.Off(kWmLButtonDown);
+  client.Off(kWmKeyUp);
+  Begin();
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Input(), ElementsAre("left CaptureChanged none", "left LButtonUp 0 5,5"));
+}
+
+TEST_F(MemoryInputTest, DestroyedByItsPressTheWindowGetsNothingMore) {
+  client.On(kWmLButtonDown,
+            [&](WindowHandle window, WParam, LParam) -> LResult { return windows.DestroyWindow(window); });
+  Begin();
+  desktop.Click({115, 115});
+  EXPECT_FALSE(windows.IsWindow(left));
+  const Log lines = Input();
+  EXPECT_THAT(lines, ElementsAre("left MouseMove 0 5,5", "left LButtonDown 1 5,5", "left ShowWindow 0",
+                                 "left CaptureChanged none", "left Destroy", "form LButtonUp 0 15,15"));
+}
+
+}  // namespace
+}  // namespace levelwidgets::memory

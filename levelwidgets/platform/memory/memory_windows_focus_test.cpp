@@ -1,0 +1,173 @@
+// Focus, activation and capture.
+#include <stdexcept>
+
+#include <levelwidgets/platform/memory/desktop_fixture.h>
+
+namespace levelwidgets::memory {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class WindowFocusTest : public DesktopTest {
+ protected:
+  WindowHandle form = MakeTop("form", {0, 0, 200, 100});
+  WindowHandle first = MakeChild("first", form, {0, 0, 50, 50});
+  WindowHandle second = MakeChild("second", form, {50, 0, 100, 50});
+  WindowHandle other = MakeTop("other", {300, 0, 400, 100});
+};
+
+TEST_F(WindowFocusTest, FocusMovesWithinTheActiveWindow) {
+  windows.SetFocus(first);
+  Begin();
+  EXPECT_EQ(windows.SetFocus(second), first);
+  EXPECT_THAT(Take(), ElementsAre("first KillFocus second", "second SetFocus first"));
+  EXPECT_EQ(windows.SetFocus(second), second);
+  EXPECT_THAT(Take(), IsEmpty());
+  EXPECT_EQ(windows.SetFocus({}), second);
+  EXPECT_THAT(Take(), ElementsAre("second KillFocus none"));
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+}
+
+TEST_F(WindowFocusTest, FocusActivatesTheTopLevelWindow) {
+  Begin();
+  EXPECT_EQ(windows.SetFocus(first), other);
+  EXPECT_THAT(Take(), ElementsAre("other Activate 0 form", "form Activate 1 other", "other KillFocus first",
+                                  "first SetFocus other"));
+  EXPECT_EQ(desktop.TopLevelWindows().front().handle, form);
+  EXPECT_TRUE(desktop.TopLevelWindows().front().active);
+}
+
+TEST_F(WindowFocusTest, ActivationGivesTheFocusToTheWindowItself) {
+  Begin();
+  EXPECT_EQ(windows.SetActiveWindow(form), other);
+  EXPECT_THAT(Take(), ElementsAre("other Activate 0 form", "form Activate 1 other", "other KillFocus form",
+                                  "form SetFocus other"));
+  EXPECT_FALSE(windows.SetActiveWindow(first));
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+}
+
+TEST_F(WindowFocusTest, AFocusSetDuringActivationStays) {
+  client.On(kWmActivate, [&](WindowHandle window, WParam state, LParam) -> LResult {
+    if (window == form && state != 0) windows.SetFocus(second);
+    return 0;
+  });
+  Begin();
+  windows.SetActiveWindow(form);
+  EXPECT_THAT(Take(), ElementsAre("other Activate 0 form", "form Activate 1 other", "other KillFocus second",
+                                  "second SetFocus other"));
+  EXPECT_EQ(windows.GetFocus(), second);
+}
+
+TEST_F(WindowFocusTest, ALaterChoiceOfAHandlerWins) {
+  windows.SetFocus(first);
+  client.On(kWmKillFocus, [&](WindowHandle window, WParam, LParam) -> LResult {
+    if (window == first) windows.SetFocus(form);
+    return 0;
+  });
+  Begin();
+  windows.SetFocus(second);
+  EXPECT_EQ(windows.GetFocus(), form);
+  EXPECT_THAT(Take(), ElementsAre("first KillFocus second", "second KillFocus form", "form SetFocus second"));
+}
+
+TEST_F(WindowFocusTest, HiddenAndDisabledWindowsTakeNoFocus) {
+  windows.SetFocus(first);
+  windows.EnableWindow(second, false);
+  EXPECT_FALSE(windows.SetFocus(second));
+  windows.EnableWindow(second, true);
+  windows.ShowWindow(second, kSwHide);
+  EXPECT_FALSE(windows.SetFocus(second));
+  EXPECT_EQ(windows.GetFocus(), first);
+  windows.SetActiveWindow(other);
+  windows.EnableWindow(form, false);
+  EXPECT_FALSE(windows.SetFocus(first));
+  EXPECT_FALSE(windows.SetActiveWindow(form));
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+}
+
+TEST_F(WindowFocusTest, HidingTheFocusedChildGivesTheFocusToItsParent) {
+  windows.SetFocus(first);
+  Begin();
+  windows.ShowWindow(first, kSwHide);
+  EXPECT_THAT(Take(), ElementsAre("first ShowWindow 0", "first KillFocus form", "form SetFocus first"));
+}
+
+TEST_F(WindowFocusTest, HidingAnAncestorOfTheFocusMovesIt) {
+  const WindowHandle inner = MakeChild("inner", first, {0, 0, 10, 10});
+  windows.SetFocus(inner);
+  windows.ShowWindow(first, kSwHide);
+  EXPECT_EQ(windows.GetFocus(), form);
+}
+
+TEST_F(WindowFocusTest, DisablingTheFocusedWindowLeavesNoFocus) {
+  windows.SetFocus(first);
+  Begin();
+  EXPECT_FALSE(windows.EnableWindow(first, false));
+  EXPECT_THAT(Take(), ElementsAre("first KillFocus none", "first Enable 0"));
+  EXPECT_FALSE(windows.GetFocus());
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+  EXPECT_FALSE(windows.IsWindowEnabled(first));
+  EXPECT_TRUE(windows.EnableWindow(first, false));
+  EXPECT_THAT(Take(), IsEmpty());
+  EXPECT_TRUE(windows.EnableWindow(first, true));
+  EXPECT_THAT(Take(), ElementsAre("first Enable 1"));
+}
+
+TEST_F(WindowFocusTest, HidingTheActiveWindowActivatesItsOwnerOrTheNext) {
+  const WindowHandle tool = Make("tool", &client, form, {0, 0, 10, 10}, kPopup);
+  EXPECT_EQ(windows.GetActiveWindow(), tool);
+  windows.ShowWindow(tool, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), form);  // though the other one was active before
+  windows.ShowWindow(form, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+  windows.ShowWindow(other, kSwHide);
+  EXPECT_FALSE(windows.GetActiveWindow());
+  EXPECT_FALSE(windows.GetFocus());
+}
+
+TEST_F(WindowFocusTest, DisabledWindowsAreNotActivatedInstead) {
+  windows.EnableWindow(form, false);
+  windows.ShowWindow(other, kSwHide);
+  EXPECT_FALSE(windows.GetActiveWindow());
+}
+
+TEST_F(WindowFocusTest, AnExceptionWhileTheFocusMovesLeavesOneFocus) {
+  windows.SetFocus(first);
+  client.On(kWmKillFocus, [](WindowHandle, WParam, LParam) -> LResult { throw std::runtime_error("focus"); });
+  EXPECT_THROW(windows.SetFocus(second), std::runtime_error);
+  EXPECT_EQ(windows.GetFocus(), second);
+  client.Off(kWmKillFocus);
+  Begin();
+  windows.SetFocus(first);
+  EXPECT_THAT(Take(), ElementsAre("second KillFocus first", "first SetFocus second"));
+}
+
+TEST_F(WindowFocusTest, TheCaptureTellsOnlyADifferentWindow) {
+  Begin();
+  EXPECT_FALSE(windows.SetCapture(first));
+  EXPECT_EQ(windows.SetCapture(first), first);
+  EXPECT_THAT(Take(), IsEmpty());
+  EXPECT_EQ(windows.SetCapture(second), first);
+  EXPECT_THAT(Take(), ElementsAre("first CaptureChanged second"));
+  EXPECT_TRUE(windows.ReleaseCapture());
+  EXPECT_THAT(Take(), ElementsAre("second CaptureChanged none"));
+  EXPECT_TRUE(windows.ReleaseCapture());
+  EXPECT_THAT(Take(), IsEmpty());
+}
+
+TEST_F(WindowFocusTest, DisablingEndsTheCapture) {
+  windows.SetCapture(first);
+  Begin();
+  windows.EnableWindow(first, false);
+  EXPECT_THAT(Take(), ElementsAre("first CaptureChanged none", "first Enable 0"));
+}
+
+TEST_F(WindowFocusTest, DestroyingAnAncestorEndsTheCapture) {
+  windows.SetCapture(first);
+  windows.DestroyWindow(form);
+  EXPECT_FALSE(windows.GetCapture());
+}
+
+}  // namespace
+}  // namespace levelwidgets::memory
