@@ -11,7 +11,21 @@ bool CanTakeInput(const HostedControl& control) {
   return control.GetControl() && control.Visible() && control.GetControl()->GetSurface().Enabled();
 }
 
-char Folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+// Lower case of a character of the western single-byte code page.
+int Folded(int c) { return (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ? c + 32 : c; }
+
+// Whether `character`, as a key message carries it, is one of `keys` (UTF-8) in either case.
+bool IsAmong(std::string_view keys, std::int16_t character) {
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    int key = static_cast<unsigned char>(keys[i]);
+    if (key == 0xC2 || key == 0xC3) {  // two bytes: U+0080 to U+00FF
+      if (++i == keys.size()) break;
+      key = (key & 0x03) << 6 | (static_cast<unsigned char>(keys[i]) & 0x3F);
+    }
+    if (Folded(key) == Folded(character & 0xFF)) return true;
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -81,10 +95,7 @@ bool Form::PressAccessKey(std::int16_t character) {
   if (present != order.end()) std::ranges::rotate(order, present + 1);
   for (HostedControl* control : order) {
     if (!CanTakeInput(*control)) continue;
-    const std::string& keys = control->GetControl()->GetSurface().AccessKeys();
-    const bool matches = std::ranges::any_of(
-        keys, [&](char key) { return Folded(key) == Folded(static_cast<char>(character)); });
-    if (!matches) continue;
+    if (!IsAmong(control->GetControl()->GetSurface().AccessKeys(), character)) continue;
     const auto keep = control->GetControl();
     control->SetFocus();
     keep->OnAccessKeyPress(character);

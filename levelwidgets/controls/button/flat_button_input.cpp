@@ -36,9 +36,7 @@ void FlatButton::OnClick() {
   Click.Raise();
 }
 
-void FlatButton::OnAccessKeyPress(std::int16_t) {
-  Click.Raise();
-}
+void FlatButton::OnAccessKeyPress(std::int16_t) { Click.Raise(); }
 
 void FlatButton::OnEnterFocus() {
   has_focus_ = true;

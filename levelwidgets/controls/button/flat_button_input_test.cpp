@@ -143,8 +143,9 @@ TEST_F(FlatButtonInputTest, ALeftPressPushesRepaintsThenRaises) {
 
 TEST_F(FlatButtonInputTest, ALeftPressShowsTheFocusFrameBeforeTheFocusArrives) {
   FlatButton& button = Button();
-  const Journal calls =
-      DrawingCallsOf(button, [&] { button.OnMouseDown({kLeftButton, 0, {Twips(150), Twips(150)}}); });
+  const Journal calls = DrawingCallsOf(button, [&] {
+    button.OnMouseDown({kLeftButton, 0, {Twips(150), Twips(150)}});
+  });
   EXPECT_EQ(calls.at(2), "DrawFocusRect 4 4 76 21");
   EXPECT_NE(Windows().GetFocus(), button.hWnd());
 }
@@ -180,8 +181,8 @@ TEST_F(FlatButtonInputTest, AClickIsReleaseThenClickThenNormalColours) {
   Driver().Press(kLeftButton);
   TakeJournal();
   Driver().Release(kLeftButton);
-  EXPECT_THAT(TakeJournal(), ElementsAre("paint", "capture", "MouseUp(1, 0, 150, 150)", "paint", "capture",
-                                         "Click()"));
+  EXPECT_THAT(TakeJournal(),
+              ElementsAre("paint", "capture", "MouseUp(1, 0, 150, 150)", "paint", "capture", "Click()"));
   EXPECT_EQ(Button().BackColor(), kNormal);
   EXPECT_TRUE(HoldsCapture());
 }
@@ -313,7 +314,8 @@ TEST_F(FlatButtonInputTest, AnyAccessKeyPressRaisesExactlyOneClickAndChangesNoCo
 
 // --- Listeners that destroy the sender ---------------------------------------------------------------
 
-class FlatButtonDestroyTest : public FlatButtonInputTest, public ::testing::WithParamInterface<const char*> {};
+class FlatButtonDestroyTest : public FlatButtonInputTest,
+                              public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(FlatButtonDestroyTest, AListenerMayRemoveTheButton) {
   auto& button = AddNew<FlatButton>("cmdDoomed", {Twips(600), Twips(1200)});

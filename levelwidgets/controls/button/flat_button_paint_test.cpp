@@ -36,8 +36,8 @@ class FlatButtonPaintTest : public DesktopTest {
 };
 
 TEST_F(FlatButtonPaintTest, ClearsFramesAndDrawsTheCaption) {
-  EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25", TextColor(Color(0x80000012)),
-                                     "DrawTextA &Save -1 0 0 80 25 37"));
+  EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25",
+                                     TextColor(Color(0x80000012)), "DrawTextA &Save -1 0 0 80 25 37"));
 }
 
 TEST_F(FlatButtonPaintTest, TheDefaultButtonHasASecondFrame) {
@@ -49,16 +49,15 @@ TEST_F(FlatButtonPaintTest, TheDefaultButtonHasASecondFrame) {
 TEST_F(FlatButtonPaintTest, TheFocusFrameComesAfterTheFramesAndBeforeTheCaption) {
   Hosted(Button()).SetDefault(true);
   Button().OnEnterFocus();
-  EXPECT_THAT(Painted(),
-              ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25", "Rectangle 1 1 79 24",
-                          "DrawFocusRect 4 4 76 21", TextColor(Color(0x80000012)),
-                          "DrawTextA &Save -1 0 0 80 25 37"));
+  EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25", "Rectangle 1 1 79 24",
+                                     "DrawFocusRect 4 4 76 21", TextColor(Color(0x80000012)),
+                                     "DrawTextA &Save -1 0 0 80 25 37"));
 }
 
 TEST_F(FlatButtonPaintTest, ADisabledButtonHasItsCaptionInForeColorDisabled) {
   Button().SetEnabled(false);
-  EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25", TextColor(Color(0x008C969C)),
-                                     "DrawTextA &Save -1 0 0 80 25 37"));
+  EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25",
+                                     TextColor(Color(0x008C969C)), "DrawTextA &Save -1 0 0 80 25 37"));
 }
 
 TEST_F(FlatButtonPaintTest, AnUntranslatableForeColorIsHandedOnAsMinusOne) {
@@ -87,7 +86,8 @@ TEST_F(FlatButtonPaintTest, ResizeAloneDoesNotRepaint) {
 TEST_F(FlatButtonPaintTest, AmbientChangesRepaintForDisplayAsDefaultOnly) {
   FlatButton& button = Button();
   EXPECT_THAT(DrawingCallsOf(button, [&] { button.OnAmbientChanged("Font"); }), ElementsAre());
-  EXPECT_THAT(DrawingCallsOf(button, [&] { button.OnAmbientChanged("DisplayAsDefault"); }), Not(ElementsAre()));
+  EXPECT_THAT(DrawingCallsOf(button, [&] { button.OnAmbientChanged("DisplayAsDefault"); }),
+              Not(ElementsAre()));
 }
 
 TEST_F(FlatButtonPaintTest, BecomingTheDefaultButtonRepaints) {

@@ -156,21 +156,20 @@ TEST_P(FlatButtonAccessKeyTest, IsTheCharacterAfterTheFirstAmpersand) {
   EXPECT_EQ(button.Caption(), GetParam().caption);
 }
 
-INSTANTIATE_TEST_SUITE_P(Captions, FlatButtonAccessKeyTest,
-                         ::testing::Values(AccessKeyCase{"&Save", "S"}, AccessKeyCase{"Sa&ve", "v"},
-                                           AccessKeyCase{"Save", ""}, AccessKeyCase{"", ""},
-                                           AccessKeyCase{"Save&", ""}, AccessKeyCase{"&", ""},
-                                           AccessKeyCase{"R&&D", "&"}, AccessKeyCase{"R&&D &Lab", "&"},
-                                           AccessKeyCase{"&a&b", "a"}, AccessKeyCase{"&\xC3\x84rger", "\xC3\x84"},
-                                           AccessKeyCase{"& Save", " "}));
+INSTANTIATE_TEST_SUITE_P(
+    Captions, FlatButtonAccessKeyTest,
+    ::testing::Values(AccessKeyCase{"&Save", "S"}, AccessKeyCase{"Sa&ve", "v"}, AccessKeyCase{"Save", ""},
+                      AccessKeyCase{"", ""}, AccessKeyCase{"Save&", ""}, AccessKeyCase{"&", ""},
+                      AccessKeyCase{"R&&D", "&"}, AccessKeyCase{"R&&D &Lab", "&"}, AccessKeyCase{"&a&b", "a"},
+                      AccessKeyCase{"&\xC3\x84rger", "\xC3\x84"}, AccessKeyCase{"& Save", " "}));
 
 TEST_F(FlatButtonTest, TheTableListsEventsInTheirNumbers) {
   std::vector<std::string> events;
   for (const EventInfo& event : FlatButton::Table().Events()) {
     events.push_back(std::to_string(event.number) + " " + event.name);
   }
-  EXPECT_THAT(events, ElementsAre("1 Click", "2 KeyDown", "3 KeyPress", "4 KeyUp", "5 MouseDown", "6 MouseMove",
-                                  "7 MouseUp"));
+  EXPECT_THAT(events, ElementsAre("1 Click", "2 KeyDown", "3 KeyPress", "4 KeyUp", "5 MouseDown",
+                                  "6 MouseMove", "7 MouseUp"));
 }
 
 TEST_F(FlatButtonTest, DefaultsOfTheTableAreThoseOfInstances) {

@@ -21,9 +21,7 @@ constexpr Color kNewForeColorPushed{0x00FFFFFFu};
 constexpr Color kForeColorPushed{0x00BDCBCEu};
 constexpr Color kForeColorDisabled{0x008C969Cu};
 
-Defaults Differing(Color when_new, Color otherwise) {
-  return {when_new, otherwise, otherwise};
-}
+Defaults Differing(Color when_new, Color otherwise) { return {when_new, otherwise, otherwise}; }
 
 }  // namespace
 

@@ -45,9 +45,7 @@ void FlatLabel::RestoreUnderline() {
   if (font->Underline() != font_underline_) font->SetUnderline(font_underline_);
 }
 
-void FlatLabel::OnAccessKeyPress(std::int16_t) {
-  Click.Raise();
-}
+void FlatLabel::OnAccessKeyPress(std::int16_t) { Click.Raise(); }
 
 void FlatLabel::OnEnterFocus() {
   has_focus_ = true;

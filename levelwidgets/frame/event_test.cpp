@@ -1,0 +1,84 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <levelwidgets/frame/event.h>
+
+namespace levelwidgets {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(Event, ListenersAreCalledInTheOrderAdded) {
+  Event<int> event;
+  std::vector<int> heard;
+  event += [&](int value) { heard.push_back(value); };
+  event += [&](int value) { heard.push_back(value * 10); };
+  event.Raise(1);
+  event.Raise(2);
+  EXPECT_THAT(heard, ElementsAre(1, 10, 2, 20));
+}
+
+TEST(Event, AReferenceArgumentComesBackChangedAndIsSeenByTheNext) {
+  Event<std::int16_t&> event;
+  event += [](std::int16_t& value) { value = 5; };
+  event += [](std::int16_t& value) { value = static_cast<std::int16_t>(value + 1); };
+  std::int16_t value = 1;
+  event.Raise(value);
+  EXPECT_EQ(value, 6);
+}
+
+TEST(Event, AnEndedSubscriptionIsNotCalledEvenWhenItEndsDuringTheRaise) {
+  Event<> event;
+  int calls = 0;
+  Subscription second;
+  event += [&] { second.End(); };
+  second = event.Add([&] { ++calls; });
+  event.Raise();
+  event.Raise();
+  EXPECT_EQ(calls, 0);
+}
+
+TEST(Event, AListenerAddedDuringARaiseIsCalledFromTheNextOn) {
+  Event<> event;
+  int calls = 0;
+  event += [&] {
+    if (calls == 0) event += [&] { calls += 100; };
+    ++calls;
+  };
+  event.Raise();
+  EXPECT_EQ(calls, 1);
+  event.Raise();
+  EXPECT_EQ(calls, 102);
+}
+
+TEST(Event, AListenerMayDestroyTheEvent) {
+  auto event = std::make_unique<Event<>>();
+  int calls = 0;
+  *event += [&] { event.reset(); };
+  *event += [&] { ++calls; };
+  event->Raise();
+  EXPECT_EQ(calls, 1);
+  EXPECT_FALSE(event);
+}
+
+TEST(Event, AnExceptionPassesThroughAndTheRestIsNotCalled) {
+  Event<> event;
+  int calls = 0;
+  event += [] { throw 1; };
+  event += [&] { ++calls; };
+  EXPECT_THROW(event.Raise(), int);
+  EXPECT_EQ(calls, 0);
+}
+
+TEST(Subscription, MayOutliveItsEvent) {
+  Subscription subscription;
+  {
+    Event<> event;
+    subscription = event.Add([] {});
+  }
+  subscription.End();
+  subscription.End();
+}
+
+}  // namespace
+}  // namespace levelwidgets

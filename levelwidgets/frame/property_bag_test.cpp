@@ -1,0 +1,40 @@
+#include <gtest/gtest.h>
+
+#include <levelwidgets/frame/property_bag.h>
+
+namespace levelwidgets {
+namespace {
+
+TEST(PropertyBag, AMissingValueIsTheDefault) {
+  EXPECT_EQ(PropertyBag().ReadProperty("Caption", "none"), Variant("none"));
+}
+
+TEST(PropertyBag, AValueEqualToTheDefaultIsNotStored) {
+  PropertyBag bag;
+  bag.WriteProperty("Width", std::int16_t{1440}, 1440);
+  bag.WriteProperty("Font", MakeFont(), MakeFont());
+  EXPECT_TRUE(bag.Entries().empty());
+  bag.WriteProperty("Width", 1441, 1440);
+  EXPECT_EQ(bag.ReadProperty("Width", 1440), Variant(1441));
+}
+
+TEST(PropertyBag, WritingAgainReplacesAndWritingTheDefaultRemoves) {
+  PropertyBag bag;
+  bag.WriteProperty("Width", 1, 0);
+  bag.WriteProperty("Width", 2, 0);
+  ASSERT_EQ(bag.Entries().size(), 1u);
+  EXPECT_EQ(bag.Entries()[0].value, Variant(2));
+  bag.WriteProperty("Width", 0, 0);
+  EXPECT_TRUE(bag.Entries().empty());
+}
+
+TEST(PropertyBag, KeepsTheOrderWritten) {
+  PropertyBag bag;
+  bag.WriteProperty("B", 1, 0);
+  bag.WriteProperty("A", 1, 0);
+  EXPECT_EQ(bag.Entries()[0].name, "B");
+  EXPECT_EQ(bag.Entries()[1].name, "A");
+}
+
+}  // namespace
+}  // namespace levelwidgets
