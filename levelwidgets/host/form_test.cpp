@@ -293,6 +293,7 @@ TEST_F(FormTest, ZOrderBringsToTheFrontAndSendsToTheBack) {
   auto& over = AddNew<FlatButton>("cmdOver", {Twips(300), Twips(300)});
   under.SetBackColor(Color(0x000000FF));
   over.SetBackColor(Color(0x0000FF00));
+  EXPECT_EQ(PixelAt(under, {8, 2}), ColorRef{0x0000FF00});  // what was added later
   Hosted(under).ZOrder(0);
   EXPECT_EQ(PixelAt(under, {8, 2}), ColorRef{0x000000FF});
   Hosted(under).ZOrder(1);

@@ -45,6 +45,7 @@ void HostedControl::Create(const PropertyBag* saved) {
   control_->Start(saved);
   control_->Move(position_, control_class_.DefaultSize());
   size_ = control_class_.DefaultSize();
+  ZOrder(0);  // what is added later covers what was there
   control_->GetSurface().SetVisible(visible_);
 }
 
