@@ -1,0 +1,13 @@
+// Pictures as PNG files.
+#pragma once
+
+#include <string>
+
+#include <levelwidgets/platform/picture.h>
+
+namespace levelwidgets {
+
+// Raises an Error that names the path and the cause; no half-written file is left behind.
+void WritePng(const Picture& picture, const std::string& path);
+
+}  // namespace levelwidgets

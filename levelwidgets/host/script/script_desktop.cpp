@@ -1,0 +1,290 @@
+#include <levelwidgets/host/script/script_desktop.h>
+
+#include <levelwidgets/host/script/png_file.h>
+#include <levelwidgets/host/script/script_dates.h>
+#include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_objects.h>
+#include <levelwidgets/host/script/script_tables.h>
+#include <levelwidgets/host/script/script_userdata.h>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr char kDesktopType[] = "desktop";
+struct DesktopValue {};
+
+memory::Desktop& CheckDesktop(lua_State* L) {
+  CheckUserdata<DesktopValue>(L, 1, kDesktopType);
+  return StateOf(L).Desktop();
+}
+
+int WholeAt(lua_State* L, int index) { return static_cast<int>(luaL_checkinteger(L, index)); }
+
+// The point at `index`; where there is none, the pointer's position.
+PixelPoint PointAt(lua_State* L, int index) {
+  PixelPoint point;
+  if (lua_isnoneornil(L, index)) {
+    CheckDesktop(L).Windows().GetCursorPos(point);
+    return point;
+  }
+  return {WholeAt(L, index), WholeAt(L, index + 1)};
+}
+
+// The window of the control or form at `index`.
+WindowHandle WindowAt(lua_State* L, int index) {
+  if (FormAt(L, index)) return CheckForm(L, index)->form->hWnd();
+  return CheckControl(L, index)->GetControl()->GetSurface().hWnd();
+}
+
+// --- Pointer ---------------------------------------------------------------------------------------
+
+int Move(lua_State* L) {
+  CheckDesktop(L).MovePointer({WholeAt(L, 2), WholeAt(L, 3)});
+  return 0;
+}
+
+int MoveTo(lua_State* L) {
+  memory::Desktop& desktop = CheckDesktop(L);
+  const auto pixels = [L](int index, float twips_per_pixel) {
+    return ToPixels(Twips(static_cast<float>(luaL_checknumber(L, index))), twips_per_pixel);
+  };
+  ScreenApi& screen = desktop.Screen();
+  PixelPoint point{pixels(3, screen.TwipsPerPixelX()), pixels(4, screen.TwipsPerPixelY())};
+  desktop.Windows().ClientToScreen(WindowAt(L, 2), point);
+  desktop.MovePointer(point);
+  return 0;
+}
+
+int ButtonAt(lua_State* L, int index) {
+  const int button = static_cast<int>(luaL_optinteger(L, index, kLeftButton));
+  if (button != kLeftButton && button != kRightButton && button != kMiddleButton) {
+    throw Error(kInvalidCall, "LevelWidgets.Desktop", "A button is 1 (left), 2 (right) or 4 (middle)");
+  }
+  return button;
+}
+
+int Press(lua_State* L) {
+  CheckDesktop(L).Press(ButtonAt(L, 2));
+  return 0;
+}
+
+int Release(lua_State* L) {
+  CheckDesktop(L).Release(ButtonAt(L, 2));
+  return 0;
+}
+
+int Click(lua_State* L) {
+  CheckDesktop(L).Click(PointAt(L, 2));
+  return 0;
+}
+
+int DoubleClick(lua_State* L) {
+  CheckDesktop(L).DoubleClick(PointAt(L, 2));
+  return 0;
+}
+
+// --- Keys and time ---------------------------------------------------------------------------------
+
+int ShiftAt(lua_State* L, int index) { return static_cast<int>(luaL_optinteger(L, index, 0)); }
+
+int Key(lua_State* L) {
+  CheckDesktop(L).Key(WholeAt(L, 2), ShiftAt(L, 3));
+  return 0;
+}
+
+int KeyDown(lua_State* L) {
+  CheckDesktop(L).KeyDown(WholeAt(L, 2), ShiftAt(L, 3));
+  return 0;
+}
+
+int KeyUp(lua_State* L) {
+  CheckDesktop(L).KeyUp(WholeAt(L, 2), ShiftAt(L, 3));
+  return 0;
+}
+
+int Type(lua_State* L) {
+  CheckDesktop(L).Type(luaL_checkstring(L, 2));
+  return 0;
+}
+
+int Advance(lua_State* L) {
+  const lua_Integer ms = luaL_checkinteger(L, 2);
+  luaL_argcheck(L, ms >= 0 && ms <= UINT32_MAX, 2, "milliseconds cannot be negative");
+  CheckDesktop(L).Advance(static_cast<std::uint32_t>(ms));
+  return 0;
+}
+
+// --- Screen ----------------------------------------------------------------------------------------
+// Who reads the screen sees it with all pending paints done.
+
+// nil outside the screen
+int Pixel(lua_State* L) {
+  memory::Desktop& desktop = CheckDesktop(L);
+  desktop.Settle();
+  const ColorRef color = desktop.PixelAt({WholeAt(L, 2), WholeAt(L, 3)});
+  if (color == kInvalidColorRef) return 0;
+  lua_pushinteger(L, color.value);
+  return 1;
+}
+
+int Rect(lua_State* L) {
+  memory::Desktop& desktop = CheckDesktop(L);
+  PixelRect rect;
+  desktop.Windows().GetWindowRect(WindowAt(L, 2), rect);
+  for (const int edge : {rect.left, rect.top, rect.right, rect.bottom}) lua_pushinteger(L, edge);
+  return 4;
+}
+
+int Screenshot(lua_State* L) {
+  memory::Desktop& desktop = CheckDesktop(L);
+  const std::string path = luaL_checkstring(L, 2);
+  const PixelSize screen = desktop.Screen().Size();
+  PixelRect area{0, 0, screen.width, screen.height};
+  if (!lua_isnoneornil(L, 3)) {
+    area = {WholeAt(L, 3), WholeAt(L, 4), WholeAt(L, 3) + WholeAt(L, 5), WholeAt(L, 4) + WholeAt(L, 6)};
+  }
+  desktop.Settle();
+  WritePng(desktop.Capture(area), path);
+  return 0;
+}
+
+void SetField(lua_State* L, const char* field, lua_Integer value) {
+  lua_pushinteger(L, value);
+  lua_setfield(L, -2, field);
+}
+
+int Windows(lua_State* L) {
+  lua_newtable(L);
+  lua_Integer place = 0;
+  for (const TopLevelWindow& window : CheckDesktop(L).TopLevelWindows()) {
+    lua_newtable(L);
+    SetField(L, "handle", window.handle.value);
+    lua_pushstring(L, window.title.c_str());
+    lua_setfield(L, -2, "title");
+    SetField(L, "left", window.rect.left);
+    SetField(L, "top", window.rect.top);
+    SetField(L, "width", window.rect.width());
+    SetField(L, "height", window.rect.height());
+    lua_pushboolean(L, window.active);
+    lua_setfield(L, -2, "active");
+    lua_rawseti(L, -2, ++place);
+  }
+  return 1;
+}
+
+int Focus(lua_State* L) {
+  lua_pushinteger(L, CheckDesktop(L).Windows().GetFocus().value);
+  return 1;
+}
+
+int Capture(lua_State* L) {
+  lua_pushinteger(L, CheckDesktop(L).Windows().GetCapture().value);
+  return 1;
+}
+
+int Active(lua_State* L) {
+  lua_pushinteger(L, CheckDesktop(L).Windows().GetActiveWindow().value);
+  return 1;
+}
+
+// --- Calls and objects -----------------------------------------------------------------------------
+
+int Trace(lua_State* L) {
+  CheckDesktop(L);
+  luaL_checktype(L, 2, LUA_TBOOLEAN);
+  TracingPlatform& tracing = StateOf(L).FormPlatform();
+  lua_toboolean(L, 2) ? tracing.Start() : tracing.Stop();
+  return 0;
+}
+
+void PushTraced(lua_State* L, const TraceArgument& argument) {
+  if (const auto* whole = std::get_if<std::int64_t>(&argument)) {
+    lua_pushinteger(L, *whole);
+  } else if (const auto* number = std::get_if<double>(&argument)) {
+    lua_pushnumber(L, *number);
+  } else {
+    const auto& text = std::get<std::string>(argument);
+    lua_pushlstring(L, text.data(), text.size());
+  }
+}
+
+int Calls(lua_State* L) {
+  CheckDesktop(L);
+  lua_newtable(L);
+  lua_Integer place = 0;
+  for (const TracedCall& call : StateOf(L).FormPlatform().TakeCalls()) {
+    lua_newtable(L);
+    lua_pushstring(L, call.name.c_str());
+    lua_setfield(L, -2, "name");
+    lua_Integer position = 0;
+    for (const TraceArgument& argument : call.arguments) {
+      PushTraced(L, argument);
+      lua_rawseti(L, -2, ++position);
+    }
+    lua_rawseti(L, -2, ++place);
+  }
+  return 1;
+}
+
+int Objects(lua_State* L) {
+  lua_pushinteger(L, static_cast<lua_Integer>(CheckDesktop(L).LiveObjects()));
+  return 1;
+}
+
+constexpr luaL_Reg kMethods[] = {{"active", Guarded<Active>},   {"advance", Guarded<Advance>},
+                                 {"calls", Guarded<Calls>},     {"capture", Guarded<Capture>},
+                                 {"click", Guarded<Click>},     {"doubleclick", Guarded<DoubleClick>},
+                                 {"focus", Guarded<Focus>},     {"key", Guarded<Key>},
+                                 {"keydown", Guarded<KeyDown>}, {"keyup", Guarded<KeyUp>},
+                                 {"move", Guarded<Move>},       {"move_to", Guarded<MoveTo>},
+                                 {"objects", Guarded<Objects>}, {"pixel", Guarded<Pixel>},
+                                 {"press", Guarded<Press>},     {"rect", Guarded<Rect>},
+                                 {"release", Guarded<Release>}, {"screenshot", Guarded<Screenshot>},
+                                 {"trace", Guarded<Trace>},     {"type", Guarded<Type>},
+                                 {"windows", Guarded<Windows>}, {nullptr, nullptr}};
+
+int ReadDesktop(lua_State* L) {
+  const std::string_view name = luaL_checkstring(L, 2);
+  if (PushScriptMethod(L, 1, name)) return 1;
+  RaiseNoSuchMember("Desktop", name, ScriptMethodNames(L, 1));
+}
+
+constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadDesktop>}, {nullptr, nullptr}};
+
+[[noreturn]] void Refuse(const std::string& text) { throw Error(kInvalidCall, "LevelWidgets.Desktop", text); }
+
+DesktopSettings SettingsAt(lua_State* L, int index) {
+  const OptionTable table(L, index, "Desktop", {"width", "height", "dpi", "locale", "today"});
+  DesktopSettings settings;
+  settings.size = {table.Whole("width", settings.size.width), table.Whole("height", settings.size.height)};
+  settings.dpi = table.Whole("dpi", settings.dpi);
+  settings.locale = table.Text("locale", settings.locale);
+  constexpr int kMost = 16384;
+  if (std::min(settings.size.width, settings.size.height) < 1 ||
+      std::max(settings.size.width, settings.size.height) > kMost) {
+    Refuse("The desktop's width and height are between 1 and 16384 pixels");
+  }
+  if (settings.dpi < 24 || settings.dpi > 960) Refuse("The desktop's dpi is between 24 and 960");
+  if (table.Has("today")) {
+    settings.today = DateOfIsoText(table.Text("today", ""));
+    if (!settings.today) Refuse("The desktop's today is written as \"2024-05-15T10:30:00\"");
+  }
+  return settings;
+}
+
+}  // namespace
+
+void OpenDesktop(lua_State* L) {
+  DefineType<DesktopValue>(L, kDesktopType, kMetamethods);
+  SetScriptMethods(L, kMethods);
+  lua_pop(L, 1);
+}
+
+int NewDesktop(lua_State* L) {
+  StateOf(L).MakeDesktop(SettingsAt(L, 1));
+  PushUserdata(L, kDesktopType, DesktopValue{});
+  return 1;
+}
+
+}  // namespace levelwidgets

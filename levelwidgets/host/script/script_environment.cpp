@@ -1,0 +1,43 @@
+#include <levelwidgets/host/script/script_environment.h>
+
+#include <levelwidgets/host/script/script_error.h>
+#include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_module.h>
+#include <levelwidgets/host/script/script_objects.h>
+
+namespace levelwidgets {
+
+void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form) {
+  lua_State* L = state.Running();
+  lua_newtable(L);
+  for (const auto& control : form->form->Controls()) {
+    PushControl(L, control);
+    lua_setfield(L, -2, control->Name().c_str());
+  }
+  PushForm(L, form);
+  lua_setfield(L, -2, "form");
+  PushModule(L);
+  lua_setfield(L, -2, "lw");
+
+  lua_createtable(L, 0, 1);
+  lua_pushglobaltable(L);
+  lua_setfield(L, -2, "__index");
+  lua_setmetatable(L, -2);
+  form->environment = state.TakeRef(L);
+}
+
+void RunFormScript(ScriptState& state, const ScriptForm& form, const std::string& path) {
+  lua_State* L = state.Running();
+  // Text only: bytecode is not checked before it runs.
+  if (luaL_loadfilex(L, path.c_str(), "t") != LUA_OK) {
+    const std::string text = lua_tostring(L, -1);
+    lua_pop(L, 1);
+    throw ScriptFailure(text);
+  }
+  form.environment.Push(L);
+  lua_setupvalue(L, -2, 1);
+  CallFailure failure;
+  if (!CallReporting(L, 0, 0, failure)) throw ScriptFailure(failure.message + "\n" + failure.traceback);
+}
+
+}  // namespace levelwidgets

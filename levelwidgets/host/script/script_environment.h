@@ -1,0 +1,15 @@
+// What a form's own script sees.
+#pragma once
+
+#include <levelwidgets/host/script/script_state.h>
+
+namespace levelwidgets {
+
+// Gives the form the globals of its script: every control under its name, `form`, `lw`, and the program's
+// globals behind them.
+void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form);
+
+// Runs the script file at `path` in the form's environment. Raises ScriptFailure.
+void RunFormScript(ScriptState& state, const ScriptForm& form, const std::string& path);
+
+}  // namespace levelwidgets

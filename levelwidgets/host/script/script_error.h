@@ -1,0 +1,38 @@
+// Errors on their way between the library and scripts.
+#pragma once
+
+#include <string>
+
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/script_state.h>
+
+namespace levelwidgets {
+
+// Makes the type of error values known; once per state.
+void OpenErrors(lua_State* L);
+
+// Pushes the exception being handled as a script's error value: an Error as a table { number, source,
+// description } that prints as one line with its place, anything else as a text.
+void PushCurrentException(lua_State* L);
+
+// Every function that scripts call is one of these: exceptions of the library become errors of the script.
+template <int (*Function)(lua_State*)>
+int Guarded(lua_State* L) {
+  const RunningThread running(L);
+  try {
+    return Function(L);
+  } catch (const std::exception&) {
+    PushCurrentException(L);
+  }
+  return lua_error(L);
+}
+
+struct CallFailure {
+  std::string message;    // with its place in front, where that is known
+  std::string traceback;  // "stack traceback:" and a line each
+};
+
+// Calls the function below its `arguments` on the stack. False when it failed: `failure` then says how.
+bool CallReporting(lua_State* L, int arguments, int results, CallFailure& failure);
+
+}  // namespace levelwidgets

@@ -1,0 +1,19 @@
+// How events reach scripts.
+#pragma once
+
+#include <levelwidgets/host/hosted_control.h>
+#include <levelwidgets/host/script/script_state.h>
+
+namespace levelwidgets {
+
+// Handlers by name: cmdSave_Click for a control's event; form_Resize or frmOrder_Resize for the form's own.
+// They are looked up when the event is raised, in the form's own script first and then among the program's
+// globals.
+void ConnectForm(ScriptState& state, const std::shared_ptr<ScriptForm>& form);
+void ConnectControl(ScriptState& state, const std::shared_ptr<ScriptForm>& form, HostedControl& control);
+
+// control:on(event, function) and form:on(event, function). Raises 438 for an unknown event.
+int ListenToControl(lua_State* L);
+int ListenToForm(lua_State* L);
+
+}  // namespace levelwidgets

@@ -1,0 +1,124 @@
+#include <levelwidgets/host/script/script_host.h>
+
+#include <cstdio>
+#include <limits>
+
+#include <levelwidgets/host/script/script_desktop.h>
+#include <levelwidgets/host/script/script_error.h>
+#include <levelwidgets/host/script/script_fonts.h>
+#include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_module.h>
+#include <levelwidgets/host/script/script_objects.h>
+#include <levelwidgets/host/script/script_state.h>
+#include <levelwidgets/host/script/script_values.h>
+
+namespace levelwidgets {
+
+namespace {
+
+void ReportToStandardError(const std::string& text) {
+  std::fflush(stdout);  // in the order in which it happened
+  std::fprintf(stderr, "%s\n", text.c_str());
+}
+
+// Modules beside the program come before all others.
+void SearchModulesBeside(lua_State* L, const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash);
+  lua_getglobal(L, "package");
+  lua_getfield(L, -1, "path");
+  const std::string search = folder + "/?.lua;" + lua_tostring(L, -1);
+  lua_pop(L, 1);
+  lua_pushstring(L, search.c_str());
+  lua_setfield(L, -2, "path");
+  lua_pop(L, 1);
+}
+
+void SetArguments(lua_State* L, const std::string& program, const std::vector<std::string>& arguments) {
+  lua_newtable(L);
+  lua_pushstring(L, program.c_str());
+  lua_rawseti(L, -2, 0);
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    lua_pushstring(L, arguments[i].c_str());
+    lua_rawseti(L, -2, static_cast<lua_Integer>(i) + 1);
+  }
+  lua_setglobal(L, "arg");
+}
+
+// The exit status that the value on top of the stack stands for.
+int StatusAt(lua_State* L) {
+  if (lua_isboolean(L, -1)) return lua_toboolean(L, -1) ? 0 : 1;
+  if (!lua_isinteger(L, -1)) return 0;
+  return static_cast<int>(lua_tointeger(L, -1) & 0xFF);
+}
+
+// Runs the function on top of the stack, or raises the message there if loading it ended with `loaded`.
+int RunLoaded(lua_State* L, int loaded, const std::vector<std::string>& arguments) {
+  const int bottom = lua_gettop(L) - 1;
+  if (loaded != LUA_OK) {
+    const std::string text = lua_tostring(L, -1);
+    lua_settop(L, bottom);
+    throw ScriptFailure(text);
+  }
+  luaL_checkstack(L, static_cast<int>(arguments.size()) + 10, "too many arguments");
+  for (const std::string& argument : arguments) lua_pushstring(L, argument.c_str());
+  CallFailure failure;
+  if (!CallReporting(L, static_cast<int>(arguments.size()), 1, failure)) {
+    lua_settop(L, bottom);
+    throw ScriptFailure(failure.message + "\n" + failure.traceback);
+  }
+  const int status = StatusAt(L);
+  lua_settop(L, bottom);
+  return status;
+}
+
+}  // namespace
+
+std::string HandlerError::ToString() const {
+  const std::string source = control.empty() ? form : form + "." + control;
+  return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
+}
+
+ScriptHost::ScriptHost(Report report)
+    : state_(std::make_unique<ScriptState>(report ? std::move(report) : ReportToStandardError)) {
+  lua_State* L = state_->Running();
+  luaL_openlibs(L);
+  OpenErrors(L);
+  OpenValues(L);
+  OpenFonts(L);
+  OpenObjects(L);
+  OpenForms(L);
+  OpenDesktop(L);
+  OpenModule(L);
+}
+
+ScriptHost::~ScriptHost() = default;
+
+int ScriptHost::RunFile(const std::string& path, const std::vector<std::string>& arguments) {
+  lua_State* L = state_->Running();
+  SearchModulesBeside(L, path);
+  SetArguments(L, path, arguments);
+  return RunLoaded(L, luaL_loadfile(L, path.c_str()), arguments);
+}
+
+int ScriptHost::RunText(const std::string& text, const std::string& name) {
+  lua_State* L = state_->Running();
+  return RunLoaded(L, luaL_loadbuffer(L, text.data(), text.size(), ("@" + name).c_str()), {});
+}
+
+std::string ScriptHost::SyntaxError(const std::string& path) {
+  const std::unique_ptr<lua_State, void (*)(lua_State*)> L(luaL_newstate(), lua_close);
+  return luaL_loadfilex(L.get(), path.c_str(), "t") == LUA_OK ? "" : lua_tostring(L.get(), -1);
+}
+
+std::shared_ptr<Form> ScriptHost::LoadForm(const std::string& path) {
+  return LoadScriptForm(*state_, path)->form;
+}
+
+void ScriptHost::MakeDesktop(const DesktopSettings& settings) { state_->MakeDesktop(settings); }
+
+DesktopDriver& ScriptHost::Desktop() { return state_->Desktop(); }
+
+const std::vector<HandlerError>& ScriptHost::HandlerErrors() const { return state_->HandlerErrors(); }
+
+}  // namespace levelwidgets

@@ -1,0 +1,83 @@
+// Runs scripts: a program of the user's on a desktop in memory, and the scripts of forms.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <levelwidgets/host/form.h>
+#include <levelwidgets/platform/driver.h>
+
+namespace levelwidgets {
+
+// A script that ended by an error. The text says where, why and how it came there.
+class ScriptFailure : public std::exception {
+ public:
+  explicit ScriptFailure(std::string text) : text_(std::move(text)) {}
+  const char* what() const noexcept override { return text_.c_str(); }
+
+ private:
+  std::string text_;
+};
+
+// An error in an event handler. It is reported and goes no further: the form goes on.
+struct HandlerError {
+  std::string form;
+  std::string control;  // "" for an event of the form itself
+  std::string event;
+  std::string message;  // file:line: what is wrong
+  std::string traceback;
+
+  // frmOrder.cmdSave Click: order.lua:3: ... and the traceback on lines of its own.
+  std::string ToString() const;
+};
+
+// The desktop in memory that scripts run on.
+struct DesktopSettings {
+  PixelSize size{1024, 768};
+  int dpi = 96;
+  std::string locale = "en-US";
+  std::optional<Date> today;  // the desktop's own where not given
+};
+
+// One run of scripts and all that it makes: the desktop, the forms, the values. The desktop is made when the
+// first form is, and ends after the last form.
+class ScriptHost {
+ public:
+  // Gets whole lines of text for the user: errors in handlers, warnings of form files.
+  using Report = std::function<void(const std::string& text)>;
+
+  // Reports to standard error when given none.
+  explicit ScriptHost(Report report = {});
+  ScriptHost(const ScriptHost&) = delete;
+  ScriptHost& operator=(const ScriptHost&) = delete;
+  ~ScriptHost();
+
+  // Runs the program in the file at `path`, with `arguments` in `...` and `arg`. Its exit status: the number
+  // that it returns, 0 for nothing or true, 1 for false. Raises ScriptFailure. An error in a handler is no
+  // failure of the program; it is in HandlerErrors().
+  int RunFile(const std::string& path, const std::vector<std::string>& arguments = {});
+  // The same with the program's text; `name` stands for its file in messages.
+  int RunText(const std::string& text, const std::string& name);
+
+  // Why the script in the file at `path` cannot be run at all, as file:line: message; "" when it can.
+  static std::string SyntaxError(const std::string& path);
+
+  // The form of the form file at `path`, with its script run and Load raised; not shown. Raises an Error with
+  // every diagnostic of the file on a line of its own, or ScriptFailure.
+  std::shared_ptr<Form> LoadForm(const std::string& path);
+
+  // Makes the desktop; raises 5 when there is one.
+  void MakeDesktop(const DesktopSettings& settings);
+  // The desktop, made by default settings when there is none.
+  DesktopDriver& Desktop();
+
+  const std::vector<HandlerError>& HandlerErrors() const;
+
+ private:
+  std::unique_ptr<class ScriptState> state_;
+};
+
+}  // namespace levelwidgets

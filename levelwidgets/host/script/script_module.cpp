@@ -1,0 +1,97 @@
+#include <levelwidgets/host/script/script_module.h>
+
+#include <levelwidgets/host/script/script_desktop.h>
+#include <levelwidgets/host/script/script_error.h>
+#include <levelwidgets/host/script/script_fonts.h>
+#include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_objects.h>
+#include <levelwidgets/host/script/script_values.h>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr char kModule[] = "levelwidgets";
+
+// The classes that lw.new makes.
+struct Creatable {
+  std::string_view name;
+  ObjectRef (*create)();
+};
+constexpr std::array<Creatable, 0> kCreatables{};
+
+// lw.new(class)
+int NewObject(lua_State* L) {
+  const std::string name = luaL_checkstring(L, 1);
+  std::string list;
+  for (const Creatable& creatable : kCreatables) {
+    if (creatable.name == name) {
+      PushObject(L, creatable.create());
+      return 1;
+    }
+    list += (list.empty() ? "" : ", ") + std::string(creatable.name);
+  }
+  throw Error(kInvalidCall, "LevelWidgets",
+              "lw.new makes no \"" + name + "\"; it makes: " + (list.empty() ? "no class yet" : list));
+}
+
+// lw.errors(): the errors in handlers so far
+int ListErrors(lua_State* L) {
+  lua_newtable(L);
+  lua_Integer place = 0;
+  for (const HandlerError& error : StateOf(L).HandlerErrors()) {
+    lua_newtable(L);
+    for (const auto& [key, text] : {std::pair{"form", error.form},
+                                    {"control", error.control},
+                                    {"event", error.event},
+                                    {"message", error.message},
+                                    {"traceback", error.traceback}}) {
+      lua_pushstring(L, text.c_str());
+      lua_setfield(L, -2, key);
+    }
+    lua_rawseti(L, -2, ++place);
+  }
+  return 1;
+}
+
+constexpr luaL_Reg kFunctions[] = {{"date", Guarded<NewDate>},      {"desktop", Guarded<NewDesktop>},
+                                   {"errors", Guarded<ListErrors>}, {"font", Guarded<NewFont>},
+                                   {"form", Guarded<NewForm>},      {"load", Guarded<LoadFormFile>},
+                                   {"new", Guarded<NewObject>},     {nullptr, nullptr}};
+
+int RefuseUnknown(lua_State* L) {
+  std::vector<std::string_view> names{"null"};
+  for (const luaL_Reg* function = kFunctions; function->name; ++function) names.push_back(function->name);
+  RaiseNoSuchMember("lw", luaL_checkstring(L, 2), names);
+}
+
+int LoadModule(lua_State* L) {
+  PushModule(L);
+  return 1;
+}
+
+}  // namespace
+
+void OpenModule(lua_State* L) {
+  luaL_newlib(L, kFunctions);
+  PushVariant(L, Null{});
+  lua_setfield(L, -2, "null");
+  lua_createtable(L, 0, 2);
+  for (const char* event : {"__index", "__newindex"}) {
+    lua_pushcfunction(L, Guarded<RefuseUnknown>);
+    lua_setfield(L, -2, event);
+  }
+  lua_setmetatable(L, -2);
+  lua_pushvalue(L, -1);
+  lua_setfield(L, LUA_REGISTRYINDEX, kModule);
+  lua_setglobal(L, "lw");
+
+  luaL_getsubtable(L, LUA_REGISTRYINDEX, LUA_PRELOAD_TABLE);
+  lua_pushcfunction(L, LoadModule);
+  lua_setfield(L, -2, kModule);
+  lua_pop(L, 1);
+}
+
+void PushModule(lua_State* L) { lua_getfield(L, LUA_REGISTRYINDEX, kModule); }
+
+}  // namespace levelwidgets

@@ -1,0 +1,76 @@
+#include <levelwidgets/host/script/script_state.h>
+
+#include <levelwidgets/frame/error.h>
+
+namespace levelwidgets {
+
+ScriptRef::ScriptRef(lua_State* L, const std::shared_ptr<lua_State>& state)
+    : state_(state), ref_(luaL_ref(L, LUA_REGISTRYINDEX)) {}
+
+ScriptRef::ScriptRef(ScriptRef&& other) noexcept
+    : state_(std::move(other.state_)), ref_(std::exchange(other.ref_, LUA_NOREF)) {}
+
+ScriptRef& ScriptRef::operator=(ScriptRef&& other) noexcept {
+  std::swap(state_, other.state_);
+  std::swap(ref_, other.ref_);
+  return *this;
+}
+
+ScriptRef::~ScriptRef() {
+  if (const auto state = state_.lock()) luaL_unref(state.get(), LUA_REGISTRYINDEX, ref_);
+}
+
+ScriptState& StateOf(lua_State* L) { return **static_cast<ScriptState**>(lua_getextraspace(L)); }
+
+ScriptState::ScriptState(ScriptHost::Report report)
+    : report_(std::move(report)), lua_(luaL_newstate(), lua_close), running_(lua_.get()) {
+  // Coroutines get a copy of it.
+  *static_cast<ScriptState**>(lua_getextraspace(lua_.get())) = this;
+}
+
+ScriptState::~ScriptState() {
+  forms_.clear();
+  lua_.reset();
+}
+
+void ScriptState::MakeDesktop(const DesktopSettings& settings) {
+  if (desktop_) {
+    throw Error(kInvalidCall, "LevelWidgets.Desktop",
+                "There is a desktop already: it is made once, before the first form");
+  }
+  memory::DesktopOptions options;
+  options.screen = settings.size;
+  options.dpi_x = options.dpi_y = settings.dpi;
+  options.locale = settings.locale;
+  if (settings.today) options.now = *settings.today;
+  desktop_ = std::make_unique<memory::Desktop>(options);
+  tracing_ = std::make_unique<TracingPlatform>(*desktop_);
+  desktop_->SetOutwardPlatform(tracing_.get());
+}
+
+memory::Desktop& ScriptState::Desktop() {
+  if (!desktop_) MakeDesktop({});
+  return *desktop_;
+}
+
+TracingPlatform& ScriptState::FormPlatform() {
+  Desktop();
+  return *tracing_;
+}
+
+std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
+                                              std::shared_ptr<const FormDocument> document) {
+  std::erase_if(forms_, [](const auto& kept) { return kept->form->Closed(); });
+  auto kept = std::make_shared<ScriptForm>();
+  kept->form = std::move(form);
+  kept->document = std::move(document);
+  forms_.push_back(kept);
+  return kept;
+}
+
+void ScriptState::ReportHandlerError(HandlerError error) {
+  handler_errors_.push_back(std::move(error));
+  Report(handler_errors_.back().ToString());
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,48 @@
+#include <iostream>
+
+#ifndef _WIN32
+#include <levelwidgets/host/script/script_host.h>
+#endif
+#include <tools/levelwidgets/commands.h>
+
+namespace levelwidgets {
+
+namespace {
+
+// What is wrong with the text of the script at `path`; "" for nothing, and where scripts are not run.
+std::string ErrorInScript([[maybe_unused]] const std::string& path) {
+#ifdef _WIN32
+  return "";
+#else
+  return path.empty() ? "" : ScriptHost::SyntaxError(path);
+#endif
+}
+
+bool IsGood(const std::string& path) {
+  const auto platform = MakePlatform();
+  const LoadedForm loaded = LoadForm(*platform, path);
+  PrintDiagnostics(loaded.diagnostics);
+  const std::string in_script = ErrorInScript(loaded.script);
+  if (!in_script.empty()) std::cerr << in_script << "\n";
+  return !loaded.HasErrors() && in_script.empty();
+}
+
+int Check(const std::vector<std::string>& forms) {
+  const auto bad = std::ranges::count_if(forms, [](const std::string& form) { return !IsGood(form); });
+  if (bad == 0) std::cout << forms.size() << (forms.size() == 1 ? " form is good\n" : " forms are good\n");
+  return bad == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& program, int& status) {
+  CLI::App* command = program.add_subcommand("check", "Tells everything that is wrong with form files");
+  command->footer(
+      "Errors and warnings are told as file:line:column: message; the exit status is 1 on an error.\n\n"
+      "Example:\n  levelwidgets check forms/*.form.toml");
+  const auto forms = std::make_shared<std::vector<std::string>>();
+  command->add_option("FORM", *forms, "The form files")->required();
+  command->callback([forms, &status] { status = Check(*forms); });
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,64 @@
+#include <tools/levelwidgets/command_line.h>
+
+#include <iostream>
+
+#include <tools/levelwidgets/commands.h>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+
+// What follows the file of `run` belongs to the script, whatever it looks like.
+std::vector<std::string> WithScriptArgumentsApart(std::vector<std::string> arguments) {
+  const auto is_option = [](const std::string& argument) { return argument.starts_with("-"); };
+  if (arguments.empty() || arguments.front() != "run") return arguments;
+  const auto file = std::find_if_not(arguments.begin() + 1, arguments.end(), is_option);
+  if (file != arguments.end()) arguments.insert(file + 1, "--");
+  return arguments;
+}
+
+int Parse(CLI::App& program, std::vector<std::string> arguments, const int& status) {
+  std::ranges::reverse(arguments);  // as the parser takes them
+  try {
+    program.parse(std::move(arguments));
+  } catch (const CLI::Success& success) {  // help or version
+    return program.exit(success);
+  } catch (const CLI::ParseError& error) {
+    program.exit(error);
+    return kUsage;
+  }
+  return status;
+}
+
+}  // namespace
+
+void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics) {
+  for (const Diagnostic& diagnostic : diagnostics) std::cerr << diagnostic.ToString() << "\n";
+}
+
+int RunCommandLine(std::vector<std::string> arguments) {
+  int status = 0;
+  CLI::App program("Shows, runs, draws, checks and describes forms.", "levelwidgets");
+  program.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
+  program.require_subcommand(1);
+  program.footer("Each command has a --help with an example:\n  levelwidgets describe --help");
+  AddShowCommand(program, status);
+#ifndef _WIN32
+  AddRunCommand(program, status);
+  AddRenderCommand(program, status);
+#endif
+  AddCheckCommand(program, status);
+  AddDescribeCommand(program, status);
+  try {
+    return Parse(program, WithScriptArgumentsApart(std::move(arguments)), status);
+  } catch (const std::exception& error) {
+    std::cout.flush();
+    std::cerr << error.what() << "\n";
+    return kFailed;
+  }
+}
+
+}  // namespace levelwidgets

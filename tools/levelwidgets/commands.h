@@ -1,0 +1,29 @@
+// The commands of the program, one file each. Not for use outside this folder.
+#pragma once
+
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
+#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/platform/platform.h>
+
+namespace levelwidgets {
+
+// Each adds its command to `program`. The command leaves its exit status in `status` when it has run, or
+// throws what is to be told on standard error.
+void AddShowCommand(CLI::App& program, int& status);
+void AddCheckCommand(CLI::App& program, int& status);
+void AddDescribeCommand(CLI::App& program, int& status);
+#ifndef _WIN32
+void AddRunCommand(CLI::App& program, int& status);
+void AddRenderCommand(CLI::App& program, int& status);
+#endif
+
+// The one place where the program chooses: the system's own windows, or a desktop in memory.
+std::unique_ptr<Platform> MakePlatform();
+
+// On standard error, a line each.
+void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics);
+
+}  // namespace levelwidgets

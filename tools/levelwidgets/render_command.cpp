@@ -1,0 +1,86 @@
+#include <levelwidgets/host/script/png_file.h>
+#include <levelwidgets/host/script/script_host.h>
+#include <tools/levelwidgets/commands.h>
+
+namespace levelwidgets {
+
+namespace {
+
+struct RenderArguments {
+  std::string form;
+  std::string picture;
+  int dpi = 96;
+  std::string hover;
+  std::string open;
+};
+
+// So that a form of any size is on it as a whole; only what is captured costs memory.
+constexpr PixelSize kAmpleScreen{16000, 16000};
+
+[[noreturn]] void Refuse(const std::string& text) { throw Error(kInvalidCall, "LevelWidgets", text); }
+
+HostedControl& FindControl(const Form& form, const std::string& name) {
+  if (const auto control = form.Find(name)) return *control;
+  std::vector<std::string_view> names;
+  for (const auto& control : form.Controls()) names.push_back(control->Name());
+  const std::string_view nearest = NearestName(name, names);
+  Refuse(form.Name() + " has no control named \"" + name + "\"" +
+         (nearest.empty() ? "" : "; did you mean \"" + std::string(nearest) + "\"?"));
+}
+
+void Hover(DesktopDriver& desktop, const HostedControl& control) {
+  const PixelRect rect = control.ScreenRect();
+  desktop.MovePointer({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
+}
+
+// F4 opens what can be opened. Returns what has then come up.
+PixelRect Open(DesktopDriver& desktop, HostedControl& control) {
+  const std::vector<TopLevelWindow> before = desktop.TopLevelWindows();
+  control.SetFocus();
+  desktop.Key(kKeyF4);
+  for (const TopLevelWindow& window : desktop.TopLevelWindows()) {
+    if (std::ranges::find(before, window.handle, &TopLevelWindow::handle) == before.end()) return window.rect;
+  }
+  Refuse(control.Name() + " (" + control.ControlClass().Name() + ") has nothing to open");
+}
+
+PixelRect Union(const PixelRect& a, const PixelRect& b) {
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+          std::max(a.bottom, b.bottom)};
+}
+
+int Render(const RenderArguments& arguments) {
+  ScriptHost host;
+  host.MakeDesktop({.size = kAmpleScreen, .dpi = arguments.dpi});
+  const auto form = host.LoadForm(arguments.form);
+  DesktopDriver& desktop = host.Desktop();
+  form->Show();
+  desktop.Settle();
+  if (form->Closed()) Refuse(form->Name() + " has closed itself: there is nothing to draw");
+  if (!arguments.hover.empty()) Hover(desktop, FindControl(*form, arguments.hover));
+  PixelRect area = form->ScreenRect();
+  if (!arguments.open.empty()) area = Union(area, Open(desktop, FindControl(*form, arguments.open)));
+  desktop.Settle();
+  WritePng(desktop.Capture(area), arguments.picture);
+  return 0;
+}
+
+}  // namespace
+
+void AddRenderCommand(CLI::App& program, int& status) {
+  CLI::App* command = program.add_subcommand("render", "Draws a form to a picture");
+  command->footer(
+      "The form's script is run. The picture shows the form's window with its frame.\n\n"
+      "Example:\n  levelwidgets render order.form.toml -o order.png --hover cmdSave");
+  const auto given = std::make_shared<RenderArguments>();
+  command->add_option("FORM", given->form, "The form file")->required();
+  command->add_option("-o,--output", given->picture, "The picture, in PNG format")->required();
+  command->add_option("--dpi", given->dpi, "Pixels per inch")
+      ->check(CLI::Range(24, 960))
+      ->capture_default_str();
+  command->add_option("--hover", given->hover, "A control for the pointer to be over");
+  command->add_option("--open", given->open, "A control to open the drop-down of");
+  command->callback([given, &status] { status = Render(*given); });
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,22 @@
+#include <levelwidgets/host/script/script_host.h>
+#include <tools/levelwidgets/commands.h>
+
+namespace levelwidgets {
+
+void AddRunCommand(CLI::App& program, int& status) {
+  struct Arguments {
+    std::string file;
+    std::vector<std::string> rest;
+  };
+  CLI::App* command = program.add_subcommand("run", "Runs a script on a desktop in memory");
+  command->footer(
+      "The exit status is the number that the script returns or gives to os.exit; 1 when it fails.\n"
+      "Errors in event handlers are told on standard error and end nothing; lw.errors() lists them.\n\n"
+      "Example:\n  levelwidgets run order_test.lua --quick");
+  const auto given = std::make_shared<Arguments>();
+  command->add_option("FILE", given->file, "The script, in Lua")->required();
+  command->add_option("ARG", given->rest, "Arguments for the script, in ... and arg");
+  command->callback([given, &status] { status = ScriptHost().RunFile(given->file, given->rest); });
+}
+
+}  // namespace levelwidgets
