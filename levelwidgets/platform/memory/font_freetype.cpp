@@ -97,7 +97,7 @@ class FreeTypeFace final : public GlyphSource {
     units_ = UnitsOf(ft);
     size_y_ = EmSize(request.height, units_, ft->units_per_EM);
     const double wish = request.width == 0 ? size_y_ * aspect
-                                           : static_cast<double>(std::abs(request.width)) * ft->units_per_EM /
+                                           : std::abs(static_cast<double>(request.width)) * ft->units_per_EM /
                                                  units_.average_width;
     size_x_ = static_cast<int>(std::clamp(std::round(wish), 1.0, static_cast<double>(kLargestSize)));
     thicken_ = IsBold(request.weight) && !HasBoldOutlines(ft);

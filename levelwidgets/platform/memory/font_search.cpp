@@ -37,9 +37,7 @@ constexpr Family kFamilies[] = {
 
 constexpr const char* kReplacements[] = {"Tahoma", "Verdana", "DejaVu Sans"};
 
-bool SameName(const std::string& a, const char* b) {
-  return strcasecmp(a.c_str(), b) == 0;
-}
+bool SameName(const std::string& a, const char* b) { return strcasecmp(a.c_str(), b) == 0; }
 
 const Family* KnownFamily(const std::string& name) {
   for (const Family& family : kFamilies) {
@@ -64,9 +62,7 @@ std::string FileOf(const Family& family, FontStyle style) {
   return style.bold && *family.bold ? family.bold : family.regular;
 }
 
-const FcChar8* Text(const std::string& text) {
-  return reinterpret_cast<const FcChar8*>(text.c_str());
-}
+const FcChar8* Text(const std::string& text) { return reinterpret_cast<const FcChar8*>(text.c_str()); }
 
 }  // namespace
 
@@ -76,6 +72,10 @@ class FontSearch::System {
   explicit System(const FontSources& sources)
       : config_(sources.system_fonts ? FcInitLoadConfigAndFonts() : FcConfigCreate()) {
     if (!config_) return;
+    // An empty configuration would complain that it may keep nothing.
+    static constexpr char kCache[] =
+        "<fontconfig><cachedir prefix=\"xdg\">fontconfig</cachedir></fontconfig>";
+    if (!sources.system_fonts) FcConfigParseAndLoadFromMemory(config_, Text(kCache), FcFalse);
     for (const std::string& directory : sources.directories) FcConfigAppFontAddDir(config_, Text(directory));
   }
   ~System() {

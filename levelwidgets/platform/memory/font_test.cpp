@@ -159,6 +159,23 @@ TEST(FontCacheTest, AFolderWithoutFontsIsAsGoodAsNone) {
   EXPECT_EQ(cache.Get(Request("Tahoma", 20))->Width("abc"), 36);
 }
 
+TEST(FontSearchTest, ASymbolFontIsNeverReplacedByText) {
+  EXPECT_EQ(FontSearch({{}, true}).Find("Wingdings", {}).path.find("DejaVu"), std::string::npos);
+  EXPECT_TRUE(IsSymbolFace("marlett"));
+  EXPECT_FALSE(IsSymbolFace("Tahoma"));
+}
+
+TEST(FontSearchTest, TheSystemsFontsAreFoundByName) {
+  const std::string folder = "/usr/share/fonts/truetype/dejavu/";
+  if (!std::filesystem::exists(folder + "DejaVuSans-Bold.ttf")) GTEST_SKIP() << "no such font here";
+  FontSearch search({{}, true});
+  EXPECT_EQ(search.Find("DejaVu Sans", {}).path, folder + "DejaVuSans.ttf");
+  EXPECT_EQ(search.Find("DejaVu Sans", {.bold = true}).path, folder + "DejaVuSans-Bold.ttf");
+  EXPECT_EQ(search.Find("DejaVu Sans", {.bold = true, .italic = true}).path,
+            folder + "DejaVuSans-BoldOblique.ttf");
+  EXPECT_NE(search.Find("No Such Face", {}).path, "");
+}
+
 TEST(BuiltInFaceTest, HeightsFollowTheMeaningOfCreateFont) {
   EXPECT_EQ(BuiltInFace(Request("", 13))->Metrics().text.height, 13);
   EXPECT_EQ(BuiltInFace(Request("", -10))->Metrics().text.height, 12);

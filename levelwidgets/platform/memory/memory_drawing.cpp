@@ -71,17 +71,11 @@ std::size_t MemoryDrawing::LiveObjects() const {
   return state_->objects.Size() - state_->stock_count + state_->contexts.Size() - state_->window_contexts;
 }
 
-void MemoryDrawing::SetPalette(const SystemPalette& palette) {
-  state_->options.palette = palette;
-}
+void MemoryDrawing::SetPalette(const SystemPalette& palette) { state_->options.palette = palette; }
 
-const SystemPalette& MemoryDrawing::Palette() const {
-  return state_->options.palette;
-}
+const SystemPalette& MemoryDrawing::Palette() const { return state_->options.palette; }
 
-std::string MemoryDrawing::ToCodePage(std::string_view utf8) const {
-  return state_->code_page.ToBytes(utf8);
-}
+std::string MemoryDrawing::ToCodePage(std::string_view utf8) const { return state_->code_page.ToBytes(utf8); }
 
 std::string MemoryDrawing::FromCodePage(std::string_view bytes) const {
   return state_->code_page.ToUtf8(bytes);
@@ -112,9 +106,7 @@ bool MemoryDrawing::OleTranslateColor(Color color, std::uint32_t, ColorRef& resu
   return true;
 }
 
-ColorRef MemoryDrawing::GetSysColor(int index) {
-  return state_->options.palette.At(index);
-}
+ColorRef MemoryDrawing::GetSysColor(int index) { return state_->options.palette.At(index); }
 
 int MemoryDrawing::MulDiv(int value, int numerator, int denominator) {
   return ScaleRounded(value, numerator, denominator);

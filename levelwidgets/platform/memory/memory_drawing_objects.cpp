@@ -5,6 +5,12 @@
 
 namespace levelwidgets::memory {
 
+namespace {
+
+constexpr int kWidestPen = 1000;  // so that no line takes long
+
+}  // namespace
+
 DcHandle MemoryDrawing::State::AddContext(Context context) {
   context.brush_handle = stock[kWhiteBrush];
   context.pen_handle = stock[kBlackPen];
@@ -69,7 +75,8 @@ ObjectHandle MemoryDrawing::CreateSolidBrush(ColorRef color) {
 }
 
 ObjectHandle MemoryDrawing::CreatePen(int style, int width, ColorRef color) {
-  return state_->Add({.kind = ObjectKind::kPen, .pen = {Drawable(color), style, std::max(1, width)}});
+  return state_->Add(
+      {.kind = ObjectKind::kPen, .pen = {Drawable(color), style, std::clamp(width, 1, kWidestPen)}});
 }
 
 ObjectHandle MemoryDrawing::CreateFontA(const FontRequest& request) {

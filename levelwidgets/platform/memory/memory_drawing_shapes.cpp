@@ -1,6 +1,5 @@
 // Rectangles, lines and copies.
 #include <algorithm>
-#include <initializer_list>
 
 #include <levelwidgets/platform/memory/memory_drawing_state.h>
 #include <levelwidgets/platform/memory/raster.h>
@@ -49,18 +48,12 @@ PixelRect OuterEdge(const Pen& pen, const PixelRect& rect) {
   return {rect.left - before, rect.top - before, rect.right + after, rect.bottom + after};
 }
 
-bool Reachable(std::initializer_list<int> coordinates) {
-  constexpr int kFarthest = 1 << 27;
-  return std::all_of(coordinates.begin(), coordinates.end(),
-                     [](int value) { return value >= -kFarthest && value <= kFarthest; });
-}
-
 }  // namespace
 
 bool MemoryDrawing::Rectangle(DcHandle dc, PixelRect rect) {
   Context* context = state_->FindContext(dc);
   if (!context) return false;
-  rect = Ordered(rect);
+  rect = Ordered(Reachable(rect));
   if (rect.empty()) return true;
   const DrawingTarget& target = context->Target();
   const Pen& pen = context->pen;
@@ -84,14 +77,14 @@ bool MemoryDrawing::FillRect(DcHandle dc, PixelRect rect, ObjectHandle brush) {
   Context* context = state_->FindContext(dc);
   const DrawingObject* object = state_->objects.Find(brush.value);
   if (!context || !object || object->kind != ObjectKind::kBrush) return false;
-  FillInterior(context->Target(), object->brush, Ordered(rect));
+  FillInterior(context->Target(), object->brush, Ordered(Reachable(rect)));
   return true;
 }
 
 bool MemoryDrawing::MoveTo(DcHandle dc, PixelPoint point) {
   Context* context = state_->FindContext(dc);
   if (!context) return false;
-  context->position = point;
+  context->position = Reachable(point);
   return true;
 }
 
@@ -99,6 +92,7 @@ bool MemoryDrawing::LineTo(DcHandle dc, PixelPoint point) {
   Context* context = state_->FindContext(dc);
   if (!context) return false;
   const Pen& pen = context->pen;
+  point = Reachable(point);
   const PixelPoint from = std::exchange(context->position, point);
   if (pen.style == kPsNull) return true;
   if (pen.width > 1) {
@@ -112,7 +106,7 @@ bool MemoryDrawing::LineTo(DcHandle dc, PixelPoint point) {
 bool MemoryDrawing::DrawFocusRect(DcHandle dc, PixelRect rect) {
   Context* context = state_->FindContext(dc);
   if (!context) return false;
-  InvertDottedFrame(context->Target(), Ordered(rect));
+  InvertDottedFrame(context->Target(), Ordered(Reachable(rect)));
   return true;
 }
 
@@ -121,8 +115,7 @@ bool MemoryDrawing::BitBlt(DcHandle target, PixelRect rect, DcHandle source, Pix
   Context* to = state_->FindContext(target);
   Context* from = state_->FindContext(source);
   if (!to || !from || raster_operation != kSrcCopy) return false;
-  if (!Reachable({rect.left, rect.top, rect.right, rect.bottom, source_origin.x, source_origin.y}))
-    return false;
+  if (rect != Reachable(rect) || source_origin != Reachable(source_origin)) return false;
   CopyArea(to->Target(), rect, from->Target(), source_origin, state_->copied);
   return true;
 }
@@ -130,7 +123,7 @@ bool MemoryDrawing::BitBlt(DcHandle target, PixelRect rect, DcHandle source, Pix
 ColorRef MemoryDrawing::GetPixel(DcHandle dc, PixelPoint point) {
   ColorRef color = kInvalidColorRef;
   Context* context = state_->FindContext(dc);
-  if (!context || !Reachable({point.x, point.y})) return color;
+  if (!context || point != Reachable(point)) return color;
   ForEachPart(context->Target(), {point.x, point.y, point.x + 1, point.y + 1},
               [&](const PixelRect&, auto row) { color = {row(point.y)[point.x]}; });
   return color;

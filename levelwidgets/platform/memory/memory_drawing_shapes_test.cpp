@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <levelwidgets/platform/memory/memory_drawing_testing.h>
 
 namespace levelwidgets::memory {
@@ -197,6 +199,23 @@ TEST_F(MemoryDrawingShapes, BitBltOverlapsAcrossClipRectanglesToo) {
   for (std::uint32_t i = 0; i < 48; ++i) canvas.store.pixels[i] = i + 1;
   drawing.BitBlt(dc, {0, 1, 8, 6}, dc, {0, 0}, kSrcCopy);
   for (int y = 1; y < 6; ++y) EXPECT_EQ(canvas.store.Row(y)[0], static_cast<std::uint32_t>((y - 1) * 8 + 1));
+}
+
+TEST_F(MemoryDrawingShapes, AnyCoordinatesAreAllowed) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kMost = std::numeric_limits<int>::max();
+  drawing.FillRect(dc, {kLeast, kLeast, kMost, kMost}, drawing.CreateSolidBrush({kGreen}));
+  EXPECT_EQ(canvas.Rows(), Rows(6, "gggggggg"));
+  UseStock(kNullBrush);
+  drawing.Rectangle(dc, {kLeast, 1, 3, kMost});
+  EXPECT_EQ(canvas.Rows(), (Rows{"gggggggg", "###ggggg", "gg#ggggg", "gg#ggggg", "gg#ggggg", "gg#ggggg"}));
+  drawing.DrawFocusRect(dc, {kLeast, kLeast, kMost, kMost});
+  drawing.MoveTo(dc, {kMost, kMost});
+  drawing.LineTo(dc, {kMost, kLeast});
+  EXPECT_FALSE(drawing.BitBlt(dc, {kLeast, 0, kMost, 6}, dc, {0, 0}, kSrcCopy));
+  PixelRect rect{kLeast, 0, kMost, 6};
+  drawing.DrawTextA(dc, "HHHHHHH", rect, kDtSingleLine | kDtCenter | kDtVCenter);
+  EXPECT_EQ(drawing.GetPixel(dc, {kMost, kLeast}), kInvalidColorRef);
 }
 
 TEST_F(MemoryDrawingShapes, UnknownHandlesDrawNothing) {

@@ -43,9 +43,10 @@ void PaintLine(Context& context, const PixelRect& limit, const TextLine& line, P
 
 }  // namespace
 
-int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& rect, std::uint32_t format) {
+int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& place, std::uint32_t format) {
   Context* context = state_->FindContext(dc);
   if (!context) return 0;
+  const PixelRect rect = Reachable(place);
   text = text.substr(0, text.find('\0'));
   Font& font = *context->font;
   const int line_height = font.Metrics().text.height;
@@ -54,8 +55,7 @@ int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& rect
   if (format & kDtCalcRect) {
     int width = 0;
     for (const TextLine& line : lines) width = std::max(width, line.width);
-    rect.right = rect.left + width;
-    rect.bottom = rect.top + height;
+    place = {rect.left, rect.top, rect.left + width, rect.top + height};
     return std::max(height, line_height);
   }
   const int top = FirstTop(rect, height, format);

@@ -7,12 +7,6 @@ namespace levelwidgets::memory {
 
 namespace {
 
-constexpr int kFarthest = 1 << 27;  // as far as the original's coordinates reach
-
-PixelPoint Reachable(PixelPoint p) {
-  return {std::clamp(p.x, -kFarthest, kFarthest), std::clamp(p.y, -kFarthest, kFarthest)};
-}
-
 // A slanted or straight line as positions counted along its longer axis.
 class LineSteps {
  public:
@@ -108,7 +102,7 @@ void InvertDottedFrame(const DrawingTarget& target, const PixelRect& rect) {
 
 void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::uint32_t color,
               const Dashes& dashes) {
-  const LineSteps line(Reachable(from), Reachable(to));
+  const LineSteps line(from, to);
   if (line.Count() == 0) return;
   ForEachPart(target, kNoLimit, [&](const PixelRect& part, auto row) {
     int first = 0;
@@ -128,7 +122,7 @@ void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::
 
 void DrawWideLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, int width,
                   std::uint32_t color) {
-  const LineSteps line(Reachable(from), Reachable(to));
+  const LineSteps line(from, to);
   if (line.Count() == 0) return;
   const int before = width / 2;
   ForEachPart(target, kNoLimit, [&](const PixelRect& part, auto row) {

@@ -1,5 +1,5 @@
-// Pixel operations on a context's target. Coordinates are the context's; any int is allowed. Nothing
-// outside the target's clip list is touched.
+// Pixel operations on a context's target. Coordinates are the context's and reachable. Nothing outside
+// the target's clip list is touched.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,19 @@
 
 namespace levelwidgets::memory {
 
+// The coordinates of the original reach this far; in between no sum of a few of them overflows.
+inline constexpr int kFarthest = 1 << 27;
+
+constexpr int Reachable(int coordinate) {
+  return coordinate < -kFarthest ? -kFarthest : coordinate > kFarthest ? kFarthest : coordinate;
+}
+constexpr PixelPoint Reachable(const PixelPoint& p) { return {Reachable(p.x), Reachable(p.y)}; }
+constexpr PixelRect Reachable(const PixelRect& r) {
+  return {Reachable(r.left), Reachable(r.top), Reachable(r.right), Reachable(r.bottom)};
+}
+
 // Everywhere: the limit of an operation that has none.
-inline constexpr PixelRect kNoLimit{-0x40000000, -0x40000000, 0x40000000, 0x40000000};
+inline constexpr PixelRect kNoLimit{-2 * kFarthest, -2 * kFarthest, 2 * kFarthest, 2 * kFarthest};
 
 // With left <= right and top <= bottom, as the original operations order a rectangle.
 constexpr PixelRect Ordered(const PixelRect& r) {
