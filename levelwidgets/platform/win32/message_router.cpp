@@ -185,11 +185,30 @@ std::intptr_t MessageRouter::DeliverToReplacement(WindowHandle window, std::uint
   return result;
 }
 
-bool MessageRouter::Suppressed(WindowHandle window, std::uint32_t message, LParam lparam) const {
+bool MessageRouter::Suppressed(WindowHandle window, std::uint32_t message, LParam lparam) {
+  if (message == WM_MOUSEMOVE) return PointerRests(window, lparam);
+  if (message == WM_MOUSELEAVE) PointerLeft();
   // The system tells a window that it has taken the capture over from itself.
   const bool capture_kept = message == WM_CAPTURECHANGED && lparam != 0 &&
                             FromNative<WindowHandle>(reinterpret_cast<HWND>(lparam)) == window;
   return message == WM_ERASEBKGND || capture_kept;
+}
+
+// The system repeats the last move whenever the capture or a window under the pointer changes.
+bool MessageRouter::PointerRests(WindowHandle window, LParam lparam) {
+  PixelPoint at = PointOfLParam(lparam);
+  windows_.ClientToScreen(window, at);
+  const bool rests = pointer_ == at;
+  pointer_ = at;
+  TRACKMOUSEEVENT leave = {sizeof leave, TME_LEAVE, ToHwnd(window), 0};
+  ::TrackMouseEvent(&leave);
+  return rests;
+}
+
+// Once it has been elsewhere, coming back to the same place is a move.
+void MessageRouter::PointerLeft() {
+  POINT now = {};
+  if (::GetCursorPos(&now) && pointer_ && (now.x != pointer_->x || now.y != pointer_->y)) pointer_.reset();
 }
 
 void MessageRouter::TrackPress(WindowHandle window, std::uint32_t message, WParam wparam) {

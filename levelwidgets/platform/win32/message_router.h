@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <unordered_map>
 
@@ -13,7 +14,8 @@
 namespace levelwidgets::win32 {
 
 // Knows every window made through the seam. Keeps those promises about plain windows that the system
-// does not keep by itself: the press capture and the background that nobody erases.
+// does not keep by itself: the press capture, the background that nobody erases, and moves only when the
+// pointer has moved.
 class MessageRouter {
  public:
   MessageRouter(WindowApi& windows, ExceptionRelay& relay);
@@ -43,7 +45,9 @@ class MessageRouter {
   std::intptr_t DeliverToClient(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
   std::intptr_t DeliverToReplacement(WindowHandle window, std::uint32_t message, WParam wparam,
                                      LParam lparam);
-  bool Suppressed(WindowHandle window, std::uint32_t message, LParam lparam) const;
+  bool Suppressed(WindowHandle window, std::uint32_t message, LParam lparam);
+  bool PointerRests(WindowHandle window, LParam lparam);
+  void PointerLeft();
   void TrackPress(WindowHandle window, std::uint32_t message, WParam wparam);
   void Forget(WindowHandle window);
 
@@ -52,6 +56,7 @@ class MessageRouter {
   std::unordered_map<std::uint32_t, Window> known_;
   std::set<std::intptr_t> native_procedures_;  // all that SetProcedure and GetProcedure have returned
   bool pressed_ = false;
+  std::optional<PixelPoint> pointer_;  // screen pixels, of the last move delivered
 };
 
 }  // namespace levelwidgets::win32

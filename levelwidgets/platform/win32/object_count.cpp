@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+#include <levelwidgets/platform/constants.h>
+
 // The process environment block.
 extern "C" NTSYSAPI void* NTAPI RtlGetCurrentPeb();
 
@@ -49,6 +51,16 @@ bool IsCounted(const TableEntry& entry) {
   }
 }
 
+// One with everything that is made once: an icon, a caption, a scroll bar and text.
+bool ShowOneWindow() {
+  for (int color = 0; color < kSystemColorCount; ++color) ::GetSysColorBrush(color);
+  const HWND edit = ::CreateWindowExA(0, "EDIT", "text", WS_POPUP | WS_CAPTION | ES_MULTILINE | WS_VSCROLL, 0,
+                                      0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+  ::ShowWindow(edit, SW_SHOW);
+  ::UpdateWindow(edit);
+  return ::DestroyWindow(edit) != FALSE;
+}
+
 }  // namespace
 
 std::size_t CountDrawingObjects() {
@@ -57,5 +69,7 @@ std::size_t CountDrawingObjects() {
   const auto table = HandleTable();
   return static_cast<std::size_t>(std::count_if(table.begin(), table.end(), IsCounted));
 }
+
+void WarmUpDrawingObjects() { [[maybe_unused]] static const bool done = ShowOneWindow(); }
 
 }  // namespace levelwidgets::win32

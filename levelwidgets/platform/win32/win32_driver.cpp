@@ -46,6 +46,7 @@ std::string TitleOf(HWND hwnd) {
 }  // namespace
 
 Win32Driver::Win32Driver(Win32Platform& platform) : platform_(platform) {
+  WarmUpDrawingObjects();
   const PixelSize screen = platform.Screen().Size();
   MovePointer({screen.width - 1, screen.height - 1});
 }
