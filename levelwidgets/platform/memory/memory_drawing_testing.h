@@ -1,6 +1,7 @@
 // A window's surface for tests of drawing, without a window.
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
