@@ -151,4 +151,22 @@ class DesktopTest : public testing::Test {
   Recorder client{desktop, log};
 };
 
+// A form with two children side by side, (10, 10, 60, 60) and (60, 10, 110, 60).
+class InputTest : public DesktopTest {
+ protected:
+  // Input only: no paints, no questions about activation.
+  Log Input() {
+    Log lines;
+    for (const std::string& line : Take()) {
+      const bool noise = line.ends_with(" Paint") || line.ends_with(" MouseActivate");
+      if (!noise) lines.push_back(line);
+    }
+    return lines;
+  }
+
+  WindowHandle form = MakeTop("form", {100, 100, 300, 200});
+  WindowHandle left = MakeChild("left", form, {10, 10, 60, 60});
+  WindowHandle right = MakeChild("right", form, {60, 10, 110, 60});
+};
+
 }  // namespace levelwidgets::memory

@@ -80,14 +80,8 @@ bool MemoryWindows::InvalidateRect(WindowHandle window) {
 
 Region MemoryWindows::PendingPaint(WindowHandle window) {
   Window* found = tree_.Find(window);
-  if (!found) return {};
-  Region area = found->invalid;
-  if (area.Empty()) return area;
-  const PixelPoint origin = tree_.StoreOrigin(*found);
-  area.Offset(origin.x, origin.y);
-  area.ClipTo(tree_.Visible(*found));
-  area.Offset(-origin.x, -origin.y);
-  return area;
+  if (!found || found->invalid.Empty()) return {};
+  return Common(tree_.VisibleWithin(*found, found->invalid.Bounds()), found->invalid);
 }
 
 // --- Delivering paints -----------------------------------------------------------------------

@@ -51,18 +51,17 @@ void Region::Add(const Region& other) {
 }
 
 void Region::Subtract(const PixelRect& rect) {
-  const auto touches = [&](const PixelRect& r) { return Overlap(r, rect); };
-  if (rect.empty() || std::none_of(rects_.begin(), rects_.end(), touches)) return;
-  std::vector<PixelRect> rest;
-  rest.reserve(rects_.size() + 3);
-  for (const PixelRect& r : rects_) {
-    if (touches(r)) {
-      AppendAround(r, rect, rest);
-    } else {
-      rest.push_back(r);
+  std::vector<PixelRect> parts;
+  for (std::size_t i = 0; i < rects_.size();) {
+    if (!Overlap(rects_[i], rect)) {
+      ++i;
+      continue;
     }
+    AppendAround(rects_[i], rect, parts);
+    rects_[i] = rects_.back();
+    rects_.pop_back();
   }
-  rects_.swap(rest);
+  rects_.insert(rects_.end(), parts.begin(), parts.end());
 }
 
 void Region::Subtract(const Region& other) {

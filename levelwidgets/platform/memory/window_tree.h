@@ -60,9 +60,8 @@ struct Window final : TargetSource {
   bool paint_unanswered = false;  // kWmPaint was sent and BeginPaint has not been called
   bool destroying = false;
 
-  // Kept until the tree changes: what can be seen, in pixels of the top-level window's store.
-  Region visible;
-  Region drawable;  // `visible` within `paint_limit`
+  // Kept until the tree changes: what may be drawn, in pixels of the top-level window's store.
+  Region clip;
   DrawingTarget target;
   std::uint64_t seen_at = 0;
 
@@ -121,8 +120,11 @@ class WindowTree {
   // To be called after every change of place, order, style, visibility or frame, and of `paint_limit`:
   // forgets what was known of the whole top-level window's tree, and fits its store.
   void Changed(Window& window);
-  // Of the client area, in store pixels: without what covers it.
-  const Region& Visible(Window& window);
+  // What can be seen of the client area and, between BeginPaint and EndPaint, is to be painted. In store
+  // pixels; kept.
+  const Region& Clip(Window& window);
+  // What can be seen of `part`, in client pixels. Not kept: for a small part of a large window.
+  Region VisibleWithin(Window& window, const PixelRect& part);
   // Of the outer rectangle, in store pixels: without the siblings in front, whether or not the style
   // lets them clip.
   Region VisibleOuter(Window& window);

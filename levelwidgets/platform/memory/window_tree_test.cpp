@@ -55,9 +55,9 @@ TEST_F(WindowTreeTest, RemovingFreesWhatIsInside) {
 
 TEST_F(WindowTreeTest, AChildIsCutByItsAncestors) {
   Window& child = Make(top, {150, 50, 250, 150});
-  EXPECT_EQ(tree.Visible(child), Region(PixelRect{150, 50, 200, 100}));
+  EXPECT_EQ(tree.Clip(child), Region(PixelRect{150, 50, 200, 100}));
   Window& grandchild = Make(child, {-10, -10, 80, 20});
-  EXPECT_EQ(tree.Visible(grandchild), Region(PixelRect{150, 50, 200, 70}));
+  EXPECT_EQ(tree.Clip(grandchild), Region(PixelRect{150, 50, 200, 70}));
   EXPECT_EQ(tree.Target(grandchild).origin, (PixelPoint{140, 40}));
 }
 
@@ -65,42 +65,51 @@ TEST_F(WindowTreeTest, SiblingsInFrontCoverOnlyWhatIsClippedByThem) {
   Make(top, {20, 0, 40, 40});
   Window& clipped = Make(top, {0, 0, 30, 30});
   Window& unclipped = Make(top, {0, 0, 30, 30}, kWsVisible);
-  EXPECT_EQ(tree.Visible(clipped), Region(PixelRect{0, 0, 20, 30}));
-  EXPECT_EQ(tree.Visible(unclipped), Region(PixelRect{0, 0, 30, 30}));
+  EXPECT_EQ(tree.Clip(clipped), Region(PixelRect{0, 0, 20, 30}));
+  EXPECT_EQ(tree.Clip(unclipped), Region(PixelRect{0, 0, 30, 30}));
 }
 
 TEST_F(WindowTreeTest, HiddenSiblingsCoverNothing) {
   Window& front = Make(top, {20, 0, 40, 40});
   Window& back = Make(top, {0, 0, 30, 30});
-  EXPECT_EQ(tree.Visible(back), Region(PixelRect{0, 0, 20, 30}));
+  EXPECT_EQ(tree.Clip(back), Region(PixelRect{0, 0, 20, 30}));
   front.style &= ~kWsVisible;
   tree.Changed(front);
-  EXPECT_EQ(tree.Visible(back), Region(PixelRect{0, 0, 30, 30}));
+  EXPECT_EQ(tree.Clip(back), Region(PixelRect{0, 0, 30, 30}));
 }
 
 TEST_F(WindowTreeTest, ChildrenAreCutOutOnlyWithClipChildren) {
   Make(top, {10, 10, 20, 20});
   Region expected(PixelRect{0, 0, 200, 100});
-  EXPECT_FALSE(tree.Visible(top) == expected);
+  EXPECT_FALSE(tree.Clip(top) == expected);
   expected.Subtract(PixelRect{10, 10, 20, 20});
-  EXPECT_EQ(tree.Visible(top), expected);
+  EXPECT_EQ(tree.Clip(top), expected);
   top.style &= ~kWsClipChildren;
   tree.Changed(top);
-  EXPECT_EQ(tree.Visible(top), Region(PixelRect{0, 0, 200, 100}));
+  EXPECT_EQ(tree.Clip(top), Region(PixelRect{0, 0, 200, 100}));
 }
 
 TEST_F(WindowTreeTest, WhatIsKnownIsKeptUntilTheTreeChanges) {
   Window& child = Make(top, {0, 0, 50, 50});
-  const PixelRect* before = tree.Visible(child).Rects().data();
-  EXPECT_EQ(tree.Visible(child).Rects().data(), before);
+  const PixelRect* before = tree.Clip(child).Rects().data();
+  EXPECT_EQ(tree.Clip(child).Rects().data(), before);
   const std::uint64_t seen = child.seen_at;
   Window& other = Make(tree.Desktop(), {0, 0, 10, 10});
   tree.Changed(other);
-  tree.Visible(child);
+  tree.Clip(child);
   EXPECT_EQ(child.seen_at, seen);  // another top-level window does not concern it
   tree.Changed(top);
-  tree.Visible(child);
+  tree.Clip(child);
   EXPECT_NE(child.seen_at, seen);
+}
+
+TEST_F(WindowTreeTest, APartIsSeenInClientPixels) {
+  Window& child = Make(top, {20, 10, 60, 50});
+  Make(child, {0, 0, 5, 5});
+  Region expected(PixelRect{0, 0, 10, 10});
+  expected.Subtract(PixelRect{0, 0, 5, 5});
+  EXPECT_EQ(tree.VisibleWithin(child, {-3, -3, 10, 10}), expected);
+  EXPECT_TRUE(tree.VisibleWithin(child, {40, 0, 50, 10}).Empty());
 }
 
 TEST_F(WindowTreeTest, OnlyAShownTopLevelWindowHasPixels) {

@@ -43,9 +43,9 @@ void WindowTree::FitStore(Window& root) {
   }
 }
 
-const Region& WindowTree::Visible(Window& window) {
+const Region& WindowTree::Clip(Window& window) {
   Refresh(window);
-  return window.visible;
+  return window.clip;
 }
 
 const DrawingTarget& WindowTree::Target(Window& window) {
@@ -58,16 +58,23 @@ void WindowTree::Refresh(Window& window) {
   if (window.seen_at == root.changed_at && root.changed_at != 0) return;
   window.seen_at = root.changed_at;
   const PixelPoint origin = StoreOrigin(window);
-  window.visible = Uncovered(window, AreaOf(ClientSize(window)).Offset(origin.x, origin.y), true);
-  if (window.Has(kWsClipChildren)) SubtractChildren(window, window.visible);
-  window.drawable.Clear();
   if (window.paint_limit) {
-    window.drawable = *window.paint_limit;
-    window.drawable.Offset(origin.x, origin.y);
-    window.drawable.ClipTo(window.visible);
+    window.clip = VisibleWithin(window, window.paint_limit->Bounds());
+    window.clip.ClipTo(*window.paint_limit);
+  } else {
+    window.clip = VisibleWithin(window, AreaOf(ClientSize(window)));
   }
-  const Region& clip = window.paint_limit ? window.drawable : window.visible;
-  window.target = {clip.Empty() ? nullptr : root.store.get(), origin, clip.Rects()};
+  window.clip.Offset(origin.x, origin.y);
+  window.target = {window.clip.Empty() ? nullptr : root.store.get(), origin, window.clip.Rects()};
+}
+
+Region WindowTree::VisibleWithin(Window& window, const PixelRect& part) {
+  const PixelPoint origin = StoreOrigin(window);
+  const PixelRect area = Intersect(part, AreaOf(ClientSize(window)));
+  Region region = Uncovered(window, area.Offset(origin.x, origin.y), true);
+  if (window.Has(kWsClipChildren)) SubtractChildren(window, region);
+  region.Offset(-origin.x, -origin.y);
+  return region;
 }
 
 Region WindowTree::VisibleOuter(Window& window) {
@@ -105,8 +112,10 @@ void WindowTree::SubtractSiblingsAbove(Window& window, Region& region) {
 
 void WindowTree::SubtractChildren(Window& window, Region& region) {
   const PixelPoint origin = StoreOrigin(window);
+  const PixelRect bounds = region.Bounds();
   for (const Window* child : window.children) {
-    if (child->Shown()) region.Subtract(child->rect.Offset(origin.x, origin.y));
+    const PixelRect covered = child->rect.Offset(origin.x, origin.y);
+    if (child->Shown() && !Intersect(covered, bounds).empty()) region.Subtract(covered);
   }
 }
 
