@@ -1,0 +1,10 @@
+require("sheet").write_explanations(form)
+
+-- The looks that the pointer brings about, held still.
+cmdMouseOver.BackColor = cmdMouseOver.BackColorMouseOver
+cmdPushed.BackColor = cmdPushed.BackColorPushed
+cmdPushedOwn.BackColor = cmdPushedOwn.BackColorPushed
+
+function form_Load()
+  cmdFocused:SetFocus()
+end
