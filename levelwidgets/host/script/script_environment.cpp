@@ -1,11 +1,35 @@
 #include <levelwidgets/host/script/script_environment.h>
 
+#include <filesystem>
+
 #include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_forms.h>
 #include <levelwidgets/host/script/script_module.h>
 #include <levelwidgets/host/script/script_objects.h>
 
 namespace levelwidgets {
+
+void SearchModulesBeside(lua_State* L, const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  const std::string pattern = (folder.empty() ? "." : folder) + "/?.lua;";
+  lua_getglobal(L, "package");
+  lua_getfield(L, -1, "path");
+  const std::string present = lua_tostring(L, -1);
+  lua_pop(L, 1);
+  lua_pushstring(L, (present.starts_with(pattern) ? present : pattern + present).c_str());
+  lua_setfield(L, -2, "path");
+  lua_pop(L, 1);
+}
+
+std::string PathBesideCaller(lua_State* L, const std::string& path) {
+  lua_Debug caller;
+  if (lua_getstack(L, 1, &caller) == 0 || lua_getinfo(L, "S", &caller) == 0 || caller.source[0] != '@') {
+    return path;
+  }
+  const std::filesystem::path beside = std::filesystem::path(caller.source + 1).parent_path() / path;
+  std::error_code missing;
+  return std::filesystem::exists(beside, missing) ? beside.string() : path;
+}
 
 void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form) {
   lua_State* L = state.Running();
@@ -28,6 +52,7 @@ void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form
 
 void RunFormScript(ScriptState& state, const ScriptForm& form, const std::string& path) {
   lua_State* L = state.Running();
+  SearchModulesBeside(L, path);
   // Text only: bytecode is not checked before it runs.
   if (luaL_loadfilex(L, path.c_str(), "t") != LUA_OK) {
     const std::string text = lua_tostring(L, -1);

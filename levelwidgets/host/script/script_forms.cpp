@@ -124,7 +124,6 @@ constexpr luaL_Reg kMethods[] = {{"add", Guarded<AddControl>},        {"close", 
                                  {"save", Guarded<SaveFormFile>},     {"show", Guarded<ShowForm>},
                                  {"text", Guarded<FormFileText>},     {nullptr, nullptr}};
 
-// The messages of `loaded`; warnings only when there is no error.
 std::string TextOf(const std::vector<Diagnostic>& diagnostics) {
   std::string text;
   for (const Diagnostic& diagnostic : diagnostics) {
@@ -193,7 +192,7 @@ FormRef LoadScriptForm(ScriptState& state, const std::string& path) {
 }
 
 int LoadFormFile(lua_State* L) {
-  PushForm(L, LoadScriptForm(StateOf(L), luaL_checkstring(L, 1)));
+  PushForm(L, LoadScriptForm(StateOf(L), PathBesideCaller(L, luaL_checkstring(L, 1))));
   return 1;
 }
 

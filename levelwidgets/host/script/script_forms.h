@@ -20,7 +20,7 @@ std::shared_ptr<ScriptForm> LoadScriptForm(ScriptState& state, const std::string
 
 // lw.form{ Name=..., Caption=..., Width=..., Height=..., Font=..., BackColor=..., Design=... }
 int NewForm(lua_State* L);
-// lw.load(path)
+// lw.load(path): beside the calling script, or else in the current folder
 int LoadFormFile(lua_State* L);
 // form:add(class, name [, values])
 int AddControl(lua_State* L);

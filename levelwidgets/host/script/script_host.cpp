@@ -4,6 +4,7 @@
 #include <limits>
 
 #include <levelwidgets/host/script/script_desktop.h>
+#include <levelwidgets/host/script/script_environment.h>
 #include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_fonts.h>
 #include <levelwidgets/host/script/script_forms.h>
@@ -19,19 +20,6 @@ namespace {
 void ReportToStandardError(const std::string& text) {
   std::fflush(stdout);  // in the order in which it happened
   std::fprintf(stderr, "%s\n", text.c_str());
-}
-
-// Modules beside the program come before all others.
-void SearchModulesBeside(lua_State* L, const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash);
-  lua_getglobal(L, "package");
-  lua_getfield(L, -1, "path");
-  const std::string search = folder + "/?.lua;" + lua_tostring(L, -1);
-  lua_pop(L, 1);
-  lua_pushstring(L, search.c_str());
-  lua_setfield(L, -2, "path");
-  lua_pop(L, 1);
 }
 
 void SetArguments(lua_State* L, const std::string& program, const std::vector<std::string>& arguments) {
