@@ -22,10 +22,13 @@ void SearchModulesBeside(lua_State* L, const std::string& path) {
 }
 
 std::string PathBesideCaller(lua_State* L, const std::string& path) {
-  lua_Debug caller;
-  if (lua_getstack(L, 1, &caller) == 0 || lua_getinfo(L, "S", &caller) == 0 || caller.source[0] != '@') {
-    return path;
+  lua_Debug caller{};
+  // Not pcall and the like.
+  for (int level = 1; lua_getstack(L, level, &caller) != 0; ++level) {
+    lua_getinfo(L, "S", &caller);
+    if (caller.source[0] == '@') break;
   }
+  if (!caller.source || caller.source[0] != '@') return path;
   const std::filesystem::path beside = std::filesystem::path(caller.source + 1).parent_path() / path;
   std::error_code missing;
   return std::filesystem::exists(beside, missing) ? beside.string() : path;

@@ -1,0 +1,31 @@
+// Runs the test scripts in testdata. A script fails by an error; it returns how many errors in handlers it
+// provokes.
+#include <gtest/gtest.h>
+
+#include <levelwidgets/host/script/script_host.h>
+
+namespace levelwidgets {
+namespace {
+
+class Script : public testing::TestWithParam<const char*> {};
+
+TEST_P(Script, EndsWithoutAFailedCheck) {
+  std::string reports;
+  ScriptHost host([&](const std::string& text) { reports += text + "\n"; });
+  const std::string path =
+      std::string(LEVELWIDGETS_SOURCE_DIR "/levelwidgets/host/script/testdata/") + GetParam() + ".lua";
+  try {
+    const int expected_handler_errors = host.RunFile(path);
+    EXPECT_EQ(host.HandlerErrors().size(), static_cast<std::size_t>(expected_handler_errors)) << reports;
+  } catch (const ScriptFailure& failure) {
+    ADD_FAILURE() << failure.what() << "\n" << reports;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, Script,
+                         testing::Values("building", "default_desktop", "desktop", "events", "forms",
+                                         "handler_errors", "members", "removal", "trace", "values"),
+                         [](const auto& script) { return std::string(script.param); });
+
+}  // namespace
+}  // namespace levelwidgets

@@ -1,0 +1,2 @@
+-- For the tests.
+error("not today")
