@@ -55,12 +55,8 @@ Variant Converted(const ClassInfo& info, std::string_view member, const TypeName
 const PropertyInfo* ClassInfo::FindProperty(std::string_view name) const {
   return FindNamed(properties_, name);
 }
-const MethodInfo* ClassInfo::FindMethod(std::string_view name) const {
-  return FindNamed(methods_, name);
-}
-const EventInfo* ClassInfo::FindEvent(std::string_view name) const {
-  return FindNamed(events_, name);
-}
+const MethodInfo* ClassInfo::FindMethod(std::string_view name) const { return FindNamed(methods_, name); }
+const EventInfo* ClassInfo::FindEvent(std::string_view name) const { return FindNamed(events_, name); }
 
 std::vector<std::string_view> ClassInfo::MemberNames() const {
   std::vector<std::string_view> names;

@@ -42,9 +42,7 @@ struct Defaults {
   DefaultValue when_written;  // the value that is not saved
 };
 
-inline Defaults Always(const DefaultValue& value) {
-  return {value, value, value};
-}
+inline Defaults Always(const DefaultValue& value) { return {value, value, value}; }
 
 struct EnumerationItem {
   std::string name;

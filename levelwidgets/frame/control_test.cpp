@@ -56,11 +56,15 @@ class Probe : public Control {
   void OnMouseUp(const PointerInput& input) override { Note("MouseUp " + std::to_string(input.button)); }
   void OnClick() override { Note("Click"); }
   void OnDblClick() override { Note("DblClick"); }
+  // Only a real keyboard tells of the modifier keys themselves.
+  static bool IsModifier(std::int16_t code) { return code >= kKeyShift && code <= kKeyAlt; }
   void OnKeyDown(std::int16_t code, std::int16_t shift) override {
+    if (IsModifier(code)) return;
     Note("KeyDown " + std::to_string(code) + " " + std::to_string(shift));
   }
   void OnKeyPress(std::int16_t& key_ascii) override { Note("KeyPress " + std::to_string(key_ascii)); }
   void OnKeyUp(std::int16_t code, std::int16_t shift) override {
+    if (IsModifier(code)) return;
     Note("KeyUp " + std::to_string(code) + " " + std::to_string(shift));
   }
 

@@ -89,12 +89,8 @@ bool ToBoolean(const Variant& value) {
   return ToDouble(value) != 0;
 }
 
-std::int16_t ToInt16(const Variant& value) {
-  return ToInteger<std::int16_t>(value);
-}
-std::int32_t ToInt32(const Variant& value) {
-  return ToInteger<std::int32_t>(value);
-}
+std::int16_t ToInt16(const Variant& value) { return ToInteger<std::int16_t>(value); }
+std::int32_t ToInt32(const Variant& value) { return ToInteger<std::int32_t>(value); }
 
 float ToSingle(const Variant& value) {
   const double number = ToDouble(value);

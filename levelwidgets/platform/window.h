@@ -51,6 +51,8 @@ struct WindowRequest {
 //   signed) and the button and key bits in the first. A press captures the pointer to its window until
 //   the last button is up; this press capture, or whatever capture took its place, has ended when that
 //   release is delivered. An explicit SetCapture lasts otherwise until released or taken over.
+// - A move is delivered only when the pointer has moved since the last one, never because a window or the
+//   capture changed under it.
 // - The second press within the double-click time and distance arrives as ...DblClk instead of ...Down.
 // - A press activates the top-level window under it, before it is delivered; it moves no focus but
 //   what activation implies.

@@ -24,6 +24,14 @@ std::int64_t HandleOf(const TracedCall& call) {
   return handle ? *handle : 0;
 }
 
+// Real keyboards tell of Shift, Ctrl and Alt as keys of their own; what the tests state is the key that
+// they modify.
+bool IsModifierKey(const RaisedEvent& raised) {
+  if (raised.info.name != "KeyDown" && raised.info.name != "KeyUp") return false;
+  const std::int16_t code = ToInt16(raised.values[0]);
+  return code == kKeyShift || code == kKeyControl || code == kKeyAlt;
+}
+
 // The tracer's record of an event or notice starts with this mark.
 constexpr char kNoteMark = '!';
 
@@ -94,6 +102,7 @@ ColorRef DesktopTest::Concrete(Color color) { return TranslateColor(Drawing(), c
 void DesktopTest::Watch(Control& control) {
   for (const EventInfo& event : control.Class().Events()) {
     SubscribeByName(control, event.name, [this](RaisedEvent& raised) {
+      if (IsModifierKey(raised)) return;
       std::vector<TraceArgument> values;
       for (const Variant& value : raised.values) values.emplace_back(ToText(value));
       tracer_->Note(kNoteMark + raised.info.name, std::move(values));

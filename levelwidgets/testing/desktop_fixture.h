@@ -30,7 +30,8 @@ class DesktopTest : public ::testing::Test {
   DrawingApi& Drawing() { return tracer_->Drawing(); }
   WindowApi& Windows() { return tracer_->Windows(); }
 
-  // A form of 6000 by 4500 twips at (100, 100), shown when first asked for. Made with `design` set for design mode.
+  // A form of 6000 by 4500 twips at (100, 100), shown when first asked for. Made with `design` set for design
+  // mode.
   Form& TheForm();
   void MakeForm(FormOptions options);
 

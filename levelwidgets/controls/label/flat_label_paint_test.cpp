@@ -98,10 +98,10 @@ TEST_F(FlatLabelPaintTest, AlignmentMovesTheTextAtOnce) {
   Label().SetAlignment(ksxCenter);
   const auto [center_first, center_last] = InkColumns();
   EXPECT_LT(left_first, 4);
-  EXPECT_GT(right_last, kWidth - 5);
+  EXPECT_GT(right_last, kWidth - 8);
   EXPECT_GT(center_first, left_first);
   EXPECT_LT(center_last, right_last);
-  EXPECT_NEAR(center_first, kWidth - 1 - center_last, 2);
+  EXPECT_NEAR(center_first, kWidth - 1 - center_last, 4);  // side bearings differ
 }
 
 TEST_F(FlatLabelPaintTest, AWideCaptionIsClippedAtTheEndItsAlignmentLeavesOver) {

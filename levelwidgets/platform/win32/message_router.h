@@ -32,6 +32,8 @@ class MessageRouter {
                           LParam lparam);
 
   std::size_t LiveWindows() const;
+  // Takes the next move for one, wherever it goes.
+  void ForgetPointer() { pointer_.reset(); }
 
  private:
   struct Native;

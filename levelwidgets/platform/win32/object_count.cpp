@@ -54,8 +54,10 @@ bool IsCounted(const TableEntry& entry) {
 // One with everything that is made once: an icon, a caption, a scroll bar and text.
 bool ShowOneWindow() {
   for (int color = 0; color < kSystemColorCount; ++color) ::GetSysColorBrush(color);
-  const HWND edit = ::CreateWindowExA(0, "EDIT", "text", WS_POPUP | WS_CAPTION | ES_MULTILINE | WS_VSCROLL, 0,
-                                      0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+  const HWND edit = ::CreateWindowExA(
+      0, "EDIT", "text",
+      WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_MAXIMIZEBOX | ES_MULTILINE | WS_VSCROLL, 0, 0,
+      100, 100, nullptr, nullptr, nullptr, nullptr);
   ::ShowWindow(edit, SW_SHOW);
   ::UpdateWindow(edit);
   return ::DestroyWindow(edit) != FALSE;

@@ -58,6 +58,9 @@ Win32Driver::~Win32Driver() {
 }
 
 void Win32Driver::MovePointer(PixelPoint screen) {
+  PixelPoint present;
+  platform_.Windows().GetCursorPos(present);
+  if (present != screen) platform_.PointerWillMove();
   InjectMove(screen);
   Settle();
 }

@@ -30,6 +30,8 @@ ScreenApi& Win32Platform::Screen() { return parts_->screen; }
 
 std::size_t Win32Platform::LiveWindows() const { return parts_->windows.LiveWindows(); }
 
+void Win32Platform::PointerWillMove() { parts_->windows.ForgetPointer(); }
+
 bool Win32Platform::HasOverdueTimer() { return parts_->clock.HasOverdueTimer(); }
 
 }  // namespace levelwidgets::win32

@@ -22,6 +22,8 @@ class Win32Platform final : public Platform {
 
   // Windows made through Windows() and not yet destroyed.
   std::size_t LiveWindows() const;
+  // The pointer is going to be moved, perhaps back to where its last move was delivered.
+  void PointerWillMove();
   // Whether a timer's time has come and its tick not yet.
   bool HasOverdueTimer();
 

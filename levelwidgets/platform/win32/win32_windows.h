@@ -63,6 +63,7 @@ class Win32Windows final : public WindowApi {
   bool EndPaint(WindowHandle window) override;
 
   std::size_t LiveWindows() const { return router_.LiveWindows(); }
+  void ForgetPointer() { router_.ForgetPointer(); }
 
  private:
   ExceptionRelay& relay_;
