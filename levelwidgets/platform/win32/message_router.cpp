@@ -167,7 +167,7 @@ std::intptr_t MessageRouter::DeliverToClient(WindowHandle window, std::uint32_t 
   if (message == WM_DESTROY) {
     if (Window* const still_known = Find(window)) still_known->client = nullptr;
   }
-  return message == WM_CTLCOLOREDIT ? ToParameter(result) : result;
+  return message == WM_CTLCOLOREDIT || message == WM_CTLCOLORSTATIC ? ToParameter(result) : result;
 }
 
 std::intptr_t MessageRouter::DeliverToReplacement(WindowHandle window, std::uint32_t message, WParam wparam,

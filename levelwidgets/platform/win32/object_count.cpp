@@ -7,6 +7,7 @@
 #include <span>
 
 #include <levelwidgets/platform/constants.h>
+#include <levelwidgets/platform/win32/window_class.h>
 
 // The process environment block.
 extern "C" NTSYSAPI void* NTAPI RtlGetCurrentPeb();
@@ -51,16 +52,19 @@ bool IsCounted(const TableEntry& entry) {
   }
 }
 
-// One with everything that is made once: an icon, a caption, a scroll bar and text.
-bool ShowOneWindow() {
+// A form with an edit box: an icon, a caption, a scroll bar and text.
+bool ShowOneForm() {
+  constexpr char kName[] = "LevelWidgetsFirst";
+  constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | ES_MULTILINE;
+  const WindowClass window_class(kName, 0, reinterpret_cast<std::intptr_t>(&::DefWindowProcA));
+  const auto instance = static_cast<HINSTANCE>(ModuleInstance());
   for (int color = 0; color < kSystemColorCount; ++color) ::GetSysColorBrush(color);
-  const HWND edit = ::CreateWindowExA(
-      0, "EDIT", "text",
-      WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_MAXIMIZEBOX | ES_MULTILINE | WS_VSCROLL, 0, 0,
-      100, 100, nullptr, nullptr, nullptr, nullptr);
-  ::ShowWindow(edit, SW_SHOW);
-  ::UpdateWindow(edit);
-  return ::DestroyWindow(edit) != FALSE;
+  const HWND form = ::CreateWindowExA(0, kName, kName, WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr, nullptr,
+                                      instance, nullptr);
+  ::CreateWindowExA(0, "EDIT", "text", kEditStyle, 0, 0, 100, 50, form, nullptr, instance, nullptr);
+  ::ShowWindow(form, SW_SHOW);
+  ::RedrawWindow(form, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  return ::DestroyWindow(form) != FALSE;
 }
 
 }  // namespace
@@ -72,6 +76,6 @@ std::size_t CountDrawingObjects() {
   return static_cast<std::size_t>(std::count_if(table.begin(), table.end(), IsCounted));
 }
 
-void WarmUpDrawingObjects() { [[maybe_unused]] static const bool done = ShowOneWindow(); }
+void WarmUpDrawingObjects() { [[maybe_unused]] static const bool done = ShowOneForm(); }
 
 }  // namespace levelwidgets::win32

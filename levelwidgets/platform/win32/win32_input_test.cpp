@@ -117,6 +117,32 @@ TEST_F(Win32InputTest, OnlyADifferentWindowIsToldThatItLostTheCapture) {
   windows.ReleaseCapture();
 }
 
+TEST_F(Win32InputTest, AChangeOfCaptureUnderARestingPointerIsNoMove) {
+  driver.MovePointer({110, 110});
+  client.messages.clear();
+  windows.SetCapture(form);
+  driver.Settle();
+  windows.ReleaseCapture();
+  driver.Settle();
+  EXPECT_EQ(client.Count(kWmMouseMove), 0u);
+}
+
+TEST_F(Win32InputTest, ComingBackToTheSamePlaceIsAMove) {
+  driver.MovePointer({110, 110});
+  driver.MovePointer({600, 600});
+  client.messages.clear();
+  driver.MovePointer({110, 110});
+  EXPECT_EQ(client.Count(kWmMouseMove), 1u);
+}
+
+TEST_F(Win32InputTest, ANewDriverTakesThePointerAwaySoThatTheSamePlaceIsAMove) {
+  driver.MovePointer({110, 110});
+  Win32Driver another(platform);
+  client.messages.clear();
+  another.MovePointer({110, 110});
+  EXPECT_EQ(client.Count(kWmMouseMove), 1u);
+}
+
 TEST_F(Win32InputTest, TheSecondPressInTimeIsADoubleClick) {
   driver.DoubleClick({150, 150});
   EXPECT_EQ(client.Order({kWmLButtonDown, kWmLButtonUp, kWmLButtonDblClk}),
