@@ -127,6 +127,7 @@ inline constexpr std::uint32_t kWmShowWindow = 0x0018;
 inline constexpr std::uint32_t kWmMouseActivate = 0x0021;
 inline constexpr std::uint32_t kWmSetFont = 0x0030;
 inline constexpr std::uint32_t kWmGetFont = 0x0031;
+inline constexpr std::uint32_t kWmGetDlgCode = 0x0087;
 inline constexpr std::uint32_t kWmKeyDown = 0x0100;
 inline constexpr std::uint32_t kWmKeyUp = 0x0101;
 inline constexpr std::uint32_t kWmChar = 0x0102;
@@ -135,6 +136,7 @@ inline constexpr std::uint32_t kWmSysKeyUp = 0x0105;
 inline constexpr std::uint32_t kWmSysChar = 0x0106;
 inline constexpr std::uint32_t kWmCommand = 0x0111;
 inline constexpr std::uint32_t kWmCtlColorEdit = 0x0133;
+inline constexpr std::uint32_t kWmCtlColorStatic = 0x0138;
 inline constexpr std::uint32_t kWmMouseMove = 0x0200;
 inline constexpr std::uint32_t kWmLButtonDown = 0x0201;
 inline constexpr std::uint32_t kWmLButtonUp = 0x0202;
@@ -147,6 +149,76 @@ inline constexpr std::uint32_t kWmMButtonUp = 0x0208;
 inline constexpr std::uint32_t kWmMButtonDblClk = 0x0209;
 inline constexpr std::uint32_t kWmMouseWheel = 0x020A;
 inline constexpr std::uint32_t kWmCaptureChanged = 0x0215;
+inline constexpr std::uint32_t kWmCut = 0x0300;
+inline constexpr std::uint32_t kWmCopy = 0x0301;
+inline constexpr std::uint32_t kWmPaste = 0x0302;
+inline constexpr std::uint32_t kWmClear = 0x0303;
+inline constexpr std::uint32_t kWmUndo = 0x0304;
+
+// Styles of edit boxes (window class "EDIT").
+inline constexpr std::uint32_t kEsLeft = 0x0000;
+inline constexpr std::uint32_t kEsCenter = 0x0001;
+inline constexpr std::uint32_t kEsRight = 0x0002;
+inline constexpr std::uint32_t kEsMultiLine = 0x0004;
+inline constexpr std::uint32_t kEsUpperCase = 0x0008;
+inline constexpr std::uint32_t kEsLowerCase = 0x0010;
+inline constexpr std::uint32_t kEsPassword = 0x0020;
+inline constexpr std::uint32_t kEsAutoVScroll = 0x0040;
+inline constexpr std::uint32_t kEsAutoHScroll = 0x0080;
+inline constexpr std::uint32_t kEsNoHideSel = 0x0100;
+inline constexpr std::uint32_t kEsReadOnly = 0x0800;
+inline constexpr std::uint32_t kEsWantReturn = 0x1000;
+inline constexpr std::uint32_t kEsNumber = 0x2000;
+
+// Messages to edit boxes. Texts are bytes of the system's code page, ended by 0; a rectangle is a
+// PixelRect, by address.
+inline constexpr std::uint32_t kEmGetSel = 0x00B0;
+inline constexpr std::uint32_t kEmSetSel = 0x00B1;
+inline constexpr std::uint32_t kEmGetRect = 0x00B2;
+inline constexpr std::uint32_t kEmSetRect = 0x00B3;
+inline constexpr std::uint32_t kEmSetRectNP = 0x00B4;
+inline constexpr std::uint32_t kEmScroll = 0x00B5;
+inline constexpr std::uint32_t kEmLineScroll = 0x00B6;
+inline constexpr std::uint32_t kEmScrollCaret = 0x00B7;
+inline constexpr std::uint32_t kEmGetModify = 0x00B8;
+inline constexpr std::uint32_t kEmSetModify = 0x00B9;
+inline constexpr std::uint32_t kEmGetLineCount = 0x00BA;
+inline constexpr std::uint32_t kEmLineIndex = 0x00BB;
+inline constexpr std::uint32_t kEmLineLength = 0x00C1;
+inline constexpr std::uint32_t kEmReplaceSel = 0x00C2;
+inline constexpr std::uint32_t kEmGetLine = 0x00C4;
+inline constexpr std::uint32_t kEmSetLimitText = 0x00C5;
+inline constexpr std::uint32_t kEmCanUndo = 0x00C6;
+inline constexpr std::uint32_t kEmUndo = 0x00C7;
+inline constexpr std::uint32_t kEmLineFromChar = 0x00C9;
+inline constexpr std::uint32_t kEmSetPasswordChar = 0x00CC;
+inline constexpr std::uint32_t kEmEmptyUndoBuffer = 0x00CD;
+inline constexpr std::uint32_t kEmGetFirstVisibleLine = 0x00CE;
+inline constexpr std::uint32_t kEmSetReadOnly = 0x00CF;
+inline constexpr std::uint32_t kEmGetPasswordChar = 0x00D2;
+inline constexpr std::uint32_t kEmSetMargins = 0x00D3;
+inline constexpr std::uint32_t kEmGetMargins = 0x00D4;
+inline constexpr std::uint32_t kEmGetLimitText = 0x00D5;
+inline constexpr std::uint32_t kEmPosFromChar = 0x00D6;
+inline constexpr std::uint32_t kEmCharFromPos = 0x00D7;
+
+// Actions of kEmScroll, and which margins kEmSetMargins sets.
+inline constexpr std::uintptr_t kSbLineUp = 0;
+inline constexpr std::uintptr_t kSbLineDown = 1;
+inline constexpr std::uintptr_t kSbPageUp = 2;
+inline constexpr std::uintptr_t kSbPageDown = 3;
+inline constexpr std::uintptr_t kEcLeftMargin = 1;
+inline constexpr std::uintptr_t kEcRightMargin = 2;
+inline constexpr std::uintptr_t kEcUseFontInfo = 0xFFFF;
+
+// What edit boxes tell their parent, in the high word of kWmCommand's first parameter.
+inline constexpr std::uint32_t kEnSetFocus = 0x0100;
+inline constexpr std::uint32_t kEnKillFocus = 0x0200;
+inline constexpr std::uint32_t kEnChange = 0x0300;
+inline constexpr std::uint32_t kEnUpdate = 0x0400;
+inline constexpr std::uint32_t kEnMaxText = 0x0501;
+inline constexpr std::uint32_t kEnHScroll = 0x0601;
+inline constexpr std::uint32_t kEnVScroll = 0x0602;
 
 // Button and key bits in the first parameter of a pointer message.
 inline constexpr std::uintptr_t kMkLButton = 0x0001;

@@ -1,5 +1,7 @@
 #include <levelwidgets/platform/memory/desktop.h>
 
+#include <levelwidgets/platform/memory/edit/edit_box.h>
+
 namespace levelwidgets::memory {
 
 namespace {
@@ -24,9 +26,12 @@ Desktop::Desktop(const DesktopOptions& options)
     : options_(options),
       drawing_(DrawingOptionsOf(options)),
       clock_(options.now, [this] { return windows_.PaintPending(); }),
+      edit_host_(windows_, clock_, drawing_, clipboard_, options.code_page),
       windows_(options.screen, options.dpi_x, options.dpi_y, drawing_, clock_),
       screen_(options.screen, options.dpi_x, options.dpi_y),
-      input_(windows_, clock_, drawing_) {}
+      input_(windows_, clock_, drawing_) {
+  windows_.RegisterClass("EDIT", [this] { return std::make_unique<EditBox>(edit_host_); });
+}
 
 void Desktop::SetOutwardPlatform(Platform* platform) {
   outward_ = platform;

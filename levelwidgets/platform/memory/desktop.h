@@ -7,6 +7,8 @@
 #include <vector>
 
 #include <levelwidgets/platform/driver.h>
+#include <levelwidgets/platform/memory/clipboard.h>
+#include <levelwidgets/platform/memory/desktop_edit_host.h>
 #include <levelwidgets/platform/memory/memory_clock.h>
 #include <levelwidgets/platform/memory/memory_drawing.h>
 #include <levelwidgets/platform/memory/memory_input.h>
@@ -49,8 +51,10 @@ class Desktop final : public Platform, public DesktopDriver {
   const DesktopOptions& Options() const { return options_; }
   void SetNow(Date now) { clock_.SetNow(now); }
   // UTF-8; one for all windows.
-  const std::string& Clipboard() const { return clipboard_; }
-  void SetClipboard(std::string_view text) { clipboard_ = text; }
+  const std::string& Clipboard() const { return clipboard_.text; }
+  void SetClipboard(std::string_view text) { clipboard_.text = text; }
+  // As while another program holds the clipboard: nothing can be copied or pasted.
+  void SetClipboardBusy(bool busy) { clipboard_.busy = busy; }
   // A platform around this one (one that records calls, for instance): GetPlatform returns it and window
   // procedures are handed its windows. Null takes it off.
   void SetOutwardPlatform(Platform* platform);
@@ -82,10 +86,11 @@ class Desktop final : public Platform, public DesktopDriver {
   DesktopOptions options_;
   MemoryDrawing drawing_;
   MemoryClock clock_;
+  ClipboardState clipboard_;
+  DesktopEditHost edit_host_;  // before the windows: edit boxes use it until they end
   MemoryWindows windows_;
   MemoryScreen screen_;
   MemoryInput input_;
-  std::string clipboard_;
   Platform* outward_ = nullptr;
 };
 

@@ -66,6 +66,17 @@ TimerHandle MemoryClock::SetTimer(std::uint32_t interval_ms, std::function<void(
   return timers_.back().handle;
 }
 
+TimerHandle MemoryClock::SetBackgroundTimer(std::uint32_t interval_ms, std::function<void()> tick) {
+  const TimerHandle timer = SetTimer(interval_ms, std::move(tick));
+  timers_.back().background = true;
+  return timer;
+}
+
+std::size_t MemoryClock::LiveTimers() const {
+  return static_cast<std::size_t>(
+      std::count_if(timers_.begin(), timers_.end(), [](const Timer& timer) { return !timer.background; }));
+}
+
 bool MemoryClock::KillTimer(TimerHandle timer) {
   return std::erase_if(timers_, [&](const Timer& t) { return t.handle == timer; }) != 0;
 }
@@ -141,7 +152,7 @@ bool MemoryClock::WaitForMore() {
   }
   if (!posted_.empty()) return true;
   const auto due = NextDue();
-  if (!due) return false;
+  if (!due || LiveTimers() == 0) return false;
   now_ms_ = std::max(now_ms_, *due);
   return true;
 }

@@ -26,6 +26,9 @@ class MemoryClock final : public ClockApi {
   void Advance(std::uint32_t ms);
   // Moves the date without letting time pass.
   void SetNow(Date now);
+  // As SetTimer, for what the desktop does by itself (a caret that blinks): Run does not wait for these
+  // ticks, and LiveTimers does not count them.
+  TimerHandle SetBackgroundTimer(std::uint32_t interval_ms, std::function<void()> tick);
   // When the next timer is due, in GetTickCount's milliseconds; nothing without timers that can tick.
   std::optional<std::uint64_t> NextDue() const;
   // Who shows the desktop to a person waits here, in real time, and brings input and Advance; Run calls
@@ -36,7 +39,7 @@ class MemoryClock final : public ClockApi {
 
   TimerHandle SetTimer(std::uint32_t interval_ms, std::function<void()> tick) override;
   bool KillTimer(TimerHandle timer) override;
-  std::size_t LiveTimers() const override { return timers_.size(); }
+  std::size_t LiveTimers() const override;
 
   std::uint64_t GetTickCount() override { return now_ms_; }
   Date Now() override;
@@ -44,7 +47,7 @@ class MemoryClock final : public ClockApi {
   void Post(std::function<void()> call) override;
 
   // Moves the clock to the next timer whenever nothing is pending. Returns 0 without Quit when nothing
-  // is left that could ever happen: no timer, no posted call, no waiter.
+  // is left that could ever happen: no timer but the desktop's own, no posted call, no waiter.
   int Run() override;
   void Quit(int status) override { quit_ = status; }
   // What keeps making itself pending again (a paint that invalidates, a call that posts itself) is left
@@ -57,6 +60,7 @@ class MemoryClock final : public ClockApi {
     std::uint64_t interval = 1;
     std::uint64_t due = 0;
     bool ticking = false;
+    bool background = false;
     std::shared_ptr<std::function<void()>> tick;  // shared: may be killed by its own tick
   };
 

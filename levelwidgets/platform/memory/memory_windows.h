@@ -63,6 +63,8 @@ class MemoryWindows final : public WindowApi {
   // Another program is active.
   void Deactivate() { Activate({}, false, true); }
 
+  // A part of the client area, in client pixels; otherwise as InvalidateRect.
+  bool InvalidateArea(WindowHandle window, const PixelRect& area);
   // Does the paints that are pending, outer windows first; what they make invalid is left. Returns
   // whether there was one.
   bool PaintPending();

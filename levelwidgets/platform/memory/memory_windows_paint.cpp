@@ -71,11 +71,16 @@ void MemoryWindows::QueuePaint(Window& window) {
   window.queued_for_paint = true;
 }
 
-bool MemoryWindows::InvalidateRect(WindowHandle window) {
+bool MemoryWindows::InvalidateArea(WindowHandle window, const PixelRect& area) {
   Window* found = tree_.Find(window);
   if (!found) return false;
-  Invalidate(*found, ClientArea(*found), !found->Has(kWsClipChildren));
+  Invalidate(*found, Region(area), !found->Has(kWsClipChildren));
   return true;
+}
+
+bool MemoryWindows::InvalidateRect(WindowHandle window) {
+  const Window* found = tree_.Find(window);
+  return found && InvalidateArea(window, ClientArea(*found).Bounds());
 }
 
 Region MemoryWindows::PendingPaint(WindowHandle window) {

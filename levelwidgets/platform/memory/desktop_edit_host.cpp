@@ -1,0 +1,57 @@
+#include <levelwidgets/platform/memory/desktop_edit_host.h>
+
+#include <levelwidgets/platform/memory/code_page.h>
+#include <levelwidgets/platform/memory/edit/letter_case.h>
+#include <levelwidgets/platform/memory/raster.h>
+
+namespace levelwidgets::memory {
+
+namespace {
+
+constexpr std::uint32_t kAllColors = 0xFFFFFF;
+
+// Itself when the other case is not in the code page.
+char InCodePage(const CodePage& code_page, std::uint8_t byte, char32_t other_case) {
+  const std::uint8_t other = code_page.Byte(other_case);
+  return static_cast<char>(code_page.Unicode(other) == other_case ? other : byte);
+}
+
+}  // namespace
+
+DesktopEditHost::DesktopEditHost(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing,
+                                 ClipboardState& clipboard, int code_page)
+    : windows_(windows), clock_(clock), drawing_(drawing), clipboard_(clipboard) {
+  const CodePage page(code_page);
+  for (std::size_t i = 0; i < upper_.size(); ++i) {
+    const auto byte = static_cast<std::uint8_t>(i);
+    upper_[i] = InCodePage(page, byte, UpperCase(page.Unicode(byte)));
+    lower_[i] = InCodePage(page, byte, LowerCase(page.Unicode(byte)));
+  }
+}
+
+void DesktopEditHost::Invert(WindowHandle window, PixelRect area) {
+  Window* found = windows_.Tree().Find(window);
+  if (!found) return;
+  ForEachPart(windows_.Tree().Target(*found), area, [](const PixelRect& part, auto row) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      for (int x = part.left; x < part.right; ++x) row(y)[x] ^= kAllColors;
+    }
+  });
+}
+
+TimerHandle DesktopEditHost::StartTimer(std::uint32_t interval_ms, std::function<void()> tick) {
+  return clock_.SetBackgroundTimer(interval_ms, std::move(tick));
+}
+
+std::optional<std::string> DesktopEditHost::ClipboardBytes() {
+  if (clipboard_.busy) return {};
+  return drawing_.ToCodePage(clipboard_.text);
+}
+
+bool DesktopEditHost::SetClipboardBytes(std::string_view bytes) {
+  if (clipboard_.busy) return false;
+  clipboard_.text = drawing_.FromCodePage(bytes);
+  return true;
+}
+
+}  // namespace levelwidgets::memory

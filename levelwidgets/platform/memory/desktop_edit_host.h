@@ -1,0 +1,46 @@
+// What the desktop in memory does for its edit boxes.
+#pragma once
+
+#include <array>
+
+#include <levelwidgets/platform/memory/clipboard.h>
+#include <levelwidgets/platform/memory/edit/edit_host.h>
+#include <levelwidgets/platform/memory/memory_clock.h>
+#include <levelwidgets/platform/memory/memory_drawing.h>
+#include <levelwidgets/platform/memory/memory_windows.h>
+
+namespace levelwidgets::memory {
+
+// Keeps references only: all of them may be made after it.
+class DesktopEditHost final : public EditHost {
+ public:
+  DesktopEditHost(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing,
+                  ClipboardState& clipboard, int code_page);
+
+  WindowApi& Windows() override { return windows_; }
+  DrawingApi& Drawing() override { return drawing_; }
+
+  void Invalidate(WindowHandle window, PixelRect area) override { windows_.InvalidateArea(window, area); }
+  PixelRect PendingArea(WindowHandle window) override { return windows_.PendingPaint(window).Bounds(); }
+  void Invert(WindowHandle window, PixelRect area) override;
+
+  TimerHandle StartTimer(std::uint32_t interval_ms, std::function<void()> tick) override;
+  void StopTimer(TimerHandle timer) override { clock_.KillTimer(timer); }
+
+  std::optional<std::string> ClipboardBytes() override;
+  bool SetClipboardBytes(std::string_view bytes) override;
+
+  std::string ToUtf8(std::string_view bytes) override { return drawing_.FromCodePage(bytes); }
+  char UpperCaseOf(char byte) override { return upper_[static_cast<std::uint8_t>(byte)]; }
+  char LowerCaseOf(char byte) override { return lower_[static_cast<std::uint8_t>(byte)]; }
+
+ private:
+  MemoryWindows& windows_;
+  MemoryClock& clock_;
+  MemoryDrawing& drawing_;
+  ClipboardState& clipboard_;
+  std::array<char, 256> upper_{};
+  std::array<char, 256> lower_{};
+};
+
+}  // namespace levelwidgets::memory

@@ -1,0 +1,153 @@
+// The plain edit box of the desktop in memory: what answers the messages of a window of class "EDIT".
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <levelwidgets/platform/memory/edit/edit_buffer.h>
+#include <levelwidgets/platform/memory/edit/edit_caret.h>
+#include <levelwidgets/platform/memory/edit/edit_host.h>
+#include <levelwidgets/platform/memory/edit/edit_view.h>
+#include <levelwidgets/platform/window.h>
+
+namespace levelwidgets::memory {
+
+// Does what the operating system's edit box does, but that it undoes and redoes many steps: kEmUndo goes
+// one back each time, Ctrl+Y one forward. Whether it has many lines is settled when it is made; its other
+// styles count from the next message on.
+class EditBox final : public WindowClient {
+ public:
+  // `host` must outlive it.
+  explicit EditBox(EditHost& host) : host_(host), caret_(host) {}
+  ~EditBox() override { StopDragTimer(); }
+  EditBox(const EditBox&) = delete;
+  EditBox& operator=(const EditBox&) = delete;
+
+  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+
+ private:
+  // A change of the text by the user: what it is in the history, and whether the limits hold for it.
+  struct Change {
+    bool can_undo = true;
+    EditRun run = EditRun::kNone;
+    bool limited = true;
+  };
+
+  // Life and state (edit_box.cpp)
+  LResult Create(WindowHandle window);
+  void Destroy();
+  void ReadStyle();
+  bool Has(std::uint32_t style) const { return (style_ & style) != 0; }
+  void SetStyle(std::uint32_t style, bool on);
+  LResult OnWindowMessage(std::uint32_t message, WParam wparam, LParam lparam);
+  LResult OnInputMessage(std::uint32_t message, WParam wparam, LParam lparam);
+  void SetFont(ObjectHandle font);
+  void Notify(std::uint32_t code);
+  void Focused();
+  void Unfocused();
+
+  // Messages of edit boxes (edit_box_messages.cpp)
+  LResult OnEditMessage(std::uint32_t message, WParam wparam, LParam lparam);
+  LResult OnLineMessage(std::uint32_t message, WParam wparam, LParam lparam);
+  LResult OnFormatMessage(std::uint32_t message, WParam wparam, LParam lparam);
+  LResult GetSelection(WParam start, LParam end) const;
+  void SetSelection(std::int32_t start, std::int32_t end);
+  LResult LineFromChar(std::int32_t offset) const;
+  LResult LineIndexOf(std::int32_t line) const;
+  LResult LineLength(std::int32_t offset) const;
+  LResult CopyLine(std::size_t line, char* buffer) const;
+  LResult PosFromChar(std::size_t offset);
+  LResult CharFromPos(PixelPoint point);
+  LResult CopyText(std::size_t room, char* buffer) const;
+
+  // The text (edit_box_text.cpp)
+  void SetText(std::string_view bytes);
+  void Replace(std::string_view bytes, Change change);
+  bool TakeWhatFits(std::string& bytes);
+  std::size_t FittingWidth(std::string_view bytes);
+  void SetCase(std::string& bytes);
+  void Erase(EditRun run);
+  bool Undo();
+  bool Redo();
+  bool Restore(std::optional<LineChange> change);
+  bool Copy();
+  void Cut();
+  void Paste();
+
+  // Selection, scrolling, layout (edit_box_view.cpp)
+  void Select(Selection selection);
+  void MoveTo(std::size_t offset, bool extend, bool after_wrap = false);
+  void ScrollToCaret();
+  LResult Scroll(WParam action);
+  bool ScrollBy(int pixels, int lines, bool whole_pages);
+  void SetRect(PixelRect rect);
+  void SetMargins(WParam which, LParam widths);
+  void Reformat(bool measure_changed = false);
+  PixelRect ClientRect();
+  void PlaceCaret();
+  void Invalidate();
+  void InvalidateLines(std::size_t first, std::size_t last);
+  void InvalidateSelection(const Selection& selection);
+  void InvalidateChange(const LineChange& change);
+  bool ShowsSelection() const { return focused_ || Has(kEsNoHideSel); }
+
+  // Keys (edit_box_keys.cpp)
+  bool IsDown(int key) { return host_.Windows().GetKeyState(key) < 0; }
+  void KeyDown(int key);
+  bool MoveByKey(int key, bool extend, bool ctrl);
+  void DeleteKey(bool shift, bool ctrl);
+  void InsertKey(bool shift, bool ctrl);
+  void Character(char byte);
+  void ControlCharacter(char byte);
+  void EnterKey();
+  void Backspace();
+  std::size_t Previous(std::size_t offset) const;
+  std::size_t Next(std::size_t offset) const;
+  void MoveByLines(int lines, bool extend);
+  void MoveToEdge(bool end, bool extend, bool ctrl);
+
+  // Pointer (edit_box_mouse.cpp)
+  void Press(PixelPoint point, bool extend);
+  void DoubleClick();
+  void Drag(PixelPoint point);
+  void DragOn();
+  void StopDrag();
+  void StopDragTimer();
+  void Wheel(int delta);
+
+  // Painting (edit_box_paint.cpp)
+  void Paint();
+  ObjectHandle AskColors(DcHandle dc);
+  void PaintLines(DcHandle dc, const PixelRect& area, ObjectHandle brush);
+  void PaintLine(DcHandle dc, std::size_t line, const PixelRect& area, ObjectHandle brush);
+  std::size_t RunEnd(std::size_t from, std::size_t end) const;
+  void PaintRun(DcHandle dc, std::size_t from, std::size_t to, PixelRect place);
+  void PaintBorder(DcHandle dc);
+
+  EditHost& host_;
+  WindowHandle window_;
+  EditBuffer buffer_;
+  EditView view_{buffer_};
+  EditCaret caret_;
+
+  std::uint32_t style_ = 0;
+  bool multi_line_ = false;
+  bool flat_border_ = false;
+  char password_ = 0;
+  std::size_t limit_ = 0;
+  ObjectHandle font_;
+  TextMetrics metrics_;
+  PixelRect outer_;  // the rectangle that was asked for, margins included
+  int left_margin_ = 0;
+  int right_margin_ = 0;
+
+  bool focused_ = false;
+  bool modified_ = false;
+  bool dragging_ = false;
+  PixelPoint drag_point_;
+  TimerHandle drag_timer_;
+  int wheel_rest_ = 0;
+};
+
+}  // namespace levelwidgets::memory

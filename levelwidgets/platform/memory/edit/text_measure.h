@@ -1,0 +1,65 @@
+// Widths of texts in one font, in pixels.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include <levelwidgets/platform/memory/edit/text_store.h>
+
+namespace levelwidgets::memory {
+
+// Remembers the last place measured: the next one is usually near it, also far inside a long line.
+class TextMeasure {
+ public:
+  using MeasureByte = std::function<int(std::uint8_t)>;
+
+  explicit TextMeasure(const TextStore& text) : text_(text) {}
+
+  // `measure` is asked once for each byte that occurs. `tab` is the distance of tab stops; 0: a tab is a
+  // character as any other.
+  void SetFont(MeasureByte measure, int tab);
+  // Every byte is as wide as `mask`, unless that is 0.
+  void SetMask(char mask);
+  // The text from `at` on is another one.
+  void Changed(std::size_t at);
+
+  // Where `byte` ends that begins `x` pixels from its line's start.
+  int After(int x, char byte) {
+    if (byte == '\t' && tab_ > 0) return (x / tab_ + 1) * tab_;
+    return x + Advance(byte);
+  }
+  int Advance(char byte) {
+    const int known = advances_[static_cast<std::uint8_t>(byte)];
+    return known >= 0 ? known : MeasureNew(byte);
+  }
+
+  // From `start`, where a line starts, to `offset`.
+  int XOf(std::size_t start, std::size_t offset);
+  // The last offset in the line from `start` to `end` that is at most `x` pixels from its start.
+  std::size_t Before(std::size_t start, std::size_t end, int x);
+  // The offset whose distance from the line's start is nearest to `x`.
+  std::size_t Nearest(std::size_t start, std::size_t end, int x);
+
+ private:
+  struct Place {
+    std::size_t start = 0;
+    std::size_t offset = 0;
+    int x = 0;
+  };
+
+  int MeasureNew(char byte);
+  void GoTo(std::size_t start);
+  bool StepBack();
+  void Step();
+
+  const TextStore& text_;
+  MeasureByte measure_;
+  std::array<int, 256> advances_{};  // -1: not yet known
+  int tab_ = 0;
+  char mask_ = 0;
+  Place place_;
+};
+
+}  // namespace levelwidgets::memory
