@@ -60,12 +60,19 @@ TracingPlatform& ScriptState::FormPlatform() {
 
 std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
                                               std::shared_ptr<const FormDocument> document) {
-  std::erase_if(forms_, [](const auto& kept) { return kept->form->Closed(); });
+  for (const auto& open : std::vector(forms_)) {
+    if (open->form->Closed()) Forget(open);
+  }
   auto kept = std::make_shared<ScriptForm>();
   kept->form = std::move(form);
   kept->document = std::move(document);
   forms_.push_back(kept);
   return kept;
+}
+
+void ScriptState::Forget(const std::shared_ptr<ScriptForm>& form) {
+  form->environment = {};  // which refers to the form
+  std::erase(forms_, form);
 }
 
 void ScriptState::ReportHandlerError(HandlerError error) {

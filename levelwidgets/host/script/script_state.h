@@ -65,7 +65,7 @@ class ScriptState {
 
   // A form is kept until it is closed or forgotten.
   std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document);
-  void Forget(const std::shared_ptr<ScriptForm>& form) { std::erase(forms_, form); }
+  void Forget(const std::shared_ptr<ScriptForm>& form);
 
   // --- Reports ----------------------------------------------------------------------------------
 

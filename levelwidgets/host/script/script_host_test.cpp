@@ -1,0 +1,181 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/script_host.h>
+
+namespace levelwidgets {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ScriptHostTest : public testing::Test {
+ protected:
+  int Run(const std::string& text) { return host_.RunText(text, "test.lua"); }
+
+  std::string FailureOf(const std::string& text) {
+    try {
+      Run(text);
+    } catch (const ScriptFailure& failure) {
+      return failure.what();
+    }
+    return "no failure";
+  }
+
+  // A file beside the others of this test.
+  std::string File(const std::string& name, const std::string& text) {
+    std::filesystem::create_directories(folder_);
+    std::ofstream(folder_ / name) << text;
+    return (folder_ / name).string();
+  }
+
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  std::string reports_;
+  ScriptHost host_{[this](const std::string& text) { reports_ += text + "\n"; }};
+  std::filesystem::path folder_ =
+      std::filesystem::temp_directory_path() /
+      (std::string("levelwidgets_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+};
+
+TEST_F(ScriptHostTest, StatusIsWhatTheProgramReturns) {
+  EXPECT_EQ(Run(""), 0);
+  EXPECT_EQ(Run("return 3"), 3);
+  EXPECT_EQ(Run("return true"), 0);
+  EXPECT_EQ(Run("return false"), 1);
+  EXPECT_EQ(Run("return 'text'"), 0);
+}
+
+TEST_F(ScriptHostTest, FailureNamesTheLineAndTheWayThere) {
+  EXPECT_THAT(FailureOf("local function inner() error('broken') end\ninner()"),
+              StartsWith("test.lua:1: broken\nstack traceback:"));
+  EXPECT_THAT(FailureOf("\nx = = 1"), StartsWith("test.lua:2: unexpected symbol"));
+  EXPECT_THAT(FailureOf("lw.form{}\nlw.form{}.Captoin = 1"),
+              StartsWith("test.lua:2: Form has no member \"Captoin\"; did you mean \"Caption\"? (error 438, "
+                         "LevelWidgets.Form)\nstack traceback:"));
+}
+
+TEST_F(ScriptHostTest, FailureLeavesTheHostUsable) {
+  FailureOf("error('broken')");
+  FailureOf("= 1");
+  EXPECT_EQ(Run("return 5"), 5);
+}
+
+TEST_F(ScriptHostTest, ProgramGetsItsArguments) {
+  const std::string path = File("program.lua",
+                                "local first, second = ...\n"
+                                "return first == '--a' and second == 'b c' and arg[1] == first and "
+                                "arg[2] == second and arg[0]:match('program.lua$') ~= nil");
+  EXPECT_EQ(host_.RunFile(path, {"--a", "b c"}), 0);
+}
+
+TEST_F(ScriptHostTest, ModulesBesideTheProgramAreFound) {
+  File("beside.lua", "return 7");
+  EXPECT_EQ(host_.RunFile(File("program.lua", "return require 'beside'")), 7);
+}
+
+TEST_F(ScriptHostTest, MissingFileIsAFailure) {
+  EXPECT_THROW(host_.RunFile((folder_ / "missing.lua").string()), ScriptFailure);
+}
+
+TEST_F(ScriptHostTest, HandlerErrorIsReportedAndEndsNothing) {
+  Run("form = lw.form{ Name='frm' }\nform:on('Resize', function() error('broken') end)\nform.Width = 3000");
+  ASSERT_EQ(host_.HandlerErrors().size(), 1u);
+  const HandlerError& error = host_.HandlerErrors().front();
+  EXPECT_EQ(error.form, "frm");
+  EXPECT_EQ(error.control, "");
+  EXPECT_EQ(error.event, "Resize");
+  EXPECT_EQ(error.message, "test.lua:2: broken");
+  EXPECT_THAT(reports_, StartsWith("frm Resize: test.lua:2: broken\nstack traceback:\n"));
+}
+
+TEST_F(ScriptHostTest, HandlersRunForInputFromOutsideTheScript) {
+  Run("local f = lw.form{ Name='frm', Width=3000, Height=3000 }\n"
+      "f:add('FlatButton', 'cmdOK', { Left=0, Top=0, Width=3000, Height=3000 })\n"
+      "f:show()\n"
+      "function cmdOK_Click() clicked = true end");
+  const TopLevelWindow window = host_.Desktop().TopLevelWindows().front();
+  host_.Desktop().Click(
+      {(window.rect.left + window.rect.right) / 2, (window.rect.top + window.rect.bottom) / 2});
+  EXPECT_EQ(Run("return clicked == true"), 0);
+}
+
+TEST_F(ScriptHostTest, HandlersAreSilentAfterTheHostHasEnded) {
+  bool reported = false;
+  auto host = std::make_unique<ScriptHost>([&](const std::string&) { reported = true; });
+  host->RunText(
+      "local f = lw.form{ Name='frm' }\n"
+      "f:on('Deactivate', function() error('too late') end)\n"
+      "f:on('Unload', function() error('too late') end)\n"
+      "f:show()\n"
+      "kept = f",
+      "test.lua");
+  host.reset();
+  EXPECT_FALSE(reported);
+}
+
+TEST_F(ScriptHostTest, LoadedFormHasRunItsScript) {
+  File("order.lua", "cmdSave.Caption = '&Store'\nfunction form_Load() cmdSave.Tag = 'loaded' end");
+  const auto form = host_.LoadForm(File("order.form.toml",
+                                        "[form]\nName = \"frmOrder\"\nScript = \"order.lua\"\n\n"
+                                        "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n"));
+  const auto button = form->Find("cmdSave");
+  ASSERT_TRUE(button);
+  EXPECT_EQ(GetByName(*button->GetControl(), "Caption"), Variant("&Store"));
+  EXPECT_EQ(button->Tag(), "loaded");
+}
+
+TEST_F(ScriptHostTest, EveryErrorOfAFormFileIsTold) {
+  const std::string path = File("bad.form.toml",
+                                "[form]\nName = \"frmBad\"\nWidth = \"wide\"\n\n"
+                                "[[control]]\nClass = \"FlatButon\"\nName = \"cmdOne\"\n");
+  try {
+    host_.LoadForm(path);
+    FAIL() << "no error";
+  } catch (const Error& error) {
+    EXPECT_THAT(error.Description(), HasSubstr(path + ":3:"));
+    EXPECT_THAT(error.Description(), HasSubstr("\n" + path + ":6:"));
+  }
+}
+
+TEST_F(ScriptHostTest, WarningsOfAFormFileAreReported) {
+  host_.LoadForm(File("odd.form.toml", "[form]\nName = \"frmOdd\"\nColour = 1\n"));
+  EXPECT_THAT(reports_, HasSubstr("odd.form.toml:3:1: warning: "));
+}
+
+TEST_F(ScriptHostTest, FormOfAFailingScriptIsGone) {
+  File("failing.lua", "error('not today')");
+  const std::string path = File("failing.form.toml", "[form]\nName = \"frm\"\nScript = \"failing.lua\"\n");
+  EXPECT_THROW(host_.LoadForm(path), ScriptFailure);
+  EXPECT_EQ(Run("collectgarbage() collectgarbage()"), 0);
+  EXPECT_EQ(host_.Desktop().LiveWindows(), 0u);
+}
+
+TEST_F(ScriptHostTest, BytecodeIsNoFormScript) {
+  const std::string script = File("code.lua", "\x1bLua");
+  EXPECT_THAT(ScriptHost::SyntaxError(script), HasSubstr("binary"));
+}
+
+TEST_F(ScriptHostTest, SyntaxErrorHasItsLine) {
+  EXPECT_THAT(ScriptHost::SyntaxError(File("bad.lua", "\nx = = 1")),
+              HasSubstr("bad.lua:2: unexpected symbol"));
+  EXPECT_EQ(ScriptHost::SyntaxError(File("good.lua", "x = 1")), "");
+}
+
+TEST_F(ScriptHostTest, DesktopIsMadeOnceAsToldOrByDefault) {
+  host_.MakeDesktop({.size = {640, 480}, .dpi = 120});
+  EXPECT_EQ(host_.Desktop().GetPlatform().Screen().Size(), (PixelSize{640, 480}));
+  EXPECT_EQ(host_.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 12);
+  EXPECT_THROW(host_.MakeDesktop({}), Error);
+
+  ScriptHost other;
+  EXPECT_EQ(other.Desktop().GetPlatform().Screen().Size(), (PixelSize{1024, 768}));
+  EXPECT_EQ(other.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 15);
+}
+
+}  // namespace
+}  // namespace levelwidgets

@@ -1,0 +1,195 @@
+// Runs the built program as a person does.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#ifndef _WIN32
+
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+namespace levelwidgets {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Outcome {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+std::string TextOf(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class CommandLine : public testing::Test {
+ protected:
+  void SetUp() override { std::filesystem::create_directories(folder_); }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  // In the test's own folder, where its files are.
+  Outcome Run(const std::string& arguments) {
+    const auto program =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "levelwidgets";  // runtime path
+    const std::string command = "cd '" + folder_.string() + "' && '" + program.string() + "' " + arguments +
+                                " >out.txt 2>err.txt </dev/null";
+    const int ended = std::system(command.c_str());
+    return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, TextOf(folder_ / "out.txt"),
+            TextOf(folder_ / "err.txt")};
+  }
+
+  void File(const std::string& name, const std::string& text) { std::ofstream(folder_ / name) << text; }
+  bool Exists(const std::string& name) { return std::filesystem::exists(folder_ / name); }
+
+  void OrderForm() {
+    File("order.form.toml",
+         "[form]\nName = \"frmOrder\"\nCaption = \"Order\"\nWidth = 3000\nHeight = 1500\n"
+         "Script = \"order.lua\"\n\n"
+         "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\nLeft = 300\nTop = 300\n"
+         "Properties = { BackColor = 0x00112233, BackColorMouseOver = 0x00445566 }\n");
+    File("order.lua", "cmdSave.Caption = '&Store'\n");
+  }
+
+  std::filesystem::path folder_ =
+      std::filesystem::temp_directory_path() /
+      (std::string("levelwidgets_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+};
+
+TEST_F(CommandLine, TellsItsVersionAndItsCommands) {
+  EXPECT_THAT(Run("--version").out, StartsWith("levelwidgets 0."));
+  const Outcome help = Run("--help");
+  EXPECT_EQ(help.status, 0);
+  for (const char* command : {"show", "run", "render", "check", "describe"}) {
+    EXPECT_THAT(help.out, HasSubstr(command));
+    const Outcome of_command = Run(std::string(command) + " --help");
+    EXPECT_EQ(of_command.status, 0);
+    EXPECT_THAT(of_command.out, HasSubstr(std::string("Example:\n  levelwidgets ") + command));
+  }
+}
+
+TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
+  for (const char* arguments :
+       {"", "rnder", "render", "render x.form.toml", "describe --jsn", "render x -o y --dpi 1"}) {
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 2) << arguments;
+    EXPECT_EQ(outcome.out, "") << arguments;
+    EXPECT_NE(outcome.err, "") << arguments;
+  }
+}
+
+TEST_F(CommandLine, RunEndsWithTheStatusOfTheScript) {
+  File("three.lua", "return 3");
+  File("four.lua", "os.exit(4)");
+  File("fine.lua", "print('fine', ...)");
+  EXPECT_EQ(Run("run three.lua").status, 3);
+  EXPECT_EQ(Run("run four.lua").status, 4);
+  const Outcome fine = Run("run fine.lua --help 'a b'");
+  EXPECT_EQ(fine.status, 0);
+  EXPECT_EQ(fine.out, "fine\t--help\ta b\n");
+}
+
+TEST_F(CommandLine, RunTellsWhyAScriptFailed) {
+  File("bad.lua", "local b = lw.form{}:add('FlatButton', 'b')\nb.Captoin = 1");
+  const Outcome outcome = Run("run bad.lua");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, StartsWith("bad.lua:2: FlatButton has no member \"Captoin\"; did you mean "
+                                      "\"Caption\"? (error 438, LevelWidgets.FlatButton)\nstack traceback:"));
+  EXPECT_EQ(Run("run missing.lua").status, 1);
+}
+
+TEST_F(CommandLine, RunReportsErrorsInHandlersAndGoesOn) {
+  File("handler.lua",
+       "local f = lw.form{ Name='frm' }\n"
+       "function frm_Resize() error('broken') end\n"
+       "f.Width = 3000\n"
+       "print('still there')");
+  const Outcome outcome = Run("run handler.lua");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "still there\n");
+  EXPECT_THAT(outcome.err, StartsWith("frm Resize: handler.lua:2: broken\nstack traceback:"));
+}
+
+TEST_F(CommandLine, RenderDrawsTheWindowOfTheForm) {
+  OrderForm();
+  const Outcome outcome = Run("render order.form.toml -o order.png");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out + outcome.err, "");
+  EXPECT_THAT(TextOf(folder_ / "order.png"), StartsWith("\x89PNG"));
+}
+
+TEST_F(CommandLine, RenderUnderThePointerIsAnotherPicture) {
+  OrderForm();
+  ASSERT_EQ(Run("render order.form.toml -o plain.png").status, 0);
+  ASSERT_EQ(Run("render order.form.toml -o again.png").status, 0);
+  ASSERT_EQ(Run("render order.form.toml -o hover.png --hover cmdSave").status, 0);
+  ASSERT_EQ(Run("render order.form.toml -o large.png --dpi 192").status, 0);
+  EXPECT_EQ(TextOf(folder_ / "plain.png"), TextOf(folder_ / "again.png"));
+  EXPECT_NE(TextOf(folder_ / "plain.png"), TextOf(folder_ / "hover.png"));
+  EXPECT_NE(TextOf(folder_ / "plain.png"), TextOf(folder_ / "large.png"));
+}
+
+TEST_F(CommandLine, RenderRefusesWhatIsNotThere) {
+  OrderForm();
+  const Outcome hover = Run("render order.form.toml -o p.png --hover cmdSav");
+  EXPECT_EQ(hover.status, 1);
+  EXPECT_THAT(hover.err, HasSubstr("frmOrder has no control named \"cmdSav\"; did you mean \"cmdSave\"?"));
+  const Outcome open = Run("render order.form.toml -o p.png --open cmdSave");
+  EXPECT_EQ(open.status, 1);
+  EXPECT_THAT(open.err, HasSubstr("cmdSave (FlatButton) has nothing to open"));
+  EXPECT_EQ(Run("render missing.form.toml -o p.png").status, 1);
+  EXPECT_FALSE(Exists("p.png"));
+  const Outcome folder = Run("render order.form.toml -o nowhere/p.png");
+  EXPECT_EQ(folder.status, 1);
+  EXPECT_THAT(folder.err, HasSubstr("nowhere/p.png"));
+}
+
+TEST_F(CommandLine, CheckTellsEveryErrorAndWarning) {
+  OrderForm();
+  EXPECT_EQ(Run("check order.form.toml").status, 0);
+  File("odd.form.toml", "[form]\nName = \"frmOdd\"\nColour = 1\n");
+  const Outcome odd = Run("check odd.form.toml order.form.toml");
+  EXPECT_EQ(odd.status, 0);
+  EXPECT_THAT(odd.err, StartsWith("odd.form.toml:3:1: warning: "));
+  File("bad.form.toml",
+       "[form]\nName = \"frmBad\"\nWidth = \"wide\"\n\n[[control]]\nClass = \"FlatButon\"\nName = \"c\"\n");
+  File("bad.lua", "\nx = = 1\n");
+  File("script.form.toml", "[form]\nName = \"frmScript\"\nScript = \"bad.lua\"\n");
+  const Outcome bad = Run("check bad.form.toml odd.form.toml script.form.toml");
+  EXPECT_EQ(bad.status, 1);
+  EXPECT_EQ(bad.out, "");
+  EXPECT_THAT(bad.err, HasSubstr("bad.form.toml:3:"));
+  EXPECT_THAT(bad.err, HasSubstr("bad.form.toml:6:"));
+  EXPECT_THAT(bad.err, HasSubstr("odd.form.toml:3:1: warning: "));
+  EXPECT_THAT(bad.err, HasSubstr("bad.lua:2: unexpected symbol"));
+}
+
+TEST_F(CommandLine, DescribeKnowsTheClasses) {
+  const Outcome one = Run("describe FlatButton --json");
+  EXPECT_EQ(one.status, 0);
+  EXPECT_EQ(nlohmann::json::parse(one.out).at("class"), "FlatButton");
+  const auto all = nlohmann::json::parse(Run("describe --json").out);
+  ASSERT_GE(all.size(), 2u);
+  EXPECT_EQ(all.at(0).at("class"), "FlatButton");
+  EXPECT_THAT(Run("describe LevelWidgets.FlatLabel").out, StartsWith("FlatLabel: "));
+  const Outcome unknown = Run("describe FlatButon");
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_THAT(unknown.err, HasSubstr("did you mean \"FlatButton\"?"));
+}
+
+TEST_F(CommandLine, ShowTellsWhatToUseInstead) {
+  const Outcome outcome = Run("show order.form.toml");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("levelwidgets render order.form.toml -o form.png"));
+}
+
+}  // namespace
+}  // namespace levelwidgets
+
+#endif
