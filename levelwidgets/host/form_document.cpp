@@ -44,15 +44,63 @@ const std::vector<FormNode>& FormDocument::ControlTables() const {
   return controls ? controls->children : none;
 }
 
+FormDocument::FormDocument(std::string text, FormNode root) : text_(std::move(text)), root_(std::move(root)) {
+  line_starts_.push_back(text_.starts_with("\xEF\xBB\xBF") ? 3 : 0);
+  for (std::size_t at = 0; (at = text_.find('\n', at)) != std::string::npos;) line_starts_.push_back(++at);
+}
+
 TextPosition FormDocument::PositionOf(std::size_t offset) const {
-  const std::string_view before = std::string_view(text_).substr(0, offset);
-  const std::size_t line_start = before.rfind('\n') + 1;  // 0 on the first line
-  std::string_view in_line = before.substr(line_start);
-  if (line_start == 0 && in_line.starts_with("\xEF\xBB\xBF")) in_line.remove_prefix(3);
-  return {static_cast<int>(std::ranges::count(before, '\n')) + 1,
-          static_cast<int>(in_line.size() -
-                           static_cast<std::size_t>(std::ranges::count_if(in_line, IsContinuation))) +
-              1};
+  const auto after = std::ranges::upper_bound(line_starts_, std::max(offset, line_starts_.front()));
+  const std::size_t start = *std::prev(after);
+  const std::string_view before = TextOf({start, std::max(start, offset)});
+  const auto continuations = std::ranges::count_if(before, IsContinuation);
+  return {static_cast<int>(after - line_starts_.begin()),
+          static_cast<int>(before.size() - static_cast<std::size_t>(continuations)) + 1};
+}
+
+namespace {
+
+// Past the string that begins at `at`.
+std::size_t EndOfString(std::string_view text, std::size_t at) {
+  const std::string_view single = text.substr(at, 1);
+  const std::string_view triple = text.substr(at, 3);
+  const bool is_long = triple.size() == 3 && triple[1] == single[0] && triple[2] == single[0];
+  const std::string_view quote = is_long ? triple : single;
+  for (at += quote.size(); at < text.size(); ++at) {
+    if (text[at] == '\\' && quote[0] == '"') {
+      ++at;
+    } else if (text.substr(at).starts_with(quote)) {
+      return at + quote.size();
+    } else if (text[at] == '\n' && !is_long) {
+      break;
+    }
+  }
+  return std::min(at, text.size());
+}
+
+}  // namespace
+
+std::optional<std::size_t> FindDeepKey(std::string_view text) {
+  constexpr int kMostDots = 16;
+  int dots = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    switch (text[at]) {
+      case '.':
+        if (++dots > kMostDots) return at;
+        break;
+      case '\n':
+      case '=':
+      case ',':
+      case '[':
+      case '{': dots = 0; break;
+      case '#': at = std::min(text.find('\n', at), text.size()); continue;
+      case '"':
+      case '\'': at = EndOfString(text, at); continue;
+      default: break;
+    }
+    ++at;
+  }
+  return std::nullopt;
 }
 
 }  // namespace levelwidgets

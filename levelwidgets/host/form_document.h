@@ -52,7 +52,7 @@ std::variant<FormNode, FormSyntaxError> ParseFormNodes(const std::string& text);
 
 class FormDocument {
  public:
-  FormDocument(std::string text, FormNode root) : text_(std::move(text)), root_(std::move(root)) {}
+  FormDocument(std::string text, FormNode root);
 
   const std::string& Text() const { return text_; }
   const FormNode& Root() const { return root_; }
@@ -71,8 +71,12 @@ class FormDocument {
  private:
   std::string text_;
   FormNode root_;
+  std::vector<std::size_t> line_starts_;
   FormState loaded_;
 };
+
+// Where a dotted key or header has more parts than any form needs.
+std::optional<std::size_t> FindDeepKey(std::string_view text);
 
 // The offset of the first byte that does not belong to well-formed UTF-8.
 std::optional<std::size_t> FindInvalidUtf8(std::string_view text);

@@ -1,6 +1,6 @@
 #include <levelwidgets/host/form_document.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace levelwidgets {
 namespace {
@@ -65,6 +65,28 @@ TEST(FormDocument, ReportsTheFirstSyntaxErrorWithItsPlace) {
 TEST(FormDocument, ReportsBytesThatAreNoUtf8WhereTheyStand) {
   EXPECT_EQ(SyntaxErrorOf("a = 1\nb = \"\xC3\xA4\xFF\"\n"), "2:7: the text is not UTF-8");
   EXPECT_EQ(SyntaxErrorOf("a = \"" + std::string(100, 'x') + "\xC3"), "1:106: the text is not UTF-8");
+}
+
+TEST(FormDocument, RefusesKeysAndValuesNestedWithoutEnd) {
+  std::string parts;
+  std::string open;
+  for (int i = 0; i < 100'000; ++i) {
+    parts += "a.";
+    open += "[";
+  }
+  const std::string refused = ": a key of that many parts is refused";
+  EXPECT_EQ(SyntaxErrorOf(parts + "a = 1\n"), "1:34" + refused);
+  EXPECT_EQ(SyntaxErrorOf("x = 1\n[" + parts + "a]\n"), "2:35" + refused);
+  EXPECT_EQ(SyntaxErrorOf("x = { y = \"\"\"\n' \\\"\"\"\", " + parts + "a = 1 }"), "2:43" + refused);
+  EXPECT_EQ(SyntaxErrorOf("x = 'a' # '\n'b.c'." + parts + "a = 1"), "2:38" + refused);
+  EXPECT_THAT(SyntaxErrorOf("x = " + open), ::testing::HasSubstr("exceeded maximum nested value depth"));
+}
+
+TEST(FormDocument, DotsInTextsAreNoKeys) {
+  const std::string dots = "a.b.c.d.e.f.g.h.i.j.k.l.m.n.o.p.q.r.s.t.u.v.w.x.y.z";
+  EXPECT_EQ(SyntaxErrorOf("# " + dots + "\na = \"\\\"" + dots + "\"\nb = '" + dots + "'\nc = \"\"\"\n\"" +
+                          dots + "\"\"\"\nd = '''\n'" + dots + "'''\ne = [1.5, 2.5, 3.5,\n4.5]\n"),
+            "");
 }
 
 TEST(FormDocument, FindsTheFirstInvalidByte) {

@@ -34,14 +34,14 @@ struct LoadedForm {
   bool HasErrors() const;
 };
 
-// Reads the form file at `path` and builds its form. Everything wrong is reported in one go (of a text that is
-// no TOML, the first place), and nothing of a broken form is left.
+// Reads the form file at `path` and builds its form. Everything wrong is reported in one go (of a text that
+// is no TOML, the first place), and nothing of a broken form is left.
 LoadedForm LoadForm(Platform& platform, const std::string& path);
 // The same from a text; `file` is the name in the diagnostics, and the folder of its script.
 LoadedForm LoadFormText(Platform& platform, std::string text, const std::string& file);
 
-// What a save writes: the original text, changed only where the form differs from what was loaded from it, or a
-// new text without an original.
+// What a save writes: the original text, changed only where the form differs from what was loaded from it, or
+// a new text without an original.
 std::string FormText(const Form& form, const FormDocument* original = nullptr);
 // Writes FormText beside `path`, flushes it to disk and renames it over `path`, so that a crash leaves either
 // the old or the new file whole. Raises 75 with the path and the cause; the old file is then untouched.

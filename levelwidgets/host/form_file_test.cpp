@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/host/form_file_reader.h>
@@ -176,6 +177,30 @@ TEST_F(FormFile, NothingOfABrokenFormIsLeft) {
   const std::size_t windows = Driver().LiveWindows();
   ASSERT_TRUE(Load("[form]\nWidth = \"\"\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\n").HasErrors());
   EXPECT_EQ(Driver().LiveWindows(), windows);
+}
+
+// Bytes lost, doubled and changed: the file is loaded, or what is wrong with it is told.
+TEST_F(FormFile, AnyDamageIsEitherLoadedOrTold) {
+  const std::string whole =
+      "[form]\nName = \"f\"\nFont = { Name = \"\xC3\xA4\", Size = 8.25 }\n[[control]]\nClass = "
+      "\"FlatButton\"\n"
+      "Name = 'a'\nLeft = 0x10\nTag = \"\"\"x\ny\"\"\"\n[control.Properties]\nCaption.x = [1, 2024-05-31]\n";
+  const std::string bytes = "[]{}=.,\"'#\n\\\xFF\xC3 0x-";
+  std::mt19937 random(1);
+  for (int round = 0; round < 1000; ++round) {
+    std::string text = whole;
+    for (std::size_t changes = 1 + random() % 3; changes > 0; --changes) {
+      const std::size_t at = random() % text.size();
+      const std::size_t length = random() % 2 * (random() % 20);
+      const std::string byte(1, bytes[random() % bytes.size()]);
+      text.replace(at, length, random() % 2 == 0 ? byte : text.substr(random() % text.size(), random() % 8));
+    }
+    const LoadedForm loaded = Load(text);
+    EXPECT_NE(loaded.HasErrors(), loaded.form != nullptr) << text;
+    if (loaded.form) {
+      EXPECT_EQ(FormText(*loaded.form, loaded.document.get()), text);
+    }
+  }
 }
 
 // --- What a control refuses ------------------------------------------------------------------------------

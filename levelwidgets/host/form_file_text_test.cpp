@@ -37,7 +37,7 @@ const char kButton[] = "[[control]]\nClass = \"FlatButton\"\nName = \"cmdA\"\n";
 // --- Without an original -----------------------------------------------------------------------------------
 
 TEST_F(FormTextTest, ANewTextHasWhatDiffersFromTheDefaults) {
-  FormOptions options{.name = "frmOrder", .caption = "Order \"1\"", .size = {Twips(9000), Twips(22.5f)}};
+  FormOptions options{.name = "frmOrder", .caption = "Order \"1\"", .size = {Twips(9000), Twips(454522.5f)}};
   options.font = {.name = "Arial", .size = 9, .bold = true};
   const auto form = Form::Create(Tracer(), options);
   HostedControl& save = form->Add(FlatButton::Table(), "cmdSave");
@@ -48,7 +48,7 @@ TEST_F(FormTextTest, ANewTextHasWhatDiffersFromTheDefaults) {
   form->Add(FlatLabel::Table(), "lblPlain", &empty);
   EXPECT_EQ(
       FormText(*form),
-      "[form]\nName = \"frmOrder\"\nCaption = \"Order \\\"1\\\"\"\nWidth = 9000\nHeight = 22.5\n"
+      "[form]\nName = \"frmOrder\"\nCaption = \"Order \\\"1\\\"\"\nWidth = 9000\nHeight = 454522.5\n"
       "Font = { Name = \"Arial\", Size = 9, Bold = true }\n"
       "\n[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\nLeft = 120\nTop = 5400\nWidth = 1200\n"
       "Default = true\nProperties = { Caption = \"cmdSave\", BackColorMouseOver = 0x00112233 }\n"
@@ -101,10 +101,10 @@ TEST_F(FormTextTest, ValuesAreChangedInPlace) {
   Form& form = Load(std::string("[form]\nName = \"f\"\n  Caption = \"old\"   # title\nWidth=9000\n\n") +
                     kButton + "Left = 120 # a\nVisible = true\n");
   form.SetCaption("new");
-  form.SetWidth(Twips(22.5f));
+  form.SetWidth(Twips(754522.5f));
   form.Find("cmdA")->SetLeft(Twips(240));
   form.Find("cmdA")->SetVisible(false);
-  EXPECT_EQ(Saved(), std::string("[form]\nName = \"f\"\n  Caption = \"new\"   # title\nWidth=22.5\n\n") +
+  EXPECT_EQ(Saved(), std::string("[form]\nName = \"f\"\n  Caption = \"new\"   # title\nWidth=754522.5\n\n") +
                          kButton + "Left = 240 # a\nVisible = false\n");
 }
 
