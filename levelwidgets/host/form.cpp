@@ -223,8 +223,7 @@ void Form::Paint() {
   DrawingApi& drawing = platform_.Drawing();
   PixelRect client;
   platform_.Windows().GetClientRect(window_, client);
-  const DrawingObject brush(drawing,
-                            drawing.CreateSolidBrush(TranslateColor(drawing, options_.back_color)));
+  const DrawingObject brush(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, options_.back_color)));
   drawing.FillRect(dc, client, brush.Handle());
   platform_.Windows().EndPaint(window_);
 }

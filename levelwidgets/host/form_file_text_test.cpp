@@ -101,10 +101,10 @@ TEST_F(FormTextTest, ValuesAreChangedInPlace) {
   Form& form = Load(std::string("[form]\nName = \"f\"\n  Caption = \"old\"   # title\nWidth=9000\n\n") +
                     kButton + "Left = 120 # a\nVisible = true\n");
   form.SetCaption("new");
-  form.SetWidth(Twips(754522.5f));
+  form.SetWidth(Twips(7522.5f));
   form.Find("cmdA")->SetLeft(Twips(240));
   form.Find("cmdA")->SetVisible(false);
-  EXPECT_EQ(Saved(), std::string("[form]\nName = \"f\"\n  Caption = \"new\"   # title\nWidth=754522.5\n\n") +
+  EXPECT_EQ(Saved(), std::string("[form]\nName = \"f\"\n  Caption = \"new\"   # title\nWidth=7522.5\n\n") +
                          kButton + "Left = 240 # a\nVisible = false\n");
 }
 

@@ -164,12 +164,10 @@ TEST_F(FormTest, AnAccessKeyMayBeALetterWithAnAccentInEitherCase) {
   auto& a = Button("cmdA");
   a.SetCaption("&\xC3\x84ndern");
   CountClicks(a);
-  Windows().SendMessageA(a.hWnd(), kWmSysChar, 0xE4, 0);
-  EXPECT_THAT(TakeClicks(), IsEmpty());  // Alt is not held
-  Driver().KeyDown('Q', kAltMask);
-  Windows().SendMessageA(a.hWnd(), kWmSysChar, 0xE4, 0);
-  Windows().SendMessageA(a.hWnd(), kWmSysChar, 0xC4, 0);
-  Driver().KeyUp('Q', kAltMask);
+  using Kind = KeyMessage::Kind;
+  EXPECT_FALSE(Hosted(a).TakeKey({Kind::kCharacter, 0xE4, 0}));  // Alt is not held
+  EXPECT_TRUE(Hosted(a).TakeKey({Kind::kCharacter, 0xE4, kAltMask}));
+  EXPECT_TRUE(Hosted(a).TakeKey({Kind::kCharacter, 0xC4, kAltMask}));
   EXPECT_THAT(TakeClicks(), ElementsAre("cmdA", "cmdA"));
 }
 

@@ -69,9 +69,7 @@ bool FillTable(int number, std::array<char32_t, 256>& table) {
 
 constexpr char32_t kIllFormed = 0xFFFFFFFF;
 
-bool IsContinuation(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
+bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 // The character at `position`, which moves behind it; behind one byte when it is ill-formed.
 char32_t NextCharacter(std::string_view text, std::size_t& position) {

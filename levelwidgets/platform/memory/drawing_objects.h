@@ -125,8 +125,6 @@ struct Context {
 };
 
 // What is drawn for a colour: whatever its high byte says, its lower three bytes.
-constexpr std::uint32_t Drawable(ColorRef color) {
-  return color.value & 0xFFFFFF;
-}
+constexpr std::uint32_t Drawable(ColorRef color) { return color.value & 0xFFFFFF; }
 
 }  // namespace levelwidgets::memory

@@ -34,9 +34,7 @@ class GlyphSource {
 };
 
 // Whether a weight asks for a bold face.
-constexpr bool IsBold(int weight) {
-  return weight > 550;
-}
+constexpr bool IsBold(int weight) { return weight > 550; }
 
 // A cell height when none is given, whatever the resolution.
 inline constexpr int kDefaultCellHeight = 16;

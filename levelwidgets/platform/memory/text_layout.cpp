@@ -8,9 +8,7 @@ namespace levelwidgets::memory {
 
 namespace {
 
-bool IsBreak(char c) {
-  return c == '\r' || c == '\n';
-}
+bool IsBreak(char c) { return c == '\r' || c == '\n'; }
 
 }  // namespace
 
