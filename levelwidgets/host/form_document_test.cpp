@@ -82,6 +82,12 @@ TEST(FormDocument, RefusesKeysAndValuesNestedWithoutEnd) {
   EXPECT_THAT(SyntaxErrorOf("x = " + open), ::testing::HasSubstr("exceeded maximum nested value depth"));
 }
 
+TEST(FormDocument, CharactersOutOfPlaceAreSyntaxErrors) {
+  EXPECT_THAT(SyntaxErrorOf("[=]\n"), ::testing::StartsWith("1:2: "));
+  EXPECT_THAT(SyntaxErrorOf("[form]\n\xC3\xA4 = 1\n"), ::testing::StartsWith("2:1: "));
+  EXPECT_THAT(SyntaxErrorOf("a = \xC3\xA4\n"), ::testing::StartsWith("1:5: "));
+}
+
 TEST(FormDocument, DotsInTextsAreNoKeys) {
   const std::string dots = "a.b.c.d.e.f.g.h.i.j.k.l.m.n.o.p.q.r.s.t.u.v.w.x.y.z";
   EXPECT_EQ(SyntaxErrorOf("# " + dots + "\na = \"\\\"" + dots + "\"\nb = '" + dots + "'\nc = \"\"\"\n\"" +
