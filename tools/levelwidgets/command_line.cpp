@@ -41,7 +41,7 @@ void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics) {
 
 int RunCommandLine(std::vector<std::string> arguments) {
   int status = 0;
-  CLI::App program("Shows, runs, draws, checks and describes forms.", "levelwidgets");
+  CLI::App program("Works with forms: their files, their looks and their classes.", "levelwidgets");
   program.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
   program.require_subcommand(1);
   program.footer("Each command has a --help with an example:\n  levelwidgets describe --help");
