@@ -42,6 +42,7 @@ LoadedForm LoadFormText(Platform& platform, std::string text, const std::string&
 
 // What a save writes: the original text, changed only where the form differs from what was loaded from it, or
 // a new text without an original.
+// Raises 13 for a property value that no file can hold, 6 for a date outside the years 1 to 9999.
 std::string FormText(const Form& form, const FormDocument* original = nullptr);
 // Writes FormText beside `path`, flushes it to disk and renames it over `path`, so that a crash leaves either
 // the old or the new file whole. Raises 75 with the path and the cause; the old file is then untouched.
