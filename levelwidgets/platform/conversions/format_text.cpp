@@ -1,0 +1,45 @@
+#include <levelwidgets/platform/conversions/format.h>
+#include <levelwidgets/platform/conversions/letter_case.h>
+
+namespace levelwidgets::conversions {
+namespace {
+
+std::string InCase(std::string_view text, TextCase text_case) {
+  switch (text_case) {
+    case TextCase::kUpper: return UpperCase(text);
+    case TextCase::kLower: return LowerCase(text);
+    default: return std::string(text);
+  }
+}
+
+std::string_view TakeFront(std::string_view& text) {
+  const std::string_view before = text;
+  TakeCharacter(text);
+  return before.substr(0, before.size() - text.size());
+}
+
+}  // namespace
+
+void FormatText(std::string_view text, const ParsedFormat& format, TextBuilder& out) {
+  const FormatSection& section = format.sections[text.empty() && format.sections[1].given ? 1 : 0];
+  const std::string cased = InCase(text, section.text_case);
+  std::string_view rest = cased;
+  // Placeholders without a character: the first ones, or with '!' the last ones.
+  int missing = section.characters - static_cast<int>(CharacterCount(cased));
+  if (section.fill_left_to_right) missing = 0;
+  for (std::uint32_t i = section.first; i < section.last; ++i) {
+    const FormatToken& token = format.tokens[i];
+    if (token.kind == TokenKind::kLiteral) {
+      out.Append(format.LiteralOf(token));
+    } else if (missing > 0 || rest.empty()) {
+      if (token.kind == TokenKind::kCharacterOrBlank) out.Append(' ');
+      --missing;
+    } else {
+      out.Append(TakeFront(rest));
+    }
+  }
+  // What there was no placeholder for follows at the end.
+  out.Append(rest);
+}
+
+}  // namespace levelwidgets::conversions

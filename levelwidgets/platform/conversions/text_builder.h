@@ -1,0 +1,53 @@
+// Text put together without allocating until it is taken.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace levelwidgets::conversions {
+
+class TextBuilder {
+ public:
+  void Append(std::string_view text) {
+    if (text.size() > kInlineSize - size_) return AppendLong(text);
+    std::memcpy(inline_ + size_, text.data(), text.size());
+    size_ += text.size();
+  }
+  void Append(char c) {
+    if (size_ == kInlineSize) return AppendLong({&c, 1});
+    inline_[size_++] = c;
+  }
+  void Append(std::size_t count, char c) {
+    for (; count > 0; --count) Append(c);
+  }
+  // At least `digits` digits, zeros in front.
+  void AppendNumber(int number, int digits = 1) {
+    char reversed[16];
+    int count = 0;
+    for (; number > 0 || count < digits; number /= 10)
+      reversed[count++] = static_cast<char>('0' + number % 10);
+    while (count > 0) Append(reversed[--count]);
+  }
+
+  std::string Take() const {
+    return overflow_.empty() ? std::string(inline_, size_) : std::string(overflow_).append(Inline());
+  }
+
+ private:
+  static constexpr std::size_t kInlineSize = 256;
+
+  std::string_view Inline() const { return {inline_, size_}; }
+  void AppendLong(std::string_view text) {
+    overflow_ += Inline();
+    overflow_ += text;
+    size_ = 0;
+  }
+
+  char inline_[kInlineSize];
+  std::size_t size_ = 0;
+  std::string overflow_;
+};
+
+}  // namespace levelwidgets::conversions
