@@ -50,6 +50,46 @@ Variant Converted(const ClassInfo& info, std::string_view member, const TypeName
   return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value); });
 }
 
+const PropertyInfo& Known(const ClassInfo& info, std::string_view property) {
+  const PropertyInfo* found = info.FindProperty(property);
+  if (!found) RaiseNoSuchMember(info.Name(), property, info.MemberNames());
+  return *found;
+}
+
+const PropertyInfo& Writable(const ClassInfo& info, std::string_view property) {
+  const PropertyInfo& found = Known(info, property);
+  if (!found.ReadOnly()) return found;
+  throw Error(kPropertyIsReadOnly, info.QualifiedName(),
+              info.Name() + "." + std::string(property) + " is read-only");
+}
+
+std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo& property,
+                                      std::span<const Variant> indices) {
+  if (indices.size() != property.indices.size()) {
+    throw Error(kWrongNumberOfArguments, info.QualifiedName(),
+                info.Name() + "." + property.name + " takes " + std::to_string(property.indices.size()) +
+                    " indices, not " + std::to_string(indices.size()));
+  }
+  std::vector<Variant> converted;
+  for (std::size_t i = 0; i < indices.size(); ++i) {
+    const ArgumentInfo& index = property.indices[i];
+    converted.push_back(Converted(info, property.name + "'s " + index.name, index.type, indices[i]));
+  }
+  return converted;
+}
+
+// The whole number from 1 that `digits` writes without leading zeros; 0 for anything else.
+std::int32_t IndexOfDigits(std::string_view digits) {
+  constexpr std::size_t kMostDigits = 9;
+  if (digits.empty() || digits.size() > kMostDigits || digits[0] == '0') return 0;
+  std::int32_t index = 0;
+  for (const char c : digits) {
+    if (c < '0' || c > '9') return 0;
+    index = index * 10 + (c - '0');
+  }
+  return index;
+}
+
 }  // namespace
 
 const PropertyInfo* ClassInfo::FindProperty(std::string_view name) const {
@@ -57,6 +97,18 @@ const PropertyInfo* ClassInfo::FindProperty(std::string_view name) const {
 }
 const MethodInfo* ClassInfo::FindMethod(std::string_view name) const { return FindNamed(methods_, name); }
 const EventInfo* ClassInfo::FindEvent(std::string_view name) const { return FindNamed(events_, name); }
+
+PersistedKey ClassInfo::FindPersisted(std::string_view key) const {
+  for (const PropertyInfo* property : persisted_) {
+    if (!property->Indexed()) {
+      if (key == property->name) return {property, 0};
+    } else if (key.starts_with(property->name)) {
+      if (const std::int32_t index = IndexOfDigits(key.substr(property->name.size())))
+        return {property, index};
+    }
+  }
+  return {};
+}
 
 std::vector<std::string_view> ClassInfo::MemberNames() const {
   std::vector<std::string_view> names;
@@ -91,22 +143,44 @@ void RaiseNoSuchMember(std::string_view class_name, std::string_view member,
   throw Error(kNoSuchMember, "LevelWidgets." + std::string(class_name), text);
 }
 
-Variant GetByName(const Object& object, std::string_view property) {
+void RaiseNeedsIndices(const Object& object, std::string_view property) {
   const ClassInfo& info = object.Class();
-  const PropertyInfo* found = info.FindProperty(property);
-  if (!found) RaiseNoSuchMember(info.Name(), property, info.MemberNames());
-  return found->get(object);
+  std::string names;
+  for (const ArgumentInfo& index : info.FindProperty(property)->indices) {
+    names += (names.empty() ? "" : ", ") + index.name;
+  }
+  throw Error(kWrongNumberOfArguments, info.QualifiedName(),
+              info.Name() + "." + std::string(property) + " needs its indices: " + names);
+}
+
+Variant GetByName(const Object& object, std::string_view property) {
+  return Known(object.Class(), property).get(object);
 }
 
 void SetByName(Object& object, std::string_view property, const Variant& value) {
   const ClassInfo& info = object.Class();
-  const PropertyInfo* found = info.FindProperty(property);
-  if (!found) RaiseNoSuchMember(info.Name(), property, info.MemberNames());
-  if (found->ReadOnly()) {
-    throw Error(kPropertyIsReadOnly, info.QualifiedName(),
-                info.Name() + "." + std::string(property) + " is read-only");
+  const PropertyInfo& found = Writable(info, property);
+  if (found.Indexed()) RaiseNeedsIndices(object, property);
+  found.set(object, Converted(info, property, found.type, value));
+}
+
+Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices) {
+  const PropertyInfo& found = Known(object.Class(), property);
+  const std::vector<Variant> at = ConvertedIndices(object.Class(), found, indices);
+  return found.Indexed() ? found.get_at(object, at) : found.get(object);
+}
+
+void SetIndexedByName(Object& object, std::string_view property, std::span<const Variant> indices,
+                      const Variant& value) {
+  const ClassInfo& info = object.Class();
+  const PropertyInfo& found = Writable(info, property);
+  const std::vector<Variant> at = ConvertedIndices(info, found, indices);
+  const Variant converted = Converted(info, property, found.type, value);
+  if (found.Indexed()) {
+    found.set_at(object, at, converted);
+  } else {
+    found.set(object, converted);
   }
-  found->set(object, Converted(info, property, found->type, value));
 }
 
 Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments) {

@@ -21,7 +21,7 @@ class ControlSite;
 
 // A property's default: a fixed value, or one that the container gives.
 struct DefaultValue {
-  enum class Kind { kNone, kFixed, kAmbientFont, kDisplayName };
+  enum class Kind { kNone, kFixed, kAmbientFont, kDisplayName, kAmbientBackColor, kAmbientForeColor };
 
   DefaultValue() = default;
   DefaultValue(Kind from) : kind(from) {}
@@ -34,6 +34,8 @@ struct DefaultValue {
 };
 inline constexpr DefaultValue::Kind kAmbientFont = DefaultValue::Kind::kAmbientFont;
 inline constexpr DefaultValue::Kind kDisplayName = DefaultValue::Kind::kDisplayName;
+inline constexpr DefaultValue::Kind kAmbientBackColor = DefaultValue::Kind::kAmbientBackColor;
+inline constexpr DefaultValue::Kind kAmbientForeColor = DefaultValue::Kind::kAmbientForeColor;
 
 // The three defaults differ in places, on purpose.
 struct Defaults {
@@ -68,8 +70,19 @@ struct PropertyOptions {
   Defaults defaults = {};
   std::optional<VariantType> stored_as = std::nullopt;  // where it differs from the property's type
   std::string help = {};
+  // Of an indexed property whose values have defaults of their own; then `defaults` are those of index 1.
+  std::function<Variant(std::int32_t index)> default_at = {};
 };
 
+struct ArgumentInfo {
+  std::string name;
+  TypeName type;
+  bool by_reference = false;
+  std::optional<Variant> default_value;  // of an optional argument
+};
+
+// An indexed property (TabCaption(Index)) has a value for each of its indices; `get` and `set` raise 450
+// then. A persisted one has one index: a bag entry per index from 1 to `count`, named by KeyOf.
 struct PropertyInfo {
   std::string name;
   TypeName type;
@@ -80,14 +93,22 @@ struct PropertyInfo {
   std::function<Variant(const Object&)> get;
   std::function<void(Object&, const Variant&)> set;  // null for a read-only property
 
+  std::vector<ArgumentInfo> indices;
+  std::function<Variant(const Object&, std::span<const Variant>)> get_at;
+  std::function<void(Object&, std::span<const Variant>, const Variant&)> set_at;
+  std::function<std::int32_t(const Object&)> count;
+  std::function<Variant(std::int32_t index)> default_at;
+
   bool ReadOnly() const { return !set; }
+  bool Indexed() const { return !indices.empty(); }
+  // "TabCaption2": the value at `index`, counted from 1, in a property bag.
+  std::string KeyOf(std::int32_t index) const { return name + std::to_string(index); }
 };
 
-struct ArgumentInfo {
-  std::string name;
-  TypeName type;
-  bool by_reference = false;
-  std::optional<Variant> default_value;  // of an optional argument
+// What a key of a property bag stands for.
+struct PersistedKey {
+  const PropertyInfo* property = nullptr;  // null for an unknown key
+  std::int32_t index = 0;                  // 0 unless the property is indexed
 };
 
 struct MethodInfo {
@@ -131,6 +152,10 @@ class ClassInfo {
   const std::vector<const EnumerationInfo*>& Enumerations() const { return enumerations_; }
   // In the order in which they are read and written.
   const std::vector<const PropertyInfo*>& Persisted() const { return persisted_; }
+  // A persisted property's name, or that of an indexed one and an index ("TabCaption2").
+  PersistedKey FindPersisted(std::string_view key) const;
+  // The property or method that stands for the object itself; "" when there is none.
+  const std::string& DefaultMember() const { return default_member_; }
   // The size of a control that is placed without one.
   TwipSize DefaultSize() const { return default_size_; }
 
@@ -155,6 +180,7 @@ class ClassInfo {
   std::vector<EventInfo> events_;
   std::vector<const EnumerationInfo*> enumerations_;
   std::vector<const PropertyInfo*> persisted_;
+  std::string default_member_;
   TwipSize default_size_{Twips(1215), Twips(495)};
   std::function<std::shared_ptr<Control>(std::shared_ptr<ControlSite>)> create_;
 };
@@ -166,11 +192,18 @@ class ClassInfo {
 // a wrong number of arguments raises 450. What the member itself raises passes through.
 Variant GetByName(const Object& object, std::string_view property);
 void SetByName(Object& object, std::string_view property, const Variant& value);
+// One value of an indexed property. Indices convert like values; a wrong number of them raises 450.
+Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices);
+void SetIndexedByName(Object& object, std::string_view property, std::span<const Variant> indices,
+                      const Variant& value);
 Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments);
 Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener);
 
 // The candidate with the fewest edits, when few enough to be a slip; else "".
 std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates);
+
+// Throws 450 for the indexed `property` used without its indices.
+[[noreturn]] void RaiseNeedsIndices(const Object& object, std::string_view property);
 
 // Throws 438 for `member`, naming the class and suggesting the nearest of `candidates`.
 [[noreturn]] void RaiseNoSuchMember(std::string_view class_name, std::string_view member,

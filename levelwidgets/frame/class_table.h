@@ -2,6 +2,7 @@
 #pragma once
 
 #include <concepts>
+#include <tuple>
 #include <type_traits>
 
 #include <levelwidgets/frame/class_info.h>
@@ -85,6 +86,50 @@ class ClassTable {
     return *this;
   }
 
+  // A property with a value for each of `indices`, which names them. The setter takes the value last.
+  template <typename R, typename T, typename... I, typename... SetArgs>
+  ClassTable& Indexed(std::string name, R (T::*get)(I...) const, void (T::*set)(SetArgs...),
+                      std::vector<std::string> indices, PropertyOptions options) {
+    static_assert(sizeof...(SetArgs) == sizeof...(I) + 1);
+    using Value = std::remove_cvref_t<std::tuple_element_t<sizeof...(I), std::tuple<SetArgs...>>>;
+    PropertyInfo& property = AddIndexed(std::move(name), get, std::move(indices), std::move(options));
+    property.set = [name = property.name](Object& object, const Variant&) {
+      RaiseNeedsIndices(object, name);
+    };
+    property.set_at = [set](Object& object, std::span<const Variant> at, const Variant& value) {
+      [&]<std::size_t... N>(std::index_sequence<N...>) {
+        (static_cast<T&>(object).*set)(table::Unbox<std::remove_cvref_t<I>>(at[N])...,
+                                       table::Unbox<Value>(value));
+      }
+      (std::index_sequence_for<I...>());
+    };
+    return *this;
+  }
+
+  template <typename R, typename T, typename... I>
+  ClassTable& IndexedReadOnly(std::string name, R (T::*get)(I...) const, std::vector<std::string> indices,
+                              std::string help) {
+    PropertyOptions options;
+    options.help = std::move(help);
+    AddIndexed(std::move(name), get, std::move(indices), std::move(options));
+    return *this;
+  }
+
+  // How many values of a persisted indexed property there are.
+  template <typename R, typename T>
+  ClassTable& CountedBy(std::string_view property, R (T::*count)() const) {
+    Existing(property).count = [count](const Object& object) {
+      return static_cast<std::int32_t>((static_cast<const T&>(object).*count)());
+    };
+    return *this;
+  }
+
+  // The property or method that stands for the object itself.
+  ClassTable& DefaultMember(std::string name) {
+    info_.default_member_ = std::move(name);
+    return *this;
+  }
+
   // Which properties are saved, in the order in which they are read and written.
   ClassTable& Persisted(std::vector<std::string> names) {
     persisted_names_ = std::move(names);
@@ -157,18 +202,36 @@ class ClassTable {
  private:
   template <typename R, typename T>
   PropertyInfo& AddProperty(std::string name, R (T::*get)() const, PropertyOptions options) {
-    PropertyInfo property;
-    property.name = std::move(name);
-    property.type = AddedType<R>();
-    property.stored_as = options.stored_as.value_or(property.type.type);
-    property.defaults = std::move(options.defaults);
-    property.help = std::move(options.help);
+    PropertyInfo& property = AddDescribed(std::move(name), AddedType<R>(), std::move(options));
     property.get = [get](const Object& object) {
       return table::Box<std::remove_cvref_t<R>>((static_cast<const T&>(object).*get)());
     };
-    info_.properties_.push_back(std::move(property));
-    return info_.properties_.back();
+    return property;
   }
+
+  template <typename R, typename T, typename... I>
+  PropertyInfo& AddIndexed(std::string name, R (T::*get)(I...) const, std::vector<std::string> indices,
+                           PropertyOptions options) {
+    static_assert(sizeof...(I) > 0);
+    PropertyInfo& property = AddDescribed(std::move(name), AddedType<R>(), std::move(options));
+    std::size_t i = 0;
+    (property.indices.push_back({indices.at(i++), AddedType<I>(), false, std::nullopt}), ...);
+    property.get = [name = property.name](const Object& object) -> Variant {
+      RaiseNeedsIndices(object, name);
+    };
+    property.get_at = [get](const Object& object, std::span<const Variant> at) {
+      return [&]<std::size_t... N>(std::index_sequence<N...>) {
+        return table::Box<std::remove_cvref_t<R>>(
+            (static_cast<const T&>(object).*get)(table::Unbox<std::remove_cvref_t<I>>(at[N])...));
+      }
+      (std::index_sequence_for<I...>());
+    };
+    return property;
+  }
+
+  PropertyInfo& AddDescribed(std::string name, TypeName type, PropertyOptions options);
+  // Throws std::logic_error for a name that the table does not have.
+  PropertyInfo& Existing(std::string_view name);
 
   template <typename A>
   TypeName AddedType() {

@@ -1,3 +1,5 @@
+#include <array>
+
 #include <levelwidgets/frame/control.h>
 
 namespace levelwidgets {
@@ -8,7 +10,45 @@ Variant Resolve(const DefaultValue& value, ControlSite& site) {
   switch (value.kind) {
     case DefaultValue::Kind::kAmbientFont: return site.AmbientFont();
     case DefaultValue::Kind::kDisplayName: return site.DisplayName();
+    case DefaultValue::Kind::kAmbientBackColor: return site.AmbientBackColor();
+    case DefaultValue::Kind::kAmbientForeColor: return site.AmbientForeColor();
     default: return value.value;
+  }
+}
+
+Variant ResolveAt(const PropertyInfo& property, const DefaultValue& value, std::int32_t index,
+                  ControlSite& site) {
+  return property.default_at ? property.default_at(index) : Resolve(value, site);
+}
+
+// The one index of a persisted indexed property, in the type that it has.
+std::array<Variant, 1> AtIndex(const PropertyInfo& property, std::int32_t index) {
+  return {ConvertTo(property.indices.front().type.type, index)};
+}
+
+template <typename Assign>
+void AssignRead(const PropertyInfo& property, const std::string& key, const Variant& read, Assign assign) {
+  try {
+    assign(ConvertTo(property.type.type, ConvertTo(property.stored_as, read)));
+  } catch (const Error& error) {
+    throw PropertyRefused(key, error);
+  }
+}
+
+void ReadIndexed(Control& control, const PropertyInfo& property, const PropertyBag& bag) {
+  for (std::int32_t index = 1; index <= property.count(control); ++index) {
+    const std::string key = property.KeyOf(index);
+    const Variant otherwise = ResolveAt(property, property.defaults.when_read, index, control.Site());
+    AssignRead(property, key, bag.ReadProperty(key, otherwise),
+               [&](const Variant& value) { property.set_at(control, AtIndex(property, index), value); });
+  }
+}
+
+void WriteIndexed(const Control& control, const PropertyInfo& property, PropertyBag& bag) {
+  for (std::int32_t index = 1; index <= property.count(control); ++index) {
+    bag.WriteProperty(property.KeyOf(index),
+                      ConvertTo(property.stored_as, property.get_at(control, AtIndex(property, index))),
+                      ResolveAt(property, property.defaults.when_written, index, control.Site()));
   }
 }
 
@@ -34,17 +74,22 @@ void Control::Move(TwipPoint position, TwipSize size) {
 
 void Control::OnReadProperties(const PropertyBag& bag) {
   for (const PropertyInfo* property : Class().Persisted()) {
-    const Variant read = bag.ReadProperty(property->name, Resolve(property->defaults.when_read, *site_));
-    try {
-      property->set(*this, ConvertTo(property->type.type, ConvertTo(property->stored_as, read)));
-    } catch (const Error& error) {
-      throw PropertyRefused(property->name, error);
+    if (property->Indexed()) {
+      ReadIndexed(*this, *property, bag);
+      continue;
     }
+    const Variant otherwise = Resolve(property->defaults.when_read, *site_);
+    AssignRead(*property, property->name, bag.ReadProperty(property->name, otherwise),
+               [&](const Variant& value) { property->set(*this, value); });
   }
 }
 
 void Control::OnWriteProperties(PropertyBag& bag) const {
   for (const PropertyInfo* property : Class().Persisted()) {
+    if (property->Indexed()) {
+      WriteIndexed(*this, *property, bag);
+      continue;
+    }
     bag.WriteProperty(property->name, ConvertTo(property->stored_as, property->get(*this)),
                       Resolve(property->defaults.when_written, *site_));
   }

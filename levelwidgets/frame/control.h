@@ -8,6 +8,7 @@
 #include <levelwidgets/frame/control_site.h>
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/frame/event.h>
+#include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/property_bag.h>
 #include <levelwidgets/frame/surface.h>
 
@@ -18,14 +19,14 @@ inline const std::vector<std::string> kKeyArguments{"KeyCode", "Shift"};
 inline const std::vector<std::string> kCharacterArguments{"KeyAscii"};
 inline const std::vector<std::string> kPointerArguments{"Button", "Shift", "X", "Y"};
 
-// The Shift bits of the keys held as of the message being handled.
-std::int16_t ShiftState(WindowApi& windows);
-
-// A pointer notification. Button is the one that changed, or for a move all that are down.
-struct PointerInput {
-  std::int16_t button = 0;
-  std::int16_t shift = 0;
-  TwipPoint at;
+// A part of a control that is a window of the system's inside the control's own, such as an edit box.
+class WindowPart {
+ public:
+  virtual ~WindowPart() = default;
+  virtual WindowHandle hWnd() const = 0;
+  // A message that the part's window has sent to the control's: kWmCommand or a colour request. True when
+  // handled.
+  virtual bool OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) = 0;
 };
 
 // What ReadProperties raises when the control refuses a saved value: the control's error, with the property.
@@ -98,27 +99,41 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   // Decodes the messages of the control's window into notifications.
   LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
 
+  // --- For the parts of a composed control --------------------------------------------------------
+
+  void AddPart(WindowPart& part) { parts_.push_back(&part); }
+  void RemovePart(WindowPart& part) { std::erase(parts_, &part); }
+  // The focus has come to, or gone from, the control or a part of it.
+  void FocusChanged(bool has_focus);
+
  protected:
   Control(std::shared_ptr<ControlSite> site, SurfaceLook look);
 
   // Tells the container that the persisted property `name` changed. A listener may destroy the control.
   void PropertyChanged(std::string_view name) { site_->PropertyChanged(name); }
 
+  // The window that takes the focus for the control: its own, or that of a part.
+  virtual WindowHandle FocusWindow() const { return surface_.hWnd(); }
+
   static void Raise(const Event<std::int16_t, std::int16_t, Twips, Twips>& event, const PointerInput& input) {
     event.Raise(input.button, input.shift, input.at.x, input.at.y);
   }
 
  private:
-  void Press(std::uint32_t message, WParam wparam, LParam lparam);
-  void Release(std::uint32_t message, WParam wparam, LParam lparam);
-  void TakeFocusAfterPress(WindowHandle focus_before);
-  // True when the message was a key's and has been handled.
+  void PaintMessage(WindowHandle window, bool alive);
+  // Each is true when the message was one of its kind.
+  bool Pointer(std::uint32_t message, WParam wparam, LParam lparam);
+  bool Focus(std::uint32_t message);
   bool Key(std::uint32_t message, WParam wparam, LResult& result);
-  PointerInput InputOf(std::int16_t button, WParam wparam, LParam lparam) const;
+  bool PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result);
+  void Press(std::uint32_t message, PointerAction action, const PointerInput& input);
+  void TakeFocusAfterPress(WindowHandle focus_before);
 
   std::shared_ptr<ControlSite> site_;
   Surface surface_;
-  bool pressed_ = false;  // a left press that may become a click is under way
+  std::vector<WindowPart*> parts_;
+  ClickTracker click_;
+  bool focused_ = false;
 };
 
 // Makes a control of class T whose last notification, Terminate, runs before its destruction.

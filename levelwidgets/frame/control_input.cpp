@@ -1,109 +1,72 @@
-// From window messages to notifications, the same on every platform.
+// A control's window: messages become notifications.
 #include <levelwidgets/frame/control.h>
 
+#include <algorithm>
+
 namespace levelwidgets {
-
-namespace {
-
-std::int16_t ButtonOf(std::uint32_t message) {
-  switch (message) {
-    case kWmRButtonDown:
-    case kWmRButtonUp:
-    case kWmRButtonDblClk: return kRightButton;
-    case kWmMButtonDown:
-    case kWmMButtonUp:
-    case kWmMButtonDblClk: return kMiddleButton;
-    default: return kLeftButton;
-  }
-}
-
-std::int16_t ButtonsDown(WParam wparam) {
-  int buttons = 0;
-  if (wparam & kMkLButton) buttons |= kLeftButton;
-  if (wparam & kMkRButton) buttons |= kRightButton;
-  if (wparam & kMkMButton) buttons |= kMiddleButton;
-  return static_cast<std::int16_t>(buttons);
-}
-
-}  // namespace
-
-std::int16_t ShiftState(WindowApi& windows) {
-  int shift = 0;
-  if (windows.GetKeyState(kKeyShift) < 0) shift |= kShiftMask;
-  if (windows.GetKeyState(kKeyControl) < 0) shift |= kCtrlMask;
-  if (windows.GetKeyState(kKeyAlt) < 0) shift |= kAltMask;
-  return static_cast<std::int16_t>(shift);
-}
-
-PointerInput Control::InputOf(std::int16_t button, WParam wparam, LParam lparam) const {
-  ScreenApi& screen = surface_.GetPlatform().Screen();
-  const PixelPoint pixel = PointOfLParam(lparam);
-  int shift = 0;
-  if (wparam & kMkShift) shift |= kShiftMask;
-  if (wparam & kMkControl) shift |= kCtrlMask;
-  // Pointer messages carry no bit for Alt.
-  if (surface_.Windows().GetKeyState(kKeyAlt) < 0) shift |= kAltMask;
-  return {button,
-          static_cast<std::int16_t>(shift),
-          {ToTwips(pixel.x, screen.TwipsPerPixelX()), ToTwips(pixel.y, screen.TwipsPerPixelY())}};
-}
 
 LResult Control::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
   // A listener may drop the container's reference; this one lasts until the message has been handled.
   const auto keep = weak_from_this().lock();
   WindowApi& windows = surface_.Windows();
-  if (message == kWmDestroy) {
-    surface_.WindowLost();
-    return 0;
-  }
-  if (message == kWmEraseBackground) return 1;
-  if (message == kWmPaint) {
-    windows.BeginPaint(window);
-    try {
-      if (keep) OnPaint();
-    } catch (...) {
-      windows.EndPaint(window);
-      throw;
-    }
-    windows.EndPaint(window);
-    return 0;
-  }
-  if (!keep || !site_->UserMode()) return windows.DefWindowProcA(window, message, wparam, lparam);
-
   LResult result = 0;
   switch (message) {
-    case kWmMouseMove: OnMouseMove(InputOf(ButtonsDown(wparam), wparam, lparam)); return 0;
-    case kWmLButtonDown:
-    case kWmRButtonDown:
-    case kWmMButtonDown:
-    case kWmLButtonDblClk:
-    case kWmRButtonDblClk:
-    case kWmMButtonDblClk: Press(message, wparam, lparam); return 0;
-    case kWmLButtonUp:
-    case kWmRButtonUp:
-    case kWmMButtonUp: Release(message, wparam, lparam); return 0;
-    case kWmSetFocus:
-      OnEnterFocus();
-      site_->FocusChanged(true);
-      return 0;
-    case kWmKillFocus:
-      OnExitFocus();
-      site_->FocusChanged(false);
-      return 0;
+    case kWmDestroy: surface_.WindowLost(); return 0;
+    case kWmEraseBackground: return 1;
+    case kWmPaint: PaintMessage(window, keep != nullptr); return 0;
+    case kWmCommand:
+    case kWmCtlColorEdit:
+    case kWmCtlColorStatic:
+      if (keep && PartMessage(message, wparam, lparam, result)) return result;
+      break;
     default: break;
   }
-  if (Key(message, wparam, result)) return result;
+  if (keep && site_->UserMode() &&
+      (Pointer(message, wparam, lparam) || Focus(message) || Key(message, wparam, result))) {
+    return result;
+  }
   return windows.DefWindowProcA(window, message, wparam, lparam);
 }
 
-void Control::Press(std::uint32_t message, WParam wparam, LParam lparam) {
+void Control::PaintMessage(WindowHandle window, bool alive) {
+  WindowApi& windows = surface_.Windows();
+  windows.BeginPaint(window);
+  try {
+    if (alive) OnPaint();
+  } catch (...) {
+    windows.EndPaint(window);
+    throw;
+  }
+  windows.EndPaint(window);
+}
+
+// --- Pointer -----------------------------------------------------------------------------------------
+
+bool Control::Pointer(std::uint32_t message, WParam wparam, LParam lparam) {
+  const PointerAction action = PointerActionOf(message);
+  if (action == PointerAction::kNone) return false;
+  const PointerInput input = PointerInputOf(surface_.GetPlatform(), message, wparam, lparam);
+  switch (action) {
+    case PointerAction::kMove: OnMouseMove(input); break;
+    case PointerAction::kPress:
+    case PointerAction::kDoubleClick: Press(message, action, input); break;
+    default: {
+      const bool clicked = click_.Release(message, lparam, surface_.ClientPixels());
+      OnMouseUp(input);
+      if (clicked && surface_.hWnd() && surface_.Enabled()) OnClick();
+    }
+  }
+  return true;
+}
+
+void Control::Press(std::uint32_t message, PointerAction action, const PointerInput& input) {
   const WindowHandle focus_before = surface_.Windows().GetFocus();
   // The second press of a double click arrives as the double click only.
-  if (message == kWmLButtonDblClk) {
+  if (action == PointerAction::kDoubleClick) {
     OnDblClick();
   } else {
-    pressed_ = pressed_ || message == kWmLButtonDown;
-    OnMouseDown(InputOf(ButtonOf(message), wparam, lparam));
+    click_.Press(message);
+    OnMouseDown(input);
   }
   TakeFocusAfterPress(focus_before);
 }
@@ -112,43 +75,66 @@ void Control::Press(std::uint32_t message, WParam wparam, LParam lparam) {
 void Control::TakeFocusAfterPress(WindowHandle focus_before) {
   WindowApi& windows = surface_.Windows();
   const WindowHandle window = surface_.hWnd();
-  if (!window || windows.GetFocus() != focus_before || focus_before == window) return;
+  if (!window || windows.GetFocus() != focus_before || focused_) return;
   if (windows.IsWindowVisible(window) && windows.IsWindowEnabled(window)) windows.SetFocus(window);
 }
 
-void Control::Release(std::uint32_t message, WParam wparam, LParam lparam) {
-  const bool clicked =
-      message == kWmLButtonUp && pressed_ && surface_.ClientPixels().Contains(PointOfLParam(lparam));
-  if (message == kWmLButtonUp) pressed_ = false;
-  OnMouseUp(InputOf(ButtonOf(message), wparam, lparam));
-  if (clicked && surface_.hWnd() && surface_.Enabled()) OnClick();
+// --- Focus -------------------------------------------------------------------------------------------
+
+bool Control::Focus(std::uint32_t message) {
+  if (message == kWmSetFocus) {
+    const WindowHandle window = FocusWindow();
+    if (window != surface_.hWnd()) {
+      surface_.Windows().SetFocus(window);
+    } else {
+      FocusChanged(true);
+    }
+    return true;
+  }
+  if (message != kWmKillFocus) return false;
+  if (focused_ && FocusWindow() == surface_.hWnd()) FocusChanged(false);
+  return true;
 }
 
-bool Control::Key(std::uint32_t message, WParam wparam, LResult& result) {
-  const auto code = static_cast<std::int16_t>(wparam);
-  KeyMessage key{KeyMessage::Kind::kDown, code, ShiftState(surface_.Windows())};
-  switch (message) {
-    case kWmKeyDown:
-    case kWmSysKeyDown: break;
-    case kWmKeyUp:
-    case kWmSysKeyUp: key.kind = KeyMessage::Kind::kUp; break;
-    case kWmChar:
-    case kWmSysChar: key.kind = KeyMessage::Kind::kCharacter; break;
-    default: return false;
+void Control::FocusChanged(bool has_focus) {
+  const auto keep = shared_from_this();
+  focused_ = has_focus;
+  if (has_focus) {
+    OnEnterFocus();
+  } else {
+    OnExitFocus();
   }
+  site_->FocusChanged(has_focus);
+}
+
+// --- Keys --------------------------------------------------------------------------------------------
+
+bool Control::Key(std::uint32_t message, WParam wparam, LResult& result) {
+  const std::optional<KeyMessage> key = KeyMessageOf(surface_.Windows(), message, wparam);
+  if (!key) return false;
   result = 0;
-  if (site_->TakeKey(key)) return true;
-  switch (key.kind) {
-    case KeyMessage::Kind::kDown: OnKeyDown(code, key.shift); break;
-    case KeyMessage::Kind::kUp: OnKeyUp(code, key.shift); break;
+  if (site_->TakeKey(*key)) return true;
+  switch (key->kind) {
+    case KeyMessage::Kind::kDown: OnKeyDown(key->code, key->shift); break;
+    case KeyMessage::Kind::kUp: OnKeyUp(key->code, key->shift); break;
     case KeyMessage::Kind::kCharacter: {
-      std::int16_t key_ascii = code;
+      std::int16_t key_ascii = key->code;
       if (message == kWmChar) OnKeyPress(key_ascii);
       break;
     }
   }
   // Alt with a key has a meaning for the system too (closing the window, its menu), characters have not.
   return !(message == kWmSysKeyDown || message == kWmSysKeyUp);
+}
+
+// --- Parts -------------------------------------------------------------------------------------------
+
+bool Control::PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result) {
+  // Both kinds of message name the part's window in the second parameter.
+  const auto window = static_cast<std::uint32_t>(lparam);
+  const auto part =
+      std::ranges::find_if(parts_, [window](WindowPart* p) { return p->hWnd().value == window; });
+  return part != parts_.end() && (*part)->OnParentMessage(message, wparam, result);
 }
 
 }  // namespace levelwidgets

@@ -31,6 +31,47 @@ class DrawingObject {
   ObjectHandle handle_;
 };
 
+// A context that draws off the screen into a bitmap of its own. What else is selected into it must outlast
+// it, or be replaced first.
+class MemoryContext {
+ public:
+  MemoryContext() = default;
+  // Compatible with `model`; the bitmap has `size` pixels and starts black.
+  MemoryContext(DrawingApi& drawing, DcHandle model, PixelSize size)
+      : drawing_(&drawing),
+        dc_(drawing.CreateCompatibleDC(model)),
+        bitmap_(drawing, drawing.CreateCompatibleBitmap(model, size)),
+        replaced_(drawing.SelectObject(dc_, bitmap_.Handle())) {}
+  MemoryContext(MemoryContext&& other) noexcept
+      : drawing_(other.drawing_),
+        dc_(std::exchange(other.dc_, {})),
+        bitmap_(std::move(other.bitmap_)),
+        replaced_(other.replaced_) {}
+  MemoryContext& operator=(MemoryContext&& other) noexcept {
+    std::swap(drawing_, other.drawing_);
+    std::swap(dc_, other.dc_);
+    std::swap(bitmap_, other.bitmap_);
+    std::swap(replaced_, other.replaced_);
+    return *this;
+  }
+  ~MemoryContext() { Reset(); }
+
+  // Null before there is one.
+  DcHandle Handle() const { return dc_; }
+  void Reset() {
+    if (!dc_) return;
+    drawing_->SelectObject(dc_, replaced_);
+    drawing_->DeleteDC(std::exchange(dc_, {}));
+    bitmap_.Reset();
+  }
+
+ private:
+  DrawingApi* drawing_ = nullptr;
+  DcHandle dc_;
+  DrawingObject bitmap_;
+  ObjectHandle replaced_;
+};
+
 // Selects an object for a scope and puts the replaced one back.
 class Selection {
  public:

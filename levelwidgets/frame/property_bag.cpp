@@ -1,12 +1,10 @@
-#include <algorithm>
-
 #include <levelwidgets/frame/property_bag.h>
 
 namespace levelwidgets {
 
 const Variant* PropertyBag::Find(std::string_view name) const {
-  const auto found = std::ranges::find(entries_, name, &Entry::name);
-  return found == entries_.end() ? nullptr : &found->value;
+  const auto found = positions_.find(name);
+  return found == positions_.end() ? nullptr : &entries_[found->second].value;
 }
 
 Variant PropertyBag::ReadProperty(std::string_view name, const Variant& default_value) const {
@@ -15,8 +13,15 @@ Variant PropertyBag::ReadProperty(std::string_view name, const Variant& default_
 }
 
 void PropertyBag::WriteProperty(std::string_view name, const Variant& value, const Variant& default_value) {
-  std::erase_if(entries_, [name](const Entry& entry) { return entry.name == name; });
-  if (!(value == default_value)) entries_.push_back({std::string(name), value});
+  if (const auto found = positions_.find(name); found != positions_.end()) {
+    const std::size_t removed = found->second;
+    positions_.erase(found);
+    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(removed));
+    for (std::size_t i = removed; i < entries_.size(); ++i) positions_.find(entries_[i].name)->second = i;
+  }
+  if (value == default_value) return;
+  positions_.emplace(name, entries_.size());
+  entries_.push_back({std::string(name), value});
 }
 
 }  // namespace levelwidgets

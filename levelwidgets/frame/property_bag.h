@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <levelwidgets/frame/variant.h>
@@ -26,7 +27,13 @@ class PropertyBag {
   const Variant* Find(std::string_view name) const;
 
  private:
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
+  };
   std::vector<Entry> entries_;
+  // Positions in entries_: a control may have tens of thousands of numbered entries.
+  std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> positions_;
 };
 
 }  // namespace levelwidgets

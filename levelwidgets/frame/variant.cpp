@@ -138,7 +138,7 @@ Date ToDate(const Variant& value) {
 }
 
 Variant ConvertTo(VariantType type, const Variant& value) {
-  if (value.Type() == type) return value;
+  if (value.Type() == type || type == VariantType::kEmpty) return value;
   switch (type) {
     case VariantType::kBoolean: return ToBoolean(value);
     case VariantType::kInt16: return ToInt16(value);

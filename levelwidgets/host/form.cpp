@@ -42,6 +42,13 @@ const ClassInfo& Form::Table() {
   return info;
 }
 
+bool IsControlName(std::string_view name) {
+  const auto is_letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; };
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  return !name.empty() && is_letter(name[0]) &&
+         std::ranges::all_of(name, [&](char c) { return is_letter(c) || is_digit(c); });
+}
+
 std::shared_ptr<Form> Form::Create(Platform& platform, FormOptions options) {
   return std::shared_ptr<Form>(new Form(platform, std::move(options)));
 }
@@ -144,6 +151,11 @@ void Form::Loaded() {
 
 HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved) {
   if (name.empty()) throw Error(kInvalidCall, "LevelWidgets.Form", "A control needs a name");
+  if (!IsControlName(name)) {
+    throw Error(
+        kInvalidCall, "LevelWidgets.Form",
+        "\"" + name + "\" is no name for a control: it takes letters, digits and \"_\", the first no digit");
+  }
   if (Find(name)) {
     throw Error(kKeyInUse, "LevelWidgets.Form", "The form has a control named \"" + name + "\" already");
   }

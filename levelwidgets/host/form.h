@@ -20,6 +20,9 @@ struct FormOptions {
   bool design = false;  // design mode: the controls get no input
 };
 
+// Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
+bool IsControlName(std::string_view name);
+
 // By name in Table(): Name, Caption, Width, Height, Font, BackColor, Design and the events.
 //
 // A form is shared: whoever runs its code holds a reference, so that a handler may drop the last other one.
@@ -61,8 +64,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   void MoveTo(PixelPoint screen);
 
   // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. Raises 457 when the
-  // name is taken, 5 for an empty name; what the control refuses of `saved` is raised as PropertyRefused, and
-  // nothing is added. It is placed at (0, 0) with its class's default size until moved.
+  // name is taken, 5 for what is no IsControlName; what the control refuses of `saved` is raised as
+  // PropertyRefused, and nothing is added. It is placed at (0, 0) with its class's default size until moved.
   HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr);
   // Null when there is none of that name.
   std::shared_ptr<HostedControl> Find(std::string_view name) const;

@@ -69,11 +69,4 @@ const PropertyInfo* FindStored(const ClassInfo& control_class, std::string_view 
   return property && property->persisted ? property : nullptr;
 }
 
-bool IsControlName(std::string_view name) {
-  const auto is_letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; };
-  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
-  return !name.empty() && is_letter(name[0]) &&
-         std::ranges::all_of(name, [&](char c) { return is_letter(c) || is_digit(c); });
-}
-
 }  // namespace levelwidgets

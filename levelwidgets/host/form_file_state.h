@@ -37,7 +37,4 @@ Variant PlacementDefault(const PropertyInfo& key, const ClassInfo& control_class
 // The property that a control of `control_class` saves under `name`; null when there is none.
 const PropertyInfo* FindStored(const ClassInfo& control_class, std::string_view name);
 
-// Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
-bool IsControlName(std::string_view name);
-
 }  // namespace levelwidgets

@@ -274,7 +274,9 @@ TEST_F(FormTest, NamesAreUniqueAndNotEmpty) {
     EXPECT_EQ(error.Number(), kKeyInUse);
     EXPECT_EQ(error.Description(), "The form has a control named \"cmdA\" already");
   }
-  EXPECT_THROW(TheForm().Add(FlatButton::Table(), ""), Error);
+  for (const char* name : {"", "my button", "1st", "cmd&A", "cmd-A"}) {
+    EXPECT_THROW(TheForm().Add(FlatButton::Table(), name), Error) << name;
+  }
   EXPECT_EQ(TheForm().Controls().size(), 1u);
 }
 

@@ -42,8 +42,12 @@ TEST_F(FlatButtonTest, ALoadedButtonWithoutSavedValuesHasTheDefaultsAndNoCaption
   EXPECT_EQ(button.ForeColorDisabled(), Color(0x008C969C));
 }
 
-TEST_F(FlatButtonTest, TheNameAsCaptionGivesNoAccessKey) {
-  EXPECT_EQ(AddNew<FlatButton>("cmd&Save").GetSurface().AccessKeys(), "");
+TEST_F(FlatButtonTest, TheNameAsCaptionLeavesTheAccessKeyAlone) {
+  auto& button = AddNew<FlatButton>("cmdSave");
+  button.SetCaption("&x");
+  button.OnInitProperties();
+  EXPECT_EQ(button.Caption(), "cmdSave");
+  EXPECT_EQ(button.GetSurface().AccessKeys(), "x");
 }
 
 TEST_F(FlatButtonTest, ANewButtonSavedUnchangedStoresOnlyItsCaption) {

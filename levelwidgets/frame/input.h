@@ -1,0 +1,51 @@
+// From window messages to what a control is told, the same on every platform.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include <levelwidgets/frame/control_site.h>
+#include <levelwidgets/frame/units.h>
+#include <levelwidgets/platform/platform.h>
+
+namespace levelwidgets {
+
+// The Shift bits of the keys held as of the message being handled.
+std::int16_t ShiftState(WindowApi& windows);
+
+// A pointer notification. Button is the one that changed, or for a move all that are down.
+struct PointerInput {
+  std::int16_t button = 0;
+  std::int16_t shift = 0;
+  TwipPoint at;
+};
+
+enum class PointerAction { kNone, kMove, kPress, kDoubleClick, kRelease };
+
+// What a message tells of the pointer. The second press of a double click is kDoubleClick for the left button
+// and a plain press for the others.
+PointerAction PointerActionOf(std::uint32_t message);
+PointerInput PointerInputOf(Platform& platform, std::uint32_t message, WParam wparam, LParam lparam);
+
+// The key message, if it is one.
+std::optional<KeyMessage> KeyMessageOf(WindowApi& windows, std::uint32_t message, WParam wparam);
+
+// Makes clicks of presses and releases: a left press and its release inside the same window.
+class ClickTracker {
+ public:
+  void Press(std::uint32_t message) { pressed_ = pressed_ || message == kWmLButtonDown; }
+  // The press became something else.
+  void Cancel() { pressed_ = false; }
+  // Whether this release completes a click in a window with this client area.
+  bool Release(std::uint32_t message, LParam lparam, const PixelRect& client) {
+    if (message != kWmLButtonUp) return false;
+    const bool clicked = pressed_ && client.Contains(PointOfLParam(lparam));
+    pressed_ = false;
+    return clicked;
+  }
+
+ private:
+  bool pressed_ = false;
+};
+
+}  // namespace levelwidgets
