@@ -84,6 +84,7 @@ class EditBox final : public WindowClient {
   void SetRect(PixelRect rect);
   void SetMargins(WParam which, LParam widths);
   void Reformat(bool measure_changed = false);
+  PixelRect InsideBorder(int line_height) const;
   PixelRect ClientRect();
   void PlaceCaret();
   void Invalidate();

@@ -50,23 +50,21 @@ void EditBox::ScrollToCaret() {
   if (top != view_.TopLine()) Notify(kEnVScroll);
 }
 
-// The number of lines in the low word, 1 in the high one; 0 when there was nothing to scroll.
+// The number of lines in the low word, 1 in the high one; 0 when there was nothing to scroll. As the
+// operating system's it counts a whole page up also where the top was nearer.
 LResult EditBox::Scroll(WParam action) {
   if (!multi_line_) return 0;
   const int page = view_.VisibleLines();
-  const int top = view_.TopLine();
+  const int to_end = std::max(0, static_cast<int>(buffer_.Lines().Count()) - page - view_.TopLine());
   int lines = 0;
   switch (action) {
     case kSbLineUp: lines = -1; break;
-    case kSbLineDown: lines = 1; break;
+    case kSbLineDown: lines = std::min(1, to_end); break;
     case kSbPageUp: lines = -page; break;
-    case kSbPageDown: lines = page; break;
+    case kSbPageDown: lines = std::min(page, to_end); break;
     default: return 0;
   }
-  // Told first: afterwards the edit box may be gone.
-  const int last = std::max(top, static_cast<int>(buffer_.Lines().Count()) - page);
-  const int scrolled = std::clamp(top + lines, 0, last) - top;
-  return ScrollBy(0, lines, true) ? LParamOfPoint({scrolled, 1}) : 0;
+  return ScrollBy(0, lines, true) ? LParamOfPoint({lines, 1}) : 0;
 }
 
 bool EditBox::ScrollBy(int pixels, int lines, bool whole_pages) {
@@ -103,6 +101,17 @@ void EditBox::SetMargins(WParam which, LParam widths) {
   if (which & kEcRightMargin) right_margin_ = width_of(HighWord(widths));
 }
 
+// Above and below the text the border gets room of its own only where there is some.
+PixelRect EditBox::InsideBorder(int line_height) const {
+  if (!flat_border_) return outer_;
+  PixelRect rect = outer_.Inset(kBorderInset);
+  if (rect.height() < line_height) {
+    rect.top = outer_.top;
+    rect.bottom = outer_.bottom;
+  }
+  return rect;
+}
+
 // Makes the formatting rectangle from what was asked for: inside border and margins, and as high as
 // whole lines.
 void EditBox::Reformat(bool measure_changed) {
@@ -112,7 +121,7 @@ void EditBox::Reformat(bool measure_changed) {
   format.alignment = Has(kEsCenter)  ? EditAlignment::kCenter
                      : Has(kEsRight) ? EditAlignment::kRight
                                      : EditAlignment::kLeft;
-  PixelRect rect = flat_border_ ? outer_.Inset(kBorderInset) : outer_;
+  PixelRect rect = InsideBorder(format.line_height);
   rect.left += left_margin_;
   rect.right = std::max(rect.right - right_margin_, rect.left + std::max(1, metrics_.average_char_width));
   const int rows = multi_line_ ? std::max(1, rect.height() / format.line_height) : 1;

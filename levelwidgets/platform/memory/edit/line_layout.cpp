@@ -92,10 +92,11 @@ LineChange LineLayout::UpdateBroken(std::size_t at, std::size_t removed, std::si
 }
 
 // Divides anew until a line starts where one started before. The line above may take in a word that has
-// become shorter.
+// become shorter, and those above that one carriage returns that have become a line break.
 LineChange LineLayout::UpdateWrapped(std::size_t at, std::size_t removed, std::size_t inserted) {
   std::size_t first = LineOf(at);
-  if (first > 0 && BreakBefore(Start(first)) == 0) --first;
+  const int above = at > 0 && text_.At(at - 1) == '\r' ? 3 : 1;
+  for (int i = 0; i < above && first > 0 && BreakBefore(Start(first)) == 0; ++i) --first;
   std::size_t old = LineOf(at + removed) + 1;
   std::size_t start = NextWrapped(Start(first));
   for (; start != kNone; start = NextWrapped(start)) {
