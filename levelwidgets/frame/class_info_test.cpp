@@ -142,6 +142,129 @@ TEST(ByName, ListenersGetArgumentsByNameAndHandReferencesBack) {
   EXPECT_THAT(names, ElementsAre("By:Integer&", "X:Single"));
 }
 
+// --- Indexed properties ----------------------------------------------------------------------------------
+
+class Board : public Object {
+ public:
+  static const ClassInfo& Table();
+  const ClassInfo& Class() const override { return Table(); }
+
+  std::int16_t Rows() const { return static_cast<std::int16_t>(titles_.size()); }
+  const std::string& Title(std::int16_t row) const { return titles_.at(Checked(row)); }
+  void SetTitle(std::int16_t row, std::string title) { titles_.at(Checked(row)) = std::move(title); }
+  std::int32_t Cell(std::int16_t row, std::int16_t column) const { return row * 100 + column + added_; }
+  void SetCell(std::int16_t row, std::int16_t column, std::int32_t value) {
+    added_ = value - row * 100 - column;
+  }
+  double Size(std::int16_t axis) const { return axis; }
+
+ private:
+  std::size_t Checked(std::int16_t row) const {
+    if (row < 1 || row > Rows()) throw Error(kSubscriptOutOfRange);
+    return static_cast<std::size_t>(row) - 1;
+  }
+  std::vector<std::string> titles_{"one", "two"};
+  std::int32_t added_ = 0;
+};
+
+const ClassInfo& Board::Table() {
+  static const ClassInfo info =
+      Describe<Board>("Board", "Cells.")
+          .ReadOnly("Rows", &Board::Rows, "How many.")
+          .Indexed("Title", &Board::Title, &Board::SetTitle, {"Row"},
+                   {.default_at = [](std::int32_t row) { return Variant(row == 1 ? "first" : ""); }})
+          .Indexed("Cell", &Board::Cell, &Board::SetCell, {"Row", "Column"}, {})
+          .IndexedReadOnly("Size", &Board::Size, {"Axis"}, "How large.")
+          .CountedBy("Title", &Board::Rows)
+          .Persisted({"Title"})
+          .DefaultMember("Title")
+          .Build();
+  return info;
+}
+
+TEST(IndexedProperties, TellTheirIndicesDefaultsAndTheDefaultMember) {
+  const PropertyInfo& cell = *Board::Table().FindProperty("Cell");
+  ASSERT_EQ(cell.indices.size(), 2u);
+  EXPECT_EQ(cell.indices[1].name, "Column");
+  EXPECT_EQ(cell.indices[1].type.name, "Integer");
+  EXPECT_TRUE(cell.Indexed());
+  EXPECT_FALSE(cell.ReadOnly());
+  EXPECT_TRUE(Board::Table().FindProperty("Size")->ReadOnly());
+  EXPECT_FALSE(Board::Table().FindProperty("Rows")->Indexed());
+  EXPECT_EQ(Board::Table().FindProperty("Title")->defaults.when_new.value, Variant("first"));
+  EXPECT_EQ(Board::Table().DefaultMember(), "Title");
+  EXPECT_EQ(Dial::Table().DefaultMember(), "");
+}
+
+TEST(IndexedProperties, AreReadAndWrittenByNameWithConversion) {
+  Board board;
+  SetIndexedByName(board, "Title", std::vector<Variant>{"2"}, 17);
+  EXPECT_EQ(board.Title(2), "17");
+  EXPECT_EQ(GetIndexedByName(board, "Title", std::vector<Variant>{2.0}), Variant("17"));
+  SetIndexedByName(board, "Cell", std::vector<Variant>{1, 2}, "110");
+  EXPECT_EQ(GetIndexedByName(board, "Cell", std::vector<Variant>{1, 5}), Variant(113));
+  EXPECT_EQ(GetIndexedByName(board, "Size", std::vector<Variant>{1}), Variant(1.0));
+  EXPECT_EQ(GetIndexedByName(board, "Rows", {}), Variant(2)) << "no index for none";
+}
+
+TEST(IndexedProperties, RefuseWhatOthersRefuseAndWrongIndices) {
+  Board board;
+  const std::vector<Variant> one{1}, two{1, 2}, word{"x"}, large{40000};
+  EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Titel", one); }).Description(),
+            "Board has no member \"Titel\"; did you mean \"Title\"?");
+  EXPECT_EQ(RaisedBy([&] { SetIndexedByName(board, "Size", one, 1); }).Description(),
+            "Board.Size is read-only");
+  EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Cell", word); }).Description(),
+            "Board.Cell takes 2 indices, not 1");
+  EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Rows", one); }).Number(), kWrongNumberOfArguments);
+  EXPECT_EQ(RaisedBy([&] { SetIndexedByName(board, "Title", two, "x"); }).Number(), kWrongNumberOfArguments);
+  EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Title", word); }).Description(),
+            "Board.Title's Row is of type Integer; \"x\" does not convert to it: Type mismatch");
+  EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Title", large); }).Number(), kOverflow);
+  EXPECT_EQ(RaisedBy([&] { SetIndexedByName(board, "Cell", two, "x"); }).Description(),
+            "Board.Cell is of type Long; \"x\" does not convert to it: Type mismatch");
+  EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Title", std::vector<Variant>{3}); }).Number(),
+            kSubscriptOutOfRange)
+      << "what the member raises passes through";
+}
+
+TEST(IndexedProperties, NeedTheirIndices) {
+  Board board;
+  const Error error = RaisedBy([&] { GetByName(board, "Cell"); });
+  EXPECT_EQ(error.Number(), kWrongNumberOfArguments);
+  EXPECT_EQ(error.Source(), "LevelWidgets.Board");
+  EXPECT_EQ(error.Description(), "Board.Cell needs its indices: Row, Column");
+  EXPECT_EQ(RaisedBy([&] { SetByName(board, "Title", "x"); }).Description(),
+            "Board.Title needs its indices: Row");
+  EXPECT_EQ(RaisedBy([&] { SetByName(board, "Size", 1); }).Number(), kPropertyIsReadOnly);
+}
+
+TEST(IndexedProperties, AreSavedUnderTheirNameAndTheIndex) {
+  const ClassInfo& info = Board::Table();
+  EXPECT_EQ(info.FindProperty("Title")->KeyOf(12), "Title12");
+  EXPECT_EQ(info.FindPersisted("Title12").property, info.FindProperty("Title"));
+  EXPECT_EQ(info.FindPersisted("Title12").index, 12);
+  for (const char* key :
+       {"Title", "Title0", "Title01", "Title-1", "Title1x", "Title1234567890", "Cell1", ""}) {
+    EXPECT_FALSE(info.FindPersisted(key).property) << key;
+  }
+  EXPECT_EQ(Dial::Table().FindPersisted("Steps").property, Dial::Table().FindProperty("Steps"));
+  EXPECT_FALSE(Dial::Table().FindPersisted("Steps1").property);
+}
+
+TEST(IndexedProperties, OfTwoIndicesOrWithoutACountCannotBePersisted) {
+  const auto table = [] { return Describe<Board>("Board", ""); };
+  EXPECT_THROW(table()
+                   .Indexed("Cell", &Board::Cell, &Board::SetCell, {"Row", "Column"}, {})
+                   .Persisted({"Cell"})
+                   .Build(),
+               std::logic_error);
+  EXPECT_THROW(
+      table().Indexed("Title", &Board::Title, &Board::SetTitle, {"Row"}, {}).Persisted({"Title"}).Build(),
+      std::logic_error);
+  EXPECT_THROW(table().DefaultMember("Nothing").Build(), std::logic_error);
+}
+
 TEST(NearestName, FindsASlipButNoOtherWord) {
   const std::vector<std::string_view> names{"Caption", "BackColor", "ForeColor"};
   EXPECT_EQ(NearestName("caption", names), "Caption");

@@ -28,6 +28,28 @@ TEST(PropertyBag, WritingAgainReplacesAndWritingTheDefaultRemoves) {
   EXPECT_TRUE(bag.Entries().empty());
 }
 
+TEST(PropertyBag, ValuesAreFoundAfterOthersWereRemoved) {
+  PropertyBag bag;
+  bag.WriteProperty("A", 1, 0);
+  bag.WriteProperty("B", 2, 0);
+  bag.WriteProperty("C", 3, 0);
+  bag.WriteProperty("A", 0, 0);
+  bag.WriteProperty("B", 4, 0);
+  EXPECT_FALSE(bag.Find("A"));
+  EXPECT_EQ(*bag.Find("B"), Variant(4));
+  EXPECT_EQ(*bag.Find("C"), Variant(3));
+  EXPECT_EQ(bag.Entries().back().name, "B");
+}
+
+TEST(PropertyBag, TensOfThousandsOfEntriesAreFoundAtOnce) {
+  PropertyBag bag;
+  constexpr int kEntries = 30000;
+  for (int i = 0; i < kEntries; ++i) bag.WriteProperty("Entry" + std::to_string(i), i, -1);
+  for (int i = 0; i < kEntries; ++i) {
+    ASSERT_EQ(bag.ReadProperty("Entry" + std::to_string(i), -1), Variant(i));
+  }
+}
+
 TEST(PropertyBag, KeepsTheOrderWritten) {
   PropertyBag bag;
   bag.WriteProperty("B", 1, 0);

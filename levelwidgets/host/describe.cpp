@@ -43,6 +43,8 @@ Json JsonOf(const DefaultValue& value, const TypeName& type) {
   switch (value.kind) {
     case DefaultValue::Kind::kAmbientFont: return "ambient Font";
     case DefaultValue::Kind::kDisplayName: return "ambient DisplayName";
+    case DefaultValue::Kind::kAmbientBackColor: return "ambient BackColor";
+    case DefaultValue::Kind::kAmbientForeColor: return "ambient ForeColor";
     case DefaultValue::Kind::kFixed: return JsonOf(value.value, type);
     case DefaultValue::Kind::kNone: break;
   }
@@ -59,7 +61,7 @@ Json JsonOf(const PropertyInfo& property) {
   json["default_read"] = JsonOf(property.defaults.when_read, property.type);
   json["default_write"] = JsonOf(property.defaults.when_written, property.type);
   json["read_only"] = property.ReadOnly();
-  json["indexed"] = false;  // no class table has indexed properties
+  json["indexed"] = property.Indexed();
   json["help"] = property.help;
   return json;
 }
@@ -132,12 +134,17 @@ std::string NamesOf(const std::vector<ArgumentInfo>& arguments) {
 }
 
 void WriteProperty(std::ostream& out, const PropertyInfo& property) {
-  out << "  " << property.name << ": " << property.type.name;
+  out << "  " << property.name;
+  if (property.Indexed()) out << NamesOf(property.indices);
+  out << ": " << property.type.name;
   if (property.ReadOnly()) out << ", read-only";
   if (property.persisted && property.stored_as != property.type.type) {
     out << ", saved as " << NameOf(property.stored_as);
   }
   if (!property.persisted) out << ", not saved";
+  if (property.persisted && property.Indexed()) {
+    out << ", saved as " << property.KeyOf(1) << ", " << property.KeyOf(2) << " and so on";
+  }
   out << "\n      " << property.help;
   if (property.defaults.when_new.kind != DefaultValue::Kind::kNone) {
     out << " Default: " << DefaultsOf(property);
@@ -150,16 +157,21 @@ void WriteProperty(std::ostream& out, const PropertyInfo& property) {
 Json DescribeAsJson(const ClassInfo& info) {
   Json enumerations = Json::array();
   for (const EnumerationInfo* enumeration : info.Enumerations()) enumerations.push_back(JsonOf(*enumeration));
-  return {{"class", info.Name()},
-          {"properties", JsonOfAll(info.Properties())},
-          {"methods", JsonOfAll(info.Methods())},
-          {"events", JsonOfAll(info.Events())},
-          {"enumerations", std::move(enumerations)}};
+  Json json;
+  json["class"] = info.Name();
+  if (!info.DefaultMember().empty()) json["default_member"] = info.DefaultMember();
+  json["properties"] = JsonOfAll(info.Properties());
+  json["methods"] = JsonOfAll(info.Methods());
+  json["events"] = JsonOfAll(info.Events());
+  json["enumerations"] = std::move(enumerations);
+  return json;
 }
 
 std::string DescribeAsText(const ClassInfo& info) {
   std::ostringstream out;
-  out << info.Name() << ": " << info.Help() << "\n\nProperties\n";
+  out << info.Name() << ": " << info.Help() << "\n";
+  if (!info.DefaultMember().empty()) out << "Default member: " << info.DefaultMember() << "\n";
+  out << "\nProperties\n";
   for (const PropertyInfo& property : info.Properties()) WriteProperty(out, property);
   if (!info.Methods().empty()) out << "\nMethods\n";
   for (const MethodInfo& method : info.Methods()) {

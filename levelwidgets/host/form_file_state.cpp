@@ -65,8 +65,7 @@ Variant PlacementDefault(const PropertyInfo& key, const ClassInfo& control_class
 }
 
 const PropertyInfo* FindStored(const ClassInfo& control_class, std::string_view name) {
-  const PropertyInfo* property = control_class.FindProperty(name);
-  return property && property->persisted ? property : nullptr;
+  return control_class.FindPersisted(name).property;
 }
 
 }  // namespace levelwidgets

@@ -34,7 +34,8 @@ const std::vector<const PropertyInfo*>& PlacementKeys();
 Variant FormDefault(const PropertyInfo& key);
 Variant PlacementDefault(const PropertyInfo& key, const ClassInfo& control_class, std::size_t position);
 
-// The property that a control of `control_class` saves under `name`; null when there is none.
+// The property that a control of `control_class` saves under `name` ("TabCaption2" is one of an indexed
+// property's values); null when there is none.
 const PropertyInfo* FindStored(const ClassInfo& control_class, std::string_view name);
 
 }  // namespace levelwidgets
