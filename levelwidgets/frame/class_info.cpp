@@ -2,6 +2,7 @@
 #include <numeric>
 
 #include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/frame/enumerator.h>
 #include <levelwidgets/frame/error.h>
 
 namespace levelwidgets {
@@ -44,9 +45,22 @@ auto NamingMember(const ClassInfo& info, std::string_view member, const TypeName
   }
 }
 
+// Empty is no object; a class has no descendants with tables of their own.
+Variant ConvertedToObject(const TypeName& type, const Variant& value) {
+  if (value.IsEmpty()) return ObjectRef();
+  const Variant converted = ConvertTo(VariantType::kObject, value);
+  const ObjectRef& object = std::get<ObjectRef>(converted.Get());
+  const bool fits = !object || type.name == NameOf(VariantType::kObject) || type.name == object->Class().Name();
+  if (!fits) throw Error(kTypeMismatch);
+  return converted;
+}
+
 Variant Converted(const ClassInfo& info, std::string_view member, const TypeName& type,
                   const Variant& value) {
   if (type.type == VariantType::kEmpty) return value;  // takes any
+  if (type.type == VariantType::kObject) {
+    return NamingMember(info, member, type, value, [&] { return ConvertedToObject(type, value); });
+  }
   return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value); });
 }
 
@@ -213,6 +227,15 @@ Subscription SubscribeByName(Object& object, std::string_view event, EventListen
   const EventInfo* found = info.FindEvent(event);
   if (!found) RaiseNoSuchMember(info.Name(), event, info.MemberNames());
   return found->subscribe(object, std::move(listener));
+}
+
+std::shared_ptr<Enumerator> Enumerate(const Object& object) {
+  const ClassInfo& info = object.Class();
+  if (info.EnumeratorMember().empty()) {
+    throw Error(kNoSuchMember, info.QualifiedName(), info.Name() + " is no collection");
+  }
+  const Variant enumerator = info.FindProperty(info.EnumeratorMember())->get(object);
+  return std::static_pointer_cast<Enumerator>(std::get<ObjectRef>(enumerator.Get()));
 }
 
 }  // namespace levelwidgets

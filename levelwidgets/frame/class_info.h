@@ -18,6 +18,7 @@ namespace levelwidgets {
 
 class Control;
 class ControlSite;
+class Enumerator;
 
 // A property's default: a fixed value, or one that the container gives.
 struct DefaultValue {
@@ -62,7 +63,7 @@ const EnumerationInfo& EnumerationOf();
 
 struct TypeName {
   VariantType type = VariantType::kEmpty;
-  std::string name;                              // "Color", "Long", "ksxAlignmentConstants"
+  std::string name;                              // "Color", "Long", "ksxAlignmentConstants", a class
   const EnumerationInfo* enumeration = nullptr;  // when `name` is one
 };
 
@@ -156,6 +157,8 @@ class ClassInfo {
   PersistedKey FindPersisted(std::string_view key) const;
   // The property or method that stands for the object itself; "" when there is none.
   const std::string& DefaultMember() const { return default_member_; }
+  // The read-only property that for-each asks a collection for; "" for a class that is none.
+  const std::string& EnumeratorMember() const { return enumerator_member_; }
   // The size of a control that is placed without one.
   TwipSize DefaultSize() const { return default_size_; }
 
@@ -168,6 +171,10 @@ class ClassInfo {
 
   // A control of this class on `site`; null for a class that is no control.
   std::shared_ptr<Control> Create(std::shared_ptr<ControlSite> site) const;
+  // Whether users may make objects of this class, which is no control.
+  bool Creatable() const { return create_object_ != nullptr; }
+  // Null unless creatable.
+  ObjectRef CreateObject() const { return create_object_ ? create_object_() : nullptr; }
 
  private:
   friend class ClassTable;
@@ -181,15 +188,18 @@ class ClassInfo {
   std::vector<const EnumerationInfo*> enumerations_;
   std::vector<const PropertyInfo*> persisted_;
   std::string default_member_;
+  std::string enumerator_member_;
   TwipSize default_size_{Twips(1215), Twips(495)};
   std::function<std::shared_ptr<Control>(std::shared_ptr<ControlSite>)> create_;
+  std::function<ObjectRef()> create_object_;
 };
 
 // --- By name -----------------------------------------------------------------------------------
 
 // An unknown name raises 438 with the class, the name and the nearest known one; assigning a read-only
 // property raises 383; a value that does not convert to the member's type raises 13 or 6, naming the member;
-// a wrong number of arguments raises 450. What the member itself raises passes through.
+// a wrong number of arguments raises 450. An object must be of the class that the member's type names, or empty
+// for none. What the member itself raises passes through.
 Variant GetByName(const Object& object, std::string_view property);
 void SetByName(Object& object, std::string_view property, const Variant& value);
 // One value of an indexed property. Indices convert like values; a wrong number of them raises 450.
@@ -198,6 +208,8 @@ void SetIndexedByName(Object& object, std::string_view property, std::span<const
                       const Variant& value);
 Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments);
 Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener);
+// The items of a collection; raises 438 for an object that is none.
+std::shared_ptr<Enumerator> Enumerate(const Object& object);
 
 // The candidate with the fewest edits, when few enough to be a slip; else "".
 std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates);

@@ -9,7 +9,17 @@
 
 namespace levelwidgets {
 
+class Enumerator;
+
 namespace table {
+
+template <typename T>
+struct IsObjectPointer : std::false_type {};
+template <typename T>
+struct IsObjectPointer<std::shared_ptr<T>> : std::is_base_of<Object, T> {};
+// A shared pointer to an object with a table.
+template <typename T>
+concept ObjectPointer = IsObjectPointer<T>::value;
 
 // The type of a member as the table shows it.
 template <typename T>
@@ -26,6 +36,10 @@ TypeName NameOfType() {
     return {VariantType::kEmpty, "Variant"};
   } else if constexpr (std::same_as<Type, std::string_view>) {
     return {VariantType::kString, "String"};
+  } else if constexpr (std::same_as<Type, ObjectRef>) {
+    return {VariantType::kObject, "Object"};
+  } else if constexpr (ObjectPointer<Type>) {
+    return {VariantType::kObject, Type::element_type::Table().Name()};
   } else {
     const VariantType type = Variant(Type{}).Type();
     return {type, std::string(NameOf(type))};
@@ -36,6 +50,8 @@ template <typename T>
 Variant Box(const T& value) {
   if constexpr (std::is_enum_v<T>) {
     return static_cast<std::int32_t>(value);
+  } else if constexpr (ObjectPointer<T>) {
+    return Variant(ObjectRef(value));
   } else {
     return Variant(value);
   }
@@ -54,6 +70,8 @@ T Unbox(const Variant& value) {
     return value;
   } else if constexpr (std::same_as<T, std::string_view>) {
     return std::get<std::string>(value.Get());
+  } else if constexpr (ObjectPointer<T>) {
+    return std::static_pointer_cast<typename T::element_type>(std::get<ObjectRef>(value.Get()));
   } else {
     return std::get<T>(value.Get());
   }
@@ -127,6 +145,20 @@ class ClassTable {
   // The property or method that stands for the object itself.
   ClassTable& DefaultMember(std::string name) {
     info_.default_member_ = std::move(name);
+    return *this;
+  }
+
+  // The read-only property that for-each asks a collection for.
+  template <typename T>
+  ClassTable& Enumerated(std::string name, std::shared_ptr<Enumerator> (T::*get)() const, std::string help) {
+    info_.enumerator_member_ = name;
+    return ReadOnly(std::move(name), get, std::move(help));
+  }
+
+  // Users may make objects of class T.
+  template <typename T>
+  ClassTable& Creatable() {
+    info_.create_object_ = [] { return std::make_shared<T>(); };
     return *this;
   }
 

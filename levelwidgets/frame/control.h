@@ -99,6 +99,10 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   // Decodes the messages of the control's window into notifications.
   LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
 
+  static void Raise(const Event<std::int16_t, std::int16_t, Twips, Twips>& event, const PointerInput& input) {
+    event.Raise(input.button, input.shift, input.at.x, input.at.y);
+  }
+
   // --- For the parts of a composed control --------------------------------------------------------
 
   void AddPart(WindowPart& part) { parts_.push_back(&part); }
@@ -114,10 +118,6 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
 
   // The window that takes the focus for the control: its own, or that of a part.
   virtual WindowHandle FocusWindow() const { return surface_.hWnd(); }
-
-  static void Raise(const Event<std::int16_t, std::int16_t, Twips, Twips>& event, const PointerInput& input) {
-    event.Raise(input.button, input.shift, input.at.x, input.at.y);
-  }
 
  private:
   void PaintMessage(WindowHandle window, bool alive);

@@ -11,6 +11,7 @@ const char* StandardDescription(std::int32_t number) {
     case kSubscriptOutOfRange: return "Subscript out of range";
     case kDivisionByZero: return "Division by zero";
     case kTypeMismatch: return "Type mismatch";
+    case kInvalidPropertyValue: return "Invalid property value";
     case kPropertyIsReadOnly: return "Property is read-only";
     case kNoSuchMember: return "Object doesn't support this property or method";
     case kWrongNumberOfArguments: return "Wrong number of arguments";

@@ -14,6 +14,7 @@ inline constexpr std::int32_t kOverflow = 6;
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kDivisionByZero = 11;
 inline constexpr std::int32_t kTypeMismatch = 13;
+inline constexpr std::int32_t kInvalidPropertyValue = 380;
 inline constexpr std::int32_t kPropertyIsReadOnly = 383;
 inline constexpr std::int32_t kNoSuchMember = 438;
 inline constexpr std::int32_t kWrongNumberOfArguments = 450;

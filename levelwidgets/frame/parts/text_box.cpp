@@ -1,0 +1,192 @@
+#include <levelwidgets/frame/parts/text_box.h>
+
+#include <algorithm>
+
+#include <levelwidgets/frame/paint.h>
+
+namespace levelwidgets {
+
+namespace {
+
+std::uint32_t StyleOf(bool multi_line, ksxAlignmentConstants alignment) {
+  std::uint32_t style = kWsChild | kWsClipSiblings;
+  style |= multi_line ? kEsMultiLine | kEsAutoVScroll | kEsWantReturn : kEsAutoHScroll;
+  if (alignment == ksxCenter) style |= kEsCenter;
+  if (alignment == ksxRight) style |= kEsRight;
+  return style;
+}
+
+// The code page's number of a password character, of which the western one has those below U+0100 at the same
+// numbers; 0 for none.
+WParam PasswordCode(std::string_view character) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+  if (character.empty()) return 0;
+  if (character.size() == 1) return byte(0);
+  if (character.size() == 2 && (byte(0) == 0xC2 || byte(0) == 0xC3)) {
+    return static_cast<WParam>((byte(0) & 0x03) << 6 | (byte(1) & 0x3F));
+  }
+  throw Error(kInvalidPropertyValue);
+}
+
+}  // namespace
+
+TextBox::TextBox(Control& owner, bool multi_line)
+    : owner_(owner), multi_line_(multi_line), font_(MakeFont()) {
+  owner_.AddPart(*this);
+  CreateWindow();
+}
+
+TextBox::~TextBox() {
+  DestroyWindow();
+  font_->Forget(font_token_);
+  owner_.RemovePart(*this);
+}
+
+void TextBox::CreateWindow() {
+  WindowRequest request;
+  request.class_name = "EDIT";
+  request.style = StyleOf(multi_line_, alignment_);
+  request.parent = owner_.GetSurface().hWnd();
+  window_ = Windows().CreateWindowExA(request);
+  if (!window_) return;
+  Windows().SetWindowLongA(window_, kGwlUserData, reinterpret_cast<std::intptr_t>(this));
+  previous_procedure_ =
+      Windows().SetWindowLongA(window_, kGwlWndProc, reinterpret_cast<std::intptr_t>(&Procedure));
+  Send(kEmSetLimitText, static_cast<WParam>(max_length_));
+  font_->Forget(font_token_);
+  font_token_ = font_->Observe([this] { ApplyFont(); });
+  ApplyFont();
+}
+
+void TextBox::DestroyWindow() {
+  const WindowHandle window = std::exchange(window_, {});
+  if (!window || !Windows().IsWindow(window)) return;
+  Windows().SetWindowLongA(window, kGwlWndProc, previous_procedure_);
+  Windows().SetWindowLongA(window, kGwlUserData, 0);
+  Windows().DestroyWindow(window);
+}
+
+LResult TextBox::Send(std::uint32_t message, WParam wparam, LParam lparam) const {
+  return window_ ? Windows().SendMessageA(window_, message, wparam, lparam) : 0;
+}
+
+// --- Properties --------------------------------------------------------------------------------------
+
+std::string TextBox::Text() const { return Windows().GetWindowTextA(window_); }
+
+void TextBox::SetText(std::string_view text) {
+  const std::string before = Text();
+  setting_text_ = true;
+  Windows().SetWindowTextA(window_, text);
+  setting_text_ = false;
+  // The edit box tells of a text that was set in one of its modes only.
+  if (Text() != before) Change.Raise();
+}
+
+void TextBox::SetBackColor(Color color) {
+  back_color_ = color;
+  Refresh();
+}
+
+void TextBox::SetForeColor(Color color) {
+  fore_color_ = color;
+  Refresh();
+}
+
+void TextBox::SetFont(FontRef font) {
+  font_->Forget(font_token_);
+  font_ = std::move(font);
+  font_token_ = font_->Observe([this] { ApplyFont(); });
+  ApplyFont();
+}
+
+void TextBox::ApplyFont() {
+  if (!window_) return;
+  DrawingApi& drawing = owner_.GetSurface().Drawing();
+  const int pixels_per_inch = drawing.GetDeviceCaps(owner_.GetSurface().hDC(), kLogPixelsY);
+  DrawingObject object(drawing, drawing.CreateFontA(RequestFor(font_->Description(), pixels_per_inch)));
+  Send(kWmSetFont, object.Handle().value, 1);
+  font_object_ = std::move(object);
+}
+
+// The alignment of an edit box is fixed when it is created.
+void TextBox::SetAlignment(ksxAlignmentConstants alignment) {
+  if (alignment == alignment_) return;
+  const std::string text = Text();
+  const std::int32_t start = SelStart();
+  const std::int32_t length = SelLength();
+  const bool focused = Windows().GetFocus() == window_;
+  alignment_ = alignment;
+  DestroyWindow();
+  CreateWindow();
+  setting_text_ = true;
+  Windows().SetWindowTextA(window_, text);
+  setting_text_ = false;
+  SetPasswordChar(password_char_);
+  Move(position_, size_);
+  SetVisible(visible_);
+  Select(start, length);
+  if (focused) SetFocus();
+}
+
+void TextBox::SetMaxLength(std::int32_t length) {
+  if (length < 0) throw Error(kInvalidPropertyValue);
+  max_length_ = length;
+  Send(kEmSetLimitText, static_cast<WParam>(length));
+}
+
+void TextBox::SetPasswordChar(std::string_view character) {
+  const WParam code = PasswordCode(character);
+  password_char_ = character;
+  if (!multi_line_) Send(kEmSetPasswordChar, code);
+  Refresh();
+}
+
+void TextBox::SetVisible(bool visible) {
+  visible_ = visible;
+  if (window_) Windows().ShowWindow(window_, visible ? kSwShowNoActivate : kSwHide);
+}
+
+std::int32_t TextBox::SelStart() const {
+  std::uint32_t start = 0;
+  std::uint32_t end = 0;
+  Send(kEmGetSel, reinterpret_cast<WParam>(&start), reinterpret_cast<LParam>(&end));
+  return static_cast<std::int32_t>(start);
+}
+
+std::int32_t TextBox::SelLength() const {
+  std::uint32_t start = 0;
+  std::uint32_t end = 0;
+  Send(kEmGetSel, reinterpret_cast<WParam>(&start), reinterpret_cast<LParam>(&end));
+  return static_cast<std::int32_t>(end - start);
+}
+
+void TextBox::Select(std::int32_t start, std::int32_t length) {
+  Send(kEmSetSel, static_cast<WParam>(start), static_cast<LParam>(start) + length);
+}
+
+// --- Methods -----------------------------------------------------------------------------------------
+
+void TextBox::Move(TwipPoint position, TwipSize size) {
+  position_ = position;
+  size_ = size;
+  if (!window_) return;
+  ScreenApi& screen = owner_.GetSurface().GetPlatform().Screen();
+  const int left = ToPixels(position.x, screen.TwipsPerPixelX());
+  const int top = ToPixels(position.y, screen.TwipsPerPixelY());
+  const int width = std::max(0, ToPixels(size.width, screen.TwipsPerPixelX()));
+  const int height = std::max(0, ToPixels(size.height, screen.TwipsPerPixelY()));
+  Windows().SetWindowPos(window_, {}, {left, top, left + width, top + height}, kSwpNoZOrder | kSwpNoActivate);
+}
+
+void TextBox::Refresh() {
+  if (!window_) return;
+  Windows().InvalidateRect(window_);
+  Windows().UpdateWindow(window_);
+}
+
+void TextBox::SetFocus() {
+  if (window_) Windows().SetFocus(window_);
+}
+
+}  // namespace levelwidgets

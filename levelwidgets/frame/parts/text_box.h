@@ -1,0 +1,111 @@
+// The plain edit box as a part of a control.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <levelwidgets/frame/alignment.h>
+#include <levelwidgets/frame/control.h>
+
+namespace levelwidgets {
+
+// The system's edit box inside the owner's window, hidden and of no size until told otherwise. Its focus is
+// the owner's, its keys are offered to the owner's container first. Events carry the owner's argument types;
+// the pointer's position is relative to the edit box.
+//
+// Events of keys come before the edit box acts on them, so a changed KeyAscii is what it types and 0 nothing;
+// those of the pointer come after it has acted. A listener may destroy the owner.
+class TextBox : public WindowPart {
+ public:
+  TextBox(Control& owner, bool multi_line);
+  TextBox(const TextBox&) = delete;
+  TextBox& operator=(const TextBox&) = delete;
+  ~TextBox() override;
+
+  // --- Properties -------------------------------------------------------------------------------
+
+  WindowHandle hWnd() const override { return window_; }
+  // UTF-8; lines end with "\r\n".
+  std::string Text() const;
+  // Raises Change when the text differs.
+  void SetText(std::string_view text);
+  Color BackColor() const { return back_color_; }
+  void SetBackColor(Color color);
+  Color ForeColor() const { return fore_color_; }
+  void SetForeColor(Color color);
+  const FontRef& GetFont() const { return font_; }
+  // Shares the font.
+  void SetFont(FontRef font);
+  ksxAlignmentConstants Alignment() const { return alignment_; }
+  // Any other value is left-aligned.
+  void SetAlignment(ksxAlignmentConstants alignment);
+  // Characters that can be typed or pasted; 0 is no limit. A negative value raises 380.
+  std::int32_t MaxLength() const { return max_length_; }
+  void SetMaxLength(std::int32_t length);
+  // "" shows the text; more than one character, or one outside the code page, raises 380. A multi-line box
+  // keeps the value and shows its text.
+  const std::string& PasswordChar() const { return password_char_; }
+  void SetPasswordChar(std::string_view character);
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+  // Selection in characters from 0; a value beyond the text is taken as its end.
+  std::int32_t SelStart() const;
+  std::int32_t SelLength() const;
+  void Select(std::int32_t start, std::int32_t length);
+
+  // --- Methods ----------------------------------------------------------------------------------
+
+  // In twips of the owner's surface.
+  void Move(TwipPoint position, TwipSize size);
+  void Refresh();
+  void SetFocus();
+  LResult Send(std::uint32_t message, WParam wparam = 0, LParam lparam = 0) const;
+
+  // --- Events -----------------------------------------------------------------------------------
+
+  Event<> Change;
+  Event<> Click;
+  Event<> DblClick;
+  Event<std::int16_t, std::int16_t> KeyDown;
+  Event<std::int16_t&> KeyPress;
+  Event<std::int16_t, std::int16_t> KeyUp;
+  Event<std::int16_t, std::int16_t, Twips, Twips> MouseDown;
+  Event<std::int16_t, std::int16_t, Twips, Twips> MouseMove;
+  Event<std::int16_t, std::int16_t, Twips, Twips> MouseUp;
+
+ private:
+  static LResult Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
+                           LParam lparam);
+  bool OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) override;
+
+  void CreateWindow();
+  void DestroyWindow();
+  LResult OnMessage(std::uint32_t message, WParam wparam, LParam lparam);
+  LResult Pass(std::uint32_t message, WParam wparam, LParam lparam);
+  LResult PointerMessage(PointerAction action, std::uint32_t message, WParam wparam, LParam lparam);
+  LResult KeyPressed(const KeyMessage& key, std::uint32_t message, WParam wparam, LParam lparam);
+  LResult ColorBrush(DcHandle dc);
+  void ApplyFont();
+  WindowApi& Windows() const { return owner_.GetSurface().Windows(); }
+
+  Control& owner_;
+  const bool multi_line_;
+  WindowHandle window_;
+  std::intptr_t previous_procedure_ = 0;
+  Color back_color_{0x80000005u};
+  Color fore_color_{0x80000008u};
+  FontRef font_;
+  Font::Token font_token_ = 0;
+  ksxAlignmentConstants alignment_ = ksxLeft;
+  std::int32_t max_length_ = 0;
+  std::string password_char_;
+  bool visible_ = false;
+  TwipPoint position_;
+  TwipSize size_;
+  DrawingObject brush_;
+  DrawingObject font_object_;
+  ClickTracker click_;
+  bool setting_text_ = false;
+};
+
+}  // namespace levelwidgets

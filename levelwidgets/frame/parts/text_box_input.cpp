@@ -1,0 +1,97 @@
+// What the edit box hears and tells.
+#include <levelwidgets/frame/paint.h>
+#include <levelwidgets/frame/parts/text_box.h>
+
+namespace levelwidgets {
+
+LResult TextBox::Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
+                           LParam lparam) {
+  auto* const box = reinterpret_cast<TextBox*>(windows.GetWindowLongA(window, kGwlUserData));
+  return box->OnMessage(message, wparam, lparam);
+}
+
+LResult TextBox::Pass(std::uint32_t message, WParam wparam, LParam lparam) {
+  // A listener may have taken the window away.
+  if (!window_) return 0;
+  return Windows().CallWindowProcA(previous_procedure_, window_, message, wparam, lparam);
+}
+
+LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) {
+  if (message == kWmDestroy) {
+    const WindowHandle window = std::exchange(window_, {});
+    return Windows().CallWindowProcA(previous_procedure_, window, message, wparam, lparam);
+  }
+  const auto keep = owner_.weak_from_this().lock();
+  if (!keep || !owner_.Site().UserMode()) return Pass(message, wparam, lparam);
+  if (message == kWmSetFocus || message == kWmKillFocus) {
+    const LResult result = Pass(message, wparam, lparam);
+    owner_.FocusChanged(message == kWmSetFocus);
+    return result;
+  }
+  if (const PointerAction action = PointerActionOf(message); action != PointerAction::kNone) {
+    return PointerMessage(action, message, wparam, lparam);
+  }
+  if (const auto key = KeyMessageOf(Windows(), message, wparam)) {
+    return KeyPressed(*key, message, wparam, lparam);
+  }
+  return Pass(message, wparam, lparam);
+}
+
+LResult TextBox::PointerMessage(PointerAction action, std::uint32_t message, WParam wparam, LParam lparam) {
+  const PointerInput input = PointerInputOf(owner_.GetSurface().GetPlatform(), message, wparam, lparam);
+  PixelRect client;
+  Windows().GetClientRect(window_, client);
+  const bool clicked = action == PointerAction::kRelease && click_.Release(message, lparam, client);
+  const LResult result = Pass(message, wparam, lparam);
+  switch (action) {
+    case PointerAction::kMove: Control::Raise(MouseMove, input); break;
+    case PointerAction::kDoubleClick: DblClick.Raise(); break;
+    case PointerAction::kPress:
+      click_.Press(message);
+      Control::Raise(MouseDown, input);
+      break;
+    default:
+      Control::Raise(MouseUp, input);
+      if (clicked && window_) Click.Raise();
+  }
+  return result;
+}
+
+LResult TextBox::KeyPressed(const KeyMessage& key, std::uint32_t message, WParam wparam, LParam lparam) {
+  if (owner_.Site().TakeKey(key)) return 0;
+  switch (key.kind) {
+    case KeyMessage::Kind::kDown: KeyDown.Raise(key.code, key.shift); break;
+    case KeyMessage::Kind::kUp: KeyUp.Raise(key.code, key.shift); break;
+    case KeyMessage::Kind::kCharacter: {
+      if (message != kWmChar) break;
+      std::int16_t key_ascii = key.code;
+      KeyPress.Raise(key_ascii);
+      if (key_ascii == 0) return 0;
+      return Pass(message, static_cast<WParam>(static_cast<std::uint16_t>(key_ascii)), lparam);
+    }
+  }
+  return Pass(message, wparam, lparam);
+}
+
+bool TextBox::OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) {
+  if (message == kWmCommand) {
+    const auto notice = static_cast<std::uint32_t>(wparam >> 16 & 0xFFFF);
+    if (notice == kEnChange && !setting_text_) Change.Raise();
+    result = 0;
+    return true;
+  }
+  result = ColorBrush(DcHandle{static_cast<std::uint32_t>(wparam)});
+  return true;
+}
+
+// The edit box fills its background with the brush that it is given.
+LResult TextBox::ColorBrush(DcHandle dc) {
+  DrawingApi& drawing = owner_.GetSurface().Drawing();
+  const ColorRef back = TranslateColor(drawing, back_color_);
+  drawing.SetTextColor(dc, TranslateColor(drawing, fore_color_));
+  drawing.SetBkColor(dc, back);
+  brush_ = DrawingObject(drawing, drawing.CreateSolidBrush(back));
+  return static_cast<LResult>(brush_.Handle().value);
+}
+
+}  // namespace levelwidgets

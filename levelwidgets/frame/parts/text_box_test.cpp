@@ -1,0 +1,178 @@
+// The plain edit box as a part, in a control made for the test.
+#include <levelwidgets/frame/parts/text_box.h>
+#include <levelwidgets/testing/desktop_fixture.h>
+
+namespace levelwidgets::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class Field : public Control {
+ public:
+  static const ClassInfo& Table() {
+    static const ClassInfo info = Describe<Field>("Field", "An edit box and nothing else.").Build();
+    return info;
+  }
+  explicit Field(std::shared_ptr<ControlSite> site)
+      : Control(std::move(site), {.back_color = Color(0x00C0C0C0), .fore_color = Color(0), .font = {}}) {
+    txtMain.SetVisible(true);
+  }
+  const ClassInfo& Class() const override { return Table(); }
+  void OnResize() override { txtMain.Move({}, {GetSurface().ScaleWidth(), GetSurface().ScaleHeight()}); }
+  void OnPaint() override { GetSurface().Cls(); }
+  void OnEnterFocus() override { focus_notes.push_back("enter"); }
+  void OnExitFocus() override { focus_notes.push_back("exit"); }
+
+  TextBox txtMain{*this, false};
+  std::vector<std::string> focus_notes;
+
+ protected:
+  WindowHandle FocusWindow() const override { return txtMain.hWnd(); }
+};
+
+class TextBoxPartTest : public DesktopTest {
+ protected:
+  Field& TheField() {
+    if (!field_) {
+      field_ = &AddNew<Field>("fld", {Twips(600), Twips(600)}, {Twips(3000), Twips(300)});
+      AddNew<Field>("other", {Twips(600), Twips(1200)}, {Twips(3000), Twips(300)});
+      Hosted(*field_).SetFocus();
+      Driver().Settle();
+      Log();
+    }
+    return *field_;
+  }
+  std::vector<std::string> TakeLog() { return std::exchange(log_, {}); }
+
+ private:
+  void Log() {
+    TextBox& box = field_->txtMain;
+    box.Change += [this] { log_.push_back("Change " + field_->txtMain.Text()); };
+    box.Click += [this] { log_.push_back("Click"); };
+    box.DblClick += [this] { log_.push_back("DblClick"); };
+    box.MouseDown += [this](auto button, auto...) { log_.push_back("MouseDown " + std::to_string(button)); };
+    box.MouseUp += [this](auto button, auto...) { log_.push_back("MouseUp " + std::to_string(button)); };
+    box.KeyDown += [this](std::int16_t code, std::int16_t) {
+      if (code < kKeyShift || code > kKeyAlt) log_.push_back("KeyDown " + std::to_string(code));
+    };
+    box.KeyPress += [this](std::int16_t& code) { log_.push_back("KeyPress " + std::to_string(code)); };
+    box.KeyUp += [this](std::int16_t code, std::int16_t) {
+      if (code < kKeyShift || code > kKeyAlt) log_.push_back("KeyUp " + std::to_string(code));
+    };
+  }
+  Field* field_ = nullptr;
+  std::vector<std::string> log_;
+};
+
+TEST_F(TextBoxPartTest, TheFocusOfTheControlIsThatOfItsEditBox) {
+  EXPECT_EQ(Windows().GetFocus(), TheField().txtMain.hWnd());
+  EXPECT_THAT(TheField().focus_notes, ElementsAre("enter"));
+  EXPECT_EQ(TheForm().ActiveControl()->Name(), "fld");
+  TheForm().Find("other")->SetFocus();
+  Driver().Settle();
+  EXPECT_THAT(TheField().focus_notes, ElementsAre("enter", "exit"));
+}
+
+TEST_F(TextBoxPartTest, TypingRaisesDownPressChangeUp) {
+  TheField();
+  Driver().Key('A');
+  EXPECT_THAT(TakeLog(), ElementsAre("KeyDown 65", "KeyPress 97", "Change a", "KeyUp 65"));
+}
+
+TEST_F(TextBoxPartTest, AChangedCharacterIsTypedAndZeroIsNone) {
+  TheField().txtMain.KeyPress += [](std::int16_t& code) {
+    if (code == 'a') code = 'Z';
+    if (code == 'b') code = 0;
+  };
+  Driver().Type("abc");
+  EXPECT_EQ(TheField().txtMain.Text(), "Zc");
+}
+
+TEST_F(TextBoxPartTest, TabBelongsToTheForm) {
+  TheField();
+  Driver().Key(kKeyTab);
+  EXPECT_EQ(TheForm().ActiveControl()->Name(), "other");
+  EXPECT_THAT(TakeLog(), IsEmpty());
+}
+
+TEST_F(TextBoxPartTest, AssigningATextRaisesChangeOnlyWhenItDiffers) {
+  TheField().txtMain.SetText("one");
+  EXPECT_THAT(TakeLog(), ElementsAre("Change one"));
+  TheField().txtMain.SetText("one");
+  EXPECT_THAT(TakeLog(), IsEmpty());
+}
+
+TEST_F(TextBoxPartTest, ClicksArriveAsFromAnyControl) {
+  Field& field = TheField();
+  Driver().Click(ScreenPoint(field, PixelPoint{20, 10}));
+  EXPECT_THAT(TakeLog(), ElementsAre("MouseDown 1", "MouseUp 1", "Click"));
+  Driver().Advance(1500);
+  Driver().DoubleClick(ScreenPoint(field, PixelPoint{20, 10}));
+  EXPECT_THAT(TakeLog(), ElementsAre("MouseDown 1", "MouseUp 1", "Click", "DblClick", "MouseUp 1"));
+}
+
+TEST_F(TextBoxPartTest, ColoursAreThoseOfThePart) {
+  Field& field = TheField();
+  field.txtMain.SetBackColor(Color(0x0000FF00));
+  EXPECT_EQ(PixelAt(field, {190, 10}), ColorRef{0x0000FF00});
+}
+
+TEST_F(TextBoxPartTest, MaxLengthLimitsTyping) {
+  TheField().txtMain.SetMaxLength(3);
+  Driver().Type("abcdef");
+  EXPECT_EQ(TheField().txtMain.Text(), "abc");
+  EXPECT_THROW(TheField().txtMain.SetMaxLength(-1), Error);
+  EXPECT_EQ(TheField().txtMain.MaxLength(), 3);
+}
+
+TEST_F(TextBoxPartTest, AChangedAlignmentKeepsTextSelectionAndFocus) {
+  TextBox& box = TheField().txtMain;
+  box.SetText("hello");
+  box.Select(1, 3);
+  box.SetAlignment(ksxRight);
+  EXPECT_EQ(box.Text(), "hello");
+  EXPECT_EQ(box.SelStart(), 1);
+  EXPECT_EQ(box.SelLength(), 3);
+  EXPECT_EQ(Windows().GetFocus(), box.hWnd());
+}
+
+TEST_F(TextBoxPartTest, APasswordCharacterIsOneOfTheCodePage) {
+  TextBox& box = TheField().txtMain;
+  box.SetPasswordChar("*");
+  EXPECT_EQ(box.Send(kEmGetPasswordChar), '*');
+  for (const char* refused : {"**", "\xE2\x97\x8F", "\xC4\x80"}) {
+    try {
+      box.SetPasswordChar(refused);
+      FAIL() << refused;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Number(), kInvalidPropertyValue);
+    }
+  }
+  EXPECT_EQ(box.PasswordChar(), "*");
+  box.SetPasswordChar("");
+  EXPECT_EQ(box.Send(kEmGetPasswordChar), 0);
+}
+
+TEST_F(TextBoxPartTest, AListenerOfAnyEventMayRemoveTheControl) {
+  for (const char* cause : {"Change", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp", "Click"}) {
+    auto& doomed = AddNew<Field>("doomed", {Twips(600), Twips(1800)}, {Twips(3000), Twips(300)});
+    const auto remove = [this] { TheForm().Remove("doomed"); };
+    TextBox& box = doomed.txtMain;
+    const std::string event = cause;
+    if (event == "Change") box.Change += remove;
+    if (event == "KeyDown") box.KeyDown += [=](auto...) { remove(); };
+    if (event == "KeyPress") box.KeyPress += [=](std::int16_t&) { remove(); };
+    if (event == "KeyUp") box.KeyUp += [=](auto...) { remove(); };
+    if (event == "MouseDown") box.MouseDown += [=](auto...) { remove(); };
+    if (event == "MouseUp") box.MouseUp += [=](auto...) { remove(); };
+    if (event == "Click") box.Click += remove;
+    Driver().Advance(1000);
+    Driver().Click(ScreenPoint(doomed, PixelPoint{20, 10}));
+    if (TheForm().Find("doomed")) Driver().Key('A');
+    EXPECT_FALSE(TheForm().Find("doomed")) << cause;
+  }
+}
+
+}  // namespace
+}  // namespace levelwidgets::testing
