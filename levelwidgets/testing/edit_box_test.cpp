@@ -166,6 +166,7 @@ TEST_F(EditBoxTest, Undo) {
       {"a single line always answers 1", kSingle, "abc", "?canundo =undo", "|abc 0 1"},
       {"a typed run", kSingle, "abc", "sel(3,3) 'def' ?canundo =undo", "abc| 1 1"},
       {"ctrl and Z", kSingle, "abc", "sel(3,3) 'def' C-Z", "abc|"},
+      {"alt and backspace", kSingle, "abc", "sel(3,3) 'def' A-BkSp", "abc|", "abcdef|"},
       {"the message of all windows", kSingle, "abc", "sel(3,3) 'def' =wmundo", "abc| 1"},
       {"what was erased is selected", kSingle, "abcdef", "sel(1,3) Del undo", "a[bc]def"},
       {"what was replaced is selected", kSingle, "abcdef", "sel(1,3) 'x' undo", "a[bc]def"},

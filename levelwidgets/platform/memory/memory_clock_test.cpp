@@ -157,6 +157,16 @@ TEST_F(MemoryClockTest, RunReturnsWhenNothingIsLeftToHappen) {
   EXPECT_TRUE(called);
 }
 
+TEST_F(MemoryClockTest, BackgroundTimersTickButNobodyWaitsForThem) {
+  const TimerHandle blink = clock.SetBackgroundTimer(10, [this] { log.push_back("blink"); });
+  EXPECT_EQ(clock.LiveTimers(), 0u);
+  EXPECT_EQ(clock.Run(), 0);
+  EXPECT_EQ(clock.GetTickCount(), 0u);
+  clock.Advance(25);
+  EXPECT_THAT(log, ElementsAre("blink", "blink"));
+  EXPECT_TRUE(clock.KillTimer(blink));
+}
+
 TEST_F(MemoryClockTest, RunWaitsWhereAPersonIsAtTheDesktop) {
   int waits = 0;
   clock.SetWaiter([&] {

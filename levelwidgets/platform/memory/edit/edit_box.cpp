@@ -121,6 +121,10 @@ LResult EditBox::OnWindowMessage(std::uint32_t message, WParam wparam, LParam lp
 LResult EditBox::OnInputMessage(std::uint32_t message, WParam wparam, LParam lparam) {
   switch (message) {
     case kWmKeyDown: KeyDown(static_cast<int>(wparam)); return 0;
+    case kWmSysKeyDown:
+      if (static_cast<int>(wparam) != kKeyBackspace || !IsDown(kKeyAlt)) break;
+      Undo();
+      return 0;
     case kWmChar: Character(static_cast<char>(wparam)); return 1;
     case kWmLButtonDown: Press(PointOfLParam(lparam), (wparam & kMkShift) != 0); return 0;
     case kWmLButtonDblClk: DoubleClick(); return 0;
