@@ -2,6 +2,7 @@
 #pragma once
 
 #include <levelwidgets/platform/clock.h>
+#include <levelwidgets/platform/conversion.h>
 #include <levelwidgets/platform/drawing.h>
 #include <levelwidgets/platform/screen.h>
 #include <levelwidgets/platform/window.h>
@@ -18,6 +19,7 @@ class Platform {
   virtual WindowApi& Windows() = 0;
   virtual ClockApi& Clock() = 0;
   virtual ScreenApi& Screen() = 0;
+  virtual ConversionApi& Conversions() = 0;
 };
 
 }  // namespace levelwidgets

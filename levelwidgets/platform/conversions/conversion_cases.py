@@ -18,45 +18,49 @@ down by hand. Columns, separated by tabs:
 
 import datetime
 import re
-import sys
+import struct
 from decimal import ROUND_HALF_UP, Context, Decimal
 from fractions import Fraction
 
 REMARKS = {
-    "general": "writes a fraction out while it fits 15 decimals (7 of a single); Wine uses the C library's rule",
-    "scaling": "thousands separators behind the last digit divide by 1000; Wine groups",
-    "zero": "what rounds to zero is zero, without a sign and in the section of zero; Wine looks before it rounds",
+    "general": "a fraction is written out while it fits 15 decimals (7 of a single); Wine goes by the exponent",
+    "exponent": "a number with an exponent has the locale's decimal separator; Wine writes a point",
+    "half": "digits are cut half away from zero; Wine rounds halves to even",
+    "scaling": "thousands separators behind the last digit divide by 1000; Wine only groups",
+    "zero": "what rounds to zero is zero, without a sign and in zero's section; Wine looks before it rounds",
+    "below-one": "a number below 1 rounds to a whole one like any other; Wine drops it",
     "sign": "the minus sign stands in front of all literals; Wine puts it in front of the first digit",
     "literal-sign": "a negative number keeps its sign in front of literals; Wine has no digit to put it to",
-    "empty": "an empty value is 0; Wine loses its digit in front of the point",
-    "null": "null takes the fourth section; Wine gives nothing",
-    "left": "an exclamation mark fills from the left; Wine ignores it",
-    "date-number": "a date has its number of days in a number format; Wine gives up",
-    "date-text": "a date keeps the case of its AM and PM in a text format; Wine writes small letters",
-    "medium": "the medium date is dd-mmm-yy; Wine gives the long date",
-    "garbage": "Wine reads behind the end of formats with these parts",
-    "half-day": "twelve o'clock at night is 12 AM; Wine writes 0 AM",
-    "mixed-case": "AM/PM in mixed case; Wine takes it apart",
-    "long-month": "a fifth m is a part of its own; Wine mixes it up",
     "whole": "without placeholders in front of the point the whole part is written nevertheless; Wine drops it",
-    "zero-exponent": "zero has exponent 0; Wine shifts it",
-    "currency": "the named format follows the locale's positive and negative pattern and digits; Wine the American",
-    "numeric-text": "a text that is a number has a general number form; Wine gives it as it is",
-    "week": "the first week of the year follows the argument; Wine always takes that of 1 January",
-    "window": "two-digit years are 1930 to 2029; Wine's window ends in 2049",
-    "order": "day, month and year around a named month as people write them; Wine reads the year first",
-    "day-name": "a long date with the name of the day is no date; Wine reads it",
-    "capitals": "names of months are known in capitals, too; Wine compares accented letters exactly",
-    "unit": "the words of the locale's long date are understood; Wine knows none",
-    "bits": "hexadecimal digits are up to 64 bits; Wine ends at 31",
-    "bits-sign": "&H takes no sign; Wine drops it",
+    "zero-exponent": "zero has the exponent 0; Wine shifts it",
+    "empty": "an empty value is 0; Wine formats it without a digit",
+    "empty-text": "an empty text is no date; Wine takes it for day 0",
+    "null": "null takes the fourth section; Wine gives nothing",
+    "boolean": "the general form of a boolean is True or False; Wine gives a number",
+    "left": "an exclamation mark fills from the left; Wine ignores it",
+    "case": "a text format without < keeps capitals; Wine makes some of them small",
+    "capitals": "letters with accents have capitals, too; Wine knows those of the alphabet only",
+    "numeric-text": "a text with thousands separators or zeros in front is a number; Wine gives it as it is",
+    "currency": "the named format follows the locale's patterns; Wine the American one",
+    "date-number": "a date has its number of days in a number format; Wine gives its text",
+    "medium": "the medium date is dd-mmm-yy; Wine gives the long date",
+    "half-day": "h is 1 to 12 beside AM/PM; Wine writes 0 to 23",
+    "midnight": "midnight has a long time, and a time that rounds to it is none; Wine takes both the other way",
+    "late": "a time that rounds to midnight belongs to the next day; Wine keeps the weekday and day of the year",
+    "garbage": "Wine reads behind the end of the format",
+    "week": "weeks and weekdays follow the two arguments; Wine counts weeks from 1 January and misses some days",
+    "window": "two-digit years are 1930 to 2029; Wine's end in 2049",
+    "order": "the day stands in front of a named month and the year behind it; Wine reads the year first",
+    "day-name": "a date with the name of its day is no date; Wine reads it",
+    "two-months": "two names of months are no date; Wine reads the second one as a number",
+    "half-letter": "A and P stand for AM and PM; Wine does not know them",
+    "unit": "the words of the locale's long dates are understood; Wine knows none",
+    "two-signs": "one sign only; Wine takes one more",
+    "negative-zero": "a text is never read as minus zero; Wine does so",
     "d-exponent": "D stands for E in an exponent; Wine does not know it",
-    "two-signs": "one sign only; Wine takes one in front and one behind",
-    "range": "all doubles are read; Wine overflows and underflows one step early",
-    "precision": "the nearest double; Wine multiplies by rounded powers of ten",
-    "midnight": "a time that rounds to midnight is none; Wine writes 12:00:00 AM",
-    "character": "& without a character is left out, the others keep their places; Wine moves them",
-    "half": "digits are cut half away from zero; Wine's C library rounds to even",
+    "bits": "hexadecimal digits are up to 64 bits; Wine stops at 32",
+    "range": "all doubles are read; Wine gives up at both ends",
+    "precision": "the nearest double; Wine multiplies rounded powers of ten",
 }
 
 LONG_EN = "January February March April May June July August September October November December".split()
@@ -114,7 +118,6 @@ def to_decimal(kind, text):
     if kind == "r":
         return Context(prec=15, rounding=ROUND_HALF_UP).create_decimal(Decimal(float(text)))
     if kind == "f":
-        import struct
         single = struct.unpack("f", struct.pack("f", float(text)))[0]
         return Context(prec=7, rounding=ROUND_HALF_UP).create_decimal(Decimal(single))
     return Decimal(int(text))
@@ -403,7 +406,7 @@ NAMED = {
     "Fixed": "0.00", "Standard": "#,##0.00", "Percent": "0.00%", "Scientific": "0.00E+00",
     "Yes/No": '"Yes";"Yes";"No"', "True/False": '"True";"True";"False"', "On/Off": '"On";"On";"Off"',
     "General Date": "c", "Long Date": "dddddd", "Medium Date": "dd-mmm-yy", "Short Date": "ddddd",
-    "Long Time": "ttttt", "Medium Time": "hh:nn AM/PM", "Short Time": "hh:nn",
+    "Long Time": "ttttt", "Medium Time": "hh:nn AMPM", "Short Time": "hh:nn",
 }
 NUMBER_NAMES = ["General Number", "Currency", "Fixed", "Standard", "Percent", "Scientific", "Yes/No", "True/False",
                 "On/Off"]
@@ -484,6 +487,154 @@ SAMPLE_DATE_TEXTS = {
     "001.50": datetime.datetime(1899, 12, 30, 1, 50),
 }
 
+# --- Why the automation layer under Wine answers otherwise -----------------------------------
+
+
+def general_remark(kind, text, loc):
+    digits = 7 if kind == "f" else 15
+    number = to_decimal(kind, text)
+    if loc.decimal != "." and "E-" in general(number, digits, loc):
+        return "exponent"
+    if general(number, digits, loc) == by_exponent(number, digits, loc):
+        exact = Decimal(float(text))
+        return "half" if kind == "f" and f"{exact:.{digits}G}" != f"{float(text):.{digits}G}" else ""
+    return "general"
+
+
+def by_exponent(number, digits, loc):
+    text = f"{float(number):.{digits}G}"
+    return "0" if text == "-0" else text.replace(".", loc.decimal)
+
+
+def number_remark(kind, text, name, loc):
+    picture = NAMED.get(name, name)
+    if kind == "n":
+        return "null" if len(split_sections(picture)) > 3 else ""
+    if kind == "e":
+        return "empty"
+    if kind == "d":
+        return "" if name == "General Number" else "date-number"
+    number = number_of(kind, text, loc)
+    if number is None:
+        return ""
+    if name == "General Number":
+        if kind == "s":
+            return "numeric-text" if general_value("r", str(number), loc) != text else ""
+        return general_remark(kind, text, loc) if kind in "rf" else ""
+    if name == "Currency":
+        if loc.currency != "$":
+            return "currency"
+        return "zero" if number != 0 and abs(number) < Decimal("0.005") else ""
+    sections = split_sections(picture)
+    chosen = 1 if number < 0 and len(sections) > 1 and sections[1] else 0
+    parts, whole, decimals, _, _, exponent = read_section(sections[chosen])
+    if re.search(r",(\.|[^0#,]*$)", sections[chosen]):
+        return "scaling"
+    if number != 0 and fitted(number, sections[chosen])[0] == 0:
+        return "zero"
+    if number == 0 and exponent and len(whole) > 1:
+        return "zero-exponent"
+    if not whole and any(kind == "point" for kind, _ in parts):
+        return "whole"
+    if not decimals and whole and not exponent and abs(number) < 1 and number != 0:
+        return "below-one"
+    if number < 0 and chosen == 0:
+        if not whole and not decimals and name not in NAMED:
+            return "literal-sign"
+        if parts[0][0] == "lit" and name not in NAMED:
+            return "sign"
+    return "half" if kind == "f" and text == "654322.25" else ""
+
+
+def date_remark(kind, text, name, when):
+    picture = NAMED.get(name, name)
+    if name == "Medium Date":
+        return "medium"
+    if kind == "s" and text == "":
+        return "empty-text"
+    if kind == "s" and "," in text:
+        return "numeric-text"
+    if when is None:
+        return ""
+    if re.search(r"(?<!h)h(?!h).*am/pm", picture, re.I):
+        return "half-day"
+    if kind == "d" and re.fullmatch(r"[\d.]+9999999\d?", text):
+        return "midnight" if picture == "c" else "late"
+    if picture == "ttttt" and when.time() == datetime.time():
+        return "midnight"
+    if "ww" in picture:
+        return "week"
+    return "garbage" if kind == "b" and picture == "c" else ""
+
+
+def text_remark(kind, text, name, loc):
+    if kind == "b":
+        return "boolean"
+    name = re.sub('"[^"]*"', "", name)
+    general_text = general_value(kind, text, loc)
+    if "!" in name:
+        return "left"
+    if "<" in name and general_text.lower() != general_text and not general_text.isascii():
+        return "capitals"
+    if kind in "rf" and general_remark(kind, text, loc):
+        return general_remark(kind, text, loc)
+    return "case" if re.search(r".[AMPE]", general_text) and ">" not in name else ""
+
+
+def format_remark(kind, text, name, loc, expected):
+    picture = NAMED.get(name, name)
+    if name == "":
+        if kind == "b":
+            return "boolean"
+        if kind == "d":
+            return "midnight" if text == "45427.99999999" else ""
+        return general_remark(kind, text, loc) if kind in "rf" else ""
+    type_of = "number" if name in NUMBER_NAMES else kind_of(picture)
+    if type_of == "number":
+        return number_remark(kind, text, name, loc)
+    if kind == "d" and type_of == "text" and text == "45427.99999999":
+        return "midnight"
+    if type_of == "text":
+        return text_remark(kind, text, name, loc)
+    when = moment(float(number_of(kind, text, loc))) if kind in "rfib" else moment(float(text)) if kind == "d" else 0
+    return date_remark(kind, text, name, when) if when != 0 or kind == "s" else ""
+
+
+def number_text_remark(text, expected):
+    bare = text.strip()
+    if bare in ("+-5", "5--", "+5-"):
+        return "two-signs"
+    if bare.startswith("&"):
+        return "bits" if len(bare) > 9 else ""
+    if re.search("d", bare, re.I):
+        return "d-exponent"
+    if bare in ("-0", "-1e-999"):
+        return "negative-zero"
+    if expected.startswith("e"):
+        return ""
+    if expected in ("1.7976931348623157e+308", "5e-324"):
+        return "range"
+    return "precision" if len(bare) > 20 or expected == "2.2250738585072014e-308" else ""
+
+
+def date_text_remark(text, expected, name):
+    if re.match("Fri", text):
+        return "day-name"
+    if text == "Jan Feb 2000":
+        return "two-months"
+    if re.search(r"\d ?[ap]$", text, re.I):
+        return "half-letter"
+    if text in ("2 Jan 3", "2-Jan-03"):
+        return "order"
+    if not text.isascii() and text.upper() == text and name != "ja-JP":
+        return "capitals"
+    if re.search("den|[年月日]", text):
+        return "unit"
+    if not expected.startswith("e") and days_of(1930, 1, 1) <= float(expected) < days_of(1950, 1, 1):
+        return "window" if not re.search(r"19[34]\d", text) else ""
+    return ""
+
+
 ROWS = []
 
 
@@ -492,17 +643,10 @@ def add(operation, loc, value, picture, days, expected, remark=""):
     ROWS.append((operation, loc, value, picture, days, expected, remark))
 
 
-def remark_of(kind, text, picture, name, expected, days):
-    """Why the automation layer under Wine is known to answer otherwise; first the reasons that hide others."""
-    return WINE.get((kind, name), "")
-
-
-WINE = {}
-
-
 def add_format(kind, text, name, loc="en-US", days=(1, 1)):
     expected = format_value(kind, text, name, LOCALES[loc], days)
-    add("fmt", loc, f"{kind}:{text}", name, f"{days[0]},{days[1]}", expected)
+    remark = format_remark(kind, text, name, LOCALES[loc], expected)
+    add("fmt", loc, f"{kind}:{text}", name, f"{days[0]},{days[1]}", expected, remark)
 
 
 DOUBLES = ("0 -0.0 1 -1 0.5 -0.5 1.5 2.5 -2.5 3.5 9.995 -9.995 1.005 0.125 0.135 0.004 -0.004 0.995 99.995 0.1 "
@@ -599,11 +743,12 @@ def numbers():
     for line in NUMBER_FACTS.strip("\n").split("\n"):
         expected, *texts = line.split("|")
         for text in texts:
-            add("num", "en-US", "s:" + text, "", "", expected if expected.startswith("e") else repr(float(expected)))
+            number = expected if expected.startswith("e") else repr(float(expected))
+            add("num", "en-US", "s:" + text, "", "", number, number_text_remark(text, number))
     for text in ("0.1", "123456.789", "1.7976931348623157e308", "2.2250738585072014e-308", "4.9e-324",
                  "3.14159265358979", "9007199254740993", "123456789012345678901234567890", "0.000001", "1e23",
                  "8.5e-5", "179769313486231570" + "0" * 291, "0." + "0" * 300 + "17"):
-        add("num", "en-US", "s:" + text, "", "", repr(float(text)))
+        add("num", "en-US", "s:" + text, "", "", repr(float(text)), number_text_remark(text, repr(float(text))))
     for loc, texts in {"en-GB": ["£1,234.5", "-£1,234.5", "1234.5"], "de-DE": ["1.234,5", "1234,5", "1.234,5 €", "€1234,5"],
                        "fr-FR": [f"1{NBSP}234,5", "1 234,5", f"1 234,5{NBSP}€", "1234,5"],
                        "sv-SE": [f"1{NBSP}234,5 kr", "1234,5kr", "1 234,5"], "ja-JP": ["¥1,234.5", "-¥1,234.5", "1234.5"]}.items():
@@ -669,25 +814,29 @@ def date_number(text):
     return repr(float(days_of(*fields)))
 
 
+def add_date(loc, text, expected):
+    add("date", loc, "s:" + text, "", "", expected, date_text_remark(text, expected, loc))
+
+
 def dates():
     for line in DATE_FACTS.strip("\n").split("\n"):
         expected, *texts = line.split("|")
         for text in texts:
-            add("date", "en-US", "s:" + text, "", "", expected if expected.startswith("e") else date_number(expected))
+            add_date("en-US", text, expected if expected.startswith("e") else date_number(expected))
     for name, loc in LOCALES.items():
         for day in ((2024, 2, 29), (1999, 12, 31), (2029, 1, 1), (1930, 11, 30), (100, 3, 4), (9999, 10, 9)):
             for time in ((0, 0, 0), (9, 5, 0), (23, 59, 59)):
                 when = datetime.datetime(*day, *time)
                 expected = repr(float(days_of(*day, *time)))
-                add("date", name, "s:" + general_date(when, loc), "", "", expected)
+                add_date(name, general_date(when, loc), expected)
                 if "dddd" not in loc.long:
-                    add("date", name, "s:" + by_locale(loc.long + " " + loc.time, when, loc), "", "", expected)
-                add("date", name, "s:" + f"{day[2]} {loc.months[day[1] - 1]} {day[0]} {time[0]}:{time[1]}:{time[2]}", "", "",
-                    expected) if name != "ja-JP" else None
+                    add_date(name, by_locale(loc.long + " " + loc.time, when, loc), expected)
+                if name != "ja-JP":
+                    add_date(name, f"{day[2]} {loc.months[day[1] - 1]} {day[0]} {time[0]}:{time[1]}:{time[2]}", expected)
         if name != "ja-JP":
             for month in range(12):
-                for word in {loc.months[month], loc.short_months[month], loc.months[month].upper()}:
-                    add("date", name, f"s:7 {word} 2021", "", "", repr(float(days_of(2021, month + 1, 7))))
+                for word in sorted({loc.months[month], loc.short_months[month], loc.months[month].upper()}):
+                    add_date(name, f"7 {word} 2021", repr(float(days_of(2021, month + 1, 7))))
     facts = {
         "en-GB": {"2003-02-01": ["1 2 3", "1/2/2003"], "2003-02-14": ["14 2 3", "2 14 3"], "2024-02-01": ["1/2"],
                   "2014-03-02": ["2 3 14"], "1932-02-03": ["32 2 3"], "2024-05-31": ["5/31/2024", "31/5/2024", "2024-05-31"]},
@@ -701,7 +850,7 @@ def dates():
     for name, cases in facts.items():
         for expected, texts in cases.items():
             for text in texts:
-                add("date", name, "s:" + text, "", "", expected if expected.startswith("e") else date_number(expected))
+                add_date(name, text, expected if expected.startswith("e") else date_number(expected))
 
 
 GENERAL_FACTS = """
@@ -723,18 +872,22 @@ GENERAL_FACTS = """
 """
 
 
+def add_text(loc, kind, value, expected):
+    add("text", loc, f"{kind}:{value}", "", "", expected, general_remark(kind, value, LOCALES[loc]))
+
+
 def texts():
     for line in GENERAL_FACTS.strip().split("\n"):
         expected, value = line.split()
-        add("text", "en-US", "r:" + value, "", "", expected)
+        add_text("en-US", "r", value, expected)
     for exponent in range(-20, 22):
         for mantissa in ("1", "1.5", "9.99999999999999", "1.23456789012345", "-4.25"):
             value = f"{mantissa}e{exponent}"
-            add("text", "en-US", "r:" + value, "", "", general(to_decimal("r", value), 15, LOCALES["en-US"]))
+            add_text("en-US", "r", value, general(to_decimal("r", value), 15, LOCALES["en-US"]))
             if exponent in (-5, 3):
-                add("text", "de-DE", "r:" + value, "", "", general(to_decimal("r", value), 15, LOCALES["de-DE"]))
+                add_text("de-DE", "r", value, general(to_decimal("r", value), 15, LOCALES["de-DE"]))
     for value in ("654322.25", "0.1", "1e7", "9999999", "1234567", "0.041666668", "3.4028235e38", "1.4e-45", "16777216"):
-        add("text", "en-US", "f:" + value, "", "", general(to_decimal("f", value), 7, LOCALES["en-US"]))
+        add_text("en-US", "f", value, general(to_decimal("f", value), 7, LOCALES["en-US"]))
 
 
 def main():

@@ -15,6 +15,21 @@ constexpr std::string_view kNoBreakSpace = "\u00A0";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
+bool IsPunctuation(char c) { return std::string_view(",./-").find(c) != std::string_view::npos; }
+
+// The next text of a date pattern between its fields, in quotes or not, without blanks around it; often
+// empty.
+std::string_view TakePatternWord(std::string_view& pattern) {
+  const bool quoted = pattern.front() == '\'';
+  if (quoted) pattern.remove_prefix(1);
+  const std::size_t length = std::min(pattern.find_first_of(quoted ? "'" : "dMy' "), pattern.size());
+  std::string_view word = pattern.substr(0, length);
+  pattern.remove_prefix(std::min(quoted ? length + 1 : std::max<std::size_t>(length, 1), pattern.size()));
+  while (word.ends_with(' ')) word.remove_suffix(1);
+  while (word.starts_with(' ')) word.remove_prefix(1);
+  return word;
+}
+
 bool BeginsWithLetter(std::string_view text) {
   if (text.empty()) return false;
   const char32_t c = TakeCharacter(text);
@@ -79,16 +94,12 @@ class DateReader {
     return TakeUnit();
   }
 
-  // A text of the locale's long dates, such as a unit behind a number.
+  // A word of the locale's long dates, such as a unit behind a number.
   bool TakeUnit() {
     std::string_view pattern = locale_.long_date;
-    for (std::size_t begin; (begin = pattern.find('\'')) != std::string_view::npos;) {
-      pattern.remove_prefix(begin + 1);
-      const std::size_t end = std::min(pattern.find('\''), pattern.size());
-      std::string_view unit = pattern.substr(0, end);
-      pattern.remove_prefix(std::min(end + 1, pattern.size()));
-      while (unit.ends_with(' ')) unit.remove_suffix(1);
-      if (Take(unit)) return true;
+    while (!pattern.empty()) {
+      const std::string_view word = TakePatternWord(pattern);
+      if (!word.empty() && !IsPunctuation(word.front()) && Take(word)) return true;
     }
     return false;
   }

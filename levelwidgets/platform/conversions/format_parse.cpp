@@ -26,7 +26,7 @@ constexpr NamedFormat kNamedFormats[] = {
     {"Medium Date", "dd-mmm-yy"},
     {"Short Date", "ddddd"},
     {"Long Time", "ttttt"},
-    {"Medium Time", "hh:nn AM/PM"},
+    {"Medium Time", "hh:nn AMPM"},
     {"Short Time", "hh:nn"},
 };
 

@@ -1,5 +1,6 @@
 #include <levelwidgets/platform/memory/desktop.h>
 
+#include <levelwidgets/platform/memory/code_page.h>
 #include <levelwidgets/platform/memory/edit/edit_box.h>
 
 namespace levelwidgets::memory {
@@ -20,6 +21,13 @@ DrawingOptions DrawingOptionsOf(const DesktopOptions& options) {
   return drawing;
 }
 
+// Which characters a code page has.
+std::function<bool(char32_t)> CharactersOf(int code_page) {
+  return [page = CodePage(code_page)](char32_t character) {
+    return character == U'?' || page.Byte(character) != '?';
+  };
+}
+
 }  // namespace
 
 Desktop::Desktop(const DesktopOptions& options)
@@ -29,7 +37,10 @@ Desktop::Desktop(const DesktopOptions& options)
       edit_host_(windows_, clock_, drawing_, clipboard_, options.code_page),
       windows_(options.screen, options.dpi_x, options.dpi_y, drawing_, clock_),
       screen_(options.screen, options.dpi_x, options.dpi_y),
-      input_(windows_, clock_, drawing_) {
+      input_(windows_, clock_, drawing_),
+      conversions_(
+          conversions::LocaleOrDefault(options.locale), [this] { return clock_.Now(); },
+          CharactersOf(options.code_page)) {
   windows_.RegisterClass("EDIT", [this] { return std::make_unique<EditBox>(edit_host_); });
 }
 

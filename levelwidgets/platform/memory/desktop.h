@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include <levelwidgets/platform/conversions/conversions.h>
 #include <levelwidgets/platform/driver.h>
 #include <levelwidgets/platform/memory/clipboard.h>
 #include <levelwidgets/platform/memory/desktop_edit_host.h>
@@ -45,6 +46,8 @@ class Desktop final : public Platform, public DesktopDriver {
   MemoryWindows& Windows() override { return windows_; }
   MemoryClock& Clock() override { return clock_; }
   ScreenApi& Screen() override { return screen_; }
+  // Of the locale of the options; en-US for one that is not built in.
+  ConversionApi& Conversions() override { return conversions_; }
 
   // --- The desktop's own ---------------------------------------------------------------------
 
@@ -91,6 +94,7 @@ class Desktop final : public Platform, public DesktopDriver {
   MemoryWindows windows_;
   MemoryScreen screen_;
   MemoryInput input_;
+  conversions::Conversions conversions_;
   Platform* outward_ = nullptr;
 };
 

@@ -91,6 +91,7 @@ class OutwardPlatform : public Platform {
   WindowApi& Windows() override { return windows_; }
   ClockApi& Clock() override { return desktop_.Clock(); }
   ScreenApi& Screen() override { return desktop_.Screen(); }
+  ConversionApi& Conversions() override { return desktop_.Conversions(); }
 
  private:
   Desktop& desktop_;
@@ -117,6 +118,21 @@ TEST_F(DesktopTest, AWrappingPlatformIsHandedToWindowProcedures) {
   EXPECT_EQ(&desktop.GetPlatform(), static_cast<Platform*>(&desktop));
   windows.SendMessageA(form, kWmCommand, 0, 0);
   EXPECT_EQ(handed_out, &windows);
+}
+
+TEST_F(DesktopTest, ConversionsFollowTheLocaleTheDateAndTheCodePage) {
+  DesktopOptions options;
+  options.locale = "de-DE";
+  Desktop german(options);
+  ConversionApi& conversions = german.Conversions();
+  EXPECT_EQ(conversions.LocaleName(), "de-DE");
+  EXPECT_EQ(conversions.Format(1234.5, "#,##0.00").value, "1.234,50");
+  german.SetNow({36526});  // 1 January 2000
+  EXPECT_EQ(conversions.Format(std::string_view("3.4."), "").value, "3.4.");
+  EXPECT_EQ(conversions.Year(conversions.ToDate(std::string_view("3 April")).value).value, 2000);
+  EXPECT_EQ(conversions.UpperCase("\u00E9\u0431"), "\u00C9\u0431")
+      << "no Cyrillic capitals in code page 1252";
+  EXPECT_EQ(desktop.Conversions().LocaleName(), "en-US");
 }
 
 }  // namespace

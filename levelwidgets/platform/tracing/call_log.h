@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include <levelwidgets/platform/conversion.h>
 #include <levelwidgets/platform/drawing.h>
 #include <levelwidgets/platform/tracing/traced_call.h>
 #include <levelwidgets/platform/types.h>
@@ -50,6 +51,13 @@ class CallLog {
   template <typename Tag>
   static void Append(Arguments& out, Handle<Tag> handle) {
     Append(out, handle.value);
+  }
+  static void Append(Arguments& out, double value) { out.emplace_back(value); }
+  static void Append(Arguments& out, Date date) { Append(out, date.days); }
+  static void Append(Arguments& out, EmptyValue) { Append(out, std::string_view("Empty")); }
+  static void Append(Arguments& out, NullValue) { Append(out, std::string_view("Null")); }
+  static void Append(Arguments& out, const ConversionValue& value) {
+    std::visit([&out](const auto& held) { Append(out, held); }, value);
   }
   static void Append(Arguments& out, std::string_view text) { out.emplace_back(std::string(text)); }
   static void Append(Arguments& out, Color color) { Append(out, color.bits()); }

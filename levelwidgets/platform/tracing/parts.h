@@ -13,5 +13,6 @@ std::unique_ptr<DrawingApi> Trace(DrawingApi& target, CallLog& log);
 std::unique_ptr<WindowApi> Trace(WindowApi& target, CallLog& log);
 std::unique_ptr<ClockApi> Trace(ClockApi& target, CallLog& log);
 std::unique_ptr<ScreenApi> Trace(ScreenApi& target, CallLog& log);
+std::unique_ptr<ConversionApi> Trace(ConversionApi& target, CallLog& log);
 
 }  // namespace levelwidgets::tracing

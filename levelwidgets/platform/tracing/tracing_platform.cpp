@@ -9,13 +9,15 @@ struct TracingPlatform::Parts {
       : drawing(tracing::Trace(target.Drawing(), log)),
         windows(tracing::Trace(target.Windows(), log)),
         clock(tracing::Trace(target.Clock(), log)),
-        screen(tracing::Trace(target.Screen(), log)) {}
+        screen(tracing::Trace(target.Screen(), log)),
+        conversions(tracing::Trace(target.Conversions(), log)) {}
 
   tracing::CallLog log;
   std::unique_ptr<DrawingApi> drawing;
   std::unique_ptr<WindowApi> windows;
   std::unique_ptr<ClockApi> clock;
   std::unique_ptr<ScreenApi> screen;
+  std::unique_ptr<ConversionApi> conversions;
 };
 
 TracingPlatform::TracingPlatform(Platform& target) : parts_(std::make_unique<Parts>(target)) {}
@@ -34,5 +36,6 @@ DrawingApi& TracingPlatform::Drawing() { return *parts_->drawing; }
 WindowApi& TracingPlatform::Windows() { return *parts_->windows; }
 ClockApi& TracingPlatform::Clock() { return *parts_->clock; }
 ScreenApi& TracingPlatform::Screen() { return *parts_->screen; }
+ConversionApi& TracingPlatform::Conversions() { return *parts_->conversions; }
 
 }  // namespace levelwidgets

@@ -34,6 +34,7 @@ class TracingPlatform : public Platform {
   WindowApi& Windows() override;
   ClockApi& Clock() override;
   ScreenApi& Screen() override;
+  ConversionApi& Conversions() override;
 
  private:
   struct Parts;

@@ -106,17 +106,37 @@ class FakeScreen : public ScreenApi {
   MOCK_METHOD(float, TwipsPerPixelY, (), (override));
 };
 
+class FakeConversions : public ConversionApi {
+ public:
+  MOCK_METHOD(std::string, LocaleName, (), (override));
+  MOCK_METHOD(Converted<double>, ToDouble, (const ConversionValue&), (override));
+  MOCK_METHOD(Converted<Date>, ToDate, (const ConversionValue&), (override));
+  MOCK_METHOD(Converted<std::string>, ToText, (const ConversionValue&), (override));
+  MOCK_METHOD(bool, IsNumeric, (const ConversionValue&), (override));
+  MOCK_METHOD(bool, IsDate, (const ConversionValue&), (override));
+  MOCK_METHOD(Converted<std::string>, Format, (const ConversionValue&, std::string_view, int, int),
+              (override));
+  MOCK_METHOD(Converted<Date>, DateAdd, (std::string_view, double, Date), (override));
+  MOCK_METHOD(Converted<DateParts>, SplitDate, (Date), (override));
+  MOCK_METHOD(Converted<int>, Weekday, (Date, int), (override));
+  MOCK_METHOD(Converted<std::string>, MonthName, (int, bool), (override));
+  MOCK_METHOD(Converted<std::string>, WeekdayName, (int, bool, int), (override));
+  MOCK_METHOD(std::string, UpperCase, (std::string_view), (override));
+};
+
 class FakePlatform : public Platform {
  public:
   DrawingApi& Drawing() override { return drawing; }
   WindowApi& Windows() override { return windows; }
   ClockApi& Clock() override { return clock; }
   ScreenApi& Screen() override { return screen; }
+  ConversionApi& Conversions() override { return conversions; }
 
   testing::NiceMock<FakeDrawing> drawing;
   testing::NiceMock<FakeWindows> windows;
   testing::NiceMock<FakeClock> clock;
   testing::NiceMock<FakeScreen> screen;
+  testing::NiceMock<FakeConversions> conversions;
 };
 
 class TracingPlatformTest : public testing::Test {
@@ -134,6 +154,19 @@ class TracingPlatformTest : public testing::Test {
   const DcHandle dc{3};
   const WindowHandle window{7};
 };
+
+TEST_F(TracingPlatformTest, ConversionsAreRecordedWithTheirValues) {
+  EXPECT_CALL(fake.conversions,
+              Format(ConversionValue(1.5), std::string_view("0.00"), kSunday, kWeekOfJanuary1))
+      .WillOnce(Return(Converted<std::string>("1.50")));
+  ConversionApi& conversions = tracer.Conversions();
+  EXPECT_EQ(conversions.Format(1.5, "0.00").value, "1.50");
+  conversions.IsDate(std::string_view("today"));
+  conversions.ToText(NullValue{});
+  conversions.DateAdd("m", 1, Date{2.5});
+  EXPECT_EQ(TakeLines(), (std::vector<std::string>{"Format(1.5, \"0.00\", 1, 1)", "IsDate(\"today\")",
+                                                   "ToText(\"Null\")", "DateAdd(\"m\", 1, 2.5)"}));
+}
 
 TEST_F(TracingPlatformTest, PassesArgumentsAndResultsThrough) {
   EXPECT_CALL(fake.drawing, Rectangle(dc, PixelRect{0, 1, 80, 25})).WillOnce(Return(true));

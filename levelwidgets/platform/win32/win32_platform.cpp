@@ -2,6 +2,7 @@
 
 #include <levelwidgets/platform/win32/exception_relay.h>
 #include <levelwidgets/platform/win32/win32_clock.h>
+#include <levelwidgets/platform/win32/win32_conversions.h>
 #include <levelwidgets/platform/win32/win32_drawing.h>
 #include <levelwidgets/platform/win32/win32_screen.h>
 #include <levelwidgets/platform/win32/win32_windows.h>
@@ -13,6 +14,7 @@ struct Win32Platform::Parts {
   Win32Drawing drawing;
   Win32Clock clock{relay};
   Win32Screen screen;
+  Win32Conversions conversions;
   Win32Windows windows{relay};
 };
 
@@ -27,6 +29,8 @@ WindowApi& Win32Platform::Windows() { return parts_->windows; }
 ClockApi& Win32Platform::Clock() { return parts_->clock; }
 
 ScreenApi& Win32Platform::Screen() { return parts_->screen; }
+
+ConversionApi& Win32Platform::Conversions() { return parts_->conversions; }
 
 std::size_t Win32Platform::LiveWindows() const { return parts_->windows.LiveWindows(); }
 

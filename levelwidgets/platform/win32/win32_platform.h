@@ -19,6 +19,7 @@ class Win32Platform final : public Platform {
   WindowApi& Windows() override;
   ClockApi& Clock() override;
   ScreenApi& Screen() override;
+  ConversionApi& Conversions() override;
 
   // Windows made through Windows() and not yet destroyed.
   std::size_t LiveWindows() const;
