@@ -1,4 +1,4 @@
-// The control classes that this library has.
+// The public classes that this library has.
 #pragma once
 
 #include <span>
@@ -10,8 +10,11 @@ namespace levelwidgets {
 
 // In alphabetical order of their folders.
 std::span<const ClassInfo* const> ControlClasses();
+// Those that are no controls; users may make objects of the ones that are Creatable().
+std::span<const ClassInfo* const> ObjectClasses();
 
 // By "FlatButton" or "LevelWidgets.FlatButton"; null when there is none of that name.
 const ClassInfo* FindControlClass(std::string_view name);
+const ClassInfo* FindObjectClass(std::string_view name);
 
 }  // namespace levelwidgets

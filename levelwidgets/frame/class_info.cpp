@@ -50,7 +50,8 @@ Variant ConvertedToObject(const TypeName& type, const Variant& value) {
   if (value.IsEmpty()) return ObjectRef();
   const Variant converted = ConvertTo(VariantType::kObject, value);
   const ObjectRef& object = std::get<ObjectRef>(converted.Get());
-  const bool fits = !object || type.name == NameOf(VariantType::kObject) || type.name == object->Class().Name();
+  const bool fits =
+      !object || type.name == NameOf(VariantType::kObject) || type.name == object->Class().Name();
   if (!fits) throw Error(kTypeMismatch);
   return converted;
 }

@@ -198,8 +198,8 @@ class ClassInfo {
 
 // An unknown name raises 438 with the class, the name and the nearest known one; assigning a read-only
 // property raises 383; a value that does not convert to the member's type raises 13 or 6, naming the member;
-// a wrong number of arguments raises 450. An object must be of the class that the member's type names, or empty
-// for none. What the member itself raises passes through.
+// a wrong number of arguments raises 450. An object must be of the class that the member's type names, or
+// empty for none. What the member itself raises passes through.
 Variant GetByName(const Object& object, std::string_view property);
 void SetByName(Object& object, std::string_view property, const Variant& value);
 // One value of an indexed property. Indices convert like values; a wrong number of them raises 450.
