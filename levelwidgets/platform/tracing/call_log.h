@@ -60,6 +60,7 @@ class CallLog {
     std::visit([&out](const auto& held) { Append(out, held); }, value);
   }
   static void Append(Arguments& out, std::string_view text) { out.emplace_back(std::string(text)); }
+  static void Append(Arguments& out, const std::string& text) { out.emplace_back(text); }
   static void Append(Arguments& out, Color color) { Append(out, color.bits()); }
   static void Append(Arguments& out, ColorRef color) { Append(out, color.value); }
   static void Append(Arguments& out, PixelPoint point) {
