@@ -11,7 +11,7 @@
 namespace levelwidgets {
 
 // How a conversion ended: 0, or the number of the error that it is.
-enum class ConversionStatus : std::int16_t { kOk = 0, kInvalidCall = 5, kOverflow = 6, kTypeMismatch = 13 };
+enum class ConversionStatus : std::int16_t { kOk = 0, kInvalid = 5, kOutOfRange = 6, kMismatch = 13 };
 
 struct EmptyValue {
   friend constexpr bool operator==(EmptyValue, EmptyValue) = default;

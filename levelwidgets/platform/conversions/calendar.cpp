@@ -110,25 +110,25 @@ int WeekOfYear(const DateParts& parts, int first_day, int first_week) {
 
 namespace {
 
-constexpr ConversionStatus kInvalidCall = ConversionStatus::kInvalidCall;
+constexpr ConversionStatus kInvalid = ConversionStatus::kInvalid;
 
 // Time in front of day 0 counts forward, so days and their part are moved each for itself.
 Converted<Date> AddDays(Date date, double days) {
   const double whole = std::trunc(date.days);
   const double time = std::fabs(date.days - whole);
   const double day = whole + days;
-  if (!(day >= kFirstDay && day <= kLastDay)) return kInvalidCall;
+  if (!(day >= kFirstDay && day <= kLastDay)) return kInvalid;
   return Date{day < 0 ? day - time : day + time};
 }
 
 Converted<Date> AddMonths(Date date, double months) {
   constexpr double kMostMonths = 12.0 * kLastYear;
-  if (!(std::fabs(months) <= kMostMonths)) return kInvalidCall;
+  if (!(std::fabs(months) <= kMostMonths)) return kInvalid;
   const int whole = static_cast<int>(std::trunc(date.days));
   const DateParts parts = PartsOf(Moment{whole, 0});
   const int month = parts.year * 12 + parts.month - 1 + static_cast<int>(months);
   const int year = month / 12;
-  if (month < 0 || year < kFirstYear || year > kLastYear) return kInvalidCall;
+  if (month < 0 || year < kFirstYear || year > kLastYear) return kInvalid;
   const int day = std::min(parts.day, DaysInMonth(year, month % 12 + 1));
   return AddDays(date, DayNumber(year, month % 12 + 1, day) - whole);
 }
@@ -136,18 +136,18 @@ Converted<Date> AddMonths(Date date, double months) {
 Converted<Date> AddSeconds(Date date, double seconds) {
   constexpr double kMostSeconds = 9e11;
   const std::optional<Moment> moment = MomentOf(date);
-  if (!moment || !(std::fabs(seconds) < kMostSeconds)) return kInvalidCall;
+  if (!moment || !(std::fabs(seconds) < kMostSeconds)) return kInvalid;
   const auto sum = moment->second + static_cast<long long>(seconds);
   const long long days = sum >= 0 ? sum / kSecondsPerDay : (sum - kSecondsPerDay + 1) / kSecondsPerDay;
   const long long day = moment->day + days;
-  if (day < kFirstDay || day > kLastDay) return kInvalidCall;
+  if (day < kFirstDay || day > kLastDay) return kInvalid;
   return DateOf(Moment{static_cast<int>(day), static_cast<int>(sum - days * kSecondsPerDay)});
 }
 
 }  // namespace
 
 Converted<Date> AddToDate(std::string_view interval, double number, Date date) {
-  if (!MomentOf(date)) return kInvalidCall;
+  if (!MomentOf(date)) return kInvalid;
   const double whole = std::nearbyint(number);
   const auto is = [interval](std::string_view name) { return EqualIgnoringCase(interval, name); };
   if (is("yyyy")) return AddMonths(date, whole * 12);
@@ -158,7 +158,7 @@ Converted<Date> AddToDate(std::string_view interval, double number, Date date) {
   if (is("h")) return AddSeconds(date, whole * 3600);
   if (is("n")) return AddSeconds(date, whole * 60);
   if (is("s")) return AddSeconds(date, whole);
-  return kInvalidCall;
+  return kInvalid;
 }
 
 }  // namespace levelwidgets::conversions

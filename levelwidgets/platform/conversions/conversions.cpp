@@ -14,9 +14,9 @@
 namespace levelwidgets::conversions {
 namespace {
 
-constexpr ConversionStatus kInvalidCall = ConversionStatus::kInvalidCall;
-constexpr ConversionStatus kOverflow = ConversionStatus::kOverflow;
-constexpr ConversionStatus kTypeMismatch = ConversionStatus::kTypeMismatch;
+constexpr ConversionStatus kInvalid = ConversionStatus::kInvalid;
+constexpr ConversionStatus kOutOfRange = ConversionStatus::kOutOfRange;
+constexpr ConversionStatus kMismatch = ConversionStatus::kMismatch;
 
 template <typename... Functions>
 struct Overload : Functions... {
@@ -40,7 +40,7 @@ Conversions::Conversions(Locale locale, std::function<Date()> now, std::function
 Converted<double> Conversions::ToDouble(const ConversionValue& value) {
   return std::visit(
       Overload{[](EmptyValue) -> Converted<double> { return 0.0; },
-               [](NullValue) -> Converted<double> { return kTypeMismatch; },
+               [](NullValue) -> Converted<double> { return kMismatch; },
                [](bool truth) -> Converted<double> { return static_cast<double>(NumberOf(truth)); },
                [](Date date) -> Converted<double> { return date.days; },
                [this](std::string_view text) { return ParseNumber(text, locale_); },
@@ -59,7 +59,7 @@ Converted<Date> Conversions::ToDate(const ConversionValue& value) {
   }
   const Converted<double> days = ToDouble(value);
   if (!days) return days.status;
-  return MomentOf({days.value}) ? Converted<Date>(Date{days.value}) : kOverflow;
+  return MomentOf({days.value}) ? Converted<Date>(Date{days.value}) : kOutOfRange;
 }
 
 bool Conversions::IsNumeric(const ConversionValue& value) {
@@ -76,7 +76,7 @@ bool Conversions::IsDate(const ConversionValue& value) {
 // --- Texts -----------------------------------------------------------------------------------
 
 Converted<std::string> Conversions::ToText(const ConversionValue& value) {
-  if (std::holds_alternative<NullValue>(value)) return kTypeMismatch;
+  if (std::holds_alternative<NullValue>(value)) return kMismatch;
   return GeneralText(value);
 }
 
@@ -99,11 +99,11 @@ std::string Conversions::GeneralText(const ConversionValue& value) {
 
 Converted<Decimal> Conversions::ToDecimal(const ConversionValue& value) {
   if (const auto* single = std::get_if<float>(&value)) {
-    return std::isfinite(*single) ? Converted<Decimal>(DecimalOf(*single)) : kTypeMismatch;
+    return std::isfinite(*single) ? Converted<Decimal>(DecimalOf(*single)) : kMismatch;
   }
   const Converted<double> number = ToDouble(value);
   if (!number) return number.status;
-  return std::isfinite(number.value) ? Converted<Decimal>(DecimalOf(number.value)) : kTypeMismatch;
+  return std::isfinite(number.value) ? Converted<Decimal>(DecimalOf(number.value)) : kMismatch;
 }
 
 const ParsedFormat& Conversions::Parsed(std::string_view format) {
@@ -146,11 +146,11 @@ bool Conversions::FormatAs(const ParsedFormat& format, const ConversionValue& va
 Converted<std::string> Conversions::Format(const ConversionValue& value, std::string_view format,
                                            int first_day, int first_week) {
   if (!IsWithin(first_day, kSystemDay, kSaturday) || !IsWithin(first_week, kSystemWeek, kFirstFullWeek)) {
-    return kInvalidCall;
+    return kInvalid;
   }
   if (format.empty()) return GeneralText(value);
   const ParsedFormat& parsed = Parsed(format);
-  if (!parsed.valid) return kInvalidCall;
+  if (!parsed.valid) return kInvalid;
   TextBuilder out;
   if (std::holds_alternative<NullValue>(value)) {
     if (parsed.kind == FormatKind::kNumber) FormatNull(parsed, locale_, out);
@@ -171,22 +171,22 @@ Converted<Date> Conversions::DateAdd(std::string_view interval, double number, D
 
 Converted<DateParts> Conversions::SplitDate(Date date) {
   const std::optional<DateParts> parts = PartsOf(date);
-  return parts ? Converted<DateParts>(*parts) : kInvalidCall;
+  return parts ? Converted<DateParts>(*parts) : kInvalid;
 }
 
 Converted<int> Conversions::Weekday(Date date, int first_day) {
   const std::optional<Moment> moment = MomentOf(date);
-  if (!moment || !IsWithin(first_day, kSystemDay, kSaturday)) return kInvalidCall;
+  if (!moment || !IsWithin(first_day, kSystemDay, kSaturday)) return kInvalid;
   return WeekdayOf(moment->day, first_day == kSystemDay ? locale_.first_day : first_day);
 }
 
 Converted<std::string> Conversions::MonthName(int month, bool abbreviated) {
-  if (!IsWithin(month, 1, 12)) return kInvalidCall;
+  if (!IsWithin(month, 1, 12)) return kInvalid;
   return std::string(MonthNameOf(locale_, month, abbreviated));
 }
 
 Converted<std::string> Conversions::WeekdayName(int weekday, bool abbreviated, int first_day) {
-  if (!IsWithin(weekday, 1, 7) || !IsWithin(first_day, kSystemDay, kSaturday)) return kInvalidCall;
+  if (!IsWithin(weekday, 1, 7) || !IsWithin(first_day, kSystemDay, kSaturday)) return kInvalid;
   const int first = first_day == kSystemDay ? locale_.first_day : first_day;
   return std::string(DayNameOf(locale_, (first - 1 + weekday - 1) % 7 + 1, abbreviated));
 }

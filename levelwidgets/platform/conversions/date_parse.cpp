@@ -49,7 +49,7 @@ class DateReader {
   }
 
  private:
-  static constexpr ConversionStatus kMismatch = ConversionStatus::kTypeMismatch;
+  static constexpr ConversionStatus kMismatch = ConversionStatus::kMismatch;
 
   bool Take(std::string_view token) {
     if (token.empty() || !rest_.starts_with(token)) return false;

@@ -59,7 +59,7 @@ class NumberReader {
   }
 
  private:
-  static constexpr ConversionStatus kMismatch = ConversionStatus::kTypeMismatch;
+  static constexpr ConversionStatus kMismatch = ConversionStatus::kMismatch;
 
   bool Take(std::string_view token) {
     if (token.empty() || !rest_.starts_with(token)) return false;
@@ -143,7 +143,7 @@ class NumberReader {
     double number = 0;
     const auto status = std::from_chars(digits.data(), digits.data() + digits.size(), number).ec;
     // Both too large and too small are out of range.
-    if (status == std::errc::result_out_of_range && !IsTiny(digits)) return ConversionStatus::kOverflow;
+    if (status == std::errc::result_out_of_range && !IsTiny(digits)) return ConversionStatus::kOutOfRange;
     if (status == std::errc::invalid_argument) return kMismatch;
     if (status == std::errc::result_out_of_range || number == 0) return 0.0;
     return negative_ ? -number : number;
@@ -180,7 +180,7 @@ class NumberReader {
     for (; !rest_.empty(); rest_.remove_prefix(1)) {
       const int digit = DigitValue(rest_.front());
       if (digit < 0 || digit >= 1 << shift) break;
-      if (bits >> (64 - shift) != 0) return ConversionStatus::kOverflow;
+      if (bits >> (64 - shift) != 0) return ConversionStatus::kOutOfRange;
       bits = bits << shift | static_cast<std::uint64_t>(digit);
       any = true;
     }

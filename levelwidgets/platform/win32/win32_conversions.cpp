@@ -12,9 +12,9 @@
 namespace levelwidgets::win32 {
 namespace {
 
-constexpr ConversionStatus kInvalidCall = ConversionStatus::kInvalidCall;
-constexpr ConversionStatus kOverflow = ConversionStatus::kOverflow;
-constexpr ConversionStatus kTypeMismatch = ConversionStatus::kTypeMismatch;
+constexpr ConversionStatus kInvalid = ConversionStatus::kInvalid;
+constexpr ConversionStatus kOutOfRange = ConversionStatus::kOutOfRange;
+constexpr ConversionStatus kMismatch = ConversionStatus::kMismatch;
 
 template <typename... Functions>
 struct Overload : Functions... {
@@ -25,8 +25,8 @@ Overload(Functions...) -> Overload<Functions...>;
 
 ConversionStatus StatusOf(HRESULT result) {
   if (SUCCEEDED(result)) return ConversionStatus::kOk;
-  if (result == DISP_E_OVERFLOW) return kOverflow;
-  return result == DISP_E_TYPEMISMATCH ? kTypeMismatch : kInvalidCall;
+  if (result == DISP_E_OVERFLOW) return kOutOfRange;
+  return result == DISP_E_TYPEMISMATCH ? kMismatch : kInvalid;
 }
 
 // A text that the automation layer hands out.
@@ -126,7 +126,7 @@ Converted<Date> Win32Conversions::ToDate(const ConversionValue& value) {
   }
   const Converted<double> days = ToDouble(value);
   if (!days) return days.status;
-  return SplitDate({days.value}) ? Converted<Date>(Date{days.value}) : kOverflow;
+  return SplitDate({days.value}) ? Converted<Date>(Date{days.value}) : kOutOfRange;
 }
 
 Converted<std::string> Win32Conversions::ToText(const ConversionValue& value) {
@@ -154,7 +154,7 @@ Converted<std::string> Win32Conversions::Format(const ConversionValue& value, st
   const HRESULT tokenized =
       ::VarTokenizeFormatString(wide.data(), tokens.data(), static_cast<int>(tokens.size()), first_day,
                                 first_week, locale_id_, nullptr);
-  if (FAILED(tokenized)) return kInvalidCall;
+  if (FAILED(tokenized)) return kInvalid;
   OwnedVariant variant(value);
   OwnedText text;
   return text.As(
@@ -168,14 +168,14 @@ Converted<Date> Win32Conversions::DateAdd(std::string_view interval, double numb
 
 Converted<DateParts> Win32Conversions::SplitDate(Date date) {
   UDATE parts = {};
-  if (FAILED(::VarUdateFromDate(date.days, 0, &parts))) return kInvalidCall;
+  if (FAILED(::VarUdateFromDate(date.days, 0, &parts))) return kInvalid;
   const SYSTEMTIME& time = parts.st;
   return DateParts{time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
 }
 
 Converted<int> Win32Conversions::Weekday(Date date, int first_day) {
   const Converted<DateParts> parts = SplitDate(date);
-  if (!parts || first_day < kSystemDay || first_day > kSaturday) return kInvalidCall;
+  if (!parts || first_day < kSystemDay || first_day > kSaturday) return kInvalid;
   const int number = conversions::DayNumber(parts.value.year, parts.value.month, parts.value.day);
   return conversions::WeekdayOf(number, first_day == kSystemDay ? FirstDayOf(locale_id_) : first_day);
 }

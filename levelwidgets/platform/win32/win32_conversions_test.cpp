@@ -107,14 +107,14 @@ TEST(Win32ConversionsTest, TheLibrarysOwnConversionsAgreeWithTheSystems) {
 
 TEST(Win32ConversionsTest, ErrorsAreNumbered) {
   Win32Conversions conversions;
-  EXPECT_EQ(conversions.ToDouble(std::string_view("abc")).status, ConversionStatus::kTypeMismatch);
-  EXPECT_EQ(conversions.ToDouble(std::string_view("1e400")).status, ConversionStatus::kOverflow);
-  EXPECT_EQ(conversions.ToDate(3e6).status, ConversionStatus::kOverflow);
-  EXPECT_EQ(conversions.ToText(NullValue{}).status, ConversionStatus::kTypeMismatch);
-  EXPECT_EQ(conversions.Format(1.0, "0", 8).status, ConversionStatus::kInvalidCall);
-  EXPECT_EQ(conversions.MonthName(13).status, ConversionStatus::kInvalidCall);
-  EXPECT_EQ(conversions.Weekday({0}, 8).status, ConversionStatus::kInvalidCall);
-  EXPECT_EQ(conversions.SplitDate({3e6}).status, ConversionStatus::kInvalidCall);
+  EXPECT_EQ(conversions.ToDouble(std::string_view("abc")).status, ConversionStatus::kMismatch);
+  EXPECT_EQ(conversions.ToDouble(std::string_view("1e400")).status, ConversionStatus::kOutOfRange);
+  EXPECT_EQ(conversions.ToDate(3e6).status, ConversionStatus::kOutOfRange);
+  EXPECT_EQ(conversions.ToText(NullValue{}).status, ConversionStatus::kMismatch);
+  EXPECT_EQ(conversions.Format(1.0, "0", 8).status, ConversionStatus::kInvalid);
+  EXPECT_EQ(conversions.MonthName(13).status, ConversionStatus::kInvalid);
+  EXPECT_EQ(conversions.Weekday({0}, 8).status, ConversionStatus::kInvalid);
+  EXPECT_EQ(conversions.SplitDate({3e6}).status, ConversionStatus::kInvalid);
 }
 
 TEST(Win32ConversionsTest, TheCalendarIsTheSame) {
