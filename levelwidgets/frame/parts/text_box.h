@@ -6,6 +6,7 @@
 
 #include <levelwidgets/frame/alignment.h>
 #include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/parts/edit_events.h>
 
 namespace levelwidgets {
 
@@ -15,7 +16,7 @@ namespace levelwidgets {
 //
 // Events of keys come before the edit box acts on them, so a changed KeyAscii is what it types and 0 nothing;
 // those of the pointer come after it has acted. A listener may destroy the owner.
-class TextBox : public WindowPart {
+class TextBox : public WindowPart, public EditEvents {
  public:
   TextBox(Control& owner, bool multi_line);
   TextBox(const TextBox&) = delete;
@@ -60,18 +61,6 @@ class TextBox : public WindowPart {
   void Refresh();
   void SetFocus();
   LResult Send(std::uint32_t message, WParam wparam = 0, LParam lparam = 0) const;
-
-  // --- Events -----------------------------------------------------------------------------------
-
-  Event<> Change;
-  Event<> Click;
-  Event<> DblClick;
-  Event<std::int16_t, std::int16_t> KeyDown;
-  Event<std::int16_t&> KeyPress;
-  Event<std::int16_t, std::int16_t> KeyUp;
-  Event<std::int16_t, std::int16_t, Twips, Twips> MouseDown;
-  Event<std::int16_t, std::int16_t, Twips, Twips> MouseMove;
-  Event<std::int16_t, std::int16_t, Twips, Twips> MouseUp;
 
  private:
   static LResult Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,

@@ -4,6 +4,15 @@
 
 namespace levelwidgets {
 
+namespace {
+
+// What listeners make of the arguments has no effect: the edit box has acted.
+void RaisePointer(const Event<std::int16_t&, std::int16_t&, Twips&, Twips&>& event, PointerInput input) {
+  event.Raise(input.button, input.shift, input.at.x, input.at.y);
+}
+
+}  // namespace
+
 LResult TextBox::Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
                            LParam lparam) {
   auto* const box = reinterpret_cast<TextBox*>(windows.GetWindowLongA(window, kGwlUserData));
@@ -44,14 +53,14 @@ LResult TextBox::PointerMessage(PointerAction action, std::uint32_t message, WPa
   const bool clicked = action == PointerAction::kRelease && click_.Release(message, lparam, client);
   const LResult result = Pass(message, wparam, lparam);
   switch (action) {
-    case PointerAction::kMove: Control::Raise(MouseMove, input); break;
+    case PointerAction::kMove: RaisePointer(MouseMove, input); break;
     case PointerAction::kDoubleClick: DblClick.Raise(); break;
     case PointerAction::kPress:
       click_.Press(message);
-      Control::Raise(MouseDown, input);
+      RaisePointer(MouseDown, input);
       break;
     default:
-      Control::Raise(MouseUp, input);
+      RaisePointer(MouseUp, input);
       if (clicked && window_) Click.Raise();
   }
   return result;
@@ -59,18 +68,18 @@ LResult TextBox::PointerMessage(PointerAction action, std::uint32_t message, WPa
 
 LResult TextBox::KeyPressed(const KeyMessage& key, std::uint32_t message, WParam wparam, LParam lparam) {
   if (owner_.Site().TakeKey(key)) return 0;
+  std::int16_t code = key.code;
+  std::int16_t shift = key.shift;
   switch (key.kind) {
-    case KeyMessage::Kind::kDown: KeyDown.Raise(key.code, key.shift); break;
-    case KeyMessage::Kind::kUp: KeyUp.Raise(key.code, key.shift); break;
-    case KeyMessage::Kind::kCharacter: {
-      if (message != kWmChar) break;
-      std::int16_t key_ascii = key.code;
-      KeyPress.Raise(key_ascii);
-      if (key_ascii == 0) return 0;
-      return Pass(message, static_cast<WParam>(static_cast<std::uint16_t>(key_ascii)), lparam);
-    }
+    case KeyMessage::Kind::kDown: KeyDown.Raise(code, shift); break;
+    case KeyMessage::Kind::kUp: KeyUp.Raise(code, shift); break;
+    case KeyMessage::Kind::kCharacter:
+      if (message == kWmChar) KeyPress.Raise(code);
+      break;
   }
-  return Pass(message, wparam, lparam);
+  if (code == 0 && key.code != 0) return 0;
+  return Pass(message, code == key.code ? wparam : static_cast<WParam>(static_cast<std::uint16_t>(code)),
+              lparam);
 }
 
 bool TextBox::OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) {

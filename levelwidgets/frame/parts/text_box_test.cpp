@@ -51,9 +51,10 @@ class TextBoxPartTest : public DesktopTest {
     box.Change += [this] { log_.push_back("Change " + field_->txtMain.Text()); };
     box.Click += [this] { log_.push_back("Click"); };
     box.DblClick += [this] { log_.push_back("DblClick"); };
-    box.MouseDown += [this](auto button, auto...) { log_.push_back("MouseDown " + std::to_string(button)); };
-    box.MouseUp += [this](auto button, auto...) { log_.push_back("MouseUp " + std::to_string(button)); };
-    box.KeyDown += [this](std::int16_t code, std::int16_t) {
+    box.MouseDown +=
+        [this](auto& button, auto&...) { log_.push_back("MouseDown " + std::to_string(button)); };
+    box.MouseUp += [this](auto& button, auto&...) { log_.push_back("MouseUp " + std::to_string(button)); };
+    box.KeyDown += [this](std::int16_t& code, std::int16_t&) {
       if (code < kKeyShift || code > kKeyAlt) log_.push_back("KeyDown " + std::to_string(code));
     };
     box.KeyPress += [this](std::int16_t& code) { log_.push_back("KeyPress " + std::to_string(code)); };
@@ -87,6 +88,20 @@ TEST_F(TextBoxPartTest, AChangedCharacterIsTypedAndZeroIsNone) {
   };
   Driver().Type("abc");
   EXPECT_EQ(TheField().txtMain.Text(), "Zc");
+}
+
+TEST_F(TextBoxPartTest, AChangedKeyCodeIsWhatTheEditBoxActsOnAndZeroIsNone) {
+  TextBox& box = TheField().txtMain;
+  box.SetText("abc");
+  box.Select(3, 0);
+  box.KeyDown += [](std::int16_t& code, std::int16_t&) {
+    if (code == kKeyUp) code = kKeyHome;
+    if (code == kKeyEnd) code = 0;
+  };
+  Driver().Key(kKeyUp);
+  EXPECT_EQ(box.SelStart(), 0);
+  Driver().Key(kKeyEnd);
+  EXPECT_EQ(box.SelStart(), 0);
 }
 
 TEST_F(TextBoxPartTest, TabBelongsToTheForm) {
@@ -161,11 +176,11 @@ TEST_F(TextBoxPartTest, AListenerOfAnyEventMayRemoveTheControl) {
     TextBox& box = doomed.txtMain;
     const std::string event = cause;
     if (event == "Change") box.Change += remove;
-    if (event == "KeyDown") box.KeyDown += [=](auto...) { remove(); };
+    if (event == "KeyDown") box.KeyDown += [=](auto&...) { remove(); };
     if (event == "KeyPress") box.KeyPress += [=](std::int16_t&) { remove(); };
     if (event == "KeyUp") box.KeyUp += [=](auto...) { remove(); };
-    if (event == "MouseDown") box.MouseDown += [=](auto...) { remove(); };
-    if (event == "MouseUp") box.MouseUp += [=](auto...) { remove(); };
+    if (event == "MouseDown") box.MouseDown += [=](auto&...) { remove(); };
+    if (event == "MouseUp") box.MouseUp += [=](auto&...) { remove(); };
     if (event == "Click") box.Click += remove;
     Driver().Advance(1000);
     Driver().Click(ScreenPoint(doomed, PixelPoint{20, 10}));
