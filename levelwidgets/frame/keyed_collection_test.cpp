@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <levelwidgets/testing/error_of.h>
+
 namespace levelwidgets {
 namespace {
 
@@ -13,15 +15,6 @@ using ::testing::IsEmpty;
 using Names = KeyedCollection<std::string>;
 
 std::vector<std::string> ItemsOf(const Names& names) { return {names.begin(), names.end()}; }
-
-std::int32_t ErrorOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 // a under "First", b without a key, c under "Last".
 Names Three() {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <levelwidgets/testing/error_of.h>
+
 namespace levelwidgets {
 namespace {
 
@@ -16,15 +18,6 @@ std::vector<std::string> TextsOf(const ksxValueList& list) {
 
 void Fill(ksxValueList& list, std::initializer_list<const char*> texts) {
   for (const char* text : texts) list.Add(text);
-}
-
-std::int32_t ErrorOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
 }
 
 TEST(ksxValueList, StartsEmptyAndEnumeratesNothing) {
