@@ -128,8 +128,9 @@ Journal DesktopTest::TakeJournal() {
         entry += TextOf(argument);
       }
       journal.push_back(entry + ")");
-    } else if (call.name == "FillRect" && HandleOf(call) == watched_dc_) {
-      journal.push_back("paint");  // every paint begins by clearing the surface
+    } else if ((call.name == "FillRect" || call.name == "BitBlt") && HandleOf(call) == watched_dc_) {
+      // Every paint begins by clearing the surface, or ends by copying to it what was drawn off the screen.
+      journal.push_back("paint");
     } else if (call.name == "SetCapture" && HandleOf(call) == watched_window_) {
       journal.push_back("capture");
     } else if (call.name == "ReleaseCapture") {
