@@ -127,7 +127,7 @@ class FormatReader {
   bool ReadNumberToken() {
     const char c = rest_.front();
     if (ReadExponent()) return true;
-    if (std::string_view("0#.,%").find(c) == std::string_view::npos || Number().scientific ||
+    if (std::string_view("0#.,%").find(c) == std::string_view::npos || (Number().scientific && c != '%') ||
         !Decide(FormatKind::kNumber)) {
       return false;
     }
