@@ -57,18 +57,25 @@ void WriteIndexed(const Control& control, const PropertyInfo& property, Property
 Control::Control(std::shared_ptr<ControlSite> site, SurfaceLook look)
     : site_(std::move(site)), surface_(site_->GetPlatform(), site_->ParentWindow(), *this, std::move(look)) {}
 
-void Control::Start(const PropertyBag* saved) {
-  const auto keep = shared_from_this();
+std::shared_ptr<void> Control::Reference() const {
+  if (auto container = site_->ContainerReference()) return container;
+  return std::const_pointer_cast<Control>(weak_from_this().lock());
+}
+
+void Control::Start(const PropertyBag* saved, TwipPoint position, TwipSize size) {
+  const auto keep = Reference();
+  surface_.Move(position, size);
   OnInitialize();
   if (saved) {
     OnReadProperties(*saved);
   } else {
     OnInitProperties();
   }
+  OnResize();
 }
 
 void Control::Move(TwipPoint position, TwipSize size) {
-  const auto keep = shared_from_this();
+  const auto keep = Reference();
   if (surface_.Move(position, size)) OnResize();
 }
 

@@ -66,9 +66,12 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   const Surface& GetSurface() const { return surface_; }
   ControlSite& Site() const { return *site_; }
 
-  // Brings a created instance to life: Initialize, then InitProperties for a new one (no bag) or
-  // ReadProperties for a loaded one.
-  void Start(const PropertyBag* saved);
+  // Brings a created instance to life: places its surface, then Initialize, InitProperties for a new one (no
+  // bag) or ReadProperties for a loaded one, and Resize.
+  void Start(const PropertyBag* saved, TwipPoint position, TwipSize size);
+  // What keeps the control alive while its code runs: itself, or the control that it is a part of. Null
+  // before it is alive and when it is being destroyed.
+  std::shared_ptr<void> Reference() const;
   // Places the control; Resize follows when the size changed.
   void Move(TwipPoint position, TwipSize size);
 

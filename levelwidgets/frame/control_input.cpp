@@ -7,7 +7,7 @@ namespace levelwidgets {
 
 LResult Control::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
   // A listener may drop the container's reference; this one lasts until the message has been handled.
-  const auto keep = weak_from_this().lock();
+  const auto keep = Reference();
   WindowApi& windows = surface_.Windows();
   LResult result = 0;
   switch (message) {
@@ -75,7 +75,7 @@ void Control::Press(std::uint32_t message, PointerAction action, const PointerIn
 void Control::TakeFocusAfterPress(WindowHandle focus_before) {
   WindowApi& windows = surface_.Windows();
   const WindowHandle window = surface_.hWnd();
-  if (!window || windows.GetFocus() != focus_before || focused_) return;
+  if (!window || windows.GetFocus() != focus_before || focused_ || !site_->FocusByPress()) return;
   if (windows.IsWindowVisible(window) && windows.IsWindowEnabled(window)) windows.SetFocus(window);
 }
 
@@ -97,7 +97,7 @@ bool Control::Focus(std::uint32_t message) {
 }
 
 void Control::FocusChanged(bool has_focus) {
-  const auto keep = shared_from_this();
+  const auto keep = Reference();
   focused_ = has_focus;
   if (has_focus) {
     OnEnterFocus();

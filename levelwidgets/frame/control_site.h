@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,11 @@ class ControlSite {
   virtual Platform& GetPlatform() = 0;
   // The window in which the control's window is created.
   virtual WindowHandle ParentWindow() = 0;
+
+  // What keeps the container alive while code of the control runs; null when it sees to that itself.
+  virtual std::shared_ptr<void> ContainerReference() { return nullptr; }
+  // Whether a press gives the control the focus.
+  virtual bool FocusByPress() { return true; }
 
   // --- Ambient properties -----------------------------------------------------------------------
 

@@ -149,7 +149,8 @@ void Form::Loaded() {
   Load.Raise();
 }
 
-HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved) {
+HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved,
+                         const Placement& place) {
   if (name.empty()) throw Error(kInvalidCall, "LevelWidgets.Form", "A control needs a name");
   if (!IsControlName(name)) {
     throw Error(
@@ -163,7 +164,7 @@ HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const
   added->tab_index_ = static_cast<std::int32_t>(controls_.size());
   controls_.push_back(added);
   try {
-    added->Create(saved);
+    added->Create(saved, place);
   } catch (...) {
     std::erase(controls_, added);
     added->Detach();

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,12 @@ struct FormOptions {
   FontDescription font;
   Color back_color{0x8000000Fu};
   bool design = false;  // design mode: the controls get no input
+};
+
+// Where a control is put when it is added.
+struct Placement {
+  TwipPoint position;
+  std::optional<TwipSize> size;  // the class's own when not given
 };
 
 // Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
@@ -65,8 +72,9 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
 
   // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. Raises 457 when the
   // name is taken, 5 for what is no IsControlName; what the control refuses of `saved` is raised as
-  // PropertyRefused, and nothing is added. It is placed at (0, 0) with its class's default size until moved.
-  HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr);
+  // PropertyRefused, and nothing is added. It has its size from the start, when it reads its properties.
+  HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr,
+                     const Placement& place = {});
   // Null when there is none of that name.
   std::shared_ptr<HostedControl> Find(std::string_view name) const;
   // False when there is none. The control is destroyed when its own code has returned.

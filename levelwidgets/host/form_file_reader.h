@@ -44,11 +44,13 @@ class FormReader {
   PropertyBag ReadProperties(const FormNode* node, const ClassInfo& control_class);
   // Null when the control refused something, which has been reported.
   HostedControl* Add(const ClassInfo& control_class, const std::string& name, const FormNode& table,
-                     PropertyBag bag);
+                     PropertyBag bag, const Placement& place);
   // Takes the refused value out of `bag`; false when it was not in it.
   bool ReportRefused(const PropertyRefused& refused, const ClassInfo& control_class, const FormNode& table,
                      PropertyBag& bag);
-  void Place(HostedControl& control, const Values& placement);
+  static Placement PlaceOf(const ClassInfo& control_class, const Values& placement);
+  // What of the placement is no place.
+  static void Assign(HostedControl& control, const Values& placement);
   void WarnOfUnknownProperties(const FormNode& node, const HostedControl& control);
 
   Platform& platform_;

@@ -5,6 +5,19 @@
 
 namespace levelwidgets {
 
+namespace {
+
+// The length of `place` that the placement key `name` gives; null for a key that gives none.
+Twips* LengthOf(Placement& place, std::string_view name) {
+  if (name == "Left") return &place.position.x;
+  if (name == "Top") return &place.position.y;
+  if (name == "Width") return &place.size->width;
+  if (name == "Height") return &place.size->height;
+  return nullptr;
+}
+
+}  // namespace
+
 // --- Controls ----------------------------------------------------------------------------------------
 
 void FormReader::ReadControl(const FormNode& table) {
@@ -21,11 +34,11 @@ void FormReader::ReadControl(const FormNode& table) {
   if (!control_class) return;
   PropertyBag bag = ReadProperties(properties, *control_class);
   // One without a usable name is made all the same, to hear what it refuses.
-  const std::string made_as =
-      name.empty() ? "[[control]] at " + std::to_string(table.span.begin) : std::string(name);
-  HostedControl* control = Add(*control_class, made_as, table, std::move(bag));
+  const std::string made_as = name.empty() ? "_at_" + std::to_string(table.span.begin) : std::string(name);
+  HostedControl* control =
+      Add(*control_class, made_as, table, std::move(bag), PlaceOf(*control_class, placement));
   if (!control) return;
-  Place(*control, placement);
+  Assign(*control, placement);
   if (properties) WarnOfUnknownProperties(*properties, *control);
 }
 
@@ -81,11 +94,11 @@ PropertyBag FormReader::ReadProperties(const FormNode* node, const ClassInfo& co
 }
 
 HostedControl* FormReader::Add(const ClassInfo& control_class, const std::string& name, const FormNode& table,
-                               PropertyBag bag) {
+                               PropertyBag bag, const Placement& place) {
   // A control stops at the first value that it refuses: without that one it is asked again for the rest.
   for (bool refused_before = false;; refused_before = true) {
     try {
-      HostedControl& control = form_->Add(control_class, name, &bag);
+      HostedControl& control = form_->Add(control_class, name, &bag, place);
       return refused_before ? nullptr : &control;
     } catch (const PropertyRefused& refused) {
       if (!ReportRefused(refused, control_class, table, bag)) return nullptr;
@@ -117,33 +130,38 @@ bool FormReader::ReportRefused(const PropertyRefused& refused, const ClassInfo& 
   return true;
 }
 
-void FormReader::Place(HostedControl& control, const Values& placement) {
-  TwipPoint position{control.Left(), control.Top()};
-  TwipSize size{control.Width(), control.Height()};
-  bool moved = false;
-  const std::pair<std::string_view, Twips*> lengths[] = {
-      {"Left", &position.x}, {"Top", &position.y}, {"Width", &size.width}, {"Height", &size.height}};
+Placement FormReader::PlaceOf(const ClassInfo& control_class, const Values& placement) {
+  Placement place{{}, control_class.DefaultSize()};
   for (std::size_t i = 0; i < placement.size(); ++i) {
+    Twips* const length = LengthOf(place, PlacementKeys()[i]->name);
     const auto& value = placement[i].second;
-    if (!value) continue;
-    const PropertyInfo& key = *PlacementKeys()[i];
-    const auto length = std::ranges::find(lengths, key.name, &std::pair<std::string_view, Twips*>::first);
-    if (length == std::end(lengths)) {
-      key.set(control, *value);
-    } else {
-      *length->second = Twips(ToSingle(*value));
-      moved = true;
-    }
+    if (length && value) *length = Twips(ToSingle(*value));
   }
-  // One move, so that the control lays itself out once.
-  if (moved) control.Move(position, size);
+  return place;
+}
+
+void FormReader::Assign(HostedControl& control, const Values& placement) {
+  Placement place{{}, TwipSize{}};
+  for (std::size_t i = 0; i < placement.size(); ++i) {
+    const PropertyInfo& key = *PlacementKeys()[i];
+    const auto& value = placement[i].second;
+    if (value && !LengthOf(place, key.name)) key.set(control, *value);
+  }
 }
 
 void FormReader::WarnOfUnknownProperties(const FormNode& node, const HostedControl& control) {
   const ClassInfo& control_class = control.ControlClass();
   std::optional<PropertyBag> saved;
   for (const FormNode& child : node.children) {
-    if (FindStored(control_class, child.key)) continue;
+    if (const PersistedKey stored = control_class.FindPersisted(child.key); stored.property) {
+      const std::int32_t count = stored.index == 0 ? 0 : stored.property->count(*control.GetControl());
+      if (stored.index > count) {
+        report_.Warning(child.key_span.begin, child.key + " is not loaded: there are " +
+                                                  std::to_string(count) + " values of " +
+                                                  stored.property->name);
+      }
+      continue;
+    }
     if (!saved) saved = control.Properties();
     if (saved->Find(child.key)) continue;  // one of those that a control numbers itself
     std::vector<std::string_view> names;

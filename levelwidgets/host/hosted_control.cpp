@@ -40,13 +40,21 @@ const ClassInfo& HostedControl::Table() {
 HostedControl::HostedControl(Form& form, const ClassInfo& control_class, std::string name)
     : platform_(form.GetPlatform()), form_(&form), control_class_(control_class), name_(std::move(name)) {}
 
-void HostedControl::Create(const PropertyBag* saved) {
+void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
+  const TwipSize size = place.size.value_or(control_class_.DefaultSize());
+  CheckSize(size);
   control_ = control_class_.Create(shared_from_this());
-  control_->Start(saved);
-  control_->Move(position_, control_class_.DefaultSize());
-  size_ = control_class_.DefaultSize();
+  position_ = place.position;
+  size_ = size;
+  control_->Start(saved, position_, size_);
   ZOrder(0);  // what is added later covers what was there
   control_->GetSurface().SetVisible(visible_);
+}
+
+void HostedControl::CheckSize(TwipSize size) const {
+  if (size.width >= Twips() && size.height >= Twips()) return;
+  throw Error(kInvalidCall, "LevelWidgets.Form",
+              "The size of " + name_ + " cannot be negative: Width and Height are lengths in twips");
 }
 
 void HostedControl::Detach() {
@@ -74,10 +82,7 @@ void HostedControl::SetCancel(bool is_cancel) {
 }
 
 void HostedControl::Move(TwipPoint position, TwipSize size) {
-  if (size.width < Twips() || size.height < Twips()) {
-    throw Error(kInvalidCall, "LevelWidgets.Form",
-                "The size of " + name_ + " cannot be negative: Width and Height are lengths in twips");
-  }
+  CheckSize(size);
   position_ = position;
   size_ = size;
   if (const auto control = control_) control->Move(position, size);

@@ -9,6 +9,7 @@
 namespace levelwidgets {
 
 class Form;
+struct Placement;
 
 // The container's properties of one control, by name in Table() (Left, Top, Width, Height, Visible, TabIndex,
 // TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the control talks to its
@@ -87,7 +88,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
  private:
   friend class Form;
   // Creates the control and starts it: loaded from `saved`, or new when there is none.
-  void Create(const PropertyBag* saved);
+  void Create(const PropertyBag* saved, const Placement& place);
+  void CheckSize(TwipSize size) const;
   void Detach();
 
   Platform& platform_;

@@ -71,8 +71,7 @@ Form& DesktopTest::TheForm() {
 
 Control& DesktopTest::Place(const ClassInfo& control_class, const std::string& name, const PropertyBag* saved,
                             TwipPoint at, TwipSize size) {
-  HostedControl& hosted = TheForm().Add(control_class, name, saved);
-  hosted.Move(at, size);
+  HostedControl& hosted = TheForm().Add(control_class, name, saved, {at, size});
   driver_->Settle();
   return *hosted.GetControl();
 }

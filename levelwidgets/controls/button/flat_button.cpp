@@ -89,7 +89,7 @@ void FlatButton::SetFont(FontRef font) {
 }
 
 void FlatButton::SetCaption(std::string caption) {
-  const auto keep = weak_from_this().lock();  // the notice comes before the repaint
+  const auto keep = Reference();  // the notice comes before the repaint
   caption_ = std::move(caption);
   GetSurface().SetAccessKeys(AccessKeyOf(caption_));
   PropertyChanged("Caption");

@@ -30,7 +30,7 @@ LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) 
     const WindowHandle window = std::exchange(window_, {});
     return Windows().CallWindowProcA(previous_procedure_, window, message, wparam, lparam);
   }
-  const auto keep = owner_.weak_from_this().lock();
+  const auto keep = owner_.Reference();
   if (!keep || !owner_.Site().UserMode()) return Pass(message, wparam, lparam);
   if (message == kWmSetFocus || message == kWmKillFocus) {
     const LResult result = Pass(message, wparam, lparam);

@@ -31,7 +31,7 @@ void Timer::SetEnabled(bool enabled) {
 void Timer::Run() {
   if (interval_ <= 0) return;
   timer_ = clock_.SetTimer(static_cast<std::uint32_t>(interval_), [this] {
-    const auto keep = owner_.shared_from_this();
+    const auto keep = owner_.Reference();
     tick_();
   });
 }
