@@ -78,6 +78,25 @@ TEST(Describe, EnumerationsAreListed) {
   EXPECT_EQ(Member("FlatLabel", "properties", "Alignment").at("type"), "ksxAlignmentConstants");
 }
 
+TEST(Describe, IndexedPropertiesAndTheDefaultMemberAreTold) {
+  const Json json = DescribeAsJson(*FindControlClass("FlatTabStrip"));
+  EXPECT_THAT(KeysOf(json),
+              ElementsAre("class", "default_member", "properties", "methods", "events", "enumerations"));
+  EXPECT_EQ(json.at("default_member"), "SelectedTab");
+  const Json caption = Member("FlatTabStrip", "properties", "TabCaption");
+  EXPECT_EQ(caption.at("indexed"), true);
+  EXPECT_EQ(caption.at("type"), "String");
+  EXPECT_EQ(caption.at("persisted"), "TabCaption");
+  EXPECT_EQ(caption.at("default_new"), "Tab 1");
+  EXPECT_EQ(Member("FlatTabStrip", "properties", "TabCount").at("indexed"), false);
+  EXPECT_EQ(Member("FlatTabStrip", "properties", "BackColor").at("default_write"), "ambient BackColor");
+  EXPECT_EQ(Member("FlatTabStrip", "properties", "ForeColor").at("default_read"), "ambient ForeColor");
+  const std::string text = DescribeAsText(*FindControlClass("FlatTabStrip"));
+  EXPECT_THAT(text, HasSubstr("Default member: SelectedTab\n"));
+  EXPECT_THAT(text,
+              HasSubstr("TabCaption(Index: Integer): String, saved as TabCaption1, TabCaption2 and so on\n"));
+}
+
 TEST(Describe, TextTellsTheSame) {
   const std::string text = DescribeAsText(*FindControlClass("FlatLabel"));
   EXPECT_THAT(text, HasSubstr("FlatLabel: A one-line text label"));

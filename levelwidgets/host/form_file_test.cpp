@@ -87,6 +87,39 @@ TEST_F(FormFile, PropertiesMayBeATableOfTheirOwnOrDotted) {
   EXPECT_EQ(GetByName(*loaded.form->Find("cmdB")->GetControl(), "Caption"), Variant("B"));
 }
 
+TEST_F(FormFile, IndexedPropertiesStandUnderTheirNameAndTheIndex) {
+  const LoadedForm loaded = Load(
+      "[form]\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tabMain\"\n"
+      "Properties = { TabCount = 3, TabCaption1 = \"One\", TabCaption3 = \"Three\" }\n");
+  EXPECT_EQ(Told(loaded.diagnostics), "");
+  ASSERT_TRUE(loaded.form);
+  Control& strip = *loaded.form->Find("tabMain")->GetControl();
+  const auto caption = [&strip](int tab) {
+    return GetIndexedByName(strip, "TabCaption", std::vector<Variant>{tab});
+  };
+  EXPECT_EQ(caption(1), Variant("One"));
+  EXPECT_EQ(caption(2), Variant(""));
+  EXPECT_EQ(caption(3), Variant("Three"));
+  SetIndexedByName(strip, "TabCaption", std::vector<Variant>{2}, "Two");
+  SetIndexedByName(strip, "TabCaption", std::vector<Variant>{3}, "");
+  EXPECT_EQ(FormText(*loaded.form, loaded.document.get()),
+            "[form]\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tabMain\"\n"
+            "Properties = { TabCount = 3, TabCaption1 = \"One\", TabCaption2 = \"Two\" }\n");
+}
+
+TEST_F(FormFile, AnIndexBeyondTheValuesIsAWarningAndAnUnknownOneOrAWrongTypeIsTold) {
+  ExpectTold(
+      "[form]\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tabMain\"\n"
+      "[control.Properties]\nTabCount = 2\nTabCaption3 = \"Three\"\nTabCaption03 = \"x\"\n",
+      "f:7:1: warning: TabCaption3 is not loaded: there are 2 values of TabCaption\n"
+      "f:8:1: warning: FlatTabStrip has no property \"TabCaption03\" to load; did you mean "
+      "\"TabCaption\"?\n");
+  ExpectTold(
+      "[form]\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tabMain\"\n"
+      "[control.Properties]\nTabCaption1 = 7\n",
+      "f:6:15: TabCaption1 is a string; 7 is a number\n");
+}
+
 TEST_F(FormFile, ControlsTakeTheFontOfTheFormWhereTheyHaveNone) {
   const LoadedForm loaded = Load(
       "[form]\nFont = { Name = \"Arial\", Size = 12 }\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\n"

@@ -34,8 +34,6 @@ const ClassInfo& FlatTabStrip::Table() {
   using Strip = FlatTabStrip;
   static const ClassInfo info =
       Describe<Strip>("FlatTabStrip", "A row of flat tabs above or below a flat page frame.")
-          .Property("SelectedTab", &Strip::SelectedTab, &Strip::SetSelectedTab,
-                    {.help = "The selected tab, from 1; 0 until one is selected."})
           .Property("Orientation", &Strip::Orientation, &Strip::SetOrientation,
                     {.defaults = Always(std::int16_t{ksxTabOrientationTop}),
                      .stored_as = VariantType::kInt16,
@@ -54,6 +52,9 @@ const ClassInfo& FlatTabStrip::Table() {
                     {.defaults = Always(kTabCount), .help = "How many tabs there are."})
           .Indexed("TabCaption", &Strip::TabCaption, &Strip::SetTabCaption, {"Index"},
                    {.help = "Text of the tab Index, from 1.", .default_at = DefaultCaption})
+          // Behind TabCount, so that what assigns in this order can select any tab.
+          .Property("SelectedTab", &Strip::SelectedTab, &Strip::SetSelectedTab,
+                    {.help = "The selected tab, from 1; 0 until one is selected."})
           .Property("TabColor", &Strip::TabColor, &Strip::SetTabColor,
                     {.defaults = Always(kTabColor), .help = "Colour of the selected tab and the page."})
           .Property("InactiveTabColor", &Strip::InactiveTabColor, &Strip::SetInactiveTabColor,

@@ -31,7 +31,7 @@ std::vector<std::string_view> AssignableNames(const ClassInfo& info) {
   std::vector<std::string_view> names{kSavedBag};
   for (const auto* properties : {&HostedControl::Table().Properties(), &info.Properties()}) {
     for (const PropertyInfo& property : *properties) {
-      if (!property.ReadOnly()) names.push_back(property.name);
+      if (!property.ReadOnly() && property.indices.size() < 2) names.push_back(property.name);
     }
   }
   return names;
@@ -43,28 +43,42 @@ PropertyBag BagOfTable(lua_State* L, const ClassInfo& info) {
   std::vector<std::string_view> names;
   for (const PropertyInfo* property : info.Persisted()) names.push_back(property->name);
   for (const std::string& key : KeysOfTable(L, -1, info.Name())) {
-    if (std::ranges::find(names, key) == names.end()) RaiseNoSuchMember(info.Name(), key, names);
+    const PropertyInfo* property = info.FindPersisted(key).property;
+    if (!property) RaiseNoSuchMember(info.Name(), key, names);
     lua_getfield(L, -1, key.c_str());
-    bag.WriteProperty(key, ToVariant(L, -1, info.FindProperty(key)->type), {});
+    bag.WriteProperty(key, ToVariant(L, -1, property->type), {});
     lua_pop(L, 1);
   }
   return bag;
 }
 
-HostedControl& Create(lua_State* L, Form& form, const ClassInfo& info, const std::string& name, int table) {
-  if (table == 0) return form.Add(info, name);
+HostedControl& Create(lua_State* L, Form& form, const ClassInfo& info, const std::string& name, int table,
+                      const Placement& place) {
+  if (table == 0) return form.Add(info, name, nullptr, place);
   lua_getfield(L, table, kSavedBag.data());
-  if (lua_isnil(L, -1)) return form.Add(info, name);
+  if (lua_isnil(L, -1)) return form.Add(info, name, nullptr, place);
   luaL_checktype(L, -1, LUA_TTABLE);
   const PropertyBag bag = BagOfTable(L, info);
-  return form.Add(info, name, &bag);
+  return form.Add(info, name, &bag, place);
 }
 
-// The place first and at once, then the control's own properties, then what is left of the container's: each
-// in the order of its class table.
+Placement PlaceOf(const ClassInfo& info, const OptionTable& values) {
+  const TwipSize size = info.DefaultSize();
+  return {{values.Length("Left", Twips()), values.Length("Top", Twips())},
+          TwipSize{values.Length("Width", size.width), values.Length("Height", size.height)}};
+}
+
+void AssignList(Object& object, const PropertyInfo& property, const std::vector<Variant>& list) {
+  std::array<Variant, 1> index;
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    index[0] = static_cast<std::int32_t>(i + 1);
+    SetIndexedByName(object, property.name, index, list[i]);
+  }
+}
+
+// The control's own properties, then what is left of the container's: each in the order of its class table.
+// An indexed property takes a list of its values from index 1.
 void Assign(HostedControl& hosted, const OptionTable& values) {
-  hosted.Move({values.Length("Left", hosted.Left()), values.Length("Top", hosted.Top())},
-              {values.Length("Width", hosted.Width()), values.Length("Height", hosted.Height())});
   const auto keep = hosted.shared_from_this();
   for (const bool containers : {false, true}) {
     const auto control = hosted.GetControl();
@@ -75,7 +89,11 @@ void Assign(HostedControl& hosted, const OptionTable& values) {
                             property.name == "Height";
       const bool is_containers = HostedControl::Table().FindProperty(property.name) != nullptr;
       if (is_place || is_containers != containers || !values.Has(property.name)) continue;
-      SetByName(object, property.name, values.Value(property.name, property.type));
+      if (property.Indexed()) {
+        AssignList(object, property, values.List(property.name, property.type));
+      } else {
+        SetByName(object, property.name, values.Value(property.name, property.type));
+      }
     }
   }
 }
@@ -88,7 +106,7 @@ int AddControl(lua_State* L) {
   const std::string name = luaL_checkstring(L, 3);
   const int table = lua_isnoneornil(L, 4) ? 0 : 4;
   const OptionTable values(L, 4, info.Name(), AssignableNames(info));
-  const auto control = Create(L, *form->form, info, name, table).shared_from_this();
+  const auto control = Create(L, *form->form, info, name, table, PlaceOf(info, values)).shared_from_this();
   try {
     ConnectControl(StateOf(L), form, *control);
     Assign(*control, values);

@@ -8,6 +8,7 @@
 #include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_fonts.h>
 #include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_indexed.h>
 #include <levelwidgets/host/script/script_module.h>
 #include <levelwidgets/host/script/script_objects.h>
 #include <levelwidgets/host/script/script_state.h>
@@ -75,6 +76,7 @@ ScriptHost::ScriptHost(Report report)
   OpenValues(L);
   OpenFonts(L);
   OpenObjects(L);
+  OpenIndexed(L);
   OpenForms(L);
   OpenDesktop(L);
   OpenModule(L);

@@ -1,5 +1,6 @@
 // What all types with members by name have in common.
 #include <levelwidgets/host/script/script_error.h>
+#include <levelwidgets/host/script/script_indexed.h>
 #include <levelwidgets/host/script/script_objects.h>
 #include <levelwidgets/host/script/script_values.h>
 
@@ -39,8 +40,13 @@ std::vector<std::string_view> ScriptMethodNames(lua_State* L, int object) {
 
 bool PushProperty(lua_State* L, const Object& object, std::string_view name) {
   const PropertyInfo* property = object.Class().FindProperty(name);
-  if (property) PushVariant(L, property->get(object), property->type);
-  return property != nullptr;
+  if (!property) return false;
+  if (property->Indexed()) {
+    PushIndexed(L, 1, *property);
+  } else {
+    PushVariant(L, property->get(object), property->type);
+  }
+  return true;
 }
 
 bool AssignProperty(lua_State* L, Object& object, std::string_view name, int value) {

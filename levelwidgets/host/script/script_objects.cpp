@@ -116,7 +116,7 @@ int ControlProperties(lua_State* L) {
   lua_newtable(L);
   lua_Integer place = 0;
   for (const PropertyBag::Entry& entry : bag.Entries()) {
-    const PropertyInfo* property = hosted->ControlClass().FindProperty(entry.name);
+    const PropertyInfo* property = hosted->ControlClass().FindPersisted(entry.name).property;
     lua_newtable(L);
     lua_pushstring(L, entry.name.c_str());
     lua_setfield(L, -2, "Name");

@@ -31,7 +31,7 @@ void SetScriptMethods(lua_State* L, const luaL_Reg* methods);
 // The names of those methods.
 std::vector<std::string_view> ScriptMethodNames(lua_State* L, int object);
 
-// Pushes the property when the object's class has it.
+// Pushes the property when the object's class has it. The object's value is at index 1.
 bool PushProperty(lua_State* L, const Object& object, std::string_view name);
 // Assigns the value at `value` when the object's class has the property.
 bool AssignProperty(lua_State* L, Object& object, std::string_view name, int value);

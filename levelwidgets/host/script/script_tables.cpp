@@ -30,7 +30,13 @@ OptionTable::OptionTable(lua_State* L, int index, std::string_view owner, std::v
   }
 }
 
-bool OptionTable::Has(std::string_view name) const { return !Value(name).IsEmpty(); }
+bool OptionTable::Has(std::string_view name) const {
+  if (table_ == 0) return false;
+  lua_pushlstring(lua_, name.data(), name.size());
+  const bool has = lua_rawget(lua_, table_) != LUA_TNIL;
+  lua_pop(lua_, 1);
+  return has;
+}
 
 Variant OptionTable::Value(std::string_view name, const TypeName& type) const {
   if (table_ == 0) return {};
@@ -39,6 +45,20 @@ Variant OptionTable::Value(std::string_view name, const TypeName& type) const {
   Variant value = ToVariant(lua_, -1, type);
   lua_pop(lua_, 1);
   return value;
+}
+
+std::vector<Variant> OptionTable::List(std::string_view name, const TypeName& type) const {
+  lua_pushlstring(lua_, name.data(), name.size());
+  if (lua_rawget(lua_, table_) != LUA_TTABLE) {
+    throw Error(kTypeMismatch, "LevelWidgets." + owner_, owner_ + "." + std::string(name) + " takes a list");
+  }
+  std::vector<Variant> values;
+  for (lua_Integer i = 1; lua_rawgeti(lua_, -1, i) != LUA_TNIL; ++i) {
+    values.push_back(ToVariant(lua_, -1, type));
+    lua_pop(lua_, 1);
+  }
+  lua_pop(lua_, 2);
+  return values;
 }
 
 template <typename T>

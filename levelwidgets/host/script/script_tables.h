@@ -23,6 +23,8 @@ class OptionTable {
   Twips Length(std::string_view name, Twips otherwise) const;
   bool Truth(std::string_view name, bool otherwise) const;
   Variant Value(std::string_view name, const TypeName& type = {}) const;
+  // The values of a list, up to the first nil; raises 13 for anything else.
+  std::vector<Variant> List(std::string_view name, const TypeName& type) const;
 
  private:
   template <typename T>

@@ -10,8 +10,8 @@ namespace levelwidgets {
 
 // Pushes `value` as one of the script type `type`, which DefineType has made known.
 template <typename T>
-void PushUserdata(lua_State* L, const char* type, T value) {
-  void* room = lua_newuserdatauv(L, sizeof(T), 0);
+void PushUserdata(lua_State* L, const char* type, T value, int user_values = 0) {
+  void* room = lua_newuserdatauv(L, sizeof(T), user_values);
   new (room) T(std::move(value));
   luaL_setmetatable(L, type);
 }
