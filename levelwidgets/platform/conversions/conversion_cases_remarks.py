@@ -32,7 +32,7 @@ REMARKS = {
     "half-day": "h is 1 to 12 beside AM/PM; Wine writes 0 to 23",
     "midnight": "midnight has a long time, and a time that rounds to it is none; Wine takes both the other way",
     "late": "a time that rounds to midnight belongs to the next day; Wine keeps the weekday and day of the year",
-    "garbage": "Wine reads behind the end of the format",
+    "garbage": "Wine appends whatever stands behind the format in memory",
     "week": "weeks and weekdays follow the two arguments; Wine counts weeks from 1 January and misses some days",
     "window": "two-digit years are 1930 to 2029; Wine's end in 2049",
     "order": "the day stands in front of a named month and the year behind it; Wine reads the year first",
@@ -123,7 +123,7 @@ def date_remark(kind, text, name, when):
         return "midnight"
     if "ww" in picture:
         return "week"
-    return "garbage" if kind == "b" and picture == "c" else ""
+    return "garbage" if name == "c" else ""
 
 
 def text_remark(kind, text, name, loc):
