@@ -24,13 +24,13 @@ struct KeyHash {
   std::size_t operator()(std::string_view key) const {
     std::uint64_t hash = 0xCBF29CE484222325u;
     const auto mix = [&hash](char32_t unit) { hash = (hash ^ unit) * 0x100000001B3u; };
+    for (; !key.empty() && static_cast<unsigned char>(key.front()) < 0x80; key.remove_prefix(1)) {
+      mix(static_cast<char32_t>(conversions::AsciiLower(key.front())));
+    }
     while (!key.empty()) {
-      if (static_cast<unsigned char>(key.front()) < 0x80) {
-        mix(static_cast<char32_t>(conversions::AsciiLower(key.front())));
-        key.remove_prefix(1);
-      } else {
-        mix(conversions::UpperCase(conversions::TakeCharacter(key)));
-      }
+      const char32_t capital = conversions::UpperCase(conversions::TakeCharacter(key));
+      mix(capital < 0x80 ? static_cast<char32_t>(conversions::AsciiLower(static_cast<char>(capital)))
+                         : capital);
     }
     return static_cast<std::size_t>(hash);
   }
@@ -39,7 +39,13 @@ struct KeyEqual {
   using is_transparent = void;
 
   bool operator()(std::string_view a, std::string_view b) const {
-    return a == b || conversions::EqualIgnoringCase(a, b);
+    // Nearly all keys are ASCII to their end.
+    while (!a.empty() && !b.empty() && static_cast<unsigned char>(a.front() | b.front()) < 0x80) {
+      if (conversions::AsciiLower(a.front()) != conversions::AsciiLower(b.front())) return false;
+      a.remove_prefix(1);
+      b.remove_prefix(1);
+    }
+    return conversions::EqualIgnoringCase(a, b);
   }
 };
 
