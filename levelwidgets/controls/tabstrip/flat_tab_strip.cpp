@@ -51,7 +51,8 @@ const ClassInfo& FlatTabStrip::Table() {
           .Property("TabCount", &Strip::TabCount, &Strip::SetTabCount,
                     {.defaults = Always(kTabCount), .help = "How many tabs there are."})
           .Indexed("TabCaption", &Strip::TabCaption, &Strip::SetTabCaption, {"Index"},
-                   {.help = "Text of the tab Index, from 1.", .default_at = DefaultCaption})
+                   {.help = "Text of the tab Index, from 1; empty for all but the first.",
+                    .default_at = DefaultCaption})
           // Behind TabCount, so that what assigns in this order can select any tab.
           .Property("SelectedTab", &Strip::SelectedTab, &Strip::SetSelectedTab,
                     {.help = "The selected tab, from 1; 0 until one is selected."})
@@ -101,7 +102,7 @@ void FlatTabStrip::OnInitProperties() {
 void FlatTabStrip::SetSelectedTab(std::int16_t tab) {
   if (tab < 1 || tab > tab_count_) Refuse("Invalid TabIndex");
   if (tab == selected_tab_) return;
-  const auto keep = weak_from_this().lock();  // the event comes before the notice
+  const auto keep = Reference();  // the event comes before the notice
   const std::int16_t previous = std::exchange(selected_tab_, tab);
   OnPaint();
   TabChange.Raise(previous, tab);

@@ -3,7 +3,7 @@
 namespace levelwidgets {
 
 void FlatTabStrip::OnMouseDown(const PointerInput& input) {
-  const auto keep = weak_from_this().lock();
+  const auto keep = Reference();
   if (input.button == kLeftButton) {
     ScreenApi& screen = GetSurface().GetPlatform().Screen();
     const int tab = TabPressed(input.at, {.tab_width = tab_width_,
@@ -17,7 +17,7 @@ void FlatTabStrip::OnMouseDown(const PointerInput& input) {
 }
 
 void FlatTabStrip::OnKeyDown(std::int16_t code, std::int16_t shift) {
-  const auto keep = weak_from_this().lock();
+  const auto keep = Reference();
   switch (code) {
     case kKeyTab:
       // With Shift too it is the next tab, not the previous one.
