@@ -115,6 +115,7 @@ struct PersistedKey {
 struct MethodInfo {
   std::string name;
   std::vector<ArgumentInfo> arguments;
+  TypeName result;  // without a name when there is none
   std::string help;
   std::function<Variant(Object&, std::span<const Variant>)> invoke;
 };

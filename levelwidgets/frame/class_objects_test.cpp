@@ -62,6 +62,8 @@ TEST(ObjectMembers, AreNamedByTheirClass) {
   EXPECT_EQ(info.FindProperty("Top")->type.type, VariantType::kObject);
   EXPECT_EQ(info.FindProperty("Any")->type.name, "Object");
   EXPECT_EQ(info.FindProperty("NewEnum")->type.name, "Enumerator");
+  EXPECT_EQ(info.FindMethod("Grow")->result.name, "Leaf");
+  EXPECT_EQ(Enumerator::Table().FindMethod("Reset")->result.name, "");
 }
 
 TEST(ObjectMembers, HoldTheObjectItself) {

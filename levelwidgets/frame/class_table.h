@@ -179,6 +179,7 @@ class ClassTable {
     MethodInfo method;
     method.name = std::move(name);
     method.help = std::move(help);
+    if constexpr (!std::is_void_v<R>) method.result = AddedType<R>();
     std::size_t i = 0;
     ((method.arguments.push_back(
           {arguments.at(i).name, AddedType<Args>(), false, arguments.at(i).default_value}),
@@ -206,13 +207,12 @@ class ClassTable {
     const std::size_t position = info_.events_.size();
     info.subscribe = [event, position](Object& object, EventListener listener) {
       const EventInfo& described = object.Class().Events()[position];
-      return (static_cast<T&>(object).*event)
-          .Add([&described, listener = std::move(listener)](Args... values) {
-            RaisedEvent raised{described, {table::Box<std::remove_cvref_t<Args>>(values)...}};
-            listener(raised);
-            [[maybe_unused]] std::size_t back = 0;
-            (HandBack<Args>(values, described, raised, back++), ...);
-          });
+      return (Owner<T>(object).*event).Add([&described, listener = std::move(listener)](Args... values) {
+        RaisedEvent raised{described, {table::Box<std::remove_cvref_t<Args>>(values)...}};
+        listener(raised);
+        [[maybe_unused]] std::size_t back = 0;
+        (HandBack<Args>(values, described, raised, back++), ...);
+      });
     };
     info_.events_.push_back(std::move(info));
     return *this;
@@ -270,6 +270,16 @@ class ClassTable {
     TypeName type = table::NameOfType<A>();
     if (type.enumeration) AddEnumeration(*type.enumeration);
     return type;
+  }
+
+  // The object as the class that holds an event: one of its bases, or a set of events beside them.
+  template <typename T>
+  static T& Owner(Object& object) {
+    if constexpr (std::derived_from<T, Object>) {
+      return static_cast<T&>(object);
+    } else {
+      return dynamic_cast<T&>(object);
+    }
   }
 
   void AddEnumeration(const EnumerationInfo& enumeration);

@@ -71,6 +71,7 @@ void Control::Start(const PropertyBag* saved, TwipPoint position, TwipSize size)
   } else {
     OnInitProperties();
   }
+  started_ = true;
   OnResize();
 }
 

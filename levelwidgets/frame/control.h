@@ -69,6 +69,8 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   // Brings a created instance to life: places its surface, then Initialize, InitProperties for a new one (no
   // bag) or ReadProperties for a loaded one, and Resize.
   void Start(const PropertyBag* saved, TwipPoint position, TwipSize size);
+  // Whether it has its properties; from then on changes are the user's.
+  bool Started() const { return started_; }
   // What keeps the control alive while its code runs: itself, or the control that it is a part of. Null
   // before it is alive and when it is being destroyed.
   std::shared_ptr<void> Reference() const;
@@ -135,6 +137,7 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   std::shared_ptr<ControlSite> site_;
   Surface surface_;
   std::vector<WindowPart*> parts_;
+  bool started_ = false;
   ClickTracker click_;
   bool focused_ = false;
 };

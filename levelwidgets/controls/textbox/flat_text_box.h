@@ -1,0 +1,130 @@
+// A text box, of one line or many, with a flat vertical scroll bar.
+#pragma once
+
+#include <string>
+
+#include <levelwidgets/controls/scroll/flat_scroll.h>
+#include <levelwidgets/frame/alignment.h>
+#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/parts/child_control.h>
+#include <levelwidgets/frame/parts/edit_events.h>
+#include <levelwidgets/frame/parts/text_box.h>
+
+namespace levelwidgets {
+
+// Holds a single-line and a multi-line edit box, of which MultiLine chooses the one that is shown; the text
+// and the events are its. In multi-line mode a bar at the right edge mirrors where the text is scrolled to.
+// An edit box tells nobody that it has scrolled, but it asks its parent for colours whenever it paints: the
+// control's window procedure is replaced to hear that, and each time the bar is brought in step.
+class FlatTextBox : public Control, public EditEvents {
+ public:
+  static const ClassInfo& Table();
+  explicit FlatTextBox(std::shared_ptr<ControlSite> site);
+
+  // --- Properties -------------------------------------------------------------------------------
+  // Each notifies.
+
+  bool MultiLine() const { return multi_line_; }
+  // At run time it raises 1001 "Can't assign to read-only property.", and nothing changes.
+  void SetMultiLine(bool multi_line);
+  Color BackColor() const { return txt_->BackColor(); }
+  void SetBackColor(Color color);
+  Color ForeColor() const { return txt_->ForeColor(); }
+  void SetForeColor(Color color);
+  bool Enabled() const { return GetSurface().Enabled(); }
+  void SetEnabled(bool enabled);
+  FontRef GetFont() const { return txt_->GetFont(); }
+  // Shares the font.
+  void SetFont(FontRef font);
+  ksxAlignmentConstants Alignment() const { return txt_->Alignment(); }
+  void SetAlignment(ksxAlignmentConstants alignment);
+  // Characters that can be typed, 0 for no limit; a negative value raises 380.
+  std::int32_t MaxLength() const { return txt_->MaxLength(); }
+  void SetMaxLength(std::int32_t length);
+  // "" shows the text; what the edit box refuses (more than one character) raises its error, 380.
+  const std::string& PasswordChar() const { return txt_->PasswordChar(); }
+  void SetPasswordChar(std::string_view character);
+  // The default member. Lines end with "\r\n".
+  std::string Text() const { return txt_->Text(); }
+  void SetText(std::string_view text);
+  // The bar's track, buttons, and buttons under the pointer and pushed.
+  Color ScrollBackColor() const { return scrV_->BackColor(); }
+  void SetScrollBackColor(Color color);
+  Color ScrollButtonColor() const { return scrV_->ButtonColor(); }
+  void SetScrollButtonColor(Color color);
+  Color ScrollMouseOverColor() const { return scrV_->ButtonColorMouseOver(); }
+  void SetScrollMouseOverColor(Color color);
+  Color ScrollPushedColor() const { return scrV_->ButtonColorPushed(); }
+  void SetScrollPushedColor(Color color);
+  WindowHandle hWnd() const { return GetSurface().hWnd(); }
+
+  // --- Methods ----------------------------------------------------------------------------------
+
+  // Repaints the text. Returns an empty value.
+  Variant Refresh();
+
+  // --- Events -----------------------------------------------------------------------------------
+  // Those of the edit box that is shown.
+
+  using EditEvents::Change;
+  using EditEvents::Click;
+  using EditEvents::DblClick;
+  using EditEvents::KeyDown;
+  using EditEvents::KeyPress;
+  using EditEvents::KeyUp;
+  using EditEvents::MouseDown;
+  using EditEvents::MouseMove;
+  using EditEvents::MouseUp;
+
+  // --- Notifications ----------------------------------------------------------------------------
+
+  const ClassInfo& Class() const override { return Table(); }
+  void OnInitialize() override;
+  void OnInitProperties() override;
+  void OnResize() override;
+  void OnPaint() override { GetSurface().Cls(); }
+  void OnTerminate() override { EndSubclass(); }
+
+  // The parts, for tests and for whoever composes this control further.
+  TextBox& ActiveEdit() const { return *txt_; }
+  const ChildControl<FlatScroll>& Bar() const { return scrV_; }
+
+ protected:
+  WindowHandle FocusWindow() const override { return txt_->hWnd(); }
+
+ private:
+  // --- Window procedure ---------------------------------------------------------------------------
+
+  static LResult Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
+                           LParam lparam);
+  LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
+  void BeginSubclass();
+  void EndSubclass();
+
+  // --- Scrolling: flat_text_box_scroll.cpp --------------------------------------------------------
+
+  struct View {
+    std::int32_t visible_lines = 1;
+    std::int32_t line_count = 1;
+    std::int32_t first_visible = 0;  // from 0
+  };
+  View ViewOfEdit() const;
+  int CharacterHeight() const;
+  // Brings the bar in step with the text; writes only what differs.
+  void SynchroniseBar();
+  // Brings the text in step with the bar, by one message.
+  void ScrollToBar();
+
+  void ShowMode();
+  void LayOut();
+  void EditChanged();
+
+  TextBox txtSingle_{*this, false};
+  TextBox txtMulti_{*this, true};
+  TextBox* txt_ = &txtSingle_;
+  ChildControl<FlatScroll> scrV_;
+  bool multi_line_ = false;
+  std::intptr_t previous_procedure_ = 0;  // 0: not subclassed
+};
+
+}  // namespace levelwidgets
