@@ -9,11 +9,19 @@ namespace levelwidgets {
 
 namespace {
 
+// The controls, then the classes that are none.
+std::vector<const ClassInfo*> AllClasses() {
+  std::vector<const ClassInfo*> classes(ControlClasses().begin(), ControlClasses().end());
+  classes.insert(classes.end(), ObjectClasses().begin(), ObjectClasses().end());
+  return classes;
+}
+
 const ClassInfo& FindClass(const std::string& name) {
   if (const ClassInfo* info = FindControlClass(name)) return *info;
+  if (const ClassInfo* info = FindObjectClass(name)) return *info;
   std::vector<std::string_view> names;
   std::string list;
-  for (const ClassInfo* info : ControlClasses()) {
+  for (const ClassInfo* info : AllClasses()) {
     names.push_back(info->Name());
     list += (list.empty() ? "" : ", ") + info->Name();
   }
@@ -34,7 +42,7 @@ void DescribeOne(const ClassInfo& info, bool json) {
 
 void DescribeAll(bool json) {
   auto list = nlohmann::ordered_json::array();
-  for (const ClassInfo* info : ControlClasses()) {
+  for (const ClassInfo* info : AllClasses()) {
     if (json) {
       list.push_back(DescribeAsJson(*info));
     } else {

@@ -149,4 +149,9 @@ int ListenToForm(lua_State* L) {
   return Listen(L, *form->form, {form->form->Name(), ""});
 }
 
+int ListenToObject(lua_State* L) {
+  const ObjectRef object = ObjectAt(L, 1);
+  return Listen(L, *object, {"", object->Class().Name()});
+}
+
 }  // namespace levelwidgets

@@ -12,8 +12,10 @@ namespace levelwidgets {
 void ConnectForm(ScriptState& state, const std::shared_ptr<ScriptForm>& form);
 void ConnectControl(ScriptState& state, const std::shared_ptr<ScriptForm>& form, HostedControl& control);
 
-// control:on(event, function) and form:on(event, function). Raises 438 for an unknown event.
+// control:on(event, function), form:on and, for the objects that are neither, object:on. Raises 438 for an
+// unknown event.
 int ListenToControl(lua_State* L);
 int ListenToForm(lua_State* L);
+int ListenToObject(lua_State* L);
 
 }  // namespace levelwidgets

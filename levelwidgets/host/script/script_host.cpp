@@ -64,7 +64,7 @@ int RunLoaded(lua_State* L, int loaded, const std::vector<std::string>& argument
 }  // namespace
 
 std::string HandlerError::ToString() const {
-  const std::string source = control.empty() ? form : form + "." + control;
+  const std::string source = form + (form.empty() || control.empty() ? "" : ".") + control;
   return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
 }
 
@@ -94,6 +94,12 @@ int ScriptHost::RunFile(const std::string& path, const std::vector<std::string>&
 int ScriptHost::RunText(const std::string& text, const std::string& name) {
   lua_State* L = state_->Running();
   return RunLoaded(L, luaL_loadbuffer(L, text.data(), text.size(), ("@" + name).c_str()), {});
+}
+
+void ScriptHost::SetGlobal(const std::string& name, const ObjectRef& object) {
+  lua_State* L = state_->Running();
+  PushObject(L, object);
+  lua_setglobal(L, name.c_str());
 }
 
 std::string ScriptHost::SyntaxError(const std::string& path) {

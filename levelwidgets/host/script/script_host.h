@@ -24,8 +24,8 @@ class ScriptFailure : public std::exception {
 
 // An error in an event handler. It is reported and goes no further: the form goes on.
 struct HandlerError {
-  std::string form;
-  std::string control;  // "" for an event of the form itself
+  std::string form;     // "" for an event of an object that is on none
+  std::string control;  // "" for an event of the form itself; the class of an object that is no control
   std::string event;
   std::string message;  // file:line: what is wrong
   std::string traceback;
@@ -61,6 +61,9 @@ class ScriptHost {
   int RunFile(const std::string& path, const std::vector<std::string>& arguments = {});
   // The same with the program's text; `name` stands for its file in messages.
   int RunText(const std::string& text, const std::string& name);
+
+  // Gives scripts `object` as the global `name`.
+  void SetGlobal(const std::string& name, const ObjectRef& object);
 
   // Why the script in the file at `path` cannot be run at all, as file:line: message; "" when it can.
   static std::string SyntaxError(const std::string& path);

@@ -1,5 +1,6 @@
 #include <levelwidgets/host/script/script_module.h>
 
+#include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/script/script_desktop.h>
 #include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_fonts.h>
@@ -13,26 +14,19 @@ namespace {
 
 constexpr char kModule[] = "levelwidgets";
 
-// The classes that lw.new makes.
-struct Creatable {
-  std::string_view name;
-  ObjectRef (*create)();
-};
-constexpr std::array<Creatable, 0> kCreatables{};
-
-// lw.new(class)
+// lw.new(class): an object of one of the classes that users may make
 int NewObject(lua_State* L) {
   const std::string name = luaL_checkstring(L, 1);
-  std::string list;
-  for (const Creatable& creatable : kCreatables) {
-    if (creatable.name == name) {
-      PushObject(L, creatable.create());
-      return 1;
-    }
-    list += (list.empty() ? "" : ", ") + std::string(creatable.name);
+  const ClassInfo* info = FindObjectClass(name);
+  if (info && info->Creatable()) {
+    PushObject(L, info->CreateObject());
+    return 1;
   }
-  throw Error(kInvalidCall, "LevelWidgets",
-              "lw.new makes no \"" + name + "\"; it makes: " + (list.empty() ? "no class yet" : list));
+  std::string list;
+  for (const ClassInfo* known : ObjectClasses()) {
+    if (known->Creatable()) list += (list.empty() ? "" : ", ") + known->Name();
+  }
+  throw Error(kInvalidCall, "LevelWidgets", "lw.new makes no \"" + name + "\"; it makes: " + list);
 }
 
 // lw.errors(): the errors in handlers so far

@@ -1,7 +1,9 @@
 #include <levelwidgets/host/script/script_objects.h>
 
+#include <levelwidgets/frame/enumerator.h>
 #include <levelwidgets/host/form.h>
 #include <levelwidgets/host/script/script_events.h>
+#include <levelwidgets/host/script/script_indexed.h>
 #include <levelwidgets/host/script/script_userdata.h>
 #include <levelwidgets/host/script/script_values.h>
 
@@ -33,6 +35,17 @@ void Remember(lua_State* L, const void* address) {
   lua_pop(L, 1);
 }
 
+// The arguments of `method` from index 2 on.
+std::vector<Variant> ArgumentsOf(lua_State* L, const MethodInfo& method) {
+  std::vector<Variant> arguments;
+  for (int i = 2; i <= lua_gettop(L); ++i) {
+    const auto position = static_cast<std::size_t>(i - 2);
+    const bool known = position < method.arguments.size();
+    arguments.push_back(ToVariant(L, i, known ? method.arguments[position].type : TypeName{}));
+  }
+  return arguments;
+}
+
 // --- Controls --------------------------------------------------------------------------------------
 
 [[noreturn]] void RaiseNoSuchControlMember(lua_State* L, const HostedControl& control,
@@ -52,13 +65,7 @@ int CallControl(lua_State* L) {
   Object& object = control->Class().FindMethod(name) ? static_cast<Object&>(*control) : *hosted;
   const MethodInfo* method = object.Class().FindMethod(name);
   if (!method) RaiseNoSuchControlMember(L, *hosted, name);
-  std::vector<Variant> arguments;
-  for (int i = 2; i <= lua_gettop(L); ++i) {
-    const auto position = static_cast<std::size_t>(i - 2);
-    const bool known = position < method->arguments.size();
-    arguments.push_back(ToVariant(L, i, known ? method->arguments[position].type : TypeName{}));
-  }
-  PushVariant(L, InvokeByName(object, name, arguments));
+  PushVariant(L, InvokeByName(object, name, ArgumentsOf(L, *method)), method->result);
   return 1;
 }
 
@@ -139,21 +146,45 @@ constexpr luaL_Reg kControlMethods[] = {{"Move", Guarded<MoveControl>},
 
 // --- Other objects ---------------------------------------------------------------------------------
 
+ObjectRef CheckObject(lua_State* L) { return CheckUserdata<ObjectRef>(L, 1, kObjectType); }
+
+[[noreturn]] void RaiseNoSuchObjectMember(lua_State* L, const ClassInfo& info, std::string_view name) {
+  std::vector<std::string_view> names = info.MemberNames();
+  const std::vector<std::string_view> more = ScriptMethodNames(L, 1);
+  names.insert(names.end(), more.begin(), more.end());
+  RaiseNoSuchMember(info.Name(), name, names);
+}
+
 // Upvalue 1 is the method's name.
 int CallObject(lua_State* L) {
-  const ObjectRef object = CheckUserdata<ObjectRef>(L, 1, kObjectType);
-  std::vector<Variant> arguments;
-  for (int i = 2; i <= lua_gettop(L); ++i) arguments.push_back(ToVariant(L, i));
-  PushVariant(L, InvokeByName(*object, lua_tostring(L, lua_upvalueindex(1)), arguments));
+  const ObjectRef object = CheckObject(L);
+  const std::string name = lua_tostring(L, lua_upvalueindex(1));
+  const MethodInfo* method = object->Class().FindMethod(name);
+  if (!method) RaiseNoSuchObjectMember(L, object->Class(), name);
+  PushVariant(L, InvokeByName(*object, name, ArgumentsOf(L, *method)), method->result);
   return 1;
 }
 
+// The indexed property that list[1] stands for. Raises 438 when there is none.
+const PropertyInfo& ItemsOf(const ClassInfo& info) {
+  const PropertyInfo* items = info.FindProperty(info.DefaultMember());
+  if (items && items->Indexed()) return *items;
+  throw Error(kNoSuchMember, info.QualifiedName(), info.Name() + " has no members by number");
+}
+
 int ReadObject(lua_State* L) {
-  const ObjectRef object = CheckUserdata<ObjectRef>(L, 1, kObjectType);
-  const std::string_view name = luaL_checkstring(L, 2);
-  if (PushProperty(L, *object, name)) return 1;
+  const ObjectRef object = CheckObject(L);
+  if (lua_type(L, 2) != LUA_TSTRING) {
+    PushIndexed(L, 1, ItemsOf(object->Class()));
+    lua_pushvalue(L, 2);
+    lua_gettable(L, -2);
+    return 1;
+  }
+  const std::string_view name = lua_tostring(L, 2);
+  if (PushScriptMethod(L, 1, name) || PushProperty(L, *object, name)) return 1;
   if (!object->Class().FindMethod(name)) {
-    RaiseNoSuchMember(object->Class().Name(), name, object->Class().MemberNames());
+    RefuseEvent(object->Class(), name);
+    RaiseNoSuchObjectMember(L, object->Class(), name);
   }
   lua_pushvalue(L, 2);
   lua_pushcclosure(L, Guarded<CallObject>, 1);
@@ -161,14 +192,41 @@ int ReadObject(lua_State* L) {
 }
 
 int WriteObject(lua_State* L) {
-  const ObjectRef object = CheckUserdata<ObjectRef>(L, 1, kObjectType);
-  const std::string_view name = luaL_checkstring(L, 2);
+  const ObjectRef object = CheckObject(L);
+  const ClassInfo& info = object->Class();
+  if (lua_type(L, 2) != LUA_TSTRING) {
+    PushIndexed(L, 1, ItemsOf(info));
+    lua_pushvalue(L, 2);
+    lua_pushvalue(L, 3);
+    lua_settable(L, -3);
+    return 0;
+  }
+  const std::string_view name = lua_tostring(L, 2);
   if (AssignProperty(L, *object, name, 3)) return 0;
-  RaiseNoSuchMember(object->Class().Name(), name, object->Class().MemberNames());
+  RefuseEvent(info, name);
+  if (info.FindMethod(name) || PushScriptMethod(L, 1, name)) {
+    throw Error(kPropertyIsReadOnly, info.QualifiedName(),
+                info.Name() + "." + std::string(name) + " is a method");
+  }
+  RaiseNoSuchObjectMember(L, info, name);
 }
 
 int ObjectToText(lua_State* L) {
-  lua_pushstring(L, CheckUserdata<ObjectRef>(L, 1, kObjectType)->Class().Name().c_str());
+  lua_pushstring(L, CheckObject(L)->Class().Name().c_str());
+  return 1;
+}
+
+// Upvalue 1 is the enumerator; nil ends the loop.
+int NextItem(lua_State* L) {
+  const ObjectRef enumerator = CheckUserdata<ObjectRef>(L, lua_upvalueindex(1), kObjectType);
+  PushVariant(L, static_cast<Enumerator&>(*enumerator).Next());
+  return 1;
+}
+
+// for item in collection:each() do
+int EachItem(lua_State* L) {
+  PushObject(L, Enumerate(*CheckObject(L)));
+  lua_pushcclosure(L, Guarded<NextItem>, 1);
   return 1;
 }
 
@@ -176,6 +234,9 @@ constexpr luaL_Reg kObjectMetamethods[] = {{"__index", Guarded<ReadObject>},
                                            {"__newindex", Guarded<WriteObject>},
                                            {"__tostring", Guarded<ObjectToText>},
                                            {nullptr, nullptr}};
+
+constexpr luaL_Reg kObjectMethods[] = {
+    {"each", Guarded<EachItem>}, {"on", Guarded<ListenToObject>}, {nullptr, nullptr}};
 
 }  // namespace
 
@@ -190,6 +251,7 @@ void OpenObjects(lua_State* L) {
   DefineType<HostedRef>(L, kControlType, kControlMetamethods);
   SetScriptMethods(L, kControlMethods);
   DefineType<ObjectRef>(L, kObjectType, kObjectMetamethods);
+  SetScriptMethods(L, kObjectMethods);
   lua_pop(L, 2);
 }
 

@@ -23,7 +23,7 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
-                         testing::Values("building", "default_desktop", "desktop", "events", "forms",
+                         testing::Values("building", "collections", "default_desktop", "desktop", "events", "forms",
                                          "handler_errors", "members", "removal", "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });
 

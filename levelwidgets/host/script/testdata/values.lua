@@ -65,4 +65,5 @@ expect.fails(13, "FlatButton.Font is of type Font; 3 does not convert to it: Typ
              function() b.Font = 3 end)
 
 -- Classes that scripts create.
-expect.fails(5, 'lw.new makes no "ksxValueList"; it makes: no class yet', function() lw.new("ksxValueList") end)
+expect.fails(5, 'lw.new makes no "FlatColumn"; it makes: ksxValueList, ksxValueListItem',
+             function() lw.new("FlatColumn") end)
