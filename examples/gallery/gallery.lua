@@ -1,0 +1,10 @@
+local lw = require "levelwidgets"
+require("sheet").write_explanations(form)
+
+-- A button named cmd_label opens label.form.toml; its sheet stays open until it is closed.
+for _, control in ipairs(form:controls()) do
+  local sheet = control.Name:match("^cmd_(%l+)$")
+  if sheet then
+    control:on("Click", function() lw.load(sheet .. ".form.toml"):show() end)
+  end
+end

@@ -1,0 +1,10 @@
+require("sheet").write_explanations(form)
+
+function form_Load()
+  txtFocused:SetFocus()
+end
+
+-- What is typed into the first box is repeated in the second.
+function txtLeft_Change()
+  txtRight.Text = txtLeft.Text
+end
