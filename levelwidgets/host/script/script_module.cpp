@@ -1,6 +1,7 @@
 #include <levelwidgets/host/script/script_module.h>
 
 #include <levelwidgets/controls/registry.h>
+#include <levelwidgets/host/script/script_conversions.h>
 #include <levelwidgets/host/script/script_desktop.h>
 #include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_fonts.h>
@@ -55,7 +56,9 @@ constexpr luaL_Reg kFunctions[] = {{"date", Guarded<NewDate>},      {"desktop", 
 
 int RefuseUnknown(lua_State* L) {
   std::vector<std::string_view> names{"null"};
-  for (const luaL_Reg* function = kFunctions; function->name; ++function) names.push_back(function->name);
+  for (const luaL_Reg* functions : {kFunctions, kConversionFunctions}) {
+    for (; functions->name; ++functions) names.push_back(functions->name);
+  }
   RaiseNoSuchMember("lw", luaL_checkstring(L, 2), names);
 }
 
@@ -68,6 +71,7 @@ int LoadModule(lua_State* L) {
 
 void OpenModule(lua_State* L) {
   luaL_newlib(L, kFunctions);
+  luaL_setfuncs(L, kConversionFunctions, 0);
   PushVariant(L, Null{});
   lua_setfield(L, -2, "null");
   lua_createtable(L, 0, 2);

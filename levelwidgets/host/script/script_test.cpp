@@ -23,8 +23,9 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
-                         testing::Values("building", "collections", "default_desktop", "desktop", "events", "forms",
-                                         "handler_errors", "members", "removal", "tabs", "trace", "values"),
+                         testing::Values("building", "collections", "conversions", "default_desktop",
+                                         "desktop", "events", "forms", "handler_errors", "members", "removal",
+                                         "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace
