@@ -119,12 +119,18 @@ void FlatScroll::SetMax(std::int32_t max) {
   UpdateThumbLength();
 }
 
-void FlatScroll::SetValue(std::int32_t value) {
-  const auto keep = Reference();
+void FlatScroll::SetValue(std::int32_t value) { WriteValue(value, CheckedPosition(value)); }
+
+Twips FlatScroll::CheckedPosition(std::int32_t value) const {
   if (value < range_.min || value > range_.max) {
     RaiseControlError(kInvalidValueCode, "FlatScroll", "Invalid Value");
   }
-  layout_.SetThumbPosition(layout_.PositionFor(value, range_));
+  return layout_.PositionFor(value, range_);
+}
+
+void FlatScroll::WriteValue(std::int32_t value, Twips position) {
+  const auto keep = Reference();
+  layout_.SetThumbPosition(position);
   value_ = value;
   OnPaint();
   PropertyChanged("Value");
@@ -143,15 +149,16 @@ void FlatScroll::LayOut() {
                      screen.TwipsPerPixelY());
 }
 
-// A range that fits no thumb or admits no value leaves the thumb as it was: there is nobody here to tell.
 void FlatScroll::OnResize() {
+  LayOut();
+  const std::int32_t value = std::min(value_, range_.max);
+  Twips position;
   try {
-    LayOut();
-    layout_.UpdateThumbLength(range_);
-    SetValue(std::min(value_, range_.max));
+    position = CheckedPosition(value);
   } catch (const Error&) {
-    OnPaint();
+    return;  // a range that admits no value leaves the thumb as it was: there is nobody here to tell
   }
+  WriteValue(value, position);
 }
 
 void FlatScroll::SetOrientation(ksxOrientationConstants orientation) {

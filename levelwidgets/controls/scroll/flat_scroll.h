@@ -111,6 +111,9 @@ class FlatScroll : public Control {
 
   void LayOut();
   void UpdateThumbLength();
+  // Where `value` puts the thumb; raises what SetValue raises.
+  Twips CheckedPosition(std::int32_t value) const;
+  void WriteValue(std::int32_t value, Twips position);
 
   FlatScrollLayout layout_;
   ScrollRange range_;

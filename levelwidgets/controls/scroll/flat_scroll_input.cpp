@@ -25,8 +25,11 @@ void FlatScroll::OnMouseDown(const PointerInput& input) {
         break;
     }
     Repeat(action_);
-    timScroll_.SetInterval(kFirstDelay);
-    timScroll_.SetEnabled(true);
+    // A listener that ran the event loop may have seen the release already.
+    if (action_ != Action::kNone) {
+      timScroll_.SetInterval(kFirstDelay);
+      timScroll_.SetEnabled(true);
+    }
   }
   Raise(MouseDown, input);
 }
@@ -97,8 +100,9 @@ void FlatScroll::Drag(const PointerInput& input) {
     return;
   }
   const Twips along = layout_.Along(input.at);
-  WriteWhenDifferent(layout_.DragValue(along, drag_anchor_, range_));
-  drag_anchor_ = along;
+  const std::int32_t value = layout_.DragValue(along, drag_anchor_, range_);
+  drag_anchor_ = along;  // before listeners are told: one may see the release
+  WriteWhenDifferent(value);
 }
 
 void FlatScroll::WriteWhenDifferent(std::int32_t value) {

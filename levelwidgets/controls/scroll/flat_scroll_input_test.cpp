@@ -16,6 +16,7 @@ class FlatScrollInputTest : public DesktopTest {
       bar_ = &AddNew<FlatScroll>("scr", {Twips(600), Twips(300)}, {Twips(255), Twips(3000)});
       bar_->SetValue(50);
       Driver().Settle();
+      timers_when_idle_ = Driver().LiveTimers();
       Watch(*bar_);
     }
     return *bar_;
@@ -32,6 +33,8 @@ class FlatScrollInputTest : public DesktopTest {
     for (int i = 0; i < 100 && Bar().Value() != value; ++i) Driver().Advance(10);
     return Bar().Value() == value;
   }
+
+  std::size_t timers_when_idle_ = 0;
 
  private:
   FlatScroll* bar_ = nullptr;
@@ -103,6 +106,35 @@ TEST_F(FlatScrollInputTest, AStepThatLeavesTheRangeRaisesInvalidValue) {
   Bar().SetSmallChange(-200);
   EXPECT_THROW(Bar().OnMouseDown({kLeftButton, 0, {Twips(120), Twips(75)}}), Error);
   EXPECT_EQ(Bar().Value(), 50);
+}
+
+TEST_F(FlatScrollInputTest, ADoubleClickIsOneStep) {
+  Bar();
+  MoveTo(8, 5);
+  TakeJournal();
+  Driver().DoubleClick(ScreenPoint(Bar(), PixelPoint{8, 5}));
+  Journal events;
+  for (const std::string& entry : TakeJournal()) {
+    if (entry.find('(') != std::string::npos) events.push_back(entry);
+  }
+  EXPECT_THAT(events,
+              ElementsAre("PropertyChanged(Value)", "Change()", "MouseDown(1, 0, 120, 75)",
+                          "MouseUp(1, 0, 120, 75)", "Click()", "DblClick()", "MouseUp(1, 0, 120, 75)"));
+  EXPECT_EQ(Bar().Value(), 49);
+}
+
+TEST_F(FlatScrollInputTest, AListenerThatHasSeenTheReleaseLeavesNothingRepeating) {
+  FlatScroll& bar = Bar();
+  bool released = false;
+  bar.Change += [&] {
+    if (!std::exchange(released, true)) bar.OnMouseUp({kLeftButton, 0, {Twips(120), Twips(75)}});
+  };
+  PressAt(5);
+  EXPECT_EQ(bar.Value(), 49);
+  Driver().Advance(600);
+  EXPECT_EQ(bar.Value(), 49);
+  EXPECT_EQ(Driver().LiveTimers(), timers_when_idle_);
+  Driver().Release(kLeftButton);
 }
 
 // --- Repeat ------------------------------------------------------------------------------------------
@@ -198,6 +230,33 @@ TEST_F(FlatScrollInputTest, TheFirstStepOfAHorizontalDragIsMeasuredFromTheY) {
   bar.OnMouseUp({kLeftButton, 0, {Twips(thumb), Twips(100)}});
 }
 
+TEST_F(FlatScrollInputTest, AListenerThatHasSeenTheReleaseEndsTheDrag) {
+  FlatScroll& bar = Bar();
+  PressAt(100);
+  bar.Change += [&] { bar.OnMouseUp({kLeftButton, 0, {Twips(120), Twips(1800)}}); };
+  MoveTo(8, 120);
+  EXPECT_EQ(bar.Value(), 64);
+  MoveTo(8, 140);
+  EXPECT_EQ(bar.Value(), 64);
+  Driver().Release(kLeftButton);
+}
+
+TEST_F(FlatScrollInputTest, ADragNeedsTheLeftButtonAlone) {
+  FlatScroll& bar = Bar();
+  PressAt(100);
+  TakeJournal();
+  bar.OnMouseMove({kLeftButton | kRightButton, 0, {Twips(120), Twips(1800)}});
+  EXPECT_THAT(TakeJournal(), ElementsAre("MouseMove(3, 0, 120, 1800)"));
+  Driver().Release(kLeftButton);
+}
+
+TEST_F(FlatScrollInputTest, AThumbReleasedRaisesMouseUpAndClickWithoutAMouseDown) {
+  PressAt(100);
+  EXPECT_THAT(TakeJournal(), IsEmpty());
+  Driver().Release(kLeftButton);
+  EXPECT_THAT(TakeJournal(), ElementsAre("release capture", "MouseUp(1, 0, 120, 1500)", "Click()"));
+}
+
 // --- Hover and release -------------------------------------------------------------------------------
 
 TEST_F(FlatScrollInputTest, AButtonUnderThePointerIsHighlightedAndCaptures) {
@@ -222,6 +281,44 @@ TEST_F(FlatScrollInputTest, LeavingRestoresRepaintsAndReleasesTheCapture) {
   MoveTo(8, -3);
   EXPECT_THAT(TakeJournal(), ElementsAre("paint", "release capture", "MouseMove(0, 0, 120, -45)"));
   EXPECT_FALSE(HoldsCapture());
+}
+
+TEST_F(FlatScrollInputTest, TheCaptureLastsOverTheTrackUntilThePointerLeaves) {
+  MoveTo(8, 5);
+  MoveTo(8, 60);
+  EXPECT_TRUE(HoldsCapture());
+  MoveTo(30, 60);
+  EXPECT_FALSE(HoldsCapture());
+}
+
+TEST_F(FlatScrollInputTest, ThePointerOverTheTrackAloneCapturesNothing) {
+  Bar();
+  MoveTo(8, 60);
+  EXPECT_THAT(TakeJournal(), ElementsAre("MouseMove(0, 0, 120, 900)"));
+}
+
+// Leaving gives up the capture of the press too, so that the bar never hears of a release elsewhere.
+TEST_F(FlatScrollInputTest, APressedButtonThatThePointerLeavesGoesOnRepeatingAfterAReleaseElsewhere) {
+  PressAt(5);
+  MoveTo(40, 5);
+  EXPECT_FALSE(HoldsCapture());
+  Driver().Release(kLeftButton);
+  const std::int32_t value = Bar().Value();
+  EXPECT_TRUE(ComesTo(value - 2));
+  MoveTo(8, 60);
+  Bar().OnMouseUp({kLeftButton, 0, {Twips(120), Twips(900)}});
+  const std::int32_t stopped = Bar().Value();
+  Driver().Advance(300);
+  EXPECT_EQ(Bar().Value(), stopped);
+}
+
+TEST_F(FlatScrollInputTest, ABarOfNoSizeTakesAPressAsOneOnItsSecondButton) {
+  auto& bar = AddNew<FlatScroll>("scrNone", {Twips(1200), Twips(300)}, {Twips(0), Twips(0)});
+  bar.OnMouseDown({kLeftButton, 0, {}});
+  EXPECT_EQ(bar.Value(), 2);
+  bar.OnMouseMove({kLeftButton, 0, {}});
+  bar.OnMouseUp({kLeftButton, 0, {}});
+  EXPECT_EQ(bar.Value(), 2);
 }
 
 TEST_F(FlatScrollInputTest, APushedButtonKeepsItsColourAfterTheReleaseUntilThePointerMoves) {

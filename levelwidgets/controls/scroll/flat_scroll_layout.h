@@ -17,7 +17,8 @@ struct ScrollRange {
 
 class FlatScrollLayout {
  public:
-  // Lays out the buttons of a bar of this surface. The thumb keeps its length and position.
+  // Lays out the buttons of a bar of this surface. The thumb keeps its position, and its length as far as
+  // there is room for it.
   void SetSurface(TwipSize size, bool horizontal, float twips_per_pixel_x, float twips_per_pixel_y);
 
   bool Horizontal() const { return horizontal_; }
@@ -37,8 +38,8 @@ class FlatScrollLayout {
   // Raises 6 when the range does not fit 32 bits.
   Twips PositionFor(std::int32_t value, ScrollRange range) const;
   void SetThumbPosition(Twips position) { thumb_position_ = position; }
-  // Computes the thumb's length anew; whether it changed. Raises 6 when the range plus 8 does not fit 32
-  // bits.
+  // Computes the thumb's length anew, for Min or Max has been set; whether it changed. Raises 6 when the
+  // range plus 8 does not fit 32 bits.
   bool UpdateThumbLength(ScrollRange range);
 
   // `along` is a pointer coordinate along the bar.
@@ -46,17 +47,20 @@ class FlatScrollLayout {
   // The coordinate along the bar of a point.
   Twips Along(TwipPoint at) const { return horizontal_ ? at.x : at.y; }
   // The value for a thumb that is dragged with the pointer at `along`, `anchor` being where the last step
-  // left off.
+  // left off. Raises 6 when the range does not fit 32 bits and the thumb is between its ends.
   std::int32_t DragValue(Twips along, Twips anchor, ScrollRange range) const;
 
  private:
+  void FitThumb();
+
   TwipSize size_;
   bool horizontal_ = false;
   float twips_per_pixel_x_ = 15;
   float twips_per_pixel_y_ = 15;
   Twips button_;
   Twips thumb_position_;
-  Twips thumb_length_;
+  Twips wanted_thumb_length_;  // as of the last time Min or Max was set
+  Twips thumb_length_;         // as far as there is room between the buttons
   PixelRect first_;
   PixelRect second_;
 };

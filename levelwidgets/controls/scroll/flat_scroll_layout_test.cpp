@@ -137,6 +137,40 @@ TEST(ThumbRectangle, IsOnePixelLongerThanItsLength) {
   EXPECT_EQ(bar.Thumb(), (PixelRect{15, 0, 15 + 9 + 1, 17}));
 }
 
+TEST(ThumbLength, StaysUntilItIsComputedAnew) {
+  FlatScrollLayout bar = Bar(3000, kVertical);
+  bar.SetSurface({Twips(255), Twips(6000)}, kVertical, 15, 15);
+  EXPECT_EQ(bar.ThumbLength(), Twips(193));
+  EXPECT_TRUE(bar.UpdateThumbLength({0, 100}));
+  EXPECT_EQ(bar.ThumbLength(), Twips(415));
+}
+
+TEST(ThumbLength, FollowsTheRoomThereIs) {
+  FlatScrollLayout bar = Bar(3000, kVertical);
+  bar.SetSurface({Twips(255), Twips(500)}, kVertical, 15, 15);
+  EXPECT_EQ(bar.ThumbLength(), Twips(100));
+  bar.SetSurface({Twips(255), Twips(399.5f)}, kVertical, 15, 15);
+  EXPECT_EQ(bar.ThumbLength(), Twips(0));
+  bar.SetSurface({Twips(255), Twips(3000)}, kVertical, 15, 15);
+  EXPECT_EQ(bar.ThumbLength(), Twips(193));
+}
+
+TEST(ThumbLength, OfABarTurnedHorizontalIsTheLeastWhereverItsRangeWasSet) {
+  FlatScrollLayout bar = Bar(255, kVertical, {0, 100}, 3000);
+  EXPECT_EQ(bar.ThumbLength(), Twips(1));  // hardly any room
+  bar.SetSurface({Twips(3000), Twips(255)}, kHorizontal, 15, 15);
+  EXPECT_EQ(bar.ThumbLength(), Twips(135));
+}
+
+TEST(ThumbRectangle, FarOutFits32Bits) {
+  FlatScrollLayout bar = Bar(3000, kVertical);
+  bar.SetThumbPosition(bar.PositionFor(1000000001, {1000000000, 1000000002}));
+  EXPECT_GT(bar.ThumbPosition(), Twips(1e12f));
+  EXPECT_EQ(bar.Thumb().top, 1000000000 / 15);
+  bar.SetThumbPosition(bar.PositionFor(-1000000001, {-1000000002, -1000000000}));
+  EXPECT_EQ(bar.Thumb().top, -1000000000 / 15);
+}
+
 // --- Zones -------------------------------------------------------------------------------------------
 
 TEST(ScrollZone, HasFiveWithTheirEdges) {
@@ -190,6 +224,20 @@ TEST(DragValue, OfABarOf510TwipsIsAlwaysAnEnd) {
   bar.SetThumbPosition(Twips(200));
   EXPECT_EQ(bar.DragValue(Twips(255), Twips(255), {0, 100}), 0);
   EXPECT_EQ(bar.DragValue(Twips(256), Twips(255), {0, 100}), 100);
+}
+
+TEST(DragValue, IsCutToTheRangeBeforeItMustFit32Bits) {
+  FlatScrollLayout bar = Bar(3000, kVertical);
+  bar.SetThumbPosition(Twips(1000));
+  EXPECT_EQ(bar.DragValue(Twips(2790), Twips(2700), {0, 2147483647}), 2147483647);
+}
+
+TEST(DragValue, OfARangeBeyond32BitsRaises6ButNotAtItsEnds) {
+  FlatScrollLayout bar = Bar(3000, kVertical);
+  bar.SetThumbPosition(Twips(1000));
+  const ScrollRange all{-2147483647 - 1, 2147483647};
+  EXPECT_EQ(NumberRaisedBy([&] { bar.DragValue(Twips(1500), Twips(1050), all); }), kOverflow);
+  EXPECT_EQ(bar.DragValue(Twips(300), Twips(1100), all), all.min);
 }
 
 // --- Steps -------------------------------------------------------------------------------------------

@@ -257,6 +257,52 @@ TEST_F(FlatScrollTest, AHorizontalBarOfOrdinaryHeightAlwaysHasTheLeastThumb) {
   EXPECT_EQ(thumb, "Rectangle 13 0 23 17");  // 135 twips are 9 pixels, and one more
 }
 
+TEST_F(FlatScrollTest, AResizedBarKeepsItsThumbLengthUntilMinOrMaxIsSet) {
+  auto& bar = Bar();
+  bar.SetValue(0);
+  Hosted(bar).Move(kAt, {Twips(255), Twips(6000)});
+  const auto thumb = [&] { return DrawingCallsOf(bar, [&] { bar.OnPaint(); }).at(5); };
+  EXPECT_EQ(thumb(), "Rectangle 0 13 17 26");  // 193 twips
+  bar.SetMax(100);
+  EXPECT_EQ(thumb(), "Rectangle 0 13 17 41");  // 415 twips
+}
+
+TEST_F(FlatScrollTest, AThumbFarBeyondTheBarIsNoError) {
+  auto& bar = Bar();
+  bar.SetMax(1000000002);
+  bar.SetMin(1000000000);
+  bar.SetValue(1000000001);
+  EXPECT_EQ(bar.Value(), 1000000001);
+  EXPECT_EQ(PixelAt(bar, {8, 100}), ColorRef{0x00EFF7F7});
+}
+
+TEST_F(FlatScrollTest, AValueWhoseRangeDoesNotFit32BitsRaises6AndChangesNothing) {
+  auto& bar = Bar();
+  bar.SetValue(50);
+  EXPECT_EQ(RaisedBy([&] { bar.SetMax(2147483647); }).Number(), kOverflow);
+  EXPECT_EQ(RaisedBy([&] { bar.SetMin(-2147483647 - 1); }).Number(), kOverflow);
+  Watch(bar);
+  EXPECT_EQ(RaisedBy([&] { bar.SetValue(7); }).Number(), kOverflow);
+  EXPECT_EQ(bar.Value(), 50);
+  EXPECT_THAT(TakeJournal(), IsEmpty());
+  bar.SetValue(2147483647);  // the ends need no division
+  EXPECT_EQ(bar.Value(), 2147483647);
+}
+
+TEST_F(FlatScrollTest, AnOrientationIsTakenAlsoWhereNoValueIsAllowed) {
+  auto& bar = Bar();
+  bar.SetMin(200);
+  Watch(bar);
+  bar.SetOrientation(ksxOrientationHorizontal);
+  EXPECT_THAT(TakeJournal(), ElementsAre("paint", "PropertyChanged(Orientation)"));
+}
+
+TEST_F(FlatScrollTest, AListenersErrorDuringAResizePassesThrough) {
+  auto& bar = Bar();
+  bar.Change += [] { throw Error(kInvalidCall); };
+  EXPECT_EQ(RaisedBy([&] { Hosted(bar).Move(kAt, kWide); }).Number(), kInvalidCall);
+}
+
 TEST_F(FlatScrollTest, RefreshRepaintsAtOnce) {
   auto& bar = Bar();
   Watch(bar);
