@@ -303,6 +303,13 @@ TEST_F(FlatScrollTest, AListenersErrorDuringAResizePassesThrough) {
   EXPECT_EQ(RaisedBy([&] { Hosted(bar).Move(kAt, kWide); }).Number(), kInvalidCall);
 }
 
+TEST_F(FlatScrollTest, ABarThatIsLaidDownHasTheLeastThumbToo) {
+  auto& bar = Bar(kWide);
+  bar.SetOrientation(ksxOrientationHorizontal);
+  bar.SetValue(0);
+  EXPECT_EQ(DrawingCallsOf(bar, [&] { bar.OnPaint(); }).at(5), "Rectangle 13 0 23 17");
+}
+
 TEST_F(FlatScrollTest, RefreshRepaintsAtOnce) {
   auto& bar = Bar();
   Watch(bar);

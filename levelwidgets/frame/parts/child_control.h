@@ -8,8 +8,8 @@
 
 namespace levelwidgets {
 
-// The container that a control is to its parts: ambient properties are the owner's own surface, keys and the focus are
-// passed on to the owner, and code of the part keeps the owner alive.
+// The container that a control is to its parts: ambient properties are the owner's own surface, keys and the
+// focus are passed on to the owner, and code of the part keeps the owner alive.
 class ChildSite : public ControlSite {
  public:
   ChildSite(Control& owner, std::string name);
@@ -36,13 +36,15 @@ class ChildSite : public ControlSite {
   std::string name_;
 };
 
-// A control of class T inside `owner`, placed as a loaded instance with nothing saved; hidden until shown. The owner
-// talks to it through its public properties, methods and events.
+// A control of class T inside `owner`, placed as a loaded instance with nothing saved; hidden until shown.
+// The owner talks to it through its public properties, methods and events.
 template <typename T>
 class ChildControl {
  public:
   ChildControl(Control& owner, std::string name, TwipSize size)
-      : site_(std::make_shared<ChildSite>(owner, std::move(name))), control_(MakeControl<T>(site_)), size_(size) {
+      : site_(std::make_shared<ChildSite>(owner, std::move(name))),
+        control_(MakeControl<T>(site_)),
+        size_(size) {
     const PropertyBag nothing;
     control_->Start(&nothing, {}, size);
   }
