@@ -27,6 +27,10 @@ libgtest-dev         | /usr/include/gtest/gtest.h          | the test framework
 libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the tests
 clang-format         | clang-format                        | checks the layout of the sources'
 
+fuzz_packages='
+clang                | clang++                             | the compiler with the fuzzer
+libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a | the fuzzer'
+
 windows_packages='
 g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
 googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
