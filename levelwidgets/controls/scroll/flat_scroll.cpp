@@ -164,9 +164,6 @@ void FlatScroll::OnResize() {
 void FlatScroll::SetOrientation(ksxOrientationConstants orientation) {
   const auto keep = Reference();
   orientation_ = orientation;
-  // A bar that lies down has the thumb of one that lies: its least, at any ordinary height.
-  LayOut();
-  layout_.UpdateThumbLength(range_);
   OnResize();
   OnPaint();
   PropertyChanged("Orientation");

@@ -297,6 +297,13 @@ TEST_F(FlatScrollTest, AnOrientationIsTakenAlsoWhereNoValueIsAllowed) {
   EXPECT_THAT(TakeJournal(), ElementsAre("paint", "PropertyChanged(Orientation)"));
 }
 
+TEST_F(FlatScrollTest, AnOrientationIsTakenAlsoWhereTheRangeDoesNotFit32Bits) {
+  auto& bar = Bar();
+  EXPECT_EQ(RaisedBy([&] { bar.SetMax(2147483647); }).Number(), kOverflow);
+  bar.SetOrientation(ksxOrientationHorizontal);
+  EXPECT_EQ(bar.Orientation(), ksxOrientationHorizontal);
+}
+
 TEST_F(FlatScrollTest, AListenersErrorDuringAResizePassesThrough) {
   auto& bar = Bar();
   bar.Change += [] { throw Error(kInvalidCall); };
