@@ -175,6 +175,10 @@ std::intptr_t MessageRouter::DeliverToReplacement(WindowHandle window, std::uint
   if (Find(window)->plain) {
     if (Suppressed(window, message, lparam)) return message == WM_ERASEBKGND;
     TrackPress(window, message, wparam);
+  } else if (message == WM_MOUSEMOVE && PointerRests(window, lparam)) {
+    return 0;
+  } else if (message == WM_MOUSELEAVE) {
+    PointerLeft();
   }
   const Window* const known = Find(window);
   if (!known || !known->replacement) return 0;
