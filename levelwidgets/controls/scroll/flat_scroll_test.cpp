@@ -355,8 +355,8 @@ TEST_F(FlatScrollTest, ADisabledOrShortBarDrawsNoThumb) {
   auto& bar = Bar();
   bar.SetEnabled(false);
   EXPECT_EQ(DrawingCallsOf(bar, [&] { bar.OnPaint(); }).size(), 5u);
-  auto& stub = AddNew<FlatScroll>("scrShort", {Twips(1200), Twips(300)}, {Twips(255), Twips(599)});
-  EXPECT_EQ(DrawingCallsOf(stub, [&] { stub.OnPaint(); }).size(), 5u);
+  auto& short_bar = AddNew<FlatScroll>("scrShort", {Twips(1200), Twips(300)}, {Twips(255), Twips(599)});
+  EXPECT_EQ(DrawingCallsOf(short_bar, [&] { short_bar.OnPaint(); }).size(), 5u);
 }
 
 TEST_F(FlatScrollTest, ABarOfNoSizePaintsWithoutError) {
