@@ -88,7 +88,8 @@ function(levelwidgets_test_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} levelwidgets_gtest)
-  target_compile_definitions(${name} PRIVATE LEVELWIDGETS_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  set_source_files_properties(${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc PROPERTIES
+    COMPILE_DEFINITIONS LEVELWIDGETS_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array>
     <cmath> <functional> <map> <memory> <optional> <string> <string_view> <variant> <vector>)
 endfunction()

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/testing/source_dir.h>
 
 namespace levelwidgets {
 namespace {
@@ -13,7 +14,7 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
   std::string reports;
   ScriptHost host([&](const std::string& text) { reports += text + "\n"; });
   const std::string path =
-      std::string(LEVELWIDGETS_SOURCE_DIR "/levelwidgets/host/script/testdata/") + GetParam() + ".lua";
+      std::string(SourceDir()) + "/levelwidgets/host/script/testdata/" + GetParam() + ".lua";
   try {
     const int expected_handler_errors = host.RunFile(path);
     EXPECT_EQ(host.HandlerErrors().size(), static_cast<std::size_t>(expected_handler_errors)) << reports;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <levelwidgets/platform/conversions/conversions.h>
+#include <levelwidgets/testing/source_dir.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -10,7 +11,7 @@ namespace {
 constexpr Date kToday{45427};  // 15 May 2024
 
 TEST(ConversionCasesTest, EveryCaseOfTheTableGivesItsResult) {
-  const ConversionCases table = ReadConversionCases(LEVELWIDGETS_SOURCE_DIR);
+  const ConversionCases table = ReadConversionCases(SourceDir());
   EXPECT_GT(table.cases.size(), 5000u);
   std::map<std::string, std::unique_ptr<Conversions>> by_locale;
   for (const ConversionCase& c : table.cases) {

@@ -10,6 +10,7 @@
 #include <levelwidgets/platform/conversions/conversion_cases.h>
 #include <levelwidgets/platform/conversions/conversions.h>
 #include <levelwidgets/platform/win32/win32_text.h>
+#include <levelwidgets/testing/source_dir.h>
 
 namespace levelwidgets::win32 {
 namespace {
@@ -80,7 +81,7 @@ bool IsSameDate(const std::string& a, const std::string& b) {
 
 // Those that only the system's own bugs tell apart are listed with their reasons in the table.
 TEST(Win32ConversionsTest, TheLibrarysOwnConversionsAgreeWithTheSystems) {
-  const auto table = conversions::ReadConversionCases(LEVELWIDGETS_SOURCE_DIR);
+  const auto table = conversions::ReadConversionCases(SourceDir());
   std::map<std::string, std::unique_ptr<Pair>> pairs;
   std::map<std::string, int> differing;
   int agreeing = 0;

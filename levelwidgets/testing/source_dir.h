@@ -1,0 +1,8 @@
+#pragma once
+
+namespace levelwidgets {
+
+// The root of the repository, for tests that read its files. Known to test programs only.
+const char* SourceDir();
+
+}  // namespace levelwidgets
