@@ -8,7 +8,7 @@ namespace levelwidgets {
 
 namespace {
 
-ConversionApi& Conversions(lua_State* L) { return StateOf(L).Desktop().Conversions(); }
+ConversionApi& Conversions(lua_State* L) { return StateOf(L).FormPlatform().Conversions(); }
 
 int OptionalInteger(lua_State* L, int index, int default_value) {
   return static_cast<int>(luaL_optinteger(L, index, default_value));

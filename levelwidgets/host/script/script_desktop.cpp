@@ -193,7 +193,7 @@ int Active(lua_State* L) {
 int Trace(lua_State* L) {
   CheckDesktop(L);
   luaL_checktype(L, 2, LUA_TBOOLEAN);
-  TracingPlatform& tracing = StateOf(L).FormPlatform();
+  TracingPlatform& tracing = StateOf(L).Tracing();
   lua_toboolean(L, 2) ? tracing.Start() : tracing.Stop();
   return 0;
 }
@@ -213,7 +213,7 @@ int Calls(lua_State* L) {
   CheckDesktop(L);
   lua_newtable(L);
   lua_Integer place = 0;
-  for (const TracedCall& call : StateOf(L).FormPlatform().TakeCalls()) {
+  for (const TracedCall& call : StateOf(L).Tracing().TakeCalls()) {
     lua_newtable(L);
     lua_pushstring(L, call.name.c_str());
     lua_setfield(L, -2, "name");

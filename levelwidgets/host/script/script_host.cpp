@@ -61,16 +61,7 @@ int RunLoaded(lua_State* L, int loaded, const std::vector<std::string>& argument
   return status;
 }
 
-}  // namespace
-
-std::string HandlerError::ToString() const {
-  const std::string source = form + (form.empty() || control.empty() ? "" : ".") + control;
-  return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
-}
-
-ScriptHost::ScriptHost(Report report)
-    : state_(std::make_unique<ScriptState>(report ? std::move(report) : ReportToStandardError)) {
-  lua_State* L = state_->Running();
+void OpenLibraries(lua_State* L) {
   luaL_openlibs(L);
   OpenErrors(L);
   OpenValues(L);
@@ -80,6 +71,23 @@ ScriptHost::ScriptHost(Report report)
   OpenForms(L);
   OpenDesktop(L);
   OpenModule(L);
+}
+
+}  // namespace
+
+std::string HandlerError::ToString() const {
+  const std::string source = form + (form.empty() || control.empty() ? "" : ".") + control;
+  return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
+}
+
+ScriptHost::ScriptHost(Report report)
+    : state_(std::make_unique<ScriptState>(nullptr, report ? std::move(report) : ReportToStandardError)) {
+  OpenLibraries(state_->Running());
+}
+
+ScriptHost::ScriptHost(Platform& platform, Report report)
+    : state_(std::make_unique<ScriptState>(&platform, report ? std::move(report) : ReportToStandardError)) {
+  OpenLibraries(state_->Running());
 }
 
 ScriptHost::~ScriptHost() = default;

@@ -51,6 +51,9 @@ class ScriptHost {
 
   // Reports to standard error when given none.
   explicit ScriptHost(Report report = {});
+  // Forms are made on `platform`, in native windows for instance, and there is no desktop for scripts to
+  // drive. It must outlive the host.
+  explicit ScriptHost(Platform& platform, Report report = {});
   ScriptHost(const ScriptHost&) = delete;
   ScriptHost& operator=(const ScriptHost&) = delete;
   ~ScriptHost();
@@ -72,9 +75,9 @@ class ScriptHost {
   // every diagnostic of the file on a line of its own, or ScriptFailure.
   std::shared_ptr<Form> LoadForm(const std::string& path);
 
-  // Makes the desktop; raises 5 when there is one.
+  // Makes the desktop; raises 5 when there is one, or a platform in its place.
   void MakeDesktop(const DesktopSettings& settings);
-  // The desktop, made by default settings when there is none.
+  // The desktop, made by default settings when there is none. Raises 5 when there is a platform in its place.
   DesktopDriver& Desktop();
 
   const std::vector<HandlerError>& HandlerErrors() const;

@@ -6,6 +6,7 @@
 
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/platform/memory/desktop.h>
 
 namespace levelwidgets {
 namespace {
@@ -175,6 +176,20 @@ TEST_F(ScriptHostTest, DesktopIsMadeOnceAsToldOrByDefault) {
   ScriptHost other;
   EXPECT_EQ(other.Desktop().GetPlatform().Screen().Size(), (PixelSize{1024, 768}));
   EXPECT_EQ(other.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 15);
+}
+
+TEST_F(ScriptHostTest, FormsAreMadeOnThePlatformThatIsGivenAndThereIsNoDesktopToDrive) {
+  memory::Desktop desktop;
+  {
+    ScriptHost host(desktop);
+    host.RunText("frm = lw.form{ Name='frm', Caption='Given' } frm:show()", "test.lua");
+    ASSERT_EQ(desktop.TopLevelWindows().size(), 1u);
+    EXPECT_EQ(desktop.TopLevelWindows().front().title, "Given");
+    EXPECT_EQ(host.RunText("local ok, err = pcall(lw.desktop, {}) return err.number", "test.lua"), 5);
+    EXPECT_THROW(host.Desktop(), Error);
+    EXPECT_THROW(host.MakeDesktop({}), Error);
+  }
+  EXPECT_EQ(desktop.LiveWindows(), 0u);
 }
 
 }  // namespace

@@ -22,8 +22,11 @@ ScriptRef::~ScriptRef() {
 
 ScriptState& StateOf(lua_State* L) { return **static_cast<ScriptState**>(lua_getextraspace(L)); }
 
-ScriptState::ScriptState(ScriptHost::Report report)
-    : report_(std::move(report)), lua_(luaL_newstate(), lua_close), running_(lua_.get()) {
+ScriptState::ScriptState(Platform* platform, ScriptHost::Report report)
+    : platform_(platform),
+      report_(std::move(report)),
+      lua_(luaL_newstate(), lua_close),
+      running_(lua_.get()) {
   // Coroutines get a copy of it.
   *static_cast<ScriptState**>(lua_getextraspace(lua_.get())) = this;
 }
@@ -34,6 +37,10 @@ ScriptState::~ScriptState() {
 }
 
 void ScriptState::MakeDesktop(const DesktopSettings& settings) {
+  if (platform_) {
+    throw Error(kInvalidCall, "LevelWidgets.Desktop",
+                "There is no desktop to drive here: the forms are in native windows");
+  }
   if (desktop_) {
     throw Error(kInvalidCall, "LevelWidgets.Desktop",
                 "There is a desktop already: it is made once, before the first form");
@@ -53,7 +60,7 @@ memory::Desktop& ScriptState::Desktop() {
   return *desktop_;
 }
 
-TracingPlatform& ScriptState::FormPlatform() {
+TracingPlatform& ScriptState::Tracing() {
   Desktop();
   return *tracing_;
 }

@@ -44,7 +44,8 @@ struct ScriptForm {
 
 class ScriptState {
  public:
-  explicit ScriptState(ScriptHost::Report report);
+  // Null for a desktop of its own.
+  ScriptState(Platform* platform, ScriptHost::Report report);
   ~ScriptState();
 
   // --- Lua --------------------------------------------------------------------------------------
@@ -58,10 +59,12 @@ class ScriptState {
   // --- Desktop and forms ------------------------------------------------------------------------
 
   void MakeDesktop(const DesktopSettings& settings);
-  // Made by default settings when there is none yet.
+  // Made by default settings when there is none yet. Both raise 5 when there is a platform in its place.
   memory::Desktop& Desktop();
-  // Where forms are made: the desktop with the calls of its platform recorded.
-  TracingPlatform& FormPlatform();
+  // What records the calls of its platform.
+  TracingPlatform& Tracing();
+  // Where forms are made: what was given, or the recorded desktop.
+  Platform& FormPlatform() { return platform_ ? *platform_ : Tracing(); }
 
   // A form is kept until it is closed or forgotten.
   std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document);
@@ -75,6 +78,7 @@ class ScriptState {
 
  private:
   friend class RunningThread;
+  Platform* platform_;
   ScriptHost::Report report_;
   std::vector<HandlerError> handler_errors_;
   // In the order in which they end, from the last: forms, values of the scripts, desktop.
