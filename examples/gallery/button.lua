@@ -1,4 +1,4 @@
-require("sheet").write_explanations(form)
+require("sheet").dress(form)
 
 -- The looks that the pointer brings about, held still.
 cmdMouseOver.BackColor = cmdMouseOver.BackColorMouseOver

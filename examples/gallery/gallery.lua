@@ -1,5 +1,5 @@
 local lw = require "levelwidgets"
-require("sheet").write_explanations(form)
+require("sheet").dress(form)
 
 -- A button named cmd_label opens label.form.toml; its sheet stays open until it is closed.
 for _, control in ipairs(form:controls()) do

@@ -2,10 +2,49 @@
 local lw = require "levelwidgets"
 local sheet = {}
 
-local colors = { head = 0x00804A1C, txt = 0x00404040 }
+-- On a desktop with light texts the defaults of the classes, which are light, give way to its colours.
+local system = { scroll_bar = 0x80000000, window = 0x80000005, window_frame = 0x80000006, face = 0x8000000F,
+                 text = 0x80000012, highlight = 0x80000014, dark = 0x80000015, hot = 0x8000001A }
+local of_the_desktop = {
+  { "BackColor", system.face }, { "BackColorMouseOver", system.highlight },
+  { "BackColorPushed", system.face, given = system.dark },
+  { "ForeColor", system.text }, { "ForeColorMouseOver", system.hot }, { "ForeColorPushed", system.text },
+  { "ButtonColor", system.face }, { "ButtonColorMouseOver", system.highlight }, { "ButtonColorPushed", system.face },
+  { "TabColor", system.window }, { "InactiveTabColor", system.face }, { "BorderColor", system.window_frame },
+  { "ScrollBackColor", system.scroll_bar }, { "ScrollButtonColor", system.face },
+  { "ScrollMouseOverColor", system.highlight }, { "ScrollPushedColor", system.face },
+}
 
--- The headings (head01...) and explanations (txt01...) are labels that do not react to the pointer.
-function sheet.write_explanations(form)
+local function is_dark()
+  local text = lw.color(system.text)
+  local red, green, blue = text & 0xFF, text >> 8 & 0xFF, text >> 16
+  return 2 * red + 5 * green + blue > 4 * 255
+end
+
+-- A control that was given a background is in colours of its own and stays as it is.
+local function follow_desktop(form)
+  for _, control in ipairs(form:controls()) do
+    local given = {}
+    for _, property in ipairs(control:properties()) do given[property.Name] = true end
+    if not given.BackColor and not given.ScrollBackColor then
+      for _, color in ipairs(of_the_desktop) do
+        local name = color[1]
+        local has, value = pcall(function() return control[name] end)
+        if has and value < 0x80000000 then control[name] = given[name] and color.given or color[2] end
+      end
+    end
+  end
+  form.BackColor = system.face  -- last: what was taken from it is not given
+end
+
+-- Call it before all else. The headings (head01...) and explanations (txt01...) are labels that do not react to
+-- the pointer.
+function sheet.dress(form)
+  local colors = { head = 0x00804A1C, txt = 0x00404040 }
+  if is_dark() then
+    follow_desktop(form)
+    colors = { head = system.hot, txt = system.text }
+  end
   for _, label in ipairs(form:controls()) do
     local kind = label.Name:match("^(%l+)%d+$")
     if colors[kind] then

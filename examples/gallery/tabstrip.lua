@@ -1,4 +1,4 @@
-require("sheet").write_explanations(form)
+require("sheet").dress(form)
 
 -- The controls on a page begin with the page's name: orderLabel1, orderButton2.
 local pages = { "order", "lines", "notes" }

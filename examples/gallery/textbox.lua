@@ -1,4 +1,4 @@
-require("sheet").write_explanations(form)
+require("sheet").dress(form)
 
 function form_Load()
   txtFocused:SetFocus()

@@ -135,6 +135,18 @@ TEST_F(CommandLine, RenderUnderThePointerIsAnotherPicture) {
   EXPECT_NE(TextOf(folder_ / "plain.png"), TextOf(folder_ / "large.png"));
 }
 
+TEST_F(CommandLine, RenderInAnotherPaletteIsAnotherPicture) {
+  OrderForm();
+  ASSERT_EQ(Run("render order.form.toml -o plain.png").status, 0);
+  ASSERT_EQ(Run("render order.form.toml -o light.png --palette light").status, 0);
+  ASSERT_EQ(Run("render order.form.toml -o dark.png --palette dark").status, 0);
+  EXPECT_EQ(TextOf(folder_ / "plain.png"), TextOf(folder_ / "light.png"));
+  EXPECT_NE(TextOf(folder_ / "plain.png"), TextOf(folder_ / "dark.png"));
+  const Outcome unknown = Run("render order.form.toml -o p.png --palette mauve");
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err, HasSubstr("{light,classic,dark,high-contrast}"));
+}
+
 TEST_F(CommandLine, RenderRefusesWhatIsNotThere) {
   OrderForm();
   const Outcome hover = Run("render order.form.toml -o p.png --hover cmdSav");

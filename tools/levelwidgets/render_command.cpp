@@ -1,5 +1,6 @@
 #include <levelwidgets/host/script/png_file.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/platform/memory/system_colors.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
@@ -10,6 +11,7 @@ struct RenderArguments {
   std::string form;
   std::string picture;
   int dpi = 96;
+  std::string palette = "light";
   std::string hover;
   std::string open;
 };
@@ -51,7 +53,7 @@ PixelRect Union(const PixelRect& a, const PixelRect& b) {
 
 int Render(const RenderArguments& arguments) {
   ScriptHost host;
-  host.MakeDesktop({.size = kAmpleScreen, .dpi = arguments.dpi});
+  host.MakeDesktop({.size = kAmpleScreen, .dpi = arguments.dpi, .palette = arguments.palette});
   const auto form = host.LoadForm(arguments.form);
   DesktopDriver& desktop = host.Desktop();
   form->Show();
@@ -77,6 +79,10 @@ void AddRenderCommand(CLI::App& program, int& status) {
   command->add_option("-o,--output", given->picture, "The picture, in PNG format")->required();
   command->add_option("--dpi", given->dpi, "Pixels per inch")
       ->check(CLI::Range(24, 960))
+      ->capture_default_str();
+  const auto palettes = memory::PaletteNames();
+  command->add_option("--palette", given->palette, "The colours of the desktop")
+      ->check(CLI::IsMember(std::vector<std::string>(palettes.begin(), palettes.end())))
       ->capture_default_str();
   command->add_option("--hover", given->hover, "A control for the pointer to be over");
   command->add_option("--open", given->open, "A control to open the drop-down of");

@@ -255,11 +255,12 @@ constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadDesktop>}, {nullptr
 [[noreturn]] void Refuse(const std::string& text) { throw Error(kInvalidCall, "LevelWidgets.Desktop", text); }
 
 DesktopSettings SettingsAt(lua_State* L, int index) {
-  const OptionTable table(L, index, "Desktop", {"width", "height", "dpi", "locale", "today"});
+  const OptionTable table(L, index, "Desktop", {"width", "height", "dpi", "locale", "today", "palette"});
   DesktopSettings settings;
   settings.size = {table.Whole("width", settings.size.width), table.Whole("height", settings.size.height)};
   settings.dpi = table.Whole("dpi", settings.dpi);
   settings.locale = table.Text("locale", settings.locale);
+  settings.palette = table.Text("palette", settings.palette);
   constexpr int kMost = 16384;
   if (std::min(settings.size.width, settings.size.height) < 1 ||
       std::max(settings.size.width, settings.size.height) > kMost) {

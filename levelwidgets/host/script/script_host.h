@@ -39,7 +39,8 @@ struct DesktopSettings {
   PixelSize size{1024, 768};
   int dpi = 96;
   std::string locale = "en-US";
-  std::optional<Date> today;  // the desktop's own where not given
+  std::optional<Date> today;      // the desktop's own where not given
+  std::string palette = "light";  // one of PaletteNames(); raises 5 for another
 };
 
 // One run of scripts and all that it makes: the desktop, the forms, the values. The desktop is made when the

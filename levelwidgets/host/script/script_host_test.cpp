@@ -178,6 +178,20 @@ TEST_F(ScriptHostTest, DesktopIsMadeOnceAsToldOrByDefault) {
   EXPECT_EQ(other.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 15);
 }
 
+TEST_F(ScriptHostTest, DesktopHasTheColorsOfThePaletteThatIsNamed) {
+  Run("lw.desktop{ palette='dark' } frm = lw.form{ Name='frm', Width=3000, Height=1500 } frm:show()");
+  const PixelRect rect = host_.Desktop().TopLevelWindows().front().rect;
+  EXPECT_EQ(host_.Desktop().PixelAt({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}),
+            memory::FindPalette("dark")->At(kColorButtonFace));
+}
+
+TEST_F(ScriptHostTest, UnknownPaletteIsRefusedWithTheNamesOfThoseThereAre) {
+  EXPECT_THAT(FailureOf("lw.desktop{ palette='mauve' }"),
+              HasSubstr("There is no palette \"mauve\"; the palettes: \"light\", \"classic\", \"dark\", "
+                        "\"high-contrast\" (error 5, LevelWidgets.Desktop)"));
+  EXPECT_EQ(Run("lw.desktop{ palette='classic' } return 7"), 7) << "nothing had been made";
+}
+
 TEST_F(ScriptHostTest, FormsAreMadeOnThePlatformThatIsGivenAndThereIsNoDesktopToDrive) {
   memory::Desktop desktop;
   {

@@ -1,6 +1,9 @@
 #include <levelwidgets/host/script/script_module.h>
 
+#include <limits>
+
 #include <levelwidgets/controls/registry.h>
+#include <levelwidgets/frame/paint.h>
 #include <levelwidgets/host/script/script_conversions.h>
 #include <levelwidgets/host/script/script_desktop.h>
 #include <levelwidgets/host/script/script_error.h>
@@ -49,10 +52,25 @@ int ListErrors(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kFunctions[] = {{"date", Guarded<NewDate>},      {"desktop", Guarded<NewDesktop>},
-                                   {"errors", Guarded<ListErrors>}, {"font", Guarded<NewFont>},
-                                   {"form", Guarded<NewForm>},      {"load", Guarded<LoadFormFile>},
-                                   {"new", Guarded<NewObject>},     {nullptr, nullptr}};
+// lw.color(color): what is drawn for a colour property's value, 0x00BBGGRR; that of a system colour is the
+// desktop's.
+int ConcreteColor(lua_State* L) {
+  const lua_Integer bits = luaL_checkinteger(L, 1);
+  const Color color(static_cast<std::uint32_t>(bits));
+  const ColorRef concrete = TranslateColor(StateOf(L).FormPlatform().Drawing(), color);
+  if (bits < std::numeric_limits<std::int32_t>::min() || bits > std::numeric_limits<std::uint32_t>::max() ||
+      concrete == kInvalidColorRef) {
+    throw Error(kInvalidCall, "LevelWidgets",
+                "A colour is 0x00BBGGRR, or 0x80000000 and the number of a system colour");
+  }
+  lua_pushinteger(L, concrete.value);
+  return 1;
+}
+
+constexpr luaL_Reg kFunctions[] = {
+    {"color", Guarded<ConcreteColor>}, {"date", Guarded<NewDate>},  {"desktop", Guarded<NewDesktop>},
+    {"errors", Guarded<ListErrors>},   {"font", Guarded<NewFont>},  {"form", Guarded<NewForm>},
+    {"load", Guarded<LoadFormFile>},   {"new", Guarded<NewObject>}, {nullptr, nullptr}};
 
 int RefuseUnknown(lua_State* L) {
   std::vector<std::string_view> names{"null"};

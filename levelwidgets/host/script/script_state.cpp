@@ -36,6 +36,20 @@ ScriptState::~ScriptState() {
   lua_.reset();
 }
 
+namespace {
+
+memory::SystemPalette PaletteNamed(const std::string& name) {
+  if (const auto palette = memory::FindPalette(name)) return *palette;
+  std::string names;
+  for (const std::string_view known : memory::PaletteNames()) {
+    names += (names.empty() ? "\"" : ", \"") + std::string(known) + "\"";
+  }
+  throw Error(kInvalidCall, "LevelWidgets.Desktop",
+              "There is no palette \"" + name + "\"; the palettes: " + names);
+}
+
+}  // namespace
+
 void ScriptState::MakeDesktop(const DesktopSettings& settings) {
   if (platform_) {
     throw Error(kInvalidCall, "LevelWidgets.Desktop",
@@ -50,6 +64,7 @@ void ScriptState::MakeDesktop(const DesktopSettings& settings) {
   options.dpi_x = options.dpi_y = settings.dpi;
   options.locale = settings.locale;
   if (settings.today) options.now = *settings.today;
+  options.palette = PaletteNamed(settings.palette);
   desktop_ = std::make_unique<memory::Desktop>(options);
   tracing_ = std::make_unique<TracingPlatform>(*desktop_);
   desktop_->SetOutwardPlatform(tracing_.get());

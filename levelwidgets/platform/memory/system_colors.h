@@ -2,6 +2,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <span>
+#include <string_view>
 
 #include <levelwidgets/platform/constants.h>
 #include <levelwidgets/platform/types.h>
@@ -23,7 +26,12 @@ struct SystemPalette {
   friend bool operator==(const SystemPalette&, const SystemPalette&) = default;
 };
 
-// What a fresh installation shows: light grey faces, white windows, blue selection.
+// "light": light grey faces, white windows, blue selection; what a desktop shows that is told nothing.
 SystemPalette StandardPalette();
+
+// "light", "classic" (warm grey, dark blue), "dark" and "high-contrast" (white on black).
+std::span<const std::string_view> PaletteNames();
+// Nothing for a name that is none of them.
+std::optional<SystemPalette> FindPalette(std::string_view name);
 
 }  // namespace levelwidgets::memory
