@@ -88,6 +88,15 @@ function(levelwidgets_test_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} levelwidgets_gtest)
+  # Their run is short and their compilation is not: no optimisation, and undefined behaviour is looked for in
+  # the libraries only. Without inlining there are more sections than the usual object format of Windows holds.
+  target_compile_options(${name} PRIVATE -O0)
+  if(LEVELWIDGETS_SANITIZE)
+    target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
+  endif()
+  if(WIN32)
+    target_compile_options(${name} PRIVATE -Wa,-mbig-obj)
+  endif()
   set_source_files_properties(${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc PROPERTIES
     COMPILE_DEFINITIONS LEVELWIDGETS_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array>
