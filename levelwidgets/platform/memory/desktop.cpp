@@ -86,6 +86,16 @@ void Desktop::Type(std::string_view text) {
   Settle();
 }
 
+void Desktop::KeyDown(int code, int shift, std::string_view text) {
+  input_.KeyDown(code, shift, text);
+  Settle();
+}
+
+void Desktop::EnterText(std::string_view text) {
+  input_.EnterText(text);
+  Settle();
+}
+
 // --- What can be seen ------------------------------------------------------------------------
 
 ColorRef Desktop::PixelAt(PixelPoint screen) {

@@ -62,6 +62,14 @@ class Desktop final : public Platform, public DesktopDriver {
   // procedures are handed its windows. Null takes it off.
   void SetOutwardPlatform(Platform* platform);
 
+  // --- Native input ----------------------------------------------------------------------------
+  // As in memory_input.h; what a person's own keyboard and pointer bring besides the driver's.
+
+  void SetPointerArea(PixelRect area) { input_.SetPointerArea(area); }
+  void HoldShift(int shift) { input_.HoldShift(shift); }
+  void KeyDown(int code, int shift, std::string_view text);
+  void EnterText(std::string_view text);
+
   // --- DesktopDriver -------------------------------------------------------------------------
 
   Platform& GetPlatform() override { return outward_ ? *outward_ : *this; }

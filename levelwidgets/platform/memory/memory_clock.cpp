@@ -54,6 +54,11 @@ void MemoryClock::Advance(std::uint32_t ms) {
   now_ms_ = std::max(now_ms_, end);
 }
 
+void MemoryClock::Elapse(std::uint32_t ms) {
+  now_ms_ += ms;
+  DoEvents();
+}
+
 // --- Timers ----------------------------------------------------------------------------------
 
 TimerHandle MemoryClock::SetTimer(std::uint32_t interval_ms, std::function<void()> tick) {

@@ -24,6 +24,8 @@ class MemoryClock final : public ClockApi {
   // creation), doing all that is pending in between. While a tick runs the loop or lets time pass, other
   // timers tick inside it, its own does not: what it missed is one tick afterwards.
   void Advance(std::uint32_t ms);
+  // Lets `ms` milliseconds pass at once, as real time does: what a timer missed is one tick.
+  void Elapse(std::uint32_t ms);
   // Moves the date without letting time pass.
   void SetNow(Date now);
   // As SetTimer, for what the desktop does by itself (a caret that blinks): Run does not wait for these
@@ -31,7 +33,7 @@ class MemoryClock final : public ClockApi {
   TimerHandle SetBackgroundTimer(std::uint32_t interval_ms, std::function<void()> tick);
   // When the next timer is due, in GetTickCount's milliseconds; nothing without timers that can tick.
   std::optional<std::uint64_t> NextDue() const;
-  // Who shows the desktop to a person waits here, in real time, and brings input and Advance; Run calls
+  // Who shows the desktop to a person waits here, in real time, and brings input and Elapse; Run calls
   // it when nothing is pending, instead of moving the clock to the next timer.
   void SetWaiter(std::function<void()> waiter) { waiter_ = std::move(waiter); }
 

@@ -177,6 +177,18 @@ TEST_F(MemoryClockTest, RunWaitsWhereAPersonIsAtTheDesktop) {
   EXPECT_EQ(clock.GetTickCount(), 0u);
 }
 
+TEST_F(MemoryClockTest, WhatATimerMissesInElapsedTimeIsOneTick) {
+  Every(100, "a");
+  Every(30, "b");
+  clock.Elapse(310);
+  EXPECT_THAT(log, ElementsAre("b@310", "a@310"));
+  EXPECT_EQ(clock.NextDue(), 330u);
+  clock.Elapse(19);
+  EXPECT_EQ(log.size(), 2u);
+  clock.Elapse(1);
+  EXPECT_EQ(log.back(), "b@330");
+}
+
 TEST_F(MemoryClockTest, NowFollowsTheClock) {
   EXPECT_EQ(clock.Now(), Date{45427.4375});
   clock.Advance(12 * 60 * 60 * 1000);

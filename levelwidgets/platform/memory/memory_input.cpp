@@ -82,9 +82,9 @@ void MemoryInput::SendPointer(WindowHandle window, std::uint32_t message) {
 }
 
 void MemoryInput::MovePointer(PixelPoint screen) {
-  const PixelRect& area = windows_.Tree().Desktop().rect;
-  const PixelPoint point{std::clamp(screen.x, 0, std::max(0, area.right - 1)),
-                         std::clamp(screen.y, 0, std::max(0, area.bottom - 1))};
+  const PixelRect area = pointer_area_.value_or(windows_.Tree().Desktop().rect);
+  const PixelPoint point{std::clamp(screen.x, area.left, std::max(area.left, area.right - 1)),
+                         std::clamp(screen.y, area.top, std::max(area.top, area.bottom - 1))};
   if (point == windows_.Input().pointer) return;
   windows_.Input().pointer = point;
   if (grab_.window) {
@@ -220,9 +220,17 @@ LParam MemoryInput::KeyBits(bool was_down, bool up) const {
   return static_cast<std::int32_t>(bits);
 }
 
-void MemoryInput::KeyDown(int code, int shift) { Stroke(code, shift, CharacterOfKey(code, shift)); }
+void MemoryInput::KeyDown(int code, int shift) {
+  const std::optional<char> character = CharacterOfKey(code, shift);
+  Stroke(code, shift, character ? std::string_view(&*character, 1) : "");
+}
 
-void MemoryInput::Stroke(int code, int shift, std::optional<char> character) {
+void MemoryInput::KeyDown(int code, int shift, std::string_view utf8) {
+  Stroke(code, shift, drawing_.ToCodePage(utf8));
+}
+
+// `characters` are bytes of the code page.
+void MemoryInput::Stroke(int code, int shift, std::string_view characters) {
   const bool was_down = IsDown(code);
   HoldShift(shift);
   SetDown(code, true);
@@ -230,8 +238,9 @@ void MemoryInput::Stroke(int code, int shift, std::optional<char> character) {
   const WindowHandle target = KeyTarget(system);
   const LParam bits = KeyBits(was_down, false);
   windows_.SendMessageA(target, system ? kWmSysKeyDown : kWmKeyDown, static_cast<WParam>(code), bits);
-  if (!character) return;
-  windows_.SendMessageA(target, system ? kWmSysChar : kWmChar, static_cast<std::uint8_t>(*character), bits);
+  for (const char character : characters) {
+    windows_.SendMessageA(target, system ? kWmSysChar : kWmChar, static_cast<std::uint8_t>(character), bits);
+  }
 }
 
 void MemoryInput::KeyUp(int code, int shift) {
@@ -251,8 +260,16 @@ void MemoryInput::Type(std::string_view utf8) {
       SetDown(stroke.code, false);
       HoldShift(0);
     });
-    Stroke(stroke.code, stroke.shift, byte == '\n' ? '\r' : byte);
+    const char character = byte == '\n' ? '\r' : byte;
+    Stroke(stroke.code, stroke.shift, {&character, 1});
     KeyUp(stroke.code, stroke.shift);
+  }
+}
+
+void MemoryInput::EnterText(std::string_view utf8) {
+  bool system = false;
+  for (const char character : drawing_.ToCodePage(utf8)) {
+    windows_.SendMessageA(KeyTarget(system), kWmChar, static_cast<std::uint8_t>(character), kOnce);
   }
 }
 

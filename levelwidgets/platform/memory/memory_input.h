@@ -14,8 +14,11 @@ class MemoryInput {
  public:
   MemoryInput(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing);
 
-  // Kept on the screen, as a real pointer is. Moving it to where it is sends nothing.
+  // Kept on the screen, as a real pointer is, or in the area of SetPointerArea. Moving it to where it is
+  // sends nothing.
   void MovePointer(PixelPoint screen);
+  // Where the pointer may be instead: on several native screens, for instance. 16 bits hold all of it.
+  void SetPointerArea(PixelRect area) { pointer_area_ = area; }
   // Pressing a button that is down, or releasing one that is not, does nothing.
   void Press(int button);
   void Release(int button);
@@ -26,6 +29,14 @@ class MemoryInput {
   void KeyDown(int code, int shift);
   void KeyUp(int code, int shift);
   void Type(std::string_view utf8);
+
+  // What a native keyboard brings, whatever its layout is:
+  // A key goes down with the shift bits held, and its characters are those of `utf8`, not the key's own.
+  void KeyDown(int code, int shift, std::string_view utf8);
+  // Characters that no key stands for, those of an input method for instance.
+  void EnterText(std::string_view utf8);
+  // The shift bits that are held from now on.
+  void HoldShift(int shift);
 
  private:
   struct PressRecord {
@@ -48,7 +59,6 @@ class MemoryInput {
   void SetDown(int code, bool down);
   bool AnyButton() const;
   WParam PointerBits() const;
-  void HoldShift(int shift);
 
   WindowHandle PointerTarget();
   void SendPointer(WindowHandle window, std::uint32_t message);
@@ -61,7 +71,7 @@ class MemoryInput {
 
   WindowHandle KeyTarget(bool& system) const;
   LParam KeyBits(bool was_down, bool up) const;
-  void Stroke(int code, int shift, std::optional<char> character);
+  void Stroke(int code, int shift, std::string_view characters);
 
   MemoryWindows& windows_;
   MemoryClock& clock_;
@@ -69,6 +79,7 @@ class MemoryInput {
   bool press_capture_ = false;
   std::optional<PressRecord> last_press_;
   FrameGrab grab_;
+  std::optional<PixelRect> pointer_area_;
 };
 
 }  // namespace levelwidgets::memory

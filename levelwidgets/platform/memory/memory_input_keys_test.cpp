@@ -117,6 +117,55 @@ TEST_F(MemoryInputKeysTest, RepeatedKeysTellThatTheyWereDown) {
   EXPECT_THAT(bits, ElementsAre(1, 1 | 1 << 30, 1));
 }
 
+// --- A native keyboard -----------------------------------------------------------------------
+
+TEST_F(MemoryInputKeysTest, OnANativeKeyboardAKeysCharactersAreThoseGiven) {
+  windows.SetFocus(left);
+  Begin();
+  desktop.KeyDown('Y', 0, "z");
+  desktop.KeyUp('Y', 0);
+  desktop.KeyDown('A', 0, "");  // a dead key
+  desktop.KeyUp('A', 0);
+  desktop.KeyDown('E', 0, "\xC3\xAA\xC3\xA9");
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 89", "left Char 122", "left KeyUp 89", "left KeyDown 65",
+                                   "left KeyUp 65", "left KeyDown 69", "left Char 234", "left Char 233"));
+}
+
+TEST_F(MemoryInputKeysTest, AltMakesSystemKeysOfANativeKeyboard) {
+  windows.SetFocus(left);
+  Begin();
+  desktop.KeyDown('X', kAltMask, "x");
+  desktop.KeyDown('Q', kAltMask | kCtrlMask, "@");
+  EXPECT_THAT(Input(),
+              ElementsAre("left SysKeyDown 88", "left SysChar 120", "left KeyDown 81", "left Char 64"));
+}
+
+TEST_F(MemoryInputKeysTest, EnteredTextIsCharactersWithoutKeys) {
+  windows.SetFocus(left);
+  Begin();
+  desktop.EnterText("a\xC3\xA9");
+  EXPECT_THAT(Input(), ElementsAre("left Char 97", "left Char 233"));
+  windows.SetFocus({});
+  Begin();
+  desktop.EnterText("b");
+  EXPECT_THAT(Input(), ElementsAre("form Char 98"));
+}
+
+TEST_F(MemoryInputKeysTest, HeldShiftBitsOutliveTheKeysThatGoUp) {
+  windows.SetFocus(left);
+  desktop.KeyDown('A', kShiftMask, "A");
+  desktop.KeyUp('A', kShiftMask);
+  EXPECT_EQ(windows.GetKeyState(kKeyShift), 0);
+  desktop.HoldShift(kShiftMask);
+  desktop.MovePointer({115, 115});
+  Begin();
+  desktop.Press(kLeftButton);
+  EXPECT_THAT(Input(), ElementsAre("left LButtonDown 5 5,5"));
+  desktop.HoldShift(0);
+  desktop.Release(kLeftButton);
+  EXPECT_THAT(Input(), testing::Contains("left LButtonUp 0 5,5"));
+}
+
 // --- Handlers that do more -------------------------------------------------------------------
 
 TEST_F(MemoryInputKeysTest, AHandlerMayDriveTheDesktopItself) {

@@ -297,5 +297,16 @@ TEST_F(FrameInputTest, AWindowDestroyedWhileItIsDraggedIsLeftAlone) {
   EXPECT_EQ(desktop.LiveWindows(), 0u);
 }
 
+TEST_F(MemoryInputTest, ThePointerMayLeaveTheScreenWhereItsAreaIsLarger) {
+  desktop.SetPointerArea({-500, -20, 3000, 2000});
+  PixelPoint pointer;
+  desktop.MovePointer({-100, 1500});
+  windows.GetCursorPos(pointer);
+  EXPECT_EQ(pointer, (PixelPoint{-100, 1500}));
+  desktop.MovePointer({-600, 5000});
+  windows.GetCursorPos(pointer);
+  EXPECT_EQ(pointer, (PixelPoint{-500, 1999}));
+}
+
 }  // namespace
 }  // namespace levelwidgets::memory
