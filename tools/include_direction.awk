@@ -8,6 +8,7 @@ BEGIN {
   allowed["controls"] = "platform frame"
   allowed["pages"] = "platform frame controls"
   allowed["host"] = "platform platform/memory platform/win32 platform/tracing frame controls pages"
+  allowed["presenter"] = "platform platform/memory"
   allowed["testing"] = allowed["host"] " host"
   # What a test may include besides.
   for_tests = "testing platform/memory platform/win32 platform/tracing"

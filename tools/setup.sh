@@ -15,6 +15,7 @@ pkg-config           | pkg-config                          | finds the libraries
 libfreetype-dev      | /usr/include/freetype2/ft2build.h   | text on the memory desktop
 libfontconfig-dev    | /usr/include/fontconfig             | finds the fonts
 libpng-dev           | /usr/include/png.h                  | pictures
+libsdl2-dev          | /usr/include/SDL2/SDL.h             | native windows
 liblua5.4-dev        | /usr/include/lua5.4/lua.h           | form scripts
 libtomlplusplus-dev  | /usr/include/toml++/toml.h          | form files
 libcli11-dev         | /usr/include/CLI/CLI.hpp            | the command line

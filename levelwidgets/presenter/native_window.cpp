@@ -1,0 +1,128 @@
+#include <levelwidgets/presenter/native_window.h>
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace levelwidgets::presenter {
+
+namespace {
+
+std::uint32_t FlagsOf(WindowKind kind) {
+  switch (kind) {
+    case WindowKind::kForm: return SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_RESIZABLE;
+    case WindowKind::kFixedForm: return SDL_WINDOW_ALLOW_HIGHDPI;
+    case WindowKind::kPopup: break;
+  }
+  return SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_BORDERLESS | SDL_WINDOW_SKIP_TASKBAR |
+         SDL_WINDOW_ALWAYS_ON_TOP | SDL_WINDOW_POPUP_MENU;
+}
+
+// Of 32 bits; the usual order where the display's pixels have another size and are converted.
+PixelShifts ShiftsOf(const SDL_PixelFormat& format) {
+  if (format.BytesPerPixel != 4) return {};
+  return {format.Rshift, format.Gshift, format.Bshift};
+}
+
+std::uint32_t* RowOf(SDL_Surface& surface, int y) {
+  return reinterpret_cast<std::uint32_t*>(static_cast<std::uint8_t*>(surface.pixels) + y * surface.pitch);
+}
+
+// What to write to in 32 bits: the window's own surface where it has them.
+struct Canvas {
+  explicit Canvas(SDL_Surface& window_surface) : window(&window_surface), surface(&window_surface) {
+    if (window->format->BytesPerPixel == 4) return;
+    surface = SDL_CreateRGBSurfaceWithFormat(0, window->w, window->h, 32, SDL_PIXELFORMAT_RGB888);
+    if (!surface) throw std::runtime_error(SDL_GetError());
+    SDL_BlitSurface(window, nullptr, surface, nullptr);
+  }
+  Canvas(const Canvas&) = delete;
+  Canvas& operator=(const Canvas&) = delete;
+  ~Canvas() {
+    if (surface == window) return;
+    SDL_BlitSurface(surface, nullptr, window, nullptr);
+    SDL_FreeSurface(surface);
+  }
+
+  SDL_Surface* window;
+  SDL_Surface* surface;
+};
+
+}  // namespace
+
+NativeWindow::NativeWindow(WindowKind kind, const std::string& title, PixelPoint place, PixelSize size)
+    : kind_(kind),
+      window_(SDL_CreateWindow(title.c_str(), place.x, place.y, size.width, size.height, FlagsOf(kind))) {
+  if (!window_) throw std::runtime_error(std::string("No native window can be made: ") + SDL_GetError());
+}
+
+NativeWindow::~NativeWindow() { SDL_DestroyWindow(window_); }
+
+std::uint32_t NativeWindow::Id() const { return SDL_GetWindowID(window_); }
+
+void NativeWindow::SetTitle(const std::string& title) { SDL_SetWindowTitle(window_, title.c_str()); }
+
+void NativeWindow::MoveTo(PixelPoint place) { SDL_SetWindowPosition(window_, place.x, place.y); }
+
+void NativeWindow::SetSize(PixelSize size) { SDL_SetWindowSize(window_, size.width, size.height); }
+
+void NativeWindow::Raise() { SDL_RaiseWindow(window_); }
+
+void NativeWindow::Show(memory::PixelStore& store, const PixelRect& part, int factor) {
+  SDL_Surface* surface = SDL_GetWindowSurface(window_);
+  if (!surface) return;  // while it is minimised on some systems
+  if (surface->pixels != surface_pixels_) Forget();
+  surface_pixels_ = surface->pixels;
+  const bool all = shown_.Size() != PixelSize{part.width(), part.height()};
+  std::vector<SDL_Rect> changes;
+  const Canvas canvas(*surface);
+  for (const PixelRect& changed : shown_.Update(store, part)) {
+    Write(changed, factor, *canvas.surface);
+    SDL_Rect rect{changed.left * factor, changed.top * factor, changed.width() * factor,
+                  changed.height() * factor};
+    rect.w = std::min(rect.w, surface->w - rect.x);
+    rect.h = std::min(rect.h, surface->h - rect.y);
+    if (rect.w > 0 && rect.h > 0) changes.push_back(rect);
+  }
+  if (all) {
+    FillRest(shown_.Size(), factor, *canvas.surface);
+    changes = {{0, 0, surface->w, surface->h}};
+  }
+  if (!changes.empty()) {
+    SDL_UpdateWindowSurfaceRects(window_, changes.data(), static_cast<int>(changes.size()));
+  }
+}
+
+void NativeWindow::Write(const PixelRect& changed, int factor, SDL_Surface& surface) const {
+  const PixelShifts shifts = ShiftsOf(*surface.format);
+  const int right = std::min(changed.right, surface.w / factor);
+  for (int y = changed.top; y < changed.bottom; ++y) {
+    const int top = y * factor;
+    if (top >= surface.h) return;
+    std::uint32_t* row = RowOf(surface, top) + changed.left * factor;
+    WriteEnlarged(shown_.Row(y) + changed.left, right - changed.left, factor, shifts, row);
+    // A pixel that is cut by the window's edge.
+    if (changed.right > right && right * factor < surface.w) {
+      WriteEnlarged(shown_.Row(y) + right, 1, surface.w - right * factor, shifts,
+                    RowOf(surface, top) + right * factor);
+    }
+    const int count = std::min(changed.right * factor, surface.w) - changed.left * factor;
+    for (int again = 1; again < factor && top + again < surface.h; ++again) {
+      std::copy_n(row, std::max(0, count), RowOf(surface, top + again) + changed.left * factor);
+    }
+  }
+}
+
+// While the native window is larger than what it shows already.
+void NativeWindow::FillRest(PixelSize shown, int factor, SDL_Surface& surface) const {
+  const int width = shown.width * factor;
+  const int height = shown.height * factor;
+  const SDL_Rect right{width, 0, surface.w - width, surface.h};
+  const SDL_Rect below{0, height, surface.w, surface.h - height};
+  for (const SDL_Rect& rest : {right, below}) {
+    if (rest.w > 0 && rest.h > 0) SDL_FillRect(&surface, &rest, SDL_MapRGB(surface.format, 240, 240, 240));
+  }
+}
+
+}  // namespace levelwidgets::presenter

@@ -1,0 +1,90 @@
+// Shows the windows of a desktop in memory as native windows, and brings it what a person does there.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <levelwidgets/platform/memory/desktop.h>
+#include <levelwidgets/presenter/native_display.h>
+#include <levelwidgets/presenter/native_window.h>
+
+union SDL_Event;
+struct SDL_WindowEvent;
+
+namespace levelwidgets::presenter {
+
+// Each shown top-level window has a native one: one with a caption shows its client area in the native frame,
+// any other is a bare popup. Where each stands is the same on both sides, whoever moves it.
+class Presenter {
+ public:
+  // Waits in the desktop's loop from now on. Both outlive this.
+  Presenter(NativeDisplay& display, memory::Desktop& desktop);
+  ~Presenter();
+  Presenter(const Presenter&) = delete;
+  Presenter& operator=(const Presenter&) = delete;
+
+  // Until no form is to be seen any more (0), the program is told to end from outside (0), or Quit (its
+  // status).
+  int Run();
+
+  // --- One turn of the loop, in parts ----------------------------------------------------------------
+
+  // Makes the native windows what the desktop's are.
+  void Sync();
+  // Does what has come from the native side, in its order; `events` are those of one turn.
+  void Handle(const std::vector<SDL_Event>& events);
+  // How long nothing will happen by itself, in milliseconds; -1 for ever.
+  int TimeToWait() const;
+
+  // Of the native window that shows `window`; 0 for none.
+  std::uint32_t NativeIdOf(WindowHandle window) const;
+
+ private:
+  struct Shown {
+    WindowHandle window;
+    std::unique_ptr<NativeWindow> native;
+    std::string title;
+    PixelRect part;         // on the desktop: what of the window is shown
+    PixelSize native_size;  // that the native window was given, or has taken
+  };
+
+  void Wait();
+  void FollowTime();
+
+  // Windows to the native side: presenter_windows.cpp.
+  void SyncWindow(memory::Window& window, std::vector<Shown>& vanished);
+  Shown& Appear(memory::Window& window, std::vector<Shown>& vanished);
+  void Follow(Shown& shown, const memory::Window& window);
+  void SyncActivation();
+  void SyncClipboard();
+  Shown* Find(WindowHandle window);
+  Shown* FindNative(std::uint32_t id);
+
+  // From the native side: presenter_input.cpp.
+  std::size_t HandleKey(const std::vector<SDL_Event>& events, std::size_t at);
+  void HandleEvent(const SDL_Event& event);
+  void HandlePointer(const SDL_Event& event);
+  void HandleWindow(const SDL_WindowEvent& event);
+  void PointTo(std::uint32_t native_id, PixelPoint place);
+  void NativeMoved(Shown& shown, PixelPoint place);
+  void NativeResized(Shown& shown, PixelSize size);
+  void TakeFocus();
+  void TakeClipboard();
+  void LeaveIfOutside();
+
+  NativeDisplay& display_;
+  memory::Desktop& desktop_;
+  std::vector<Shown> shown_;
+  std::chrono::steady_clock::time_point started_;
+  std::uint64_t started_tick_;
+
+  WindowHandle active_;      // as of the last Sync
+  std::uint32_t focus_ = 0;  // the native window with the keyboard
+  std::string clipboard_;    // the same on both sides
+  bool pointer_left_ = false;
+};
+
+}  // namespace levelwidgets::presenter

@@ -1,0 +1,196 @@
+// What a person does in the native windows, on the desktop.
+#include <SDL.h>
+
+#include <algorithm>
+
+#include <levelwidgets/presenter/native_keys.h>
+#include <levelwidgets/presenter/presenter.h>
+
+namespace levelwidgets::presenter {
+
+namespace {
+
+int ButtonOf(std::uint8_t native) {
+  switch (native) {
+    case SDL_BUTTON_LEFT: return kLeftButton;
+    case SDL_BUTTON_RIGHT: return kRightButton;
+    case SDL_BUTTON_MIDDLE: return kMiddleButton;
+    default: return 0;
+  }
+}
+
+// Moves inside one window that directly follow each other count as the last of them.
+bool IsOvertaken(const SDL_Event& event, const SDL_Event& next) {
+  return event.type == SDL_MOUSEMOTION && next.type == SDL_MOUSEMOTION &&
+         event.motion.windowID == next.motion.windowID;
+}
+
+int HeldShift() { return ShiftOfHeld(static_cast<std::uint16_t>(SDL_GetModState())); }
+
+}  // namespace
+
+void Presenter::Handle(const std::vector<SDL_Event>& events) {
+  for (std::size_t i = 0; i < events.size(); ++i) {
+    const SDL_Event& event = events[i];
+    if (event.type == SDL_KEYDOWN) {
+      i = HandleKey(events, i);
+    } else if (i + 1 == events.size() || !IsOvertaken(event, events[i + 1])) {
+      HandleEvent(event);
+    }
+  }
+  LeaveIfOutside();
+  TakeFocus();
+}
+
+void Presenter::HandleEvent(const SDL_Event& event) {
+  switch (event.type) {
+    case SDL_MOUSEMOTION:
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+    case SDL_MOUSEWHEEL: HandlePointer(event); break;
+    case SDL_KEYUP: {
+      const int held = ShiftOfHeld(event.key.keysym.mod);
+      const int code = CodeOfKey({event.key.keysym.sym, event.key.keysym.scancode, event.key.keysym.mod, ""});
+      if (code != 0) desktop_.KeyUp(code, held);
+      desktop_.HoldShift(held);
+      break;
+    }
+    case SDL_TEXTINPUT: desktop_.EnterText(event.text.text); break;
+    case SDL_WINDOWEVENT: HandleWindow(event.window); break;
+    case SDL_CLIPBOARDUPDATE: TakeClipboard(); break;
+    case SDL_QUIT: desktop_.Clock().Quit(0); break;
+    default: break;
+  }
+}
+
+// The text that a key types follows it. Returns which event was the last.
+std::size_t Presenter::HandleKey(const std::vector<SDL_Event>& events, std::size_t at) {
+  const SDL_KeyboardEvent& event = events[at].key;
+  NativeKey key{event.keysym.sym, event.keysym.scancode, event.keysym.mod, ""};
+  if (at + 1 < events.size() && events[at + 1].type == SDL_TEXTINPUT) key.text = events[++at].text.text;
+  char own = 0;
+  const KeyPress press = PressOf(key, own);
+  if (press.code != 0) {
+    desktop_.KeyDown(press.code, press.shift, press.text);
+  } else if (!press.text.empty()) {
+    desktop_.EnterText(press.text);
+  }
+  return at;
+}
+
+// --- Pointer ---------------------------------------------------------------------------------
+
+void Presenter::HandlePointer(const SDL_Event& event) {
+  desktop_.HoldShift(HeldShift());
+  switch (event.type) {
+    case SDL_MOUSEMOTION: PointTo(event.motion.windowID, {event.motion.x, event.motion.y}); break;
+    case SDL_MOUSEBUTTONDOWN:
+      PointTo(event.button.windowID, {event.button.x, event.button.y});
+      desktop_.Press(ButtonOf(event.button.button));
+      break;
+    case SDL_MOUSEBUTTONUP:
+      PointTo(event.button.windowID, {event.button.x, event.button.y});
+      desktop_.Release(ButtonOf(event.button.button));
+      break;
+    default:
+      if (event.wheel.y != 0) desktop_.Wheel(event.wheel.y);
+      break;
+  }
+}
+
+// The native order of the windows decides which of several that overlap is under the pointer.
+void Presenter::PointTo(std::uint32_t native_id, PixelPoint place) {
+  const Shown* shown = FindNative(native_id);
+  if (!shown) return;
+  pointer_left_ = false;
+  const PixelPoint in_window = display_.GetScale().InWindow(place);
+  const PixelPoint point{shown->part.left + in_window.x, shown->part.top + in_window.y};
+  memory::MemoryWindows& windows = desktop_.Windows();
+  if (shown->part.Contains(point) && windows.WindowAt(point).top_level != shown->window) {
+    windows.SetWindowPos(shown->window, {kHwndTop}, {},
+                         kSwpNoMove | kSwpNoSize | kSwpNoActivate | kSwpNoRedraw);
+  }
+  desktop_.MovePointer(point);
+}
+
+void Presenter::LeaveIfOutside() {
+  if (!pointer_left_ || SDL_GetMouseFocus()) return;
+  pointer_left_ = false;
+  desktop_.MovePointer(NativeDisplay::Nowhere());
+}
+
+// --- Windows ---------------------------------------------------------------------------------
+
+void Presenter::HandleWindow(const SDL_WindowEvent& event) {
+  Shown* shown = FindNative(event.windowID);
+  if (!shown) return;
+  switch (event.event) {
+    case SDL_WINDOWEVENT_MOVED: NativeMoved(*shown, {event.data1, event.data2}); break;
+    case SDL_WINDOWEVENT_SIZE_CHANGED: NativeResized(*shown, {event.data1, event.data2}); break;
+    case SDL_WINDOWEVENT_EXPOSED: shown->native->Forget(); break;
+    case SDL_WINDOWEVENT_LEAVE: pointer_left_ = true; break;
+    case SDL_WINDOWEVENT_CLOSE:
+      desktop_.Windows().SendMessageA(shown->window, kWmClose, 0, 0);
+      desktop_.Settle();
+      break;
+    default: break;
+  }
+}
+
+void Presenter::NativeMoved(Shown& shown, PixelPoint place) {
+  if (shown.native->Kind() == WindowKind::kPopup) return;
+  const PixelPoint corner = display_.GetScale().ToDesktop(place);
+  const PixelPoint by{corner.x - shown.part.left, corner.y - shown.part.top};
+  if (by == PixelPoint{}) return;
+  PixelRect rect;
+  desktop_.Windows().GetWindowRect(shown.window, rect);
+  shown.part = shown.part.Offset(by.x, by.y);
+  desktop_.Windows().SetWindowPos(shown.window, {}, rect.Offset(by.x, by.y),
+                                  kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
+  desktop_.Settle();
+}
+
+void Presenter::NativeResized(Shown& shown, PixelSize size) {
+  if (size == shown.native_size) return;
+  shown.native_size = size;
+  const PixelSize wanted = display_.GetScale().ToDesktop(size);
+  const int wider = wanted.width - shown.part.width();
+  const int higher = wanted.height - shown.part.height();
+  PixelRect rect;
+  desktop_.Windows().GetWindowRect(shown.window, rect);
+  shown.part = {shown.part.left, shown.part.top, shown.part.right + wider, shown.part.bottom + higher};
+  desktop_.Windows().SetWindowPos(shown.window, {},
+                                  {rect.left, rect.top, rect.right + wider, rect.bottom + higher},
+                                  kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
+  desktop_.Settle();
+}
+
+// --- Focus and clipboard -----------------------------------------------------------------------
+
+// Looked at once all events of a turn are done: between the windows of this program nobody has the keyboard
+// for a moment.
+void Presenter::TakeFocus() {
+  SDL_Window* native = SDL_GetKeyboardFocus();
+  const std::uint32_t focus = native ? SDL_GetWindowID(native) : 0;
+  if (focus == focus_) return;
+  focus_ = focus;
+  const Shown* shown = FindNative(focus);
+  if (!native) {
+    desktop_.Windows().Deactivate();
+  } else if (shown && shown->native->Kind() != WindowKind::kPopup) {
+    TakeClipboard();
+    desktop_.Windows().SetActiveWindow(shown->window);
+  }
+  active_ = desktop_.Windows().GetActiveWindow();
+  desktop_.Settle();
+}
+
+void Presenter::TakeClipboard() {
+  char* text = SDL_GetClipboardText();
+  if (!text) return;
+  clipboard_ = text;
+  SDL_free(text);
+  desktop_.SetClipboard(clipboard_);
+}
+
+}  // namespace levelwidgets::presenter
