@@ -19,6 +19,7 @@ void SetHints() {
   SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // EndSignals has them
   SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
   // Windows only: no bare console screen, and nothing that nobody sees unless asked for.
   SDL_SetHint(SDL_HINT_VIDEODRIVER, "cocoa,x11,wayland");

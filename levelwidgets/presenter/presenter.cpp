@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include <levelwidgets/presenter/end_signals.h>
+
 namespace levelwidgets::presenter {
 
 namespace {
@@ -30,7 +32,10 @@ Presenter::Presenter(NativeDisplay& display, memory::Desktop& desktop)
 
 Presenter::~Presenter() { desktop_.Clock().SetWaiter({}); }
 
-int Presenter::Run() { return desktop_.Clock().Run(); }
+int Presenter::Run() {
+  const EndSignals signals;
+  return desktop_.Clock().Run();
+}
 
 void Presenter::Wait() {
   Sync();

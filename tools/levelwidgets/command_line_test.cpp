@@ -34,11 +34,12 @@ class CommandLine : public testing::Test {
   void TearDown() override { std::filesystem::remove_all(folder_); }
 
   // In the test's own folder, where its files are.
-  Outcome Run(const std::string& arguments) {
+  Outcome Run(const std::string& arguments) { return RunWith("", arguments); }
+  Outcome RunWith(const std::string& environment, const std::string& arguments) {
     const auto program =
         std::filesystem::read_symlink("/proc/self/exe").parent_path() / "levelwidgets";  // runtime path
-    const std::string command = "cd '" + folder_.string() + "' && '" + program.string() + "' " + arguments +
-                                " >out.txt 2>err.txt </dev/null";
+    const std::string command = "cd '" + folder_.string() + "' && " + environment + " '" + program.string() +
+                                "' " + arguments + " >out.txt 2>err.txt </dev/null";
     const int ended = std::system(command.c_str());
     return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, TextOf(folder_ / "out.txt"),
             TextOf(folder_ / "err.txt")};
@@ -195,10 +196,13 @@ TEST_F(CommandLine, DescribeKnowsTheClasses) {
   EXPECT_THAT(unknown.err, HasSubstr("did you mean \"FlatButton\"?"));
 }
 
-TEST_F(CommandLine, ShowTellsWhatToUseInstead) {
-  const Outcome outcome = Run("show order.form.toml");
+TEST_F(CommandLine, ShowTellsWhatToUseWithoutADisplay) {
+  const Outcome outcome =
+      RunWith("env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER", "show order.form.toml");
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_THAT(outcome.err, HasSubstr("levelwidgets render order.form.toml -o form.png"));
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, StartsWith("There is no display here"));
+  EXPECT_THAT(outcome.err, HasSubstr("\n  levelwidgets render order.form.toml -o form.png\n"));
 }
 
 }  // namespace

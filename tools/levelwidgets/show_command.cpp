@@ -1,49 +1,104 @@
 #include <iostream>
 
+#include <levelwidgets/host/script/script_host.h>
 #include <tools/levelwidgets/commands.h>
+#include <tools/levelwidgets/file_watch.h>
+#include <tools/levelwidgets/native_windows.h>
 
 namespace levelwidgets {
 
 namespace {
 
-#ifdef _WIN32
+constexpr int kNoDisplay = 2;
+constexpr std::uint32_t kWatchInterval = 100;  // milliseconds
 
-int Show(const std::string& path) {
-  const auto platform = MakePlatform();
-  LoadedForm loaded = LoadForm(*platform, path);
-  PrintDiagnostics(loaded.diagnostics);
-  if (loaded.HasErrors()) return 1;
-  if (!loaded.script.empty()) std::cerr << "The form's script " << loaded.script << " is not run here.\n";
-  const auto form = loaded.form;
-  ClockApi& clock = platform->Clock();
-  form->Unload += [&](bool&) {
-    clock.Post([&] {
-      if (form->Closed()) clock.Quit(0);
+struct ShowArguments {
+  std::string form;
+  bool watch = false;
+  std::optional<int> scale;
+};
+
+std::unique_ptr<ScriptHost> MakeScriptHost(Platform& platform) {
+  return std::make_unique<ScriptHost>(platform);
+}
+
+// The form of a file in native windows, and whatever its script makes.
+class ShownForm {
+ public:
+  ShownForm(Platform& platform, std::string path) : platform_(platform), path_(std::move(path)) {}
+
+  // In place of what was shown before, and where that was. Raises what is wrong with the file or its script;
+  // nothing has then changed.
+  void Load() {
+    auto host = MakeScriptHost(platform_);
+    const auto form = host->LoadForm(path_);
+    if (!form->Closed()) {
+      if (form_ && !form_->Closed()) {
+        const PixelRect before = form_->ScreenRect();
+        form->MoveTo({before.left, before.top});
+      }
+      form->Show();
+    }
+    form_ = form;
+    host_ = std::move(host);
+  }
+
+  void Reload() {
+    try {
+      Load();
+      std::cerr << "reloaded" << std::endl;
+    } catch (const std::exception& error) {
+      std::cerr << error.what() << std::endl;
+    }
+  }
+
+ private:
+  Platform& platform_;
+  std::string path_;
+  std::unique_ptr<ScriptHost> host_;
+  std::shared_ptr<Form> form_;
+};
+
+int TellThereIsNoDisplay(const std::string& form, const std::string& why) {
+  std::cerr << "There is no display here to show a form on (" << why << "). A picture of it:\n"
+            << "  levelwidgets render " << form << " -o form.png\n";
+  return kNoDisplay;
+}
+
+int Show(const ShowArguments& arguments) {
+  std::string why;
+  const auto windows = NativeWindows::Open({.scale = arguments.scale}, why);
+  if (!windows) return TellThereIsNoDisplay(arguments.form, why);
+  Platform& platform = windows->GetPlatform();
+  FileWatch watch(arguments.form);
+  ShownForm shown(platform, arguments.form);
+  shown.Load();
+  if (arguments.watch) {
+    platform.Clock().SetTimer(kWatchInterval, [&] {
+      if (watch.HasChanged()) shown.Reload();
     });
-  };
-  form->Loaded();
-  form->Show();
-  return clock.Run();
+  }
+  windows->Run();
+  return 0;
 }
-
-#else
-
-int Show(const std::string& path) {
-  std::cerr << "There are no native windows here to show a form in. A picture of it:\n  levelwidgets render "
-            << path << " -o form.png\n";
-  return 2;
-}
-
-#endif
 
 }  // namespace
 
 void AddShowCommand(CLI::App& program, int& status) {
   CLI::App* command = program.add_subcommand("show", "Shows a form in native windows");
-  command->footer("Example:\n  levelwidgets show order.form.toml");
-  const auto form = std::make_shared<std::string>();
-  command->add_option("FORM", *form, "The form file")->required();
-  command->callback([form, &status] { status = Show(*form); });
+  command->footer(
+      "The form's script is run. The program ends when the last form is closed.\n\n"
+      "Example:\n  levelwidgets show order.form.toml --watch");
+  const auto given = std::make_shared<ShowArguments>();
+  command->add_option("FORM", given->form, "The form file")->required();
+  command->add_flag("--watch", given->watch,
+                    "Load the form again whenever its file or a script beside it changes");
+#ifndef _WIN32
+  command->add_option("--scale", given->scale, "Pixels of the screen for each of the form's, across and down")
+      ->check(CLI::Range(1, 8))
+      ->envname("LEVELWIDGETS_SCALE");
+#endif
+  command->callback([given, &status] { status = Show(*given); });
 }
 
 }  // namespace levelwidgets

@@ -1,0 +1,32 @@
+#include <levelwidgets/presenter/presenter.h>
+#include <tools/levelwidgets/native_windows.h>
+
+namespace levelwidgets {
+
+namespace {
+
+using presenter::NativeDisplay;
+using presenter::Presenter;
+
+class PresentedWindows final : public NativeWindows {
+ public:
+  explicit PresentedWindows(std::unique_ptr<NativeDisplay> display)
+      : display_(std::move(display)), desktop_(display_->Fit({})), presenter_(*display_, desktop_) {}
+
+  Platform& GetPlatform() override { return desktop_; }
+  void Run() override { presenter_.Run(); }
+
+ private:
+  std::unique_ptr<NativeDisplay> display_;
+  memory::Desktop desktop_;
+  Presenter presenter_;
+};
+
+}  // namespace
+
+std::unique_ptr<NativeWindows> NativeWindows::Open(const NativeWindowOptions& options, std::string& why) {
+  auto display = NativeDisplay::Open(options.scale, why);
+  return display ? std::make_unique<PresentedWindows>(std::move(display)) : nullptr;
+}
+
+}  // namespace levelwidgets
