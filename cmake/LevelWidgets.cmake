@@ -47,10 +47,12 @@ function(levelwidgets_folders)
 endfunction()
 
 # levelwidgets_library(frame DEPENDS platform): the folder's sources as target levelwidgets_frame.
-# *_test.cpp files beside them go into the test program.
+# *_test.cpp files beside them go into the test program. EXCLUDE names sources that are for other systems.
 function(levelwidgets_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS;EXCLUDE")
   file(GLOB sources CONFIGURE_DEPENDS *.cpp parts/*.cpp)
+  list(TRANSFORM arg_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  list(REMOVE_ITEM sources ${arg_EXCLUDE})
   set(tests ${sources})
   list(FILTER sources EXCLUDE REGEX "_(test|fuzz)\\.cpp$")
   list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
@@ -82,6 +84,30 @@ function(levelwidgets_find_gtest)
     find_package(GTest REQUIRED)
     target_link_libraries(levelwidgets_gtest INTERFACE GTest::gmock)
   endif()
+endfunction()
+
+# Makes Lua known as levelwidgets_lua. It is compiled as C++: an error of a script unwinds as an exception, so
+# that destructors run. Cross builds compile it from its source package.
+function(levelwidgets_find_lua)
+  if(NOT WIN32)
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(lua REQUIRED IMPORTED_TARGET lua5.4-c++)
+    add_library(levelwidgets_lua INTERFACE)
+    target_link_libraries(levelwidgets_lua INTERFACE PkgConfig::lua)
+    return()
+  endif()
+  set(folder ${PROJECT_SOURCE_DIR}/build/sources/lua5.4/src)
+  if(NOT EXISTS ${folder}/lua.h)
+    message(FATAL_ERROR "Lua's sources are not in build/sources/lua5.4. This fetches them:\n"
+                        "  bash -c 'source tools/setup.sh && need_source lua5.4'")
+  endif()
+  file(GLOB sources ${folder}/*.c)
+  list(REMOVE_ITEM sources ${folder}/lua.c ${folder}/luac.c)  # programs
+  set_source_files_properties(${sources} PROPERTIES LANGUAGE CXX)
+  add_library(levelwidgets_lua STATIC ${sources})
+  target_include_directories(levelwidgets_lua SYSTEM PUBLIC ${folder})
+  target_compile_definitions(levelwidgets_lua PRIVATE LUA_COMPAT_5_3)
+  target_compile_options(levelwidgets_lua PRIVATE -w)
 endfunction()
 
 function(levelwidgets_test_program name)

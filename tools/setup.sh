@@ -35,9 +35,12 @@ libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.f
 windows_packages='
 g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
 googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
+dpkg-dev             | dpkg-source                         | unpacks the sources of Lua
 wine                 | wine                                | runs the Windows tests
 wine64               | /usr/lib/wine/wine64                | runs the Windows tests
-xvfb                 | Xvfb                                | the display they run on'
+xvfb                 | Xvfb                                | the display they run on
+xdotool              | xdotool                             | clicks in the windows shown there
+imagemagick          | import                              | takes pictures of them'
 
 is_there() {
   if [[ $1 == /* ]]; then [[ -e $1 ]]; else command -v "$1" >/dev/null; fi
@@ -77,6 +80,38 @@ need() {
   missing=$(missing_of "$1")
   [[ -z $missing ]] || fail "Still missing after their installation:"$'\n'"$missing"
 }
+
+# need_source PACKAGE: its sources, with Debian's patches, in build/sources/PACKAGE: for what is compiled for
+# Windows too. They come from where the machine's own packages come from, by lists kept apart from the machine's.
+need_source() {
+  local package=$1 sources=$PWD/build/sources log=build/sources/$1.log
+  [[ -e $sources/$package ]] && return
+  command -v apt-get >/dev/null ||
+    fail "Without apt-get the sources of $package do not come by themselves; unpack them in build/sources/$package."
+  echo "Fetching the sources of $package (log: $log)"
+  rm -rf "$sources/lists" "$sources/unpacked"
+  mkdir -p "$sources/lists/partial" "$sources/lists/from" "$sources/cache/archives/partial" "$sources/unpacked"
+  if ! unpack_source "$package" >"$log" 2>&1 </dev/null; then
+    tail -n 20 "$log" >&2
+    fail "The sources of $package could not be fetched."
+  fi
+  mv "$sources/unpacked/$package"-*/ "$sources/$package"
+  rm -rf "$sources/lists" "$sources/unpacked" "$sources/cache"
+}
+
+unpack_source() (
+  local file
+  for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+    [[ ! -f $file ]] || sed -nE 's/^deb([[:space:]])/deb-src\1/p' "$file" >"$sources/lists/from/${file##*/}"
+  done
+  mv "$sources/lists/from/sources.list" "$sources/lists/from/main.list" 2>/dev/null || true
+  for file in /etc/apt/sources.list.d/*.sources; do
+    [[ ! -f $file ]] || sed -E 's/^Types:.*/Types: deb-src/' "$file" >"$sources/lists/from/${file##*/}"
+  done
+  local -a options=(-o Dir::Etc::SourceList=/dev/null -o Dir::Etc::SourceParts="$sources/lists/from"
+    -o Dir::State::Lists="$sources/lists" -o Dir::Cache="$sources/cache" -o APT::Sandbox::User="$(id -un)")
+  apt-get "${options[@]}" update && cd "$sources/unpacked" && apt-get "${options[@]}" source "$package"
+)
 
 # Whether build/PRESET was configured here, and after the last change of the presets.
 is_configured() {

@@ -25,6 +25,7 @@ class DesktopTest : public ::testing::Test {
   void TearDown() override;
 
   DesktopDriver& Driver() { return *driver_; }
+  const std::shared_ptr<DesktopDriver>& SharedDriver() { return driver_; }
   // What the forms run on: records every platform call.
   TracingPlatform& Tracer() { return *tracer_; }
   DrawingApi& Drawing() { return tracer_->Drawing(); }

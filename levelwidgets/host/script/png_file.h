@@ -7,7 +7,8 @@
 
 namespace levelwidgets {
 
-// Raises an Error that names the path and the cause; no half-written file is left behind.
+// Raises an Error that names the path and the cause; no half-written file is left behind. A build without
+// libpng refuses every picture.
 void WritePng(const Picture& picture, const std::string& path);
 
 }  // namespace levelwidgets

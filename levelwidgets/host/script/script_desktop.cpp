@@ -14,10 +14,15 @@ namespace {
 constexpr char kDesktopType[] = "desktop";
 struct DesktopValue {};
 
-memory::Desktop& CheckDesktop(lua_State* L) {
+ScriptDesktop& CheckScriptDesktop(lua_State* L) {
   CheckUserdata<DesktopValue>(L, 1, kDesktopType);
   return StateOf(L).Desktop();
 }
+
+DesktopDriver& CheckDesktop(lua_State* L) { return *CheckScriptDesktop(L).driver; }
+WindowApi& CheckWindows(lua_State* L) { return CheckScriptDesktop(L).platform->Windows(); }
+ScreenApi& CheckScreen(lua_State* L) { return CheckScriptDesktop(L).platform->Screen(); }
+TracingPlatform& CheckTracing(lua_State* L) { return *CheckScriptDesktop(L).tracing; }
 
 int WholeAt(lua_State* L, int index) { return static_cast<int>(luaL_checkinteger(L, index)); }
 
@@ -25,7 +30,7 @@ int WholeAt(lua_State* L, int index) { return static_cast<int>(luaL_checkinteger
 PixelPoint PointAt(lua_State* L, int index) {
   PixelPoint point;
   if (lua_isnoneornil(L, index)) {
-    CheckDesktop(L).Windows().GetCursorPos(point);
+    CheckWindows(L).GetCursorPos(point);
     return point;
   }
   return {WholeAt(L, index), WholeAt(L, index + 1)};
@@ -45,14 +50,13 @@ int Move(lua_State* L) {
 }
 
 int MoveTo(lua_State* L) {
-  memory::Desktop& desktop = CheckDesktop(L);
   const auto pixels = [L](int index, float twips_per_pixel) {
     return ToPixels(Twips(static_cast<float>(luaL_checknumber(L, index))), twips_per_pixel);
   };
-  ScreenApi& screen = desktop.Screen();
+  ScreenApi& screen = CheckScreen(L);
   PixelPoint point{pixels(3, screen.TwipsPerPixelX()), pixels(4, screen.TwipsPerPixelY())};
-  desktop.Windows().ClientToScreen(WindowAt(L, 2), point);
-  desktop.MovePointer(point);
+  CheckWindows(L).ClientToScreen(WindowAt(L, 2), point);
+  CheckDesktop(L).MovePointer(point);
   return 0;
 }
 
@@ -120,7 +124,7 @@ int Advance(lua_State* L) {
 
 // nil outside the screen
 int Pixel(lua_State* L) {
-  memory::Desktop& desktop = CheckDesktop(L);
+  DesktopDriver& desktop = CheckDesktop(L);
   desktop.Settle();
   const ColorRef color = desktop.PixelAt({WholeAt(L, 2), WholeAt(L, 3)});
   if (color == kInvalidColorRef) return 0;
@@ -129,17 +133,16 @@ int Pixel(lua_State* L) {
 }
 
 int Rect(lua_State* L) {
-  memory::Desktop& desktop = CheckDesktop(L);
   PixelRect rect;
-  desktop.Windows().GetWindowRect(WindowAt(L, 2), rect);
+  CheckWindows(L).GetWindowRect(WindowAt(L, 2), rect);
   for (const int edge : {rect.left, rect.top, rect.right, rect.bottom}) lua_pushinteger(L, edge);
   return 4;
 }
 
 int Screenshot(lua_State* L) {
-  memory::Desktop& desktop = CheckDesktop(L);
+  DesktopDriver& desktop = CheckDesktop(L);
   const std::string path = luaL_checkstring(L, 2);
-  const PixelSize screen = desktop.Screen().Size();
+  const PixelSize screen = CheckScreen(L).Size();
   PixelRect area{0, 0, screen.width, screen.height};
   if (!lua_isnoneornil(L, 3)) {
     area = {WholeAt(L, 3), WholeAt(L, 4), WholeAt(L, 3) + WholeAt(L, 5), WholeAt(L, 4) + WholeAt(L, 6)};
@@ -174,26 +177,25 @@ int Windows(lua_State* L) {
 }
 
 int Focus(lua_State* L) {
-  lua_pushinteger(L, CheckDesktop(L).Windows().GetFocus().value);
+  lua_pushinteger(L, CheckWindows(L).GetFocus().value);
   return 1;
 }
 
 int Capture(lua_State* L) {
-  lua_pushinteger(L, CheckDesktop(L).Windows().GetCapture().value);
+  lua_pushinteger(L, CheckWindows(L).GetCapture().value);
   return 1;
 }
 
 int Active(lua_State* L) {
-  lua_pushinteger(L, CheckDesktop(L).Windows().GetActiveWindow().value);
+  lua_pushinteger(L, CheckWindows(L).GetActiveWindow().value);
   return 1;
 }
 
 // --- Calls and objects -----------------------------------------------------------------------------
 
 int Trace(lua_State* L) {
-  CheckDesktop(L);
+  TracingPlatform& tracing = CheckTracing(L);
   luaL_checktype(L, 2, LUA_TBOOLEAN);
-  TracingPlatform& tracing = StateOf(L).Tracing();
   lua_toboolean(L, 2) ? tracing.Start() : tracing.Stop();
   return 0;
 }
@@ -210,10 +212,9 @@ void PushTraced(lua_State* L, const TraceArgument& argument) {
 }
 
 int Calls(lua_State* L) {
-  CheckDesktop(L);
   lua_newtable(L);
   lua_Integer place = 0;
-  for (const TracedCall& call : StateOf(L).Tracing().TakeCalls()) {
+  for (const TracedCall& call : CheckTracing(L).TakeCalls()) {
     lua_newtable(L);
     lua_pushstring(L, call.name.c_str());
     lua_setfield(L, -2, "name");
@@ -274,6 +275,14 @@ DesktopSettings SettingsAt(lua_State* L, int index) {
   return settings;
 }
 
+bool IsEmptyTable(lua_State* L, int index) {
+  luaL_checktype(L, index, LUA_TTABLE);
+  lua_pushnil(L);
+  const bool empty = lua_next(L, index) == 0;
+  if (!empty) lua_pop(L, 2);
+  return empty;
+}
+
 }  // namespace
 
 void OpenDesktop(lua_State* L) {
@@ -283,7 +292,9 @@ void OpenDesktop(lua_State* L) {
 }
 
 int NewDesktop(lua_State* L) {
-  StateOf(L).MakeDesktop(SettingsAt(L, 1));
+  ScriptState& state = StateOf(L);
+  const bool as_given = state.DesktopIsGiven() && IsEmptyTable(L, 1);
+  if (!as_given) state.MakeDesktop(SettingsAt(L, 1));
   PushUserdata(L, kDesktopType, DesktopValue{});
   return 1;
 }

@@ -23,6 +23,10 @@ void ReportToStandardError(const std::string& text) {
   std::fprintf(stderr, "%s\n", text.c_str());
 }
 
+ScriptHost::Report OrStandardError(ScriptHost::Report report) {
+  return report ? std::move(report) : ReportToStandardError;
+}
+
 void SetArguments(lua_State* L, const std::string& program, const std::vector<std::string>& arguments) {
   lua_newtable(L);
   lua_pushstring(L, program.c_str());
@@ -80,13 +84,15 @@ std::string HandlerError::ToString() const {
   return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
 }
 
-ScriptHost::ScriptHost(Report report)
-    : state_(std::make_unique<ScriptState>(nullptr, report ? std::move(report) : ReportToStandardError)) {
+ScriptHost::ScriptHost(Report report) : ScriptHost(std::shared_ptr<DesktopDriver>(), std::move(report)) {}
+
+ScriptHost::ScriptHost(Platform& platform, Report report)
+    : state_(std::make_unique<ScriptState>(&platform, nullptr, OrStandardError(std::move(report)))) {
   OpenLibraries(state_->Running());
 }
 
-ScriptHost::ScriptHost(Platform& platform, Report report)
-    : state_(std::make_unique<ScriptState>(&platform, report ? std::move(report) : ReportToStandardError)) {
+ScriptHost::ScriptHost(std::shared_ptr<DesktopDriver> desktop, Report report)
+    : state_(std::make_unique<ScriptState>(nullptr, std::move(desktop), OrStandardError(std::move(report)))) {
   OpenLibraries(state_->Running());
 }
 
@@ -121,7 +127,7 @@ std::shared_ptr<Form> ScriptHost::LoadForm(const std::string& path) {
 
 void ScriptHost::MakeDesktop(const DesktopSettings& settings) { state_->MakeDesktop(settings); }
 
-DesktopDriver& ScriptHost::Desktop() { return state_->Desktop(); }
+DesktopDriver& ScriptHost::Desktop() { return *state_->Desktop().driver; }
 
 const std::vector<HandlerError>& ScriptHost::HandlerErrors() const { return state_->HandlerErrors(); }
 

@@ -1,4 +1,4 @@
-// Runs scripts: a program of the user's on a desktop in memory, and the scripts of forms.
+// Runs scripts: a program of the user's on a desktop, and the scripts of forms.
 #pragma once
 
 #include <functional>
@@ -50,11 +50,14 @@ class ScriptHost {
   // Gets whole lines of text for the user: errors in handlers, warnings of form files.
   using Report = std::function<void(const std::string& text)>;
 
-  // Reports to standard error when given none.
+  // Reports to standard error when given none. The desktop is one in memory.
   explicit ScriptHost(Report report = {});
   // Forms are made on `platform`, in native windows for instance, and there is no desktop for scripts to
   // drive. It must outlive the host.
   explicit ScriptHost(Platform& platform, Report report = {});
+  // Forms are made on the desktop that `desktop` drives, and so is it that scripts drive. It stays as it is:
+  // they may ask for it at any time, and cannot set its size and the like.
+  explicit ScriptHost(std::shared_ptr<DesktopDriver> desktop, Report report = {});
   ScriptHost(const ScriptHost&) = delete;
   ScriptHost& operator=(const ScriptHost&) = delete;
   ~ScriptHost();
@@ -76,9 +79,10 @@ class ScriptHost {
   // every diagnostic of the file on a line of its own, or ScriptFailure.
   std::shared_ptr<Form> LoadForm(const std::string& path);
 
-  // Makes the desktop; raises 5 when there is one, or a platform in its place.
+  // Makes the desktop; raises 5 when there is one, or a platform in its place, or none in memory in this
+  // build.
   void MakeDesktop(const DesktopSettings& settings);
-  // The desktop, made by default settings when there is none. Raises 5 when there is a platform in its place.
+  // The desktop, made by default settings when there is none. Raises 5 as MakeDesktop does.
   DesktopDriver& Desktop();
 
   const std::vector<HandlerError>& HandlerErrors() const;

@@ -6,17 +6,27 @@
 
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/script/script_host.h>
-#include <levelwidgets/platform/memory/desktop.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 
 namespace levelwidgets {
 namespace {
 
-using testing::HasSubstr;
-using testing::StartsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
-class ScriptHostTest : public testing::Test {
+class ScriptHostTest : public testing::DesktopTest {
  protected:
-  int Run(const std::string& text) { return host_.RunText(text, "test.lua"); }
+  void SetUp() override {
+    DesktopTest::SetUp();
+    host_.emplace(SharedDriver(), [this](const std::string& text) { reports_ += text + "\n"; });
+  }
+  void TearDown() override {
+    host_.reset();
+    std::filesystem::remove_all(folder_);
+    DesktopTest::TearDown();
+  }
+
+  int Run(const std::string& text) { return host_->RunText(text, "test.lua"); }
 
   std::string FailureOf(const std::string& text) {
     try {
@@ -34,13 +44,11 @@ class ScriptHostTest : public testing::Test {
     return (folder_ / name).string();
   }
 
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
   std::string reports_;
-  ScriptHost host_{[this](const std::string& text) { reports_ += text + "\n"; }};
+  std::optional<ScriptHost> host_;
   std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      (std::string("levelwidgets_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(ScriptHostTest, StatusIsWhatTheProgramReturns) {
@@ -71,22 +79,22 @@ TEST_F(ScriptHostTest, ProgramGetsItsArguments) {
                                 "local first, second = ...\n"
                                 "return first == '--a' and second == 'b c' and arg[1] == first and "
                                 "arg[2] == second and arg[0]:match('program.lua$') ~= nil");
-  EXPECT_EQ(host_.RunFile(path, {"--a", "b c"}), 0);
+  EXPECT_EQ(host_->RunFile(path, {"--a", "b c"}), 0);
 }
 
 TEST_F(ScriptHostTest, ModulesBesideTheProgramAreFound) {
   File("beside.lua", "return 7");
-  EXPECT_EQ(host_.RunFile(File("program.lua", "return require 'beside'")), 7);
+  EXPECT_EQ(host_->RunFile(File("program.lua", "return require 'beside'")), 7);
 }
 
 TEST_F(ScriptHostTest, MissingFileIsAFailure) {
-  EXPECT_THROW(host_.RunFile((folder_ / "missing.lua").string()), ScriptFailure);
+  EXPECT_THROW(host_->RunFile((folder_ / "missing.lua").string()), ScriptFailure);
 }
 
 TEST_F(ScriptHostTest, HandlerErrorIsReportedAndEndsNothing) {
   Run("form = lw.form{ Name='frm' }\nform:on('Resize', function() error('broken') end)\nform.Width = 3000");
-  ASSERT_EQ(host_.HandlerErrors().size(), 1u);
-  const HandlerError& error = host_.HandlerErrors().front();
+  ASSERT_EQ(host_->HandlerErrors().size(), 1u);
+  const HandlerError& error = host_->HandlerErrors().front();
   EXPECT_EQ(error.form, "frm");
   EXPECT_EQ(error.control, "");
   EXPECT_EQ(error.event, "Resize");
@@ -99,15 +107,14 @@ TEST_F(ScriptHostTest, HandlersRunForInputFromOutsideTheScript) {
       "f:add('FlatButton', 'cmdOK', { Left=0, Top=0, Width=3000, Height=3000 })\n"
       "f:show()\n"
       "function cmdOK_Click() clicked = true end");
-  const TopLevelWindow window = host_.Desktop().TopLevelWindows().front();
-  host_.Desktop().Click(
-      {(window.rect.left + window.rect.right) / 2, (window.rect.top + window.rect.bottom) / 2});
+  const TopLevelWindow window = Driver().TopLevelWindows().front();
+  Driver().Click({(window.rect.left + window.rect.right) / 2, (window.rect.top + window.rect.bottom) / 2});
   EXPECT_EQ(Run("return clicked == true"), 0);
 }
 
 TEST_F(ScriptHostTest, HandlersAreSilentAfterTheHostHasEnded) {
   bool reported = false;
-  auto host = std::make_unique<ScriptHost>([&](const std::string&) { reported = true; });
+  auto host = std::make_unique<ScriptHost>(SharedDriver(), [&](const std::string&) { reported = true; });
   host->RunText(
       "local f = lw.form{ Name='frm' }\n"
       "f:on('Deactivate', function() error('too late') end)\n"
@@ -121,9 +128,9 @@ TEST_F(ScriptHostTest, HandlersAreSilentAfterTheHostHasEnded) {
 
 TEST_F(ScriptHostTest, LoadedFormHasRunItsScript) {
   File("order.lua", "cmdSave.Caption = '&Store'\nfunction form_Load() cmdSave.Tag = 'loaded' end");
-  const auto form = host_.LoadForm(File("order.form.toml",
-                                        "[form]\nName = \"frmOrder\"\nScript = \"order.lua\"\n\n"
-                                        "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n"));
+  const auto form = host_->LoadForm(File("order.form.toml",
+                                         "[form]\nName = \"frmOrder\"\nScript = \"order.lua\"\n\n"
+                                         "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n"));
   const auto button = form->Find("cmdSave");
   ASSERT_TRUE(button);
   EXPECT_EQ(GetByName(*button->GetControl(), "Caption"), Variant("&Store"));
@@ -135,7 +142,7 @@ TEST_F(ScriptHostTest, EveryErrorOfAFormFileIsTold) {
                                 "[form]\nName = \"frmBad\"\nWidth = \"wide\"\n\n"
                                 "[[control]]\nClass = \"FlatButon\"\nName = \"cmdOne\"\n");
   try {
-    host_.LoadForm(path);
+    host_->LoadForm(path);
     FAIL() << "no error";
   } catch (const Error& error) {
     EXPECT_THAT(error.Description(), HasSubstr(path + ":3:"));
@@ -144,16 +151,17 @@ TEST_F(ScriptHostTest, EveryErrorOfAFormFileIsTold) {
 }
 
 TEST_F(ScriptHostTest, WarningsOfAFormFileAreReported) {
-  host_.LoadForm(File("odd.form.toml", "[form]\nName = \"frmOdd\"\nColour = 1\n"));
+  host_->LoadForm(File("odd.form.toml", "[form]\nName = \"frmOdd\"\nColour = 1\n"));
   EXPECT_THAT(reports_, HasSubstr("odd.form.toml:3:1: warning: "));
 }
 
 TEST_F(ScriptHostTest, FormOfAFailingScriptIsGone) {
   File("failing.lua", "error('not today')");
   const std::string path = File("failing.form.toml", "[form]\nName = \"frm\"\nScript = \"failing.lua\"\n");
-  EXPECT_THROW(host_.LoadForm(path), ScriptFailure);
+  const std::size_t windows = Driver().LiveWindows();
+  EXPECT_THROW(host_->LoadForm(path), ScriptFailure);
   EXPECT_EQ(Run("collectgarbage() collectgarbage()"), 0);
-  EXPECT_EQ(host_.Desktop().LiveWindows(), 0u);
+  EXPECT_EQ(Driver().LiveWindows(), windows);
 }
 
 TEST_F(ScriptHostTest, BytecodeIsNoFormScript) {
@@ -167,43 +175,22 @@ TEST_F(ScriptHostTest, SyntaxErrorHasItsLine) {
   EXPECT_EQ(ScriptHost::SyntaxError(File("good.lua", "x = 1")), "");
 }
 
-TEST_F(ScriptHostTest, DesktopIsMadeOnceAsToldOrByDefault) {
-  host_.MakeDesktop({.size = {640, 480}, .dpi = 120});
-  EXPECT_EQ(host_.Desktop().GetPlatform().Screen().Size(), (PixelSize{640, 480}));
-  EXPECT_EQ(host_.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 12);
-  EXPECT_THROW(host_.MakeDesktop({}), Error);
-
-  ScriptHost other;
-  EXPECT_EQ(other.Desktop().GetPlatform().Screen().Size(), (PixelSize{1024, 768}));
-  EXPECT_EQ(other.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 15);
-}
-
-TEST_F(ScriptHostTest, DesktopHasTheColorsOfThePaletteThatIsNamed) {
-  Run("lw.desktop{ palette='dark' } frm = lw.form{ Name='frm', Width=3000, Height=1500 } frm:show()");
-  const PixelRect rect = host_.Desktop().TopLevelWindows().front().rect;
-  EXPECT_EQ(host_.Desktop().PixelAt({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}),
-            memory::FindPalette("dark")->At(kColorButtonFace));
-}
-
-TEST_F(ScriptHostTest, UnknownPaletteIsRefusedWithTheNamesOfThoseThereAre) {
-  EXPECT_THAT(FailureOf("lw.desktop{ palette='mauve' }"),
-              HasSubstr("There is no palette \"mauve\"; the palettes: \"light\", \"classic\", \"dark\", "
-                        "\"high-contrast\" (error 5, LevelWidgets.Desktop)"));
-  EXPECT_EQ(Run("lw.desktop{ palette='classic' } return 7"), 7) << "nothing had been made";
-}
-
 TEST_F(ScriptHostTest, FormsAreMadeOnThePlatformThatIsGivenAndThereIsNoDesktopToDrive) {
-  memory::Desktop desktop;
-  {
-    ScriptHost host(desktop);
-    host.RunText("frm = lw.form{ Name='frm', Caption='Given' } frm:show()", "test.lua");
-    ASSERT_EQ(desktop.TopLevelWindows().size(), 1u);
-    EXPECT_EQ(desktop.TopLevelWindows().front().title, "Given");
-    EXPECT_EQ(host.RunText("local ok, err = pcall(lw.desktop, {}) return err.number", "test.lua"), 5);
-    EXPECT_THROW(host.Desktop(), Error);
-    EXPECT_THROW(host.MakeDesktop({}), Error);
-  }
-  EXPECT_EQ(desktop.LiveWindows(), 0u);
+  ScriptHost host(Tracer());
+  host.RunText("frm = lw.form{ Name='frm', Caption='Given' } frm:show()", "test.lua");
+  ASSERT_EQ(Driver().TopLevelWindows().size(), 1u);
+  EXPECT_EQ(Driver().TopLevelWindows().front().title, "Given");
+  EXPECT_EQ(host.RunText("local ok, err = pcall(lw.desktop, {}) return err.number", "test.lua"), 5);
+  EXPECT_THROW(host.Desktop(), Error);
+  EXPECT_THROW(host.MakeDesktop({}), Error);
+}
+
+TEST_F(ScriptHostTest, DesktopThatIsGivenIsHadAtAnyTimeAsItIs) {
+  EXPECT_EQ(&host_->Desktop(), &Driver());
+  EXPECT_EQ(Run("lw.form{}:show() return #lw.desktop{}:windows()"), 1);
+  EXPECT_EQ(Run("local ok, err = pcall(lw.desktop, { width=640 }) return err.number"), 5);
+  EXPECT_EQ(Run("return not pcall(lw.desktop)"), 0);
+  EXPECT_THROW(host_->MakeDesktop({}), Error);
 }
 
 }  // namespace

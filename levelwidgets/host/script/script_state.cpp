@@ -22,13 +22,18 @@ ScriptRef::~ScriptRef() {
 
 ScriptState& StateOf(lua_State* L) { return **static_cast<ScriptState**>(lua_getextraspace(L)); }
 
-ScriptState::ScriptState(Platform* platform, ScriptHost::Report report)
+ScriptState::ScriptState(Platform* platform, std::shared_ptr<DesktopDriver> desktop,
+                         ScriptHost::Report report)
     : platform_(platform),
+      desktop_is_given_(desktop != nullptr),
       report_(std::move(report)),
       lua_(luaL_newstate(), lua_close),
       running_(lua_.get()) {
   // Coroutines get a copy of it.
   *static_cast<ScriptState**>(lua_getextraspace(lua_.get())) = this;
+  if (!desktop) return;
+  Platform& of_desktop = desktop->GetPlatform();
+  desktop_ = {std::move(desktop), &of_desktop, std::make_unique<TracingPlatform>(of_desktop)};
 }
 
 ScriptState::~ScriptState() {
@@ -36,48 +41,21 @@ ScriptState::~ScriptState() {
   lua_.reset();
 }
 
-namespace {
-
-memory::SystemPalette PaletteNamed(const std::string& name) {
-  if (const auto palette = memory::FindPalette(name)) return *palette;
-  std::string names;
-  for (const std::string_view known : memory::PaletteNames()) {
-    names += (names.empty() ? "\"" : ", \"") + std::string(known) + "\"";
-  }
-  throw Error(kInvalidCall, "LevelWidgets.Desktop",
-              "There is no palette \"" + name + "\"; the palettes: " + names);
-}
-
-}  // namespace
-
 void ScriptState::MakeDesktop(const DesktopSettings& settings) {
   if (platform_) {
     throw Error(kInvalidCall, "LevelWidgets.Desktop",
                 "There is no desktop to drive here: the forms are in native windows");
   }
-  if (desktop_) {
+  if (desktop_.driver) {
     throw Error(kInvalidCall, "LevelWidgets.Desktop",
                 "There is a desktop already: it is made once, before the first form");
   }
-  memory::DesktopOptions options;
-  options.screen = settings.size;
-  options.dpi_x = options.dpi_y = settings.dpi;
-  options.locale = settings.locale;
-  if (settings.today) options.now = *settings.today;
-  options.palette = PaletteNamed(settings.palette);
-  desktop_ = std::make_unique<memory::Desktop>(options);
-  tracing_ = std::make_unique<TracingPlatform>(*desktop_);
-  desktop_->SetOutwardPlatform(tracing_.get());
+  desktop_ = MakeOwnDesktop(settings);
 }
 
-memory::Desktop& ScriptState::Desktop() {
-  if (!desktop_) MakeDesktop({});
-  return *desktop_;
-}
-
-TracingPlatform& ScriptState::Tracing() {
-  Desktop();
-  return *tracing_;
+ScriptDesktop& ScriptState::Desktop() {
+  if (!desktop_.driver) MakeDesktop({});
+  return desktop_;
 }
 
 std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,

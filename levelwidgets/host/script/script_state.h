@@ -8,9 +8,8 @@
 #include <lua.hpp>
 
 #include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/script/own_desktop.h>
 #include <levelwidgets/host/script/script_host.h>
-#include <levelwidgets/platform/memory/desktop.h>
-#include <levelwidgets/platform/tracing/tracing_platform.h>
 
 namespace levelwidgets {
 
@@ -44,8 +43,8 @@ struct ScriptForm {
 
 class ScriptState {
  public:
-  // Null for a desktop of its own.
-  ScriptState(Platform* platform, ScriptHost::Report report);
+  // Makes forms on `platform`, or on `desktop` when there is none; with neither on a desktop of its own.
+  ScriptState(Platform* platform, std::shared_ptr<DesktopDriver> desktop, ScriptHost::Report report);
   ~ScriptState();
 
   // --- Lua --------------------------------------------------------------------------------------
@@ -60,11 +59,11 @@ class ScriptState {
 
   void MakeDesktop(const DesktopSettings& settings);
   // Made by default settings when there is none yet. Both raise 5 when there is a platform in its place.
-  memory::Desktop& Desktop();
-  // What records the calls of its platform.
-  TracingPlatform& Tracing();
+  ScriptDesktop& Desktop();
+  // Whether the desktop was not made by this run.
+  bool DesktopIsGiven() const { return desktop_is_given_; }
   // Where forms are made: what was given, or the recorded desktop.
-  Platform& FormPlatform() { return platform_ ? *platform_ : Tracing(); }
+  Platform& FormPlatform() { return platform_ ? *platform_ : *Desktop().tracing; }
 
   // A form is kept until it is closed or forgotten.
   std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document);
@@ -79,11 +78,11 @@ class ScriptState {
  private:
   friend class RunningThread;
   Platform* platform_;
+  bool desktop_is_given_ = false;
   ScriptHost::Report report_;
   std::vector<HandlerError> handler_errors_;
   // In the order in which they end, from the last: forms, values of the scripts, desktop.
-  std::unique_ptr<memory::Desktop> desktop_;
-  std::unique_ptr<TracingPlatform> tracing_;
+  ScriptDesktop desktop_;
   std::shared_ptr<lua_State> lua_;
   lua_State* running_ = nullptr;
   std::vector<std::shared_ptr<ScriptForm>> forms_;

@@ -1,18 +1,19 @@
-// Runs the test scripts in testdata. A script fails by an error; it returns how many errors in handlers it
-// provokes.
+// Runs the test scripts in testdata on the desktop of the tests. A script fails by an error; it returns how
+// many errors in handlers it provokes.
 #include <gtest/gtest.h>
 
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 #include <levelwidgets/testing/source_dir.h>
 
 namespace levelwidgets {
 namespace {
 
-class Script : public testing::TestWithParam<const char*> {};
+class Script : public testing::DesktopTest, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(Script, EndsWithoutAFailedCheck) {
   std::string reports;
-  ScriptHost host([&](const std::string& text) { reports += text + "\n"; });
+  ScriptHost host(SharedDriver(), [&](const std::string& text) { reports += text + "\n"; });
   const std::string path =
       std::string(SourceDir()) + "/levelwidgets/host/script/testdata/" + GetParam() + ".lua";
   try {
@@ -24,9 +25,8 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
-                         testing::Values("building", "collections", "conversions", "default_desktop",
-                                         "desktop", "events", "forms", "handler_errors", "members", "removal",
-                                         "tabs", "trace", "values"),
+                         ::testing::Values("building", "collections", "conversions", "events", "forms",
+                                           "handler_errors", "members", "removal", "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace

@@ -1,0 +1,67 @@
+// What scripts have when they are given no desktop.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/platform/memory/system_colors.h>
+#include <levelwidgets/testing/source_dir.h>
+
+namespace levelwidgets {
+namespace {
+
+TEST(OwnDesktop, DesktopIsMadeOnceAsToldOrByDefault) {
+  ScriptHost host;
+  host.MakeDesktop({.size = {640, 480}, .dpi = 120});
+  EXPECT_EQ(host.Desktop().GetPlatform().Screen().Size(), (PixelSize{640, 480}));
+  EXPECT_EQ(host.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 12);
+  EXPECT_THROW(host.MakeDesktop({}), Error);
+
+  ScriptHost other;
+  EXPECT_EQ(other.Desktop().GetPlatform().Screen().Size(), (PixelSize{1024, 768}));
+  EXPECT_EQ(other.Desktop().GetPlatform().Screen().TwipsPerPixelX(), 15);
+}
+
+TEST(OwnDesktop, DesktopHasTheColorsOfThePaletteThatIsNamed) {
+  ScriptHost host;
+  host.RunText("lw.desktop{ palette='dark' } frm = lw.form{ Name='frm', Width=3000, Height=1500 } frm:show()",
+               "test.lua");
+  const PixelRect rect = host.Desktop().TopLevelWindows().front().rect;
+  EXPECT_EQ(host.Desktop().PixelAt({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}),
+            memory::FindPalette("dark")->At(kColorButtonFace));
+}
+
+TEST(OwnDesktop, UnknownPaletteIsRefusedWithTheNamesOfThoseThereAre) {
+  ScriptHost host;
+  try {
+    host.RunText("lw.desktop{ palette='mauve' }", "test.lua");
+    FAIL() << "no failure";
+  } catch (const ScriptFailure& failure) {
+    EXPECT_THAT(
+        failure.what(),
+        testing::HasSubstr("There is no palette \"mauve\"; the palettes: \"light\", \"classic\", \"dark\", "
+                           "\"high-contrast\" (error 5, LevelWidgets.Desktop)"));
+  }
+  EXPECT_EQ(host.RunText("lw.desktop{ palette='classic' } return 7", "test.lua"), 7)
+      << "nothing had been made";
+}
+
+class OwnDesktopScript : public testing::TestWithParam<const char*> {};
+
+TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {
+  const std::string path =
+      std::string(SourceDir()) + "/levelwidgets/host/script/testdata/" + GetParam() + ".lua";
+  ScriptHost host;
+  try {
+    host.RunFile(path);
+    EXPECT_TRUE(host.HandlerErrors().empty());
+  } catch (const ScriptFailure& failure) {
+    ADD_FAILURE() << failure.what();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, OwnDesktopScript, testing::Values("default_desktop", "desktop"),
+                         [](const auto& script) { return std::string(script.param); });
+
+}  // namespace
+}  // namespace levelwidgets
