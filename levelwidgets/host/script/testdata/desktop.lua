@@ -74,6 +74,10 @@ expect.equal(d:focus(), cmdOK.hWnd)
 expect.equal(d:active(), f.hWnd)
 local windows = d:windows()
 expect.equal(#windows, 1)
+d:trace(true)
+d:windows()
+expect.equal(#d:calls(), 0)
+d:trace(false)
 local w = windows[1]
 expect.list({ w.handle, w.title, w.left, w.top, w.width, w.height, w.active },
             { f.hWnd, "Title", form_left, form_top, form_right - form_left, form_bottom - form_top, true })

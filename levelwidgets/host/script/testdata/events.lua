@@ -3,7 +3,7 @@ local d = lw.desktop{}
 
 -- Far enough apart for no double click.
 local function click()
-  d:advance(1000)
+  d:advance(510)
   d:click()
 end
 

@@ -1,5 +1,6 @@
 local expect = require "expect"
 local d = lw.desktop{}
+local before = d:objects()
 local f = lw.form{ Name="frm", Width=6000, Height=4000 }
 local stock = d:objects()
 local function add()
@@ -56,4 +57,4 @@ f:close()
 f, g, b, c = nil, nil, nil, nil
 collectgarbage()
 collectgarbage()
-expect.equal(d:objects(), 0)
+expect.equal(d:objects(), before)

@@ -26,7 +26,6 @@ expect.equal(text[#text], 37)
 expect.equal(#d:calls(), 0)
 d:rect(b)
 d:focus()
-d:windows()
 expect.equal(#d:calls(), 0)
 b.BackColor = 1
 d:trace(false)
