@@ -1,21 +1,15 @@
 #include <iostream>
 
-#ifndef _WIN32
 #include <levelwidgets/host/script/script_host.h>
-#endif
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
 
 namespace {
 
-// What is wrong with the text of the script at `path`; "" for nothing, and where scripts are not run.
-std::string ErrorInScript([[maybe_unused]] const std::string& path) {
-#ifdef _WIN32
-  return "";
-#else
+// What is wrong with the text of the script at `path`; "" for nothing.
+std::string ErrorInScript(const std::string& path) {
   return path.empty() ? "" : ScriptHost::SyntaxError(path);
-#endif
 }
 
 bool IsGood(const std::string& path) {

@@ -43,6 +43,7 @@ int RunCommandLine(std::vector<std::string> arguments) {
   int status = 0;
   CLI::App program("Works with forms: their files, their looks and their classes.", "levelwidgets");
   program.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
+  program.allow_windows_style_options(false);  // a path may begin with a slash there, too
   program.require_subcommand(1);
   program.footer("Each command has a --help with an example:\n  levelwidgets describe --help");
   AddShowCommand(program, status);
