@@ -141,6 +141,9 @@ std::string_view NearestName(std::string_view name, std::span<const std::string_
   std::string_view nearest;
   std::size_t fewest = std::max<std::size_t>(2, name.size() / 3) + 1;
   for (const std::string_view candidate : candidates) {
+    const std::size_t difference =
+        std::max(name.size(), candidate.size()) - std::min(name.size(), candidate.size());
+    if (difference >= fewest) continue;  // each takes an edit at least
     const std::size_t edits = EditDistance(name, candidate);
     if (edits < fewest) {
       fewest = edits;

@@ -87,6 +87,10 @@ void Form::SetSize(TwipSize size) {
     throw Error(kInvalidCall, "LevelWidgets.Form",
                 "The size of a form cannot be negative: Width and Height are lengths in twips");
   }
+  if (!(size.width <= kMostTwips && size.height <= kMostTwips)) {
+    throw Error(kOverflow, "LevelWidgets.Form",
+                "The form would be too large: Width and Height are at most 1000000000 twips");
+  }
   options_.size = size;
   const PixelRect client{0, 0, ToPixels(size.width, platform_.Screen().TwipsPerPixelX()),
                          ToPixels(size.height, platform_.Screen().TwipsPerPixelY())};

@@ -45,7 +45,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   const std::string& Name() const { return options_.name; }
   const std::string& Caption() const { return options_.caption; }
   void SetCaption(std::string caption);
-  // Inner size, twips. Negative lengths raise 5.
+  // Inner size, twips. Negative lengths raise 5, more than kMostTwips raise 6.
   Twips Width() const { return options_.size.width; }
   void SetWidth(Twips width) { SetSize({width, options_.size.height}); }
   Twips Height() const { return options_.size.height; }

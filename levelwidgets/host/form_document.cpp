@@ -80,19 +80,29 @@ std::size_t EndOfString(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-std::optional<std::size_t> FindDeepKey(std::string_view text) {
+std::optional<RefusedKey> FindRefusedKey(std::string_view text) {
   constexpr int kMostDots = 16;
+  constexpr int kMostDottedKeys = 100'000;
   int dots = 0;
+  int dotted_keys = 0;
+  bool in_value = false;
   for (std::size_t at = 0; at < text.size();) {
     switch (text[at]) {
       case '.':
-        if (++dots > kMostDots) return at;
+        if (++dots > kMostDots) return RefusedKey{at, "a key or header of more than 17 parts is refused"};
+        if (dots > 1 || in_value || ++dotted_keys <= kMostDottedKeys) break;
+        return RefusedKey{at, "more than 100000 keys and headers with a dot are refused"};
+      case '=':
+        in_value = true;
+        dots = 0;
         break;
       case '\n':
-      case '=':
       case ',':
       case '[':
-      case '{': dots = 0; break;
+      case '{':
+        in_value = false;
+        dots = 0;
+        break;
       case '#': at = std::min(text.find('\n', at), text.size()); continue;
       case '"':
       case '\'': at = EndOfString(text, at); continue;

@@ -75,8 +75,13 @@ class FormDocument {
   FormState loaded_;
 };
 
-// Where a dotted key or header has more parts than any form needs.
-std::optional<std::size_t> FindDeepKey(std::string_view text);
+// A dotted key or header with more parts than any form needs, or one more of them than can be read in sane
+// time.
+struct RefusedKey {
+  std::size_t offset;
+  std::string message;
+};
+std::optional<RefusedKey> FindRefusedKey(std::string_view text);
 
 // The offset of the first byte that does not belong to well-formed UTF-8.
 std::optional<std::size_t> FindInvalidUtf8(std::string_view text);

@@ -55,16 +55,19 @@ TEST(FormDocument, TellsHowATableIsWritten) {
 
 TEST(FormDocument, ReportsTheFirstSyntaxErrorWithItsPlace) {
   EXPECT_EQ(SyntaxErrorOf("[form]\nWidth = \n"),
-            "2:9: Error while parsing key-value pair: expected value, saw '\\n'");
+            "2:9: syntax error in a key-value pair: expected value, saw '\\n'");
   EXPECT_EQ(SyntaxErrorOf("[form]\nWidth = 1\nWidth = 2\n"),
-            "3:9: Error while parsing key-value pair: cannot redefine existing integer 'Width'");
+            "3:9: syntax error in a key-value pair: cannot redefine existing integer 'Width'; a key or table "
+            "stands once, each control has a [[control]]");
   EXPECT_EQ(SyntaxErrorOf("a = 1 2"),
-            "1:7: Error while parsing key-value pair: expected a comment or whitespace, saw '2'");
+            "1:7: syntax error in a key-value pair: expected a comment or whitespace, saw '2'");
 }
 
 TEST(FormDocument, ReportsBytesThatAreNoUtf8WhereTheyStand) {
-  EXPECT_EQ(SyntaxErrorOf("a = 1\nb = \"\xC3\xA4\xFF\"\n"), "2:7: the text is not UTF-8");
-  EXPECT_EQ(SyntaxErrorOf("a = \"" + std::string(100, 'x') + "\xC3"), "1:106: the text is not UTF-8");
+  EXPECT_EQ(SyntaxErrorOf("a = 1\nb = \"\xC3\xA4\xFF\"\n"),
+            "2:7: the text is not UTF-8: the byte 0xFF at offset 13 is no character");
+  EXPECT_EQ(SyntaxErrorOf("a = \"" + std::string(100, 'x') + "\xC3"),
+            "1:106: the text is not UTF-8: the byte 0xC3 at offset 105 is no character");
 }
 
 TEST(FormDocument, RefusesKeysAndValuesNestedWithoutEnd) {
@@ -74,12 +77,12 @@ TEST(FormDocument, RefusesKeysAndValuesNestedWithoutEnd) {
     parts += "a.";
     open += "[";
   }
-  const std::string refused = ": a key of that many parts is refused";
+  const std::string refused = ": a key or header of more than 17 parts is refused";
   EXPECT_EQ(SyntaxErrorOf(parts + "a = 1\n"), "1:34" + refused);
   EXPECT_EQ(SyntaxErrorOf("x = 1\n[" + parts + "a]\n"), "2:35" + refused);
   EXPECT_EQ(SyntaxErrorOf("x = { y = \"\"\"\n' \\\"\"\"\", " + parts + "a = 1 }"), "2:43" + refused);
   EXPECT_EQ(SyntaxErrorOf("x = 'a' # '\n'b.c'." + parts + "a = 1"), "2:38" + refused);
-  EXPECT_THAT(SyntaxErrorOf("x = " + open), ::testing::HasSubstr("exceeded maximum nested value depth"));
+  EXPECT_THAT(SyntaxErrorOf("x = " + open), ::testing::HasSubstr("values are nested more than 64 deep"));
 }
 
 TEST(FormDocument, CharactersOutOfPlaceAreSyntaxErrors) {

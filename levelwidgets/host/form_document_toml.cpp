@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include <levelwidgets/host/form_document.h>
+#include <levelwidgets/host/form_syntax_error.h>
 #include <levelwidgets/host/form_values_date.h>
 
 // An assertion of the library would end the program at "[=", which its parser then reports as it should.
@@ -140,18 +141,20 @@ class Converter {
 FormSyntaxError SyntaxError(const std::string& text, const toml::parse_error& error) {
   // The library notices bad bytes a block late.
   if (const auto invalid = FindInvalidUtf8(text)) {
-    return {FormDocument(text, {}).PositionOf(*invalid), "the text is not UTF-8"};
+    return {FormDocument(text, {}).PositionOf(*invalid), ExplainInvalidUtf8(text, *invalid)};
   }
+  const std::size_t offset = std::min(TextPlaces(text).SpanOf(error.source()).begin, text.size());
   return {{static_cast<int>(error.source().begin.line), static_cast<int>(error.source().begin.column)},
-          std::string(error.description())};
+          ExplainSyntaxError(error.description(), std::string_view(text).substr(offset))};
 }
 
 }  // namespace
 
 std::variant<FormNode, FormSyntaxError> ParseFormNodes(const std::string& text) {
   // The library follows dotted keys by recursion, without a limit of its own.
-  if (const auto deep = FindDeepKey(text)) {
-    return FormSyntaxError{FormDocument(text, {}).PositionOf(*deep), "a key of that many parts is refused"};
+  // It also looks for each of them in lists of those before.
+  if (const auto refused = FindRefusedKey(text)) {
+    return FormSyntaxError{FormDocument(text, {}).PositionOf(refused->offset), refused->message};
   }
   toml::parse_result result = toml::parse(std::string_view(text));
   if (!result) return SyntaxError(text, result.error());

@@ -1,14 +1,12 @@
 #include <levelwidgets/host/form_file.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include <levelwidgets/host/atomic_file.h>
 #include <levelwidgets/host/form_file_reader.h>
 #include <levelwidgets/host/form_file_text.h>
+#include <levelwidgets/host/whole_file.h>
 
 namespace levelwidgets {
 
@@ -16,11 +14,9 @@ namespace {
 
 constexpr std::int32_t kPathFileAccess = 75;
 
-std::string CauseOf(std::errc cause) { return std::make_error_code(cause).message(); }
-
-LoadedForm Unreadable(const std::string& path, const std::string& cause) {
+LoadedForm Refused(const std::string& path, const std::string& why) {
   LoadedForm loaded;
-  loaded.diagnostics.push_back({.file = path, .message = "the form file cannot be read: " + cause});
+  loaded.diagnostics.push_back({.file = path, .message = why});
   return loaded;
 }
 
@@ -32,15 +28,13 @@ bool LoadedForm::HasErrors() const {
 }
 
 LoadedForm LoadForm(Platform& platform, const std::string& path) {
-  std::error_code ignored;
-  if (std::filesystem::is_directory(PathOf(path), ignored)) {
-    return Unreadable(path, CauseOf(std::errc::is_a_directory));
+  std::string text;
+  try {
+    text = ReadWholeFile(PathOf(path));
+  } catch (const Unreadable& cause) {
+    return Refused(path, std::string("the form file cannot be read: ") + cause.what());
   }
-  errno = 0;
-  std::ifstream file(PathOf(path), std::ios::binary);
-  if (!file) return Unreadable(path, std::generic_category().message(errno));
-  std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (file.bad()) return Unreadable(path, CauseOf(std::errc::io_error));
+  if (text.empty()) return Refused(path, "the file is empty: a form file begins with a [form] table");
   return LoadFormText(platform, std::move(text), path);
 }
 
@@ -48,8 +42,10 @@ LoadedForm LoadFormText(Platform& platform, std::string text, const std::string&
   LoadedForm loaded;
   auto parsed = ParseFormNodes(text);
   if (auto* error = std::get_if<FormSyntaxError>(&parsed)) {
-    loaded.diagnostics.push_back(
-        {.file = file, .line = error->at.line, .column = error->at.column, .message = error->message});
+    loaded.diagnostics.push_back({.file = file,
+                                  .line = error->at.line,
+                                  .column = error->at.column,
+                                  .message = Printable(error->message)});
     return loaded;
   }
   const auto document =

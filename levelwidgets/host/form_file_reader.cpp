@@ -1,10 +1,12 @@
 #include <levelwidgets/host/form_file_reader.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 
 #include <levelwidgets/host/atomic_file.h>
 #include <levelwidgets/host/form_values.h>
+#include <levelwidgets/host/whole_file.h>
 
 namespace levelwidgets {
 
@@ -56,7 +58,7 @@ bool FormReader::CheckRoot(const FormNode& root) {
   }
   const FormNode* form = root.Find("form");
   if (!form) {
-    report_.Error(0, "there is no [form] table");
+    report_.Error(0, "there is no [form] table; a form file begins with one");
   } else if (!form->IsTable() || !HasHeader(*form, report_.Document().TextOf(form->span))) {
     report_.Error(form->key_span.begin, "the form is a table of its own, begun with [form]");
     return false;
@@ -65,8 +67,16 @@ bool FormReader::CheckRoot(const FormNode& root) {
 }
 
 void FormReader::CheckLength(const FormNode& node, const PropertyInfo& key, std::optional<Variant>& value) {
-  if (!value || (key.name != "Width" && key.name != "Height") || ToSingle(*value) >= 0) return;
-  report_.Error(node.span.begin, key.name + " cannot be negative; " + Quoted(node) + " is");
+  if (!value || key.type.type != VariantType::kSingle) return;
+  const float length = ToSingle(*value);
+  if (length < 0 && (key.name == "Width" || key.name == "Height")) {
+    report_.Error(node.span.begin, key.name + " cannot be negative; " + Quoted(node) + " is");
+  } else if (std::fabs(length) > kMostTwips.value) {
+    report_.Error(node.span.begin,
+                  key.name + " is at most 1000000000 twips; " + Quoted(node) + " is too far");
+  } else {
+    return;
+  }
   value.reset();
 }
 
@@ -108,6 +118,7 @@ void FormReader::ReadForm(const FormNode& table) {
   FormOptions options;
   if (const FormNode* name = table.Find("Name")) {
     options.name = ReadString(*name, "Name", report_).value_or(options.name);
+    WarnOfName(*name, options.name);
   }
   if (const FormNode* script = table.Find("Script")) ReadScript(*script);
   const Values values = ReadKeys(table, FormKeys());
@@ -125,21 +136,37 @@ void FormReader::ReadForm(const FormNode& table) {
   }
 }
 
+void FormReader::WarnOfName(const FormNode& node, const std::string& name) {
+  if (name.empty() || IsControlName(name)) return;
+  report_.Warning(node.span.begin, "no handler can be named after " + Quoted(node) +
+                                       ": a name that a script can use is a letter or \"_\", then letters, "
+                                       "digits and \"_\"");
+}
+
 void FormReader::ReadScript(const FormNode& node) {
   const auto value = ReadString(node, "Script", report_);
   if (!value) return;
   const std::filesystem::path script = PathOf(*value);
-  if (script.empty() || script.has_root_path() || std::ranges::find(script, "..") != script.end()) {
+  if (script.empty() || script.has_root_path() || std::ranges::find(script, "..") != script.end() ||
+      value->find('\0') != std::string::npos) {
     report_.Error(node.span.begin,
                   "Script is the name of a file beside the form; " + Quoted(node) + " is none");
     return;
   }
   const std::filesystem::path path = PathOf(report_.File()).parent_path() / script;
   std::error_code error;
-  if (std::filesystem::is_regular_file(path, error)) {
-    script_ = TextOfPath(path);
-  } else {
+  const auto status = std::filesystem::status(path, error);
+  const auto size = std::filesystem::is_regular_file(status) ? std::filesystem::file_size(path, error) : 0;
+  const std::string name = "the script " + Quoted(node);
+  if (!std::filesystem::exists(status)) {
     report_.Error(node.span.begin, "there is no script " + Quoted(node) + " beside the form");
+  } else if (!std::filesystem::is_regular_file(status)) {
+    report_.Error(node.span.begin, name + " is a folder or a device, not an ordinary file");
+  } else if (size > kLargestFile) {
+    report_.Error(node.span.begin, name + " has " + std::to_string(size) + " bytes; at most " +
+                                       std::to_string(kLargestFile) + " are taken");
+  } else {
+    script_ = TextOfPath(path);
   }
 }
 

@@ -35,6 +35,7 @@ class FormReader {
                      const ClassInfo* control_class = nullptr);
 
   void ReadForm(const FormNode& table);
+  void WarnOfName(const FormNode& node, const std::string& name);
   void ReadScript(const FormNode& node);
 
   void ReadControl(const FormNode& table);

@@ -6,33 +6,36 @@
 
 namespace levelwidgets {
 
+// `text` on one line that a terminal shows as it is: control characters are written as escapes, and of a long
+// text the middle is left out.
+std::string Printable(std::string_view text);
+
 class FormReport {
  public:
   FormReport(const FormDocument& document, std::string file) : document_(document), file_(std::move(file)) {}
 
   // `offset` is where in the text.
-  void Error(std::size_t offset, std::string message) {
+  void Error(std::size_t offset, std::string_view message) {
     has_errors_ = true;
-    Add(Diagnostic::Severity::kError, offset, std::move(message));
+    Add(Severity::kError, offset, message);
   }
-  void Warning(std::size_t offset, std::string message) {
-    Add(Diagnostic::Severity::kWarning, offset, std::move(message));
-  }
+  void Warning(std::size_t offset, std::string_view message) { Add(Severity::kWarning, offset, message); }
   bool HasErrors() const { return has_errors_; }
   const FormDocument& Document() const { return document_; }
   const std::string& File() const { return file_; }
 
-  // In the order of the file.
+  // In the order of the file. After the first thousand only how many more there are.
   std::vector<Diagnostic> Diagnostics() const;
 
  private:
+  using Severity = Diagnostic::Severity;
   struct Entry {
     std::size_t offset;
-    Diagnostic::Severity severity;
+    Severity severity;
     std::string message;
   };
-  void Add(Diagnostic::Severity severity, std::size_t offset, std::string message) {
-    entries_.push_back({offset, severity, std::move(message)});
+  void Add(Severity severity, std::size_t offset, std::string_view message) {
+    entries_.push_back({offset, severity, Printable(message)});
   }
 
   const FormDocument& document_;

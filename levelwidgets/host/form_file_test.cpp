@@ -139,16 +139,19 @@ TEST_F(FormFile, ALoadedFormIsHiddenAndHasNotRaisedLoad) {
 // --- What is wrong -------------------------------------------------------------------------------------
 
 TEST_F(FormFile, ReportsWhatIsWrongWithTheFileAsAWhole) {
-  ExpectTold("", "f:1:1: there is no [form] table\n");
-  ExpectTold("# nothing\n", "f:1:1: there is no [form] table\n");
+  ExpectTold("", "f:1:1: there is no [form] table; a form file begins with one\n");
+  ExpectTold("# nothing\n", "f:1:1: there is no [form] table; a form file begins with one\n");
   ExpectTold("[form.x]\n", "f:1:2: the form is a table of its own, begun with [form]\n");
   ExpectTold("form = 1\n", "f:1:1: the form is a table of its own, begun with [form]\n");
   ExpectTold("form = {}\n", "f:1:1: the form is a table of its own, begun with [form]\n");
   ExpectTold("[form]\n[control]\n", "f:2:2: each control is a table of its own, begun with [[control]]\n");
   ExpectTold("control = [ { Class = \"FlatButton\" } ]\n[form]\n",
              "f:1:1: each control is a table of its own, begun with [[control]]\n");
-  ExpectTold("[form]\nWidth = = 1\n", "f:2:9: Error while parsing value: could not determine value type\n");
-  ExpectTold("[form]\nCaption = \"\xC3\xA4\xFF\"\n", "f:2:13: the text is not UTF-8\n");
+  ExpectTold("[form]\nWidth = = 1\n",
+             "f:2:9: syntax error in a value: could not determine value type; a text stands in quotes, other "
+             "values are a number, true, false, a date, a list or a { table }\n");
+  ExpectTold("[form]\nCaption = \"\xC3\xA4\xFF\"\n",
+             "f:2:13: the text is not UTF-8: the byte 0xFF at offset 20 is no character\n");
 }
 
 TEST_F(FormFile, ReportsEverythingWrongInOneGoInTheOrderOfTheFile) {
@@ -318,7 +321,7 @@ TEST_F(FormFileOnDisk, TheScriptIsAFileBesideTheForm) {
             ":2:10: Script is the name of a file beside the form; 'sub/../../a.lua' is none\n");
   EXPECT_EQ(told("/a.lua"), ":2:10: Script is the name of a file beside the form; '/a.lua' is none\n");
   EXPECT_EQ(told(""), ":2:10: Script is the name of a file beside the form; '' is none\n");
-  EXPECT_EQ(told("sub"), ":2:10: there is no script 'sub' beside the form\n");
+  EXPECT_EQ(told("sub"), ":2:10: the script 'sub' is a folder or a device, not an ordinary file\n");
   EXPECT_EQ(told("b.lua"), ":2:10: there is no script 'b.lua' beside the form\n");
   EXPECT_EQ(told("a.lua"), "");
 }

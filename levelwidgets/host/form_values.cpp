@@ -39,10 +39,16 @@ std::string Wanted(const ValueType& type) {
   }
 }
 
+bool IsNull(const FormNode& node) {
+  if (!node.IsTable() || node.children.size() != 1) return false;
+  const FormNode* null = node.Find("Null");
+  return null && null->kind == Kind::kBoolean && std::get<bool>(null->scalar);
+}
+
 // The value as it stands in the text, where that is short enough to be quoted.
 std::string Quoted(const FormNode& node, const FormReport& report) {
   const std::string_view text = report.Document().TextOf(node.span);
-  if (node.kind == Kind::kList || node.IsTable() || text.size() > 40 ||
+  if (node.kind == Kind::kList || (node.IsTable() && !IsNull(node)) || text.size() > 40 ||
       text.find('\n') != std::string_view::npos) {
     return "this";
   }
@@ -58,7 +64,7 @@ std::string KindName(const FormNode& node) {
     case Kind::kDate: return "a date";
     case Kind::kZonedDate: return "a date with a time zone";
     case Kind::kList: return "a list";
-    case Kind::kTable: return "a table";
+    case Kind::kTable: return IsNull(node) ? "Null" : "a table";
   }
   return "unknown";
 }
@@ -78,7 +84,7 @@ class Reader {
       case VariantType::kDate: return Is(Kind::kDate) ? Variant(std::get<Date>(node_.scalar)) : Wrong();
       case VariantType::kString:
         return Is(Kind::kString) ? Variant(std::get<std::string>(node_.scalar)) : Wrong();
-      case VariantType::kFont: return node_.IsTable() ? Font() : Wrong();
+      case VariantType::kFont: return node_.IsTable() && !IsNull(node_) ? Font() : Wrong();
       default: return Any();
     }
   }
@@ -169,7 +175,7 @@ class Reader {
       case Kind::kFloat: return std::get<double>(node_.scalar);
       case Kind::kString: return std::get<std::string>(node_.scalar);
       case Kind::kDate: return std::get<Date>(node_.scalar);
-      case Kind::kTable: return IsNull() ? Value(Null{}) : AnyFont();
+      case Kind::kTable: return IsNull(node_) ? Value(Null{}) : AnyFont();
       default: return Wrong();
     }
   }
@@ -178,12 +184,6 @@ class Reader {
     const std::int64_t number = std::get<std::int64_t>(node_.scalar);
     if (number == static_cast<std::int32_t>(number)) return static_cast<std::int32_t>(number);
     return static_cast<double>(number);
-  }
-
-  bool IsNull() const {
-    if (node_.children.size() != 1) return false;
-    const FormNode* null = node_.Find("Null");
-    return null && null->kind == Kind::kBoolean && std::get<bool>(null->scalar);
   }
 
   Value AnyFont() {

@@ -110,7 +110,7 @@ TEST(FormValues, SayWhatIsThereAndWhatWouldBeRight) {
                   "date with a time zone");
   ExpectComplaint("[1, 2]", kLong,
                   "f:1:5: X is a whole number from -2147483648 to 2147483647; this is a list");
-  ExpectComplaint("{ Null = true }", kString, "f:1:5: X is a string; this is a table");
+  ExpectComplaint("{ Null = true }", kString, "f:1:5: X is a string; { Null = true } is Null");
   ExpectComplaint("\"" + std::string(60, 'x') + "\"", kLong,
                   "f:1:5: X is a whole number from -2147483648 to 2147483647; this is a string");
   ExpectComplaint("[1]", kAny, "f:1:5: X is a single value; this is a list");

@@ -1,5 +1,7 @@
 #include <levelwidgets/host/hosted_control.h>
 
+#include <cmath>
+
 #include <levelwidgets/host/form.h>
 
 namespace levelwidgets {
@@ -42,7 +44,7 @@ HostedControl::HostedControl(Form& form, const ClassInfo& control_class, std::st
 
 void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
   const TwipSize size = place.size.value_or(control_class_.DefaultSize());
-  CheckSize(size);
+  CheckPlace(place.position, size);
   control_ = control_class_.Create(shared_from_this());
   position_ = place.position;
   size_ = size;
@@ -51,10 +53,17 @@ void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
   control_->GetSurface().SetVisible(visible_);
 }
 
-void HostedControl::CheckSize(TwipSize size) const {
-  if (size.width >= Twips() && size.height >= Twips()) return;
-  throw Error(kInvalidCall, "LevelWidgets.Form",
-              "The size of " + name_ + " cannot be negative: Width and Height are lengths in twips");
+void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
+  if (size.width < Twips() || size.height < Twips()) {
+    throw Error(kInvalidCall, "LevelWidgets.Form",
+                "The size of " + name_ + " cannot be negative: Width and Height are lengths in twips");
+  }
+  for (const Twips length : {position.x, position.y, size.width, size.height}) {
+    if (std::fabs(length.value) <= kMostTwips.value) continue;
+    throw Error(
+        kOverflow, "LevelWidgets.Form",
+        "The place of " + name_ + " is too far: Left, Top, Width and Height are at most 1000000000 twips");
+  }
 }
 
 void HostedControl::Detach() {
@@ -82,7 +91,7 @@ void HostedControl::SetCancel(bool is_cancel) {
 }
 
 void HostedControl::Move(TwipPoint position, TwipSize size) {
-  CheckSize(size);
+  CheckPlace(position, size);
   position_ = position;
   size_ = size;
   if (const auto control = control_) control->Move(position, size);

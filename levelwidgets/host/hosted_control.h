@@ -11,6 +11,10 @@ namespace levelwidgets {
 class Form;
 struct Placement;
 
+// The longest length and the farthest place that forms take: sums of a few of them are still pixels of 32
+// bits.
+inline constexpr Twips kMostTwips{1'000'000'000};
+
 // The container's properties of one control, by name in Table() (Left, Top, Width, Height, Visible, TabIndex,
 // TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the control talks to its
 // form. Outlives its removal from the form as long as somebody holds it; it then has no control.
@@ -28,7 +32,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // --- Properties -------------------------------------------------------------------------------
 
   const std::string& Name() const { return name_; }
-  // Twips, relative to the form's inner area.
+  // Twips, relative to the form's inner area. More than kMostTwips in any direction raise 6.
   Twips Left() const { return position_.x; }
   void SetLeft(Twips left) { Move({left, position_.y}, size_); }
   Twips Top() const { return position_.y; }
@@ -89,7 +93,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   friend class Form;
   // Creates the control and starts it: loaded from `saved`, or new when there is none.
   void Create(const PropertyBag* saved, const Placement& place);
-  void CheckSize(TwipSize size) const;
+  void CheckPlace(TwipPoint position, TwipSize size) const;
   void Detach();
 
   Platform& platform_;

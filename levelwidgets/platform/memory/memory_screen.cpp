@@ -1,7 +1,6 @@
 #include <levelwidgets/platform/memory/memory_screen.h>
 
 #include <algorithm>
-#include <ranges>
 
 namespace levelwidgets::memory {
 
@@ -38,7 +37,9 @@ Picture ComposeScreen(WindowTree& tree, ColorRef background, PixelRect area) {
   const PixelRect on_screen = Intersect(area, tree.Desktop().rect);
   if (on_screen.empty()) return picture;
   FillBackground(picture, on_screen.Offset(-origin.x, -origin.y), background);
-  for (Window* window : std::views::reverse(tree.Desktop().children)) {
+  const std::vector<Window*>& front_to_back = tree.Desktop().children;
+  for (auto at = front_to_back.rbegin(); at != front_to_back.rend(); ++at) {
+    const Window* window = *at;
     if (!window->store) continue;
     const PixelSize size = window->store->size;
     const PixelRect place =

@@ -2,7 +2,6 @@
 #include <levelwidgets/platform/memory/memory_windows.h>
 
 #include <algorithm>
-#include <ranges>
 
 namespace levelwidgets::memory {
 
@@ -110,8 +109,9 @@ void MemoryWindows::PutAt(Window& window, WindowHandle insert_after) {
 void MemoryWindows::Raise(Window& window) {
   tree_.PutInFront(window);
   if (!tree_.IsTopLevel(window)) return;
-  const std::vector<Window*> windows = tree_.Desktop().children;
-  for (Window* other : std::views::reverse(windows)) {
+  const std::vector<Window*>& front_to_back = tree_.Desktop().children;
+  const std::vector<Window*> back_to_front(front_to_back.rbegin(), front_to_back.rend());
+  for (Window* other : back_to_front) {
     if (other->owner == &window) Raise(*other);
   }
 }
