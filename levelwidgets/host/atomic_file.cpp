@@ -11,13 +11,29 @@ struct NewFile {
   FileSystem::File file;
 };
 
+// Makes a call again that a signal has interrupted.
+template <typename Call>
+auto Uninterrupted(Call call) {
+  for (;;) {
+    try {
+      return call();
+    } catch (const std::system_error& error) {
+      if (error.code() != std::errc::interrupted) throw;
+    }
+  }
+}
+
 // The names of files that a crash has left are passed over.
 NewFile CreateBeside(FileSystem& files, const std::filesystem::path& path) {
   constexpr int kAttempts = 1000;
+  constexpr std::size_t kLongestName = 200;  // with what is added still one that file systems take
+  const auto name = path.filename().native().substr(0, kLongestName);
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    std::filesystem::path beside = path;
+    std::filesystem::path beside = path.parent_path() / name;
     beside += ".new" + std::to_string(attempt);
-    if (const auto file = files.Create(beside)) return {std::move(beside), *file};
+    if (const auto file = Uninterrupted([&] { return files.Create(beside); })) {
+      return {std::move(beside), *file};
+    }
   }
   throw std::system_error(std::make_error_code(std::errc::file_exists));
 }
@@ -35,10 +51,11 @@ class Replacement {
   }
 
   void Fill(std::string_view text) {
-    files_.Write(new_.file, text);
-    files_.Flush(new_.file);
-    open_ = false;  // also when closing fails
-    files_.Close(new_.file);
+    while (!text.empty()) {
+      text.remove_prefix(Uninterrupted([&] { return files_.Write(new_.file, text); }));
+    }
+    Uninterrupted([&] { files_.Flush(new_.file); });
+    Close();
   }
   void TakePermissions() { files_.CopyPermissions(target_, new_.path); }
   void Rename() {
@@ -47,6 +64,16 @@ class Replacement {
   }
 
  private:
+  // Whatever it fails with, the file is closed; what was interrupted had nothing left to write.
+  void Close() {
+    open_ = false;
+    try {
+      files_.Close(new_.file);
+    } catch (const std::system_error& error) {
+      if (error.code() != std::errc::interrupted) throw;
+    }
+  }
+
   FileSystem& files_;
   const std::filesystem::path& target_;
   NewFile new_;

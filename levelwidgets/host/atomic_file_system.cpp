@@ -35,6 +35,7 @@ int WriteSome(int file, std::string_view text) {
 int FlushToDisk(int file) { return ::_commit(file); }
 int CloseFile(int file) { return ::_close(file); }
 bool MayWrite(const fs::path& path) { return ::_waccess(path.c_str(), 2) == 0; }
+void CopyOwner(const fs::path&, const fs::path&) {}
 // A renaming is in the file system's log: there is nothing to flush.
 void FlushEntries(const fs::path&) {}
 
@@ -47,6 +48,12 @@ ssize_t WriteSome(int file, std::string_view text) { return ::write(file, text.d
 int FlushToDisk(int file) { return ::fsync(file); }
 int CloseFile(int file) { return ::close(file); }
 bool MayWrite(const fs::path& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+// Only the administrator may give files away.
+void CopyOwner(const fs::path& from, const fs::path& to) {
+  struct stat old {};
+  if (::stat(from.c_str(), &old) == 0 && ::chown(to.c_str(), old.st_uid, old.st_gid) != 0) errno = 0;
+}
 
 void FlushEntries(const fs::path& folder) {
   const int file = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -94,15 +101,14 @@ class RealFiles final : public FileSystem {
   }
 
   void CopyPermissions(const Path& from, const Path& to) override {
+    CopyOwner(from, to);
     fs::permissions(to, fs::status(from).permissions());
   }
 
-  void Write(File file, std::string_view text) override {
-    while (!text.empty()) {
-      const auto written = WriteSome(file, text);
-      if (written < 0 && errno != EINTR) ThrowErrno();
-      if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
-    }
+  std::size_t Write(File file, std::string_view text) override {
+    const auto written = WriteSome(file, text);
+    if (written < 0) ThrowErrno();
+    return static_cast<std::size_t>(written);
   }
 
   void Flush(File file) override {

@@ -37,62 +37,80 @@ class AtomicFile : public ::testing::Test {
   fs::path folder_;
 };
 
-// Does what the system does, and fails at one of the calls; a failing write writes half before.
+// The program has ended: nothing of it runs any more.
+struct Crash {};
+
+// Does what the system does, a few bytes at a time, until something happens at one of the calls.
 class FailingFiles final : public FileSystem {
  public:
-  explicit FailingFiles(int failing_call) : left_(failing_call) {}
+  enum class Fault { kNone, kFails, kInterrupted, kCrashesBefore, kCrashesAfter };
+  FailingFiles(Fault fault, int at_call) : fault_(fault), left_(at_call) {}
+  FailingFiles() : FailingFiles(Fault::kNone, 0) {}
 
   const std::string& Calls() const { return calls_; }
+  int CallCount() const { return count_; }
 
   Path Target(const Path& path) override {
-    Count("Target");
-    return SystemFiles().Target(path);
+    return Do("Target", [&] { return SystemFiles().Target(path); });
   }
   bool CheckExisting(const Path& path) override {
-    Count("CheckExisting");
-    return SystemFiles().CheckExisting(path);
+    return Do("CheckExisting", [&] { return SystemFiles().CheckExisting(path); });
   }
   std::optional<File> Create(const Path& path) override {
-    Count("Create");
-    return SystemFiles().Create(path);
+    return Do("Create", [&] { return SystemFiles().Create(path); });
   }
   void CopyPermissions(const Path& from, const Path& to) override {
-    Count("CopyPermissions");
-    SystemFiles().CopyPermissions(from, to);
+    Do("CopyPermissions", [&] { SystemFiles().CopyPermissions(from, to); });
   }
-  void Write(File file, std::string_view text) override {
-    if (left_ == 1) SystemFiles().Write(file, text.substr(0, text.size() / 2));
-    Count("Write");
-    SystemFiles().Write(file, text);
+  std::size_t Write(File file, std::string_view text) override {
+    return Do("Write", [&] { return SystemFiles().Write(file, text.substr(0, 3)); });
   }
   void Flush(File file) override {
-    Count("Flush");
-    SystemFiles().Flush(file);
+    Do("Flush", [&] { SystemFiles().Flush(file); });
   }
+  // The file is closed all the same.
   void Close(File file) override {
     SystemFiles().Close(file);
-    Count("Close");
+    Do("Close", [] {});
   }
   void Rename(const Path& from, const Path& to) override {
-    Count("Rename");
-    SystemFiles().Rename(from, to);
+    Do("Rename", [&] { SystemFiles().Rename(from, to); });
   }
   void FlushFolder(const Path& folder) override {
-    Count("FlushFolder");
-    SystemFiles().FlushFolder(folder);
+    Do("FlushFolder", [&] { SystemFiles().FlushFolder(folder); });
   }
   void CloseQuietly(File file) noexcept override { SystemFiles().CloseQuietly(file); }
-  void Remove(const Path& path) noexcept override { SystemFiles().Remove(path); }
-
- private:
-  void Count(const std::string& call) {
-    calls_ += (calls_.empty() ? "" : " ") + call;
-    if (--left_ == 0) throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+  void Remove(const Path& path) noexcept override {
+    if (!crashed_) SystemFiles().Remove(path);
   }
 
+ private:
+  template <typename Call>
+  auto Do(const std::string& name, Call call) -> decltype(call()) {
+    ++count_;
+    calls_ += (calls_.empty() ? "" : " ") + name;
+    const Fault fault = --left_ == 0 ? fault_ : Fault::kNone;
+    if (fault == Fault::kFails) throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+    if (fault == Fault::kInterrupted) throw std::system_error(std::make_error_code(std::errc::interrupted));
+    crashed_ = fault == Fault::kCrashesBefore || fault == Fault::kCrashesAfter;
+    if (fault == Fault::kCrashesBefore) throw Crash();
+    if (fault == Fault::kCrashesAfter) {
+      call();
+      throw Crash();
+    }
+    return call();
+  }
+
+  Fault fault_;
   int left_;
+  int count_ = 0;
+  bool crashed_ = false;
   std::string calls_;
 };
+
+using Fault = FailingFiles::Fault;
+constexpr int kCalls = 11;  // of a write of eight bytes over an old file
+constexpr int kRename = 10;
 
 TEST_F(AtomicFile, WritesANewFile) {
   WriteFileAtomically(SystemFiles(), InFolder("a"), "new\r\n");
@@ -102,25 +120,25 @@ TEST_F(AtomicFile, WritesANewFile) {
 
 TEST_F(AtomicFile, FlushesBeforeItRenamesAndTheFolderAfterwards) {
   Put(InFolder("a"), "old");
-  FailingFiles files(0);
-  WriteFileAtomically(files, InFolder("a"), "new");
+  FailingFiles files;
+  WriteFileAtomically(files, InFolder("a"), "new text");
   EXPECT_EQ(files.Calls(),
-            "Target CheckExisting Create CopyPermissions Write Flush Close Rename FlushFolder");
-  EXPECT_EQ(Read(InFolder("a")), "new");
+            "Target CheckExisting Create CopyPermissions Write Write Write Flush Close Rename FlushFolder");
+  EXPECT_EQ(files.CallCount(), kCalls);
+  EXPECT_EQ(Read(InFolder("a")), "new text");
 }
 
-TEST_F(AtomicFile, AFailureAtAnyCallLeavesTheOldFileWhole) {
-  const std::string text(100'000, 'n');
-  constexpr int kRename = 8;
+TEST_F(AtomicFile, AFailureAtAnyCallLeavesTheOldFileWholeAndNothingBesideIt) {
   for (int call = 1; call <= kRename; ++call) {
     Put(InFolder("a"), "old");
-    FailingFiles files(call);
+    FailingFiles files(Fault::kFails, call);
     try {
-      WriteFileAtomically(files, InFolder("a"), text);
+      WriteFileAtomically(files, InFolder("a"), "new text");
       FAIL() << "no error from " << files.Calls();
     } catch (const std::system_error& error) {
       EXPECT_EQ(error.code(), std::errc::no_space_on_device);
     }
+    EXPECT_EQ(files.CallCount(), call);
     EXPECT_EQ(Read(InFolder("a")), "old") << files.Calls();
     EXPECT_EQ(FileCount(), 1u) << files.Calls();
   }
@@ -128,10 +146,52 @@ TEST_F(AtomicFile, AFailureAtAnyCallLeavesTheOldFileWhole) {
 
 TEST_F(AtomicFile, OnceRenamedTheNewFileStays) {
   Put(InFolder("a"), "old");
-  FailingFiles files(9);
-  WriteFileAtomically(files, InFolder("a"), "new");
+  FailingFiles files(Fault::kFails, kCalls);
+  WriteFileAtomically(files, InFolder("a"), "new text");
   EXPECT_TRUE(files.Calls().ends_with("FlushFolder"));
-  EXPECT_EQ(Read(InFolder("a")), "new");
+  EXPECT_EQ(Read(InFolder("a")), "new text");
+  EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_F(AtomicFile, ACrashAtAnyCallLeavesTheOldFileOrTheNewOneWholeAndDisturbsNoLaterWrite) {
+  for (const Fault fault : {Fault::kCrashesBefore, Fault::kCrashesAfter}) {
+    for (int call = 1; call <= kCalls; ++call) {
+      Put(InFolder("a"), "old");
+      FailingFiles files(fault, call);
+      EXPECT_THROW(WriteFileAtomically(files, InFolder("a"), "new text"), Crash);
+      const bool renamed = call > kRename || (call == kRename && fault == Fault::kCrashesAfter);
+      EXPECT_EQ(Read(InFolder("a")), renamed ? "new text" : "old") << files.Calls();
+      WriteFileAtomically(SystemFiles(), InFolder("a"), "next");
+      EXPECT_EQ(Read(InFolder("a")), "next") << files.Calls();
+      EXPECT_LE(FileCount(), 2u) << files.Calls();
+      fs::remove(InFolder("a.new0"));
+      EXPECT_EQ(FileCount(), 1u) << files.Calls();
+    }
+  }
+}
+
+TEST_F(AtomicFile, CallsThatASignalInterruptsAreMadeAgain) {
+  constexpr int kCreate = 3;
+  constexpr int kFirstWrite = 5;
+  constexpr int kFlush = 8;
+  constexpr int kClose = 9;
+  for (const int call : {kCreate, kFirstWrite, kFirstWrite + 1, kFlush, kClose}) {
+    Put(InFolder("a"), "old");
+    FailingFiles files(Fault::kInterrupted, call);
+    WriteFileAtomically(files, InFolder("a"), "new text");
+    EXPECT_EQ(Read(InFolder("a")), "new text") << call;
+    EXPECT_EQ(files.CallCount(), call == kClose ? kCalls : kCalls + 1);  // a file is not closed twice
+    EXPECT_EQ(FileCount(), 1u) << call;
+  }
+}
+
+TEST_F(AtomicFile, ANameAsLongAsTheSystemTakesIsWritten) {
+  const std::string name(255, 'n');
+  WriteFileAtomically(SystemFiles(), folder_ / name, "new");
+  WriteFileAtomically(SystemFiles(), folder_ / name, "newer");
+  EXPECT_EQ(Read(folder_ / name), "newer");
+  EXPECT_EQ(FileCount(), 1u);
+  EXPECT_THROW(WriteFileAtomically(SystemFiles(), folder_ / (name + "n"), "new"), std::system_error);
   EXPECT_EQ(FileCount(), 1u);
 }
 

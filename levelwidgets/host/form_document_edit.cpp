@@ -33,8 +33,8 @@ std::vector<TextSpan> StatementsOf(const FormNode& node) {
   std::vector<TextSpan> statements;
   AppendStatements(node, statements);
   std::ranges::sort(statements, {}, &TextSpan::begin);
-  const auto repeated = std::ranges::unique(statements, {}, &TextSpan::begin);
-  statements.erase(repeated.begin(), repeated.end());
+  const auto same = [](const TextSpan& a, const TextSpan& b) { return a.begin == b.begin; };
+  statements.erase(std::unique(statements.begin(), statements.end(), same), statements.end());
   return statements;
 }
 

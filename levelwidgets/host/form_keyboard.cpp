@@ -79,7 +79,7 @@ bool Form::MoveFocus(bool forward) {
   if (!forward) std::ranges::reverse(order);
   const auto present = std::ranges::find(order, ActiveControl().get());
   // Those behind the present one first, then the others.
-  if (present != order.end()) std::ranges::rotate(order, present + 1);
+  if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
   for (HostedControl* control : order) {
     if (control->TabStop() && CanTakeInput(*control)) {
       control->SetFocus();
@@ -92,7 +92,7 @@ bool Form::MoveFocus(bool forward) {
 bool Form::PressAccessKey(std::int16_t character) {
   std::vector<HostedControl*> order = TabOrder();
   const auto present = std::ranges::find(order, ActiveControl().get());
-  if (present != order.end()) std::ranges::rotate(order, present + 1);
+  if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
   for (HostedControl* control : order) {
     if (!CanTakeInput(*control)) continue;
     if (!IsAmong(control->GetControl()->GetSurface().AccessKeys(), character)) continue;

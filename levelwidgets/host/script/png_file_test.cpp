@@ -33,5 +33,33 @@ TEST(PngFile, CannotBeEmptyOrInNoFolder) {
   EXPECT_THROW(WritePng({{1, 1}, {0}}, "no such folder/picture.png"), Error);
 }
 
+std::string CauseOf(const Picture& picture, const std::string& path) {
+  try {
+    WritePng(picture, path);
+    return "";
+  } catch (const Error& error) {
+    return error.Description();
+  }
+}
+
+TEST(PngFile, ThatCannotBeWrittenLeavesTheOldOne) {
+  const auto folder = std::filesystem::temp_directory_path() / "levelwidgets_png_folder";
+  std::filesystem::create_directories(folder);
+  const std::string path = (folder / "old.png").string();
+  WritePng({{1, 1}, {0}}, path);
+  const auto size = std::filesystem::file_size(path);
+  EXPECT_THROW(WritePng({{0, 0}, {}}, path), Error);
+  EXPECT_EQ(std::filesystem::file_size(path), size);
+  EXPECT_EQ(CauseOf({{1, 1}, {0}}, folder.string()),
+            "The picture \"" + folder.string() + "\" cannot be written: Is a directory");
+  std::filesystem::remove_all(folder);
+}
+
+TEST(PngFile, AFullDeviceIsTold) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "there is no /dev/full";
+  EXPECT_EQ(CauseOf({{1, 1}, {0}}, "/dev/full"),
+            "The picture \"/dev/full\" cannot be written: No space left on device");
+}
+
 }  // namespace
 }  // namespace levelwidgets
