@@ -123,8 +123,9 @@ void FormTextEditor::RemoveLines(const FormNode& node) {
 void FormTextEditor::AddLines(const FormNode& table, const std::vector<std::string>& lines) {
   TextSpan last = table.span;
   for (const FormNode& child : table.children) {
-    if (IsTableOf(child, Shape::kHeader) && child.span.begin == table.span.begin) {
-      AddHeader(child, lines);
+    const FormNode& first = IsHeaderList(child) ? child.children.front() : child;
+    if (IsTableOf(first, Shape::kHeader) && first.span.begin == table.span.begin) {
+      AddHeader(table, lines);
       return;
     }
     if (IsTableOf(child, Shape::kHeader) || IsHeaderList(child)) continue;
@@ -140,12 +141,12 @@ void FormTextEditor::AddLines(const FormNode& table, const std::vector<std::stri
   }
 }
 
-// The table around `child` has no header yet: [control.Properties.Font] alone made it.
-void FormTextEditor::AddHeader(const FormNode& child, const std::vector<std::string>& lines) {
-  const std::string_view header = document_.TextOf(child.span);
-  std::string text = std::string(header.substr(0, header.rfind('.'))) + "]" + newline_;
+// `table` has no header yet: [control.Properties.Font] alone made it.
+void FormTextEditor::AddHeader(const FormNode& table, const std::vector<std::string>& lines) {
+  const std::size_t keys = Text().find_first_not_of('[', table.span.begin);
+  std::string text = "[" + std::string(document_.TextOf({keys, table.key_span.end})) + "]" + newline_;
   for (const std::string& line : lines) text += line + newline_;
-  const std::size_t start = LineStart(child.span.begin);
+  const std::size_t start = LineStart(table.span.begin);
   edits_.push_back({{start, start}, text});
 }
 

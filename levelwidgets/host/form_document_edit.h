@@ -48,7 +48,7 @@ class FormTextEditor {
 
   void ChangeLines(const FormNode& table, const std::string& prefix, const std::vector<KeyChange>& changes);
   void RemoveLines(const FormNode& node);
-  void AddHeader(const FormNode& child, const std::vector<std::string>& lines);
+  void AddHeader(const FormNode& table, const std::vector<std::string>& lines);
   std::string Inline(const FormNode& table, const std::vector<KeyChange>& changes) const;
   std::string InlineEntry(const FormNode& entry, const KeyChange* change) const;
   // The block's lines with the comments and blank lines that go with it.

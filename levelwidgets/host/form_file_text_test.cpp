@@ -211,6 +211,17 @@ TEST_F(FormTextTest, PropertiesBesideAFontOfTheirOwnGetAHeader) {
                          "[control.Properties.Font]\nName = \"Arial\"\nSize = 9\n");
 }
 
+TEST_F(FormTextTest, PropertiesAboveTablesOfSeveralPartsGetAHeader) {
+  const std::string below = "[control.Properties.x.\"y.z\"]\na = 1\n";
+  Load(std::string("[form]\n") + kButton + below);
+  SetByName(Part("cmdA"), "Caption", "A");
+  EXPECT_EQ(Saved(), std::string("[form]\n") + kButton + "[control.Properties]\nCaption = \"A\"\n" + below);
+  const std::string list = "[[ control . Properties.x ]]\n";
+  Load(std::string("[form]\n") + kButton + list);
+  SetByName(Part("cmdA"), "Caption", "A");
+  EXPECT_EQ(Saved(), std::string("[form]\n") + kButton + "[ control . Properties]\nCaption = \"A\"\n" + list);
+}
+
 TEST_F(FormTextTest, DottedKeysInAnInlineTableSurviveAChange) {
   Load(std::string("[form]\n") + kButton +
        "Properties = { Font.Name = \"Arial\", Font.Size = 9, Caption = \"a\" }\n");
