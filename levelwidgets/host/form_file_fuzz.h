@@ -45,7 +45,7 @@ class FormFilePromises {
   std::string BrokenByNewText(const Form& form) {
     const std::string written = FormText(form);
     const LoadedForm again = LoadFormText(platform_, written, "new text");
-    if (!again.diagnostics.empty()) return again.diagnostics.front().ToString() + "\n" + written;
+    if (again.HasErrors()) return again.diagnostics.front().ToString() + "\n" + written;
     const std::string second = FormText(*again.form);
     return second == written ? "" : "another text of the same form:\n" + written + "\n" + second;
   }

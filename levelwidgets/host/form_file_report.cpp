@@ -7,7 +7,7 @@
 namespace levelwidgets {
 
 std::string Diagnostic::ToString() const {
-  std::string place = file;
+  std::string place = file.empty() ? "\"\"" : file;
   if (line > 0) place += ":" + std::to_string(line) + ":" + std::to_string(column);
   return place + (severity == Severity::kWarning ? ": warning: " : ": ") + message;
 }

@@ -20,6 +20,32 @@ std::vector<std::string> WithScriptArgumentsApart(std::vector<std::string> argum
   return arguments;
 }
 
+std::string CommandNames(const CLI::App& program) {
+  std::string names;
+  for (const CLI::App* command : program.get_subcommands({})) {
+    names += (names.empty() ? "" : ", ") + command->get_name();
+  }
+  return names;
+}
+
+// What is wrong with the first argument, which is a command or one of the few options; "" when it is right.
+std::string WrongCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
+  if (arguments.empty()) return "A command is missing: " + CommandNames(program);
+  const std::string& given = arguments.front();
+  std::vector<std::string> known;
+  for (const CLI::App* command : program.get_subcommands({})) known.push_back(command->get_name());
+  for (const CLI::Option* option : program.get_options()) {
+    for (const std::string& name : option->get_lnames()) known.push_back("--" + name);
+    for (const std::string& name : option->get_snames()) known.push_back("-" + name);
+  }
+  if (std::ranges::find(known, given) != known.end()) return "";
+  const std::vector<std::string_view> names(known.begin(), known.end());
+  const std::string_view nearest = NearestName(given, names);
+  return "There is no command \"" + given + "\"" +
+         (nearest.empty() ? ": " + CommandNames(program)
+                          : "; did you mean \"" + std::string(nearest) + "\"?");
+}
+
 int Parse(CLI::App& program, std::vector<std::string> arguments, const int& status) {
   std::ranges::reverse(arguments);  // as the parser takes them
   try {
@@ -53,8 +79,16 @@ int RunCommandLine(std::vector<std::string> arguments) {
 #endif
   AddCheckCommand(program, status);
   AddDescribeCommand(program, status);
+  if (const std::string wrong = WrongCommand(program, arguments); !wrong.empty()) {
+    std::cerr << wrong << "\nRun with --help for more information.\n";
+    return kUsage;
+  }
   try {
     return Parse(program, WithScriptArgumentsApart(std::move(arguments)), status);
+  } catch (const Error& error) {
+    std::cout.flush();
+    std::cerr << error.Description() << "\n";
+    return kFailed;
   } catch (const std::exception& error) {
     std::cout.flush();
     std::cerr << error.what() << "\n";

@@ -34,12 +34,15 @@ class CommandLine : public testing::Test {
   void TearDown() override { std::filesystem::remove_all(folder_); }
 
   // In the test's own folder, where its files are.
-  Outcome Run(const std::string& arguments) { return RunWith("", arguments); }
-  Outcome RunWith(const std::string& environment, const std::string& arguments) {
+  Outcome Run(const std::string& arguments, const std::string& redirections = "") {
+    return RunWith("", arguments, redirections);
+  }
+  Outcome RunWith(const std::string& environment, const std::string& arguments,
+                  const std::string& redirections = "") {
     const auto program =
         std::filesystem::read_symlink("/proc/self/exe").parent_path() / "levelwidgets";  // runtime path
     const std::string command = "cd '" + folder_.string() + "' && " + environment + " '" + program.string() +
-                                "' " + arguments + " >out.txt 2>err.txt </dev/null";
+                                "' " + arguments + " >out.txt 2>err.txt </dev/null " + redirections;
     const int ended = std::system(command.c_str());
     return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, TextOf(folder_ / "out.txt"),
             TextOf(folder_ / "err.txt")};
@@ -81,6 +84,71 @@ TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
     EXPECT_EQ(outcome.status, 2) << arguments;
     EXPECT_EQ(outcome.out, "") << arguments;
     EXPECT_NE(outcome.err, "") << arguments;
+  }
+}
+
+TEST_F(CommandLine, ACommandThatIsNoneIsToldWithTheNearest) {
+  EXPECT_EQ(
+      Run("").err,
+      "A command is missing: show, run, render, check, describe\nRun with --help for more information.\n");
+  EXPECT_THAT(Run("rende x").err, StartsWith("There is no command \"rende\"; did you mean \"render\"?\n"));
+  EXPECT_THAT(Run("--nope").err, StartsWith("There is no command \"--nope\": show, "));
+  EXPECT_THAT(Run("describe Nope").err, StartsWith("There is no class \"Nope\". The classes: FlatButton, "));
+}
+
+TEST_F(CommandLine, FilesWithoutANameAndNamesThatAreNoUtf8AreTold) {
+  EXPECT_EQ(Run("check ''").err, "\"\": the form file cannot be read: No such file or directory\n");
+  EXPECT_EQ(Run("check '\xFF\xFE'").status, 1);
+  EXPECT_EQ(Run("render '' -o p.png").status, 1);
+  OrderForm();
+  const Outcome nameless = Run("render order.form.toml -o ''");
+  EXPECT_EQ(nameless.status, 1);
+  EXPECT_EQ(nameless.err, "The picture \"\" cannot be written: No such file or directory\n");
+  EXPECT_EQ(Run("render order.form.toml -o p.png --hover '\xFF'").status, 1);
+}
+
+TEST_F(CommandLine, OutputThatCannotBeWrittenIsAFailure) {
+  OrderForm();
+  File("hello.lua", "print('hello')");
+  File("exit.lua", "print('hello') os.exit(0)");
+  for (const char* arguments : {"describe --json", "describe FlatButton", "--version", "--help",
+                                "check order.form.toml", "run hello.lua", "run exit.lua"}) {
+    for (const char* redirection : {">/dev/full", ">&-"}) {
+      const Outcome outcome = Run(arguments, redirection);
+      EXPECT_EQ(outcome.status, 1) << arguments << redirection;
+      EXPECT_THAT(outcome.err, StartsWith("Standard output cannot be written")) << arguments << redirection;
+    }
+  }
+}
+
+TEST_F(CommandLine, ClosedStreamsAreNotTakenForFiles) {
+  OrderForm();
+  File("order.lua", "print('this is no part of the picture')\n");
+  ASSERT_EQ(Run("render order.form.toml -o whole.png").status, 0);
+  EXPECT_EQ(Run("render order.form.toml -o closed.png", "<&- >&- 2>&-").status, 1);  // for what was printed
+  EXPECT_EQ(TextOf(folder_ / "closed.png"), TextOf(folder_ / "whole.png"));
+}
+
+TEST_F(CommandLine, APictureIsReplacedAsAWholeOrNotAtAll) {
+  OrderForm();
+  File("p.png", "old");
+  ASSERT_EQ(Run("render order.form.toml -o p.png").status, 0);
+  EXPECT_THAT(TextOf(folder_ / "p.png"), StartsWith("\x89PNG"));
+  std::filesystem::create_directory(folder_ / "folder.png");
+  const Outcome folder = Run("render order.form.toml -o folder.png");
+  EXPECT_EQ(folder.status, 1);
+  EXPECT_EQ(folder.err, "The picture \"folder.png\" cannot be written: Is a directory\n");
+  EXPECT_THAT(Run("render order.form.toml -o /dev/full").err,
+              StartsWith("The picture \"/dev/full\" cannot be written: No space left on device\n"));
+  EXPECT_THAT(Run("render order.form.toml -o /dev/stdout").out, StartsWith("\x89PNG"));
+}
+
+TEST_F(CommandLine, FormsThatNeverEndAreRefusedAtOnce) {
+  ASSERT_EQ(std::system(("mkfifo '" + (folder_ / "pipe").string() + "'").c_str()), 0);
+  for (const char* command : {"check pipe", "check /dev/zero", "render pipe -o p.png"}) {
+    const Outcome outcome = Run(command);
+    EXPECT_EQ(outcome.status, 1) << command;
+    EXPECT_THAT(outcome.err, HasSubstr("it is a pipe or a device, not an ordinary file\n")) << command;
   }
 }
 

@@ -28,7 +28,7 @@ const ClassInfo& FindClass(const std::string& name) {
   const std::string_view nearest = NearestName(name, names);
   throw Error(kInvalidCall, "LevelWidgets",
               "There is no class \"" + name + "\"" +
-                  (nearest.empty() ? "" : "; did you mean \"" + std::string(nearest) + "\"?") +
+                  (nearest.empty() ? "." : "; did you mean \"" + std::string(nearest) + "\"?") +
                   " The classes: " + list);
 }
 

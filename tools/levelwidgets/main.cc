@@ -1,3 +1,7 @@
 #include <tools/levelwidgets/command_line.h>
+#include <tools/levelwidgets/standard_streams.h>
 
-int main(int argc, char** argv) { return levelwidgets::RunCommandLine({argv + 1, argv + argc}); }
+int main(int argc, char** argv) {
+  levelwidgets::GuardStandardStreams();
+  return levelwidgets::RunCommandLine({argv + 1, argv + argc});
+}
