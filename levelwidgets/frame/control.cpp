@@ -27,9 +27,9 @@ std::array<Variant, 1> AtIndex(const PropertyInfo& property, std::int32_t index)
 }
 
 template <typename Assign>
-void AssignRead(const PropertyInfo& property, const std::string& key, const Variant& read, Assign assign) {
+void AssignRead(const PropertyInfo& property, const std::string& key, Variant read, Assign assign) {
   try {
-    assign(ConvertTo(property.type.type, ConvertTo(property.stored_as, read)));
+    assign(ConvertTo(property.type.type, ConvertTo(property.stored_as, std::move(read))));
   } catch (const Error& error) {
     throw PropertyRefused(key, error);
   }
@@ -86,8 +86,8 @@ void Control::OnReadProperties(const PropertyBag& bag) {
       ReadIndexed(*this, *property, bag);
       continue;
     }
-    const Variant otherwise = Resolve(property->defaults.when_read, *site_);
-    AssignRead(*property, property->name, bag.ReadProperty(property->name, otherwise),
+    const Variant* saved = bag.Find(property->name);
+    AssignRead(*property, property->name, saved ? *saved : Resolve(property->defaults.when_read, *site_),
                [&](const Variant& value) { property->set(*this, value); });
   }
 }

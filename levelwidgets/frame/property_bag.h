@@ -31,8 +31,14 @@ class PropertyBag {
     using is_transparent = void;
     std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
   };
+  // How many entries are searched one by one. A control may have tens of thousands of numbered ones.
+  static constexpr std::size_t kSearched = 16;
+
+  std::size_t PositionOf(std::string_view name) const;
+  void List();
+
   std::vector<Entry> entries_;
-  // Positions in entries_: a control may have tens of thousands of numbered entries.
+  // Positions in entries_, empty while these are searched.
   std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> positions_;
 };
 

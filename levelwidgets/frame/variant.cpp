@@ -137,7 +137,7 @@ Date ToDate(const Variant& value) {
   return {ToDouble(value)};
 }
 
-Variant ConvertTo(VariantType type, const Variant& value) {
+Variant ConvertTo(VariantType type, Variant value) {
   if (value.Type() == type || type == VariantType::kEmpty) return value;
   switch (type) {
     case VariantType::kBoolean: return ToBoolean(value);

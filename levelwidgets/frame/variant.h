@@ -88,7 +88,7 @@ FontRef ToFont(const Variant& value);
 Date ToDate(const Variant& value);
 
 // `value` as one of `type`; kEmpty, the type of a property that takes any, leaves it as it is.
-Variant ConvertTo(VariantType type, const Variant& value);
+Variant ConvertTo(VariantType type, Variant value);
 
 // A short rendering for messages: "Save", 12, True, Null, Tahoma 8.25.
 std::string Describe(const Variant& value);

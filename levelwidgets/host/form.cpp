@@ -71,6 +71,7 @@ Form::Form(Platform& platform, FormOptions options)
 Form::~Form() { CloseWindow(); }
 
 void Form::CloseWindow() {
+  by_name_.clear();
   for (const auto& control : std::exchange(controls_, {})) control->Detach();
   if (window_) platform_.Windows().DestroyWindow(std::exchange(window_, {}));
 }
@@ -167,10 +168,11 @@ HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const
   const auto added = std::make_shared<HostedControl>(*this, control_class, std::move(name));
   added->tab_index_ = static_cast<std::int32_t>(controls_.size());
   controls_.push_back(added);
+  by_name_.emplace(added->Name(), added.get());
   try {
     added->Create(saved, place);
   } catch (...) {
-    std::erase(controls_, added);
+    Forget(added);
     added->Detach();
     throw;
   }
@@ -178,16 +180,23 @@ HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const
 }
 
 std::shared_ptr<HostedControl> Form::Find(std::string_view name) const {
-  const auto found = std::ranges::find_if(controls_, [name](const auto& c) { return c->Name() == name; });
-  return found == controls_.end() ? nullptr : *found;
+  const auto found = by_name_.find(name);
+  return found == by_name_.end() ? nullptr : found->second->shared_from_this();
 }
 
 bool Form::Remove(std::string_view name) {
   const auto control = Find(name);
   if (!control) return false;
-  std::erase(controls_, control);
+  Forget(control);
   control->Detach();
   return true;
+}
+
+// The form may have been closed meanwhile.
+void Form::Forget(const std::shared_ptr<HostedControl>& control) {
+  std::erase(controls_, control);
+  const auto named = by_name_.find(control->Name());
+  if (named != by_name_.end() && named->second == control.get()) by_name_.erase(named);
 }
 
 std::shared_ptr<HostedControl> Form::ActiveControl() const {

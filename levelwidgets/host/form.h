@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <levelwidgets/host/hosted_control.h>
@@ -109,6 +110,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   void Paint();
   void ClientResized();
   void CloseWindow();
+  void Forget(const std::shared_ptr<HostedControl>& control);
 
   // Keyboard: form_keyboard.cpp.
   bool TakeKey(const KeyMessage& key);
@@ -129,6 +131,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   FontRef font_;
   WindowHandle window_;
   std::vector<std::shared_ptr<HostedControl>> controls_;
+  std::unordered_map<std::string_view, HostedControl*>
+      by_name_;                                  // of controls_; the keys are the controls' own
   std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
   std::int16_t swallowed_character_ = 0;         // of a key that the form has used itself
 };

@@ -83,6 +83,7 @@ std::size_t EndOfString(std::string_view text, std::size_t at) {
 std::optional<RefusedKey> FindRefusedKey(std::string_view text) {
   constexpr int kMostDots = 16;
   constexpr int kMostDottedKeys = 100'000;
+  if (std::ranges::count(text, '.') <= kMostDots) return std::nullopt;
   int dots = 0;
   int dotted_keys = 0;
   bool in_value = false;

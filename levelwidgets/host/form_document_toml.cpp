@@ -8,7 +8,7 @@
 
 // An assertion of the library would end the program at "[=", which its parser then reports as it should.
 #define TOML_ASSERT(expression) static_assert(true)
-#define TOML_EXCEPTIONS 0
+#define TOML_EXCEPTIONS 1  // without, the parser asks after each character whether there was an error
 #define TOML_MAX_NESTED_VALUES 64
 #define TOML_ENABLE_FORMATTERS 0
 #define TOML_ENABLE_WINDOWS_COMPAT 0
@@ -84,8 +84,7 @@ class Converter {
  public:
   explicit Converter(const std::string& text) : text_(text), places_(text) {}
 
-  FormNode Convert(toml::node& source) const {
-    FormNode node;
+  void Convert(toml::node& source, FormNode& node) const {
     node.span = places_.SpanOf(source.source());
     switch (source.type()) {
       case toml::node_type::table: ConvertTable(*source.as_table(), node); break;
@@ -103,7 +102,6 @@ class Converter {
       }
       case toml::node_type::none: break;
     }
-    return node;
   }
 
  private:
@@ -119,19 +117,24 @@ class Converter {
       const bool header = node.span.begin < text_.size() && text_[node.span.begin] == '[';
       node.shape = header ? Shape::kHeader : Shape::kDotted;
     }
-    node.children.reserve(source.size());
-    for (auto&& [key, value] : source) {
-      FormNode& child = node.children.emplace_back(Convert(value));
-      child.key = key.str();
-      child.key_span = places_.SpanOf(key.source());
+    std::vector<std::pair<const toml::key*, toml::node*>> entries;
+    entries.reserve(source.size());
+    for (auto&& [key, value] : source) entries.emplace_back(&key, &value);
+    const auto place = [](const auto& entry) { return entry.first->source().begin; };
+    std::ranges::sort(entries, std::less<>(), place);
+    node.children.reserve(entries.size());
+    for (const auto& [key, value] : entries) {
+      FormNode& child = node.children.emplace_back();
+      child.key = key->str();
+      child.key_span = places_.SpanOf(key->source());
+      Convert(*value, child);
     }
-    std::ranges::sort(node.children, {}, [](const FormNode& child) { return child.key_span.begin; });
   }
 
   void ConvertList(toml::array& source, FormNode& node) const {
     node.kind = Kind::kList;
     node.children.reserve(source.size());
-    for (toml::node& item : source) node.children.push_back(Convert(item));
+    for (toml::node& item : source) Convert(item, node.children.emplace_back());
   }
 
   const std::string& text_;
@@ -156,9 +159,14 @@ std::variant<FormNode, FormSyntaxError> ParseFormNodes(const std::string& text) 
   if (const auto refused = FindRefusedKey(text)) {
     return FormSyntaxError{FormDocument(text, {}).PositionOf(refused->offset), refused->message};
   }
-  toml::parse_result result = toml::parse(std::string_view(text));
-  if (!result) return SyntaxError(text, result.error());
-  return Converter(text).Convert(result.table());
+  try {
+    toml::table table = toml::parse(std::string_view(text));
+    FormNode root;
+    Converter(text).Convert(table, root);
+    return root;
+  } catch (const toml::parse_error& error) {
+    return SyntaxError(text, error);
+  }
 }
 
 }  // namespace levelwidgets

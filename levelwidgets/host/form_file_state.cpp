@@ -27,7 +27,10 @@ std::vector<Variant> ValuesOf(const Object& object, const std::vector<const Prop
   return values;
 }
 
-PropertyBag Frozen(const PropertyBag& bag) {
+bool IsFont(const PropertyBag::Entry& entry) { return entry.value.Type() == VariantType::kFont; }
+
+PropertyBag Frozen(PropertyBag bag) {
+  if (std::ranges::none_of(bag.Entries(), IsFont)) return bag;
   PropertyBag frozen;
   for (const auto& [name, value] : bag.Entries()) frozen.WriteProperty(name, Frozen(value), {});
   return frozen;

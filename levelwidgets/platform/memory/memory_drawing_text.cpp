@@ -50,6 +50,10 @@ int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& plac
   text = text.substr(0, text.find('\0'));
   Font& font = *context->font;
   const int line_height = font.Metrics().text.height;
+  const bool one_line = (format & kDtSingleLine) != 0;
+  if (one_line && !(format & kDtCalcRect) && !context->Target().store) {
+    return FirstTop(rect, line_height, format) + line_height - rect.top;  // nothing of it can be seen
+  }
   const auto& lines = state_->layout.Break(text, state_->code_page, font, rect.width(), format);
   const int height = static_cast<int>(lines.size()) * line_height;
   if (format & kDtCalcRect) {
