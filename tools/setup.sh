@@ -26,6 +26,9 @@ fonts-wine           | /usr/share/wine/fonts/tahoma.ttf    | the font of the for
 test_packages='
 libgtest-dev         | /usr/include/gtest/gtest.h          | the test framework
 libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the tests
+xvfb                 | Xvfb                                | the screen that native windows are tested on
+openbox              | openbox                             | the window manager there
+xdotool              | xdotool                             | the mouse and the keyboard there
 clang-format         | clang-format                        | checks the layout of the sources'
 
 fuzz_packages='

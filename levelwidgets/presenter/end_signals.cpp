@@ -1,6 +1,6 @@
 #include <levelwidgets/presenter/end_signals.h>
 
-#include <SDL.h>
+#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -12,38 +12,28 @@ namespace levelwidgets::presenter {
 namespace {
 
 constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
-constexpr char kEnd = 'e';
-constexpr char kStop = 's';
 
 // Handlers reach nothing but globals.
 std::array<int, 2> told = {-1, -1};  // a pipe
 std::array<struct sigaction, kSignals.size()> before{};
 
-void Tell(char what) {
+void OnSignal(int) {
   const int saved = errno;
+  const char what = 'e';
   if (write(told[1], &what, 1) != 1) {
     // The pipe is full: it has been told often enough.
   }
   errno = saved;
 }
 
-void OnSignal(int) { Tell(kEnd); }
-
-// A thread of its own, because pushing an event is more than a handler may do.
-void TurnIntoEvents() {
-  char what = kStop;
-  while (read(told[0], &what, 1) == 1 && what == kEnd) {
-    SDL_Event event{};
-    event.type = SDL_QUIT;
-    SDL_PushEvent(&event);
-  }
-}
-
 }  // namespace
 
 EndSignals::EndSignals() {
   if (pipe(told.data()) != 0) return;
-  teller_ = std::thread(TurnIntoEvents);
+  for (const int end : told) {
+    fcntl(end, F_SETFL, O_NONBLOCK);
+    fcntl(end, F_SETFD, FD_CLOEXEC);
+  }
   struct sigaction action {};
   action.sa_handler = OnSignal;
   action.sa_flags = SA_RESETHAND | SA_RESTART;
@@ -54,11 +44,19 @@ EndSignals::EndSignals() {
 }
 
 EndSignals::~EndSignals() {
-  if (!teller_.joinable()) return;
+  if (told[0] < 0) return;
   for (std::size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &before[i], nullptr);
-  Tell(kStop);
-  teller_.join();
-  for (const int end : told) close(end);
+  for (int& end : told) {
+    close(end);
+    end = -1;
+  }
 }
+
+bool EndSignals::Take() {
+  char what = 0;
+  return told[0] >= 0 && read(told[0], &what, 1) == 1;
+}
+
+int EndSignals::Descriptor() const { return told[0]; }
 
 }  // namespace levelwidgets::presenter

@@ -1,12 +1,10 @@
-// Ctrl+C in the terminal, and other requests from outside to end, as an event of the native loop.
+// Ctrl+C in the terminal, and other requests from outside to end.
 #pragma once
-
-#include <thread>
 
 namespace levelwidgets::presenter {
 
-// While it lives, the first SIGINT, SIGTERM or SIGHUP becomes the event SDL_QUIT, which also wakes a loop
-// that waits; another one ends a program that does not come to that. One at a time.
+// While it lives, the first SIGINT, SIGTERM or SIGHUP is kept to be asked for; another one ends a program
+// that does not come to that. One at a time.
 class EndSignals {
  public:
   EndSignals();
@@ -14,8 +12,10 @@ class EndSignals {
   EndSignals(const EndSignals&) = delete;
   EndSignals& operator=(const EndSignals&) = delete;
 
- private:
-  std::thread teller_;
+  // Whether there was one since the last call.
+  bool Take();
+  // Can be read from as soon as there was one; -1 when the system has none to give.
+  int Descriptor() const;
 };
 
 }  // namespace levelwidgets::presenter

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include <levelwidgets/presenter/end_signals.h>
+#include <levelwidgets/presenter/native_wait.h>
 
 namespace levelwidgets::presenter {
 
@@ -15,7 +15,12 @@ namespace {
 // More wait for the next turn, so that paints come in between.
 constexpr std::size_t kMostEvents = 500;
 
-bool IsForm(WindowKind kind) { return kind != WindowKind::kPopup; }
+std::vector<SDL_Event> TakeEvents() {
+  std::vector<SDL_Event> events;
+  SDL_Event event;
+  while (events.size() < kMostEvents && SDL_PollEvent(&event)) events.push_back(event);
+  return events;
+}
 
 }  // namespace
 
@@ -32,27 +37,18 @@ Presenter::Presenter(NativeDisplay& display, memory::Desktop& desktop)
 
 Presenter::~Presenter() { desktop_.Clock().SetWaiter({}); }
 
-int Presenter::Run() {
-  const EndSignals signals;
-  return desktop_.Clock().Run();
-}
+int Presenter::Run() { return desktop_.Clock().Run(); }
 
 void Presenter::Wait() {
   Sync();
-  if (std::ranges::none_of(shown_, [](const Shown& s) { return IsForm(s.native->Kind()); })) {
+  const auto is_form = [](const Shown& shown) { return shown.native->Kind() != WindowKind::kPopup; };
+  if (std::ranges::none_of(shown_, is_form) || signals_.Take()) {
     desktop_.Clock().Quit(0);
     return;
   }
-  std::vector<SDL_Event> events(1);
-  int more = SDL_WaitEventTimeout(events.data(), TimeToWait());
-  if (!more) events.clear();
-  while (more && events.size() < kMostEvents) {
-    SDL_Event event;
-    more = SDL_PollEvent(&event);
-    if (more) events.push_back(event);
-  }
+  WaitForNative(SDL_GetWindowFromID(shown_.front().native->Id()), signals_.Descriptor(), TimeToWait());
   FollowTime();
-  Handle(events);
+  Handle(TakeEvents());
 }
 
 int Presenter::TimeToWait() const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <levelwidgets/platform/memory/desktop.h>
+#include <levelwidgets/presenter/end_signals.h>
 #include <levelwidgets/presenter/native_display.h>
 #include <levelwidgets/presenter/native_window.h>
 
@@ -77,6 +78,7 @@ class Presenter {
 
   NativeDisplay& display_;
   memory::Desktop& desktop_;
+  EndSignals signals_;
   std::vector<Shown> shown_;
   std::chrono::steady_clock::time_point started_;
   std::uint64_t started_tick_;

@@ -1,0 +1,55 @@
+// A native screen of their own for tests that run the program as a person does. Not on Windows.
+#pragma once
+
+#ifndef _WIN32
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <levelwidgets/platform/types.h>
+#include <levelwidgets/testing/child_process.h>
+
+namespace levelwidgets {
+
+// 800 by 600 pixels, with a window manager. Colours are those of the forms.
+class VirtualScreen {
+ public:
+  // Throws std::runtime_error when it does not come up.
+  VirtualScreen();
+  ~VirtualScreen();
+  VirtualScreen(const VirtualScreen&) = delete;
+  VirtualScreen& operator=(const VirtualScreen&) = delete;
+
+  // As DISPLAY.
+  const std::string& Name() const { return name_; }
+
+  // What a person does with mouse and keyboard, in the words of xdotool.
+  void Do(const std::string& words) const;
+  // The same again and again until it can be done: what looks for windows fails when one vanishes meanwhile.
+  void DoAtLast(const std::string& words) const;
+  // What surrounds all pixels of that colour now; empty without one.
+  PixelRect Find(ColorRef color) const;
+  // The same as soon as there are any; empty when none come in time.
+  PixelRect WaitFor(ColorRef color) const;
+  bool WaitWithout(ColorRef color) const;
+
+ private:
+  bool Try(const std::string& words) const;
+  ColorRef At(int x, int y) const;
+
+  std::filesystem::path folder_;
+  std::string name_;
+  std::unique_ptr<ChildProcess> server_;
+  std::unique_ptr<ChildProcess> manager_;
+  const std::uint8_t* file_ = nullptr;  // the screen's pixels as the server keeps them
+  std::size_t file_size_ = 0;
+  PixelSize size_;
+  std::size_t first_pixel_ = 0;
+  std::size_t row_bytes_ = 0;
+};
+
+}  // namespace levelwidgets
+
+#endif
