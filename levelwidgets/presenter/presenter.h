@@ -83,9 +83,10 @@ class Presenter {
   std::chrono::steady_clock::time_point started_;
   std::uint64_t started_tick_;
 
-  WindowHandle active_;      // as of the last Sync
-  std::uint32_t focus_ = 0;  // the native window with the keyboard
-  std::string clipboard_;    // the same on both sides
+  WindowHandle active_;             // as of the last Sync
+  std::uint32_t focus_ = 0;         // the native window with the keyboard
+  std::uint32_t native_focus_ = 0;  // the same as of the last event, inside a turn
+  std::string clipboard_;           // the same on both sides
   bool pointer_left_ = false;
 };
 

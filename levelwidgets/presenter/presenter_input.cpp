@@ -113,8 +113,11 @@ void Presenter::PointTo(std::uint32_t native_id, PixelPoint place) {
   desktop_.MovePointer(point);
 }
 
+// A window that the pointer has gone over to has told so by now. While a button is down, nothing is left.
 void Presenter::LeaveIfOutside() {
-  if (!pointer_left_ || SDL_GetMouseFocus()) return;
+  memory::MemoryWindows& windows = desktop_.Windows();
+  const auto is_down = [&](int button) { return windows.GetKeyState(button) < 0; };
+  if (!pointer_left_ || is_down(1) || is_down(2) || is_down(4)) return;
   pointer_left_ = false;
   desktop_.MovePointer(NativeDisplay::Nowhere());
 }
@@ -128,7 +131,12 @@ void Presenter::HandleWindow(const SDL_WindowEvent& event) {
     case SDL_WINDOWEVENT_MOVED: NativeMoved(*shown, {event.data1, event.data2}); break;
     case SDL_WINDOWEVENT_SIZE_CHANGED: NativeResized(*shown, {event.data1, event.data2}); break;
     case SDL_WINDOWEVENT_EXPOSED: shown->native->Forget(); break;
+    case SDL_WINDOWEVENT_ENTER: pointer_left_ = false; break;
     case SDL_WINDOWEVENT_LEAVE: pointer_left_ = true; break;
+    case SDL_WINDOWEVENT_FOCUS_GAINED: native_focus_ = event.windowID; break;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+      if (native_focus_ == event.windowID) native_focus_ = 0;
+      break;
     case SDL_WINDOWEVENT_CLOSE:
       desktop_.Windows().SendMessageA(shown->window, kWmClose, 0, 0);
       desktop_.Settle();
@@ -170,12 +178,10 @@ void Presenter::NativeResized(Shown& shown, PixelSize size) {
 // Looked at once all events of a turn are done: between the windows of this program nobody has the keyboard
 // for a moment.
 void Presenter::TakeFocus() {
-  SDL_Window* native = SDL_GetKeyboardFocus();
-  const std::uint32_t focus = native ? SDL_GetWindowID(native) : 0;
-  if (focus == focus_) return;
-  focus_ = focus;
-  const Shown* shown = FindNative(focus);
-  if (!native) {
+  if (native_focus_ == focus_) return;
+  focus_ = native_focus_;
+  const Shown* shown = FindNative(focus_);
+  if (focus_ == 0) {
     desktop_.Windows().Deactivate();
   } else if (shown && shown->native->Kind() != WindowKind::kPopup) {
     TakeClipboard();

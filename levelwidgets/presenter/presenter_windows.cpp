@@ -57,7 +57,7 @@ void Presenter::Sync() {
   }
   // A window of ours that goes takes the keyboard along; that is no turn to another program.
   for (const Shown& gone : vanished) {
-    if (gone.native->Id() == focus_) focus_ = 0;
+    if (gone.native->Id() == focus_) focus_ = native_focus_ = 0;
   }
   vanished.clear();
   SyncActivation();

@@ -1,0 +1,200 @@
+// Input, focus and clipboard on a display without a screen.
+#include <SDL.h>
+
+#include <levelwidgets/presenter/presenter_fixture.h>
+
+namespace levelwidgets::presenter {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// --- Pointer -----------------------------------------------------------------------------------------
+
+TEST_F(PresenterTest, ThePointerIsWhereItIsInTheWindow) {
+  Begin();
+  Handle({Motion(form, 15, 25), Button(form, SDL_MOUSEBUTTONDOWN, 15, 25),
+          Button(form, SDL_MOUSEBUTTONUP, 16, 25)});
+  EXPECT_THAT(Input(),
+              ElementsAre("left MouseMove 0 5,15", "left LButtonDown 1 5,15", "left MouseMove 1 6,15",
+                          "left CaptureChanged none", "left LButtonUp 0 6,15"));
+}
+
+TEST_F(ScaledPresenterTest, PointerPositionsAreDivided) {
+  Begin();
+  Handle({Motion(form, 30, 51)});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,15"));
+  Handle({Motion(form, 31, 50)});
+  EXPECT_THAT(Input(), IsEmpty());
+}
+
+TEST_F(PresenterTest, OtherButtonsAreThemselves) {
+  Handle({Motion(form, 15, 25)});
+  Begin();
+  Handle({Button(form, SDL_MOUSEBUTTONDOWN, 15, 25, SDL_BUTTON_RIGHT),
+          Button(form, SDL_MOUSEBUTTONUP, 15, 25, SDL_BUTTON_RIGHT),
+          Button(form, SDL_MOUSEBUTTONDOWN, 15, 25, SDL_BUTTON_MIDDLE),
+          Button(form, SDL_MOUSEBUTTONUP, 15, 25, SDL_BUTTON_MIDDLE),
+          Button(form, SDL_MOUSEBUTTONDOWN, 15, 25, SDL_BUTTON_X1)});
+  EXPECT_THAT(Input(),
+              ElementsAre("left RButtonDown 2 5,15", "left CaptureChanged none", "left RButtonUp 0 5,15",
+                          "left MButtonDown 16 5,15", "left CaptureChanged none", "left MButtonUp 0 5,15"));
+}
+
+TEST_F(PresenterTest, MovesThatFollowEachOtherAreOne) {
+  Begin();
+  Handle({Motion(form, 15, 25), Motion(form, 18, 26), Motion(form, 20, 27)});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 10,17"));
+}
+
+TEST_F(PresenterTest, ADragGoesOnOutside) {
+  Handle({Motion(form, 15, 25), Button(form, SDL_MOUSEBUTTONDOWN, 15, 25)});
+  Begin();
+  Handle({Motion(form, -400, 500), WindowEvent(form, SDL_WINDOWEVENT_LEAVE)});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 1 -410,490"));
+  Handle({Button(form, SDL_MOUSEBUTTONUP, -400, 500)});
+  EXPECT_THAT(Input(), ElementsAre("left CaptureChanged none", "left LButtonUp 0 -410,490"));
+}
+
+TEST_F(PresenterTest, APointerThatHasLeftIsOverNothing) {
+  Handle({Motion(form, 15, 25), WindowEvent(form, SDL_WINDOWEVENT_LEAVE)});
+  PixelPoint pointer;
+  windows.GetCursorPos(pointer);
+  EXPECT_EQ(pointer, NativeDisplay::Nowhere());
+  EXPECT_FALSE(windows.WindowAt(pointer).top_level);
+}
+
+TEST_F(PresenterTest, GoingOverToAnotherWindowIsNoLeaving) {
+  const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({Motion(form, 15, 25)});
+  Begin();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_LEAVE), WindowEvent(other, SDL_WINDOWEVENT_ENTER),
+          Motion(other, 5, 6)});
+  EXPECT_THAT(Input(), ElementsAre("other MouseMove 0 5,6"));
+}
+
+TEST_F(PresenterTest, TheNativeOrderDecidesWhichWindowIsHit) {
+  MakeForm("front", {100, 100, 400, 300});
+  presenter.Sync();
+  Begin();
+  Handle({Motion(form, 15, 25)});
+  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,15"));
+}
+
+TEST_F(PresenterTest, TheWheelGoesToTheFocus) {
+  windows.SetFocus(right);
+  Handle({Motion(form, 15, 25)});
+  Begin();
+  SDL_Event wheel{};
+  wheel.type = SDL_MOUSEWHEEL;
+  wheel.wheel.windowID = presenter.NativeIdOf(form);
+  wheel.wheel.y = -2;
+  Handle({wheel});
+  EXPECT_THAT(Messages("MouseWheel"),
+              ElementsAre("right MouseWheel -240 115,125", "form MouseWheel -240 115,125"));
+}
+
+// --- Keys --------------------------------------------------------------------------------------------
+
+TEST_F(PresenterTest, AKeyTypesItsTextOnce) {
+  windows.SetFocus(left);
+  Begin();
+  Handle({Key(SDL_KEYDOWN, SDLK_a), Text("a"), Key(SDL_KEYUP, SDLK_a)});
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 65", "left Char 97", "left KeyUp 65"));
+}
+
+TEST_F(PresenterTest, ShiftIsAKeyOfItsOwnAndHeldWithOthers) {
+  windows.SetFocus(left);
+  Begin();
+  Handle({Key(SDL_KEYDOWN, SDLK_LSHIFT, KMOD_LSHIFT), Key(SDL_KEYDOWN, SDLK_a, KMOD_LSHIFT), Text("A"),
+          Key(SDL_KEYUP, SDLK_a, KMOD_LSHIFT)});
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 16", "left KeyDown 65", "left Char 65", "left KeyUp 65"));
+  EXPECT_LT(windows.GetKeyState(kKeyShift), 0);
+  Handle({Key(SDL_KEYUP, SDLK_LSHIFT)});
+  EXPECT_EQ(windows.GetKeyState(kKeyShift), 0);
+}
+
+TEST_F(PresenterTest, KeysRepeatWithTheirText) {
+  windows.SetFocus(left);
+  Begin();
+  Handle({Key(SDL_KEYDOWN, SDLK_a), Text("a"), Key(SDL_KEYDOWN, SDLK_a), Text("a"), Key(SDL_KEYUP, SDLK_a)});
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 65", "left Char 97", "left KeyDown 65", "left Char 97",
+                                   "left KeyUp 65"));
+}
+
+TEST_F(PresenterTest, TextOfAnInputMethodHasNoKey) {
+  windows.SetFocus(left);
+  Begin();
+  Handle({Key(SDL_KEYDOWN, SDLK_e), Key(SDL_KEYUP, SDLK_e), Text("\xC3\xA9")});
+  EXPECT_THAT(Input(), ElementsAre("left KeyDown 69", "left KeyUp 69", "left Char 233"));
+}
+
+// --- Focus -------------------------------------------------------------------------------------------
+
+TEST_F(PresenterTest, AnotherProgramInFrontLeavesNoFormActive) {
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  Begin();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_LOST)});
+  EXPECT_FALSE(windows.GetActiveWindow());
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+  EXPECT_THAT(Messages("Activate"), ElementsAre("form Activate 0 none", "form Activate 1 none"));
+}
+
+TEST_F(PresenterTest, BetweenTwoFormsOneFollowsTheOther) {
+  const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  Begin();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_LOST), WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_THAT(Messages("Activate"), ElementsAre("other Activate 0 form", "form Activate 1 other"));
+}
+
+TEST_F(PresenterTest, AnOpenPopupStaysActiveUntilAnotherProgramIs) {
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  const WindowHandle popup = MakePopup({120, 130, 220, 190});
+  windows.SetFocus(popup);
+  presenter.Sync();
+  Handle({Motion(popup, 5, 6)});
+  EXPECT_EQ(windows.GetActiveWindow(), popup);
+  Begin();
+  Handle({Key(SDL_KEYDOWN, SDLK_DOWN)});  // natively the form has the keyboard
+  EXPECT_THAT(Input(), ElementsAre("popup KeyDown 40"));
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_LOST)});
+  EXPECT_FALSE(windows.GetActiveWindow());
+}
+
+TEST_F(PresenterTest, AFormThatClosesHandsTheKeyboardToTheNextWithoutADetour) {
+  const WindowHandle dialog = MakeForm("dialog", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({WindowEvent(dialog, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  Begin();
+  const std::uint32_t native = presenter.NativeIdOf(dialog);
+  windows.DestroyWindow(dialog);
+  presenter.Sync();
+  SDL_Event lost = WindowEvent(form, SDL_WINDOWEVENT_FOCUS_LOST);
+  lost.window.windowID = native;
+  Handle({lost});
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_THAT(Messages("form Activate"), ElementsAre("form Activate 1 dialog"));
+}
+
+// --- Clipboard ---------------------------------------------------------------------------------------
+
+TEST_F(PresenterTest, TheClipboardIsOneOnBothSides) {
+  desktop.SetClipboard("from here");
+  presenter.Sync();
+  EXPECT_EQ(NativeClipboard(), "from here");
+  SDL_SetClipboardText("from there");
+  SDL_Event changed{};
+  changed.type = SDL_CLIPBOARDUPDATE;
+  Handle({changed});
+  EXPECT_EQ(desktop.Clipboard(), "from there");
+  SDL_SetClipboardText("while away");
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_EQ(desktop.Clipboard(), "while away");
+}
+
+}  // namespace
+}  // namespace levelwidgets::presenter

@@ -1,0 +1,193 @@
+// The windows of a desktop on a display without a screen.
+#include <levelwidgets/presenter/presenter.h>
+
+#include <SDL.h>
+
+#include <levelwidgets/presenter/presenter_fixture.h>
+
+namespace levelwidgets::presenter {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// --- Windows for windows ---------------------------------------------------------------------------
+
+TEST_F(PresenterTest, AFormShowsItsClientAreaInTheNativeFrame) {
+  EXPECT_EQ(NativeSize(form), (PixelSize{300, 200}));
+  EXPECT_EQ(NativePlace(form), (PixelPoint{100, 100}));
+  EXPECT_STREQ(SDL_GetWindowTitle(Native(form)), "form");
+  EXPECT_EQ(Flags(form) & (SDL_WINDOW_BORDERLESS | SDL_WINDOW_RESIZABLE), SDL_WINDOW_RESIZABLE);
+}
+
+TEST_F(PresenterTest, AFormWithoutSizingBorderCannotBeResized) {
+  const WindowHandle fixed = MakeForm("fixed", {500, 100, 700, 200}, kWsCaption | kWsVisible);
+  presenter.Sync();
+  EXPECT_EQ(Flags(fixed) & (SDL_WINDOW_BORDERLESS | SDL_WINDOW_RESIZABLE), 0u);
+}
+
+TEST_F(PresenterTest, APopupIsBareAndShowsItsBorder) {
+  const WindowHandle popup = MakePopup({120, 130, 220, 190});
+  presenter.Sync();
+  EXPECT_EQ(NativeSize(popup), (PixelSize{100, 60}));
+  EXPECT_EQ(NativePlace(popup), (PixelPoint{120, 130}));
+  const std::uint32_t bare = SDL_WINDOW_BORDERLESS | SDL_WINDOW_SKIP_TASKBAR | SDL_WINDOW_POPUP_MENU;
+  EXPECT_EQ(Flags(popup) & (bare | SDL_WINDOW_RESIZABLE), bare);
+}
+
+TEST_F(PresenterTest, HiddenWindowsHaveNone) {
+  windows.ShowWindow(form, kSwHide);
+  presenter.Sync();
+  EXPECT_EQ(Native(form), nullptr);
+  windows.ShowWindow(form, kSwShow);
+  presenter.Sync();
+  EXPECT_NE(Native(form), nullptr);
+  windows.DestroyWindow(form);
+  presenter.Sync();
+  EXPECT_EQ(Native(form), nullptr);
+}
+
+TEST_F(PresenterTest, WhatTheProgramDoesToAWindowIsFollowed) {
+  windows.SetWindowTextA(form, "Caf\xC3\xA9");
+  windows.SetWindowPos(form, {}, windows.AdjustWindowRectEx({150, 160, 400, 300}, kFormStyle, 0),
+                       kSwpNoZOrder);
+  presenter.Sync();
+  EXPECT_STREQ(SDL_GetWindowTitle(Native(form)), "Caf\xC3\xA9");
+  EXPECT_EQ(NativeSize(form), (PixelSize{250, 140}));
+  EXPECT_EQ(NativePlace(form), (PixelPoint{150, 160}));
+}
+
+TEST_F(PresenterTest, AFormThatReplacesAnotherKeepsItsNativeWindow) {
+  const std::uint32_t before = presenter.NativeIdOf(form);
+  windows.DestroyWindow(form);
+  const WindowHandle heir = MakeForm("heir", {50, 60, 250, 160});
+  presenter.Sync();
+  EXPECT_EQ(presenter.NativeIdOf(heir), before);
+  EXPECT_STREQ(SDL_GetWindowTitle(Native(heir)), "heir");
+  EXPECT_EQ(NativeSize(heir), (PixelSize{200, 100}));
+  EXPECT_EQ(NativePlace(heir), (PixelPoint{50, 60}));
+}
+
+TEST_F(PresenterTest, PixelsAreShownAsTheyChange) {
+  Paint(form, {0, 0, 300, 200}, {0x00332211});
+  presenter.Sync();
+  EXPECT_EQ(NativePixel(form, 0, 0), 0x112233u);
+  EXPECT_EQ(NativePixel(form, 299, 199), 0x112233u);
+  Paint(form, {150, 80, 151, 81}, {0x000000FF});
+  presenter.Sync();
+  EXPECT_EQ(NativePixel(form, 150, 80), 0xFF0000u);
+  EXPECT_EQ(NativePixel(form, 151, 80), 0x112233u);
+}
+
+TEST_F(ScaledPresenterTest, EveryPixelIsASquare) {
+  EXPECT_EQ(NativeSize(form), (PixelSize{600, 400}));
+  EXPECT_EQ(NativePlace(form), (PixelPoint{200, 200}));
+  Paint(form, {0, 0, 300, 200}, {0x00332211});
+  Paint(form, {150, 80, 151, 81}, {0x000000FF});
+  presenter.Sync();
+  EXPECT_EQ(NativePixel(form, 300, 160), 0xFF0000u);
+  EXPECT_EQ(NativePixel(form, 301, 161), 0xFF0000u);
+  EXPECT_EQ(NativePixel(form, 302, 161), 0x112233u);
+  EXPECT_EQ(NativePixel(form, 299, 160), 0x112233u);
+}
+
+// --- A person at the frame ---------------------------------------------------------------------------
+
+TEST_F(PresenterTest, ANativeMoveMovesTheForm) {
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_MOVED, 40, 50)});
+  PixelPoint corner;
+  windows.ClientToScreen(form, corner);
+  EXPECT_EQ(corner, (PixelPoint{40, 50}));
+  SDL_SetWindowPosition(Native(form), 40, 50);
+  presenter.Sync();
+  EXPECT_EQ(NativePlace(form), (PixelPoint{40, 50}));
+}
+
+TEST_F(PresenterTest, ANativeResizeIsTheFormsResize) {
+  Begin();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 320, 150)});
+  EXPECT_THAT(Messages("Size"), ElementsAre("form Size 320,150"));
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 320, 150)});
+  EXPECT_THAT(Messages("Size"), IsEmpty());
+}
+
+TEST_F(PresenterTest, AFormMayInsistOnItsSize) {
+  client.On(kWmSize, [&](WindowHandle window, WParam, LParam) -> LResult {
+    windows.SetWindowPos(window, {}, windows.AdjustWindowRectEx({0, 0, 300, 200}, kFormStyle, 0),
+                         kSwpNoMove | kSwpNoZOrder);
+    return 0;
+  });
+  SDL_SetWindowSize(Native(form), 320, 150);
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 320, 150)});
+  presenter.Sync();
+  EXPECT_EQ(NativeSize(form), (PixelSize{300, 200}));
+}
+
+TEST_F(ScaledPresenterTest, APartOfAPixelAtTheEdgeIsCovered) {
+  Begin();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 501, 300)});
+  EXPECT_THAT(Messages("Size"), ElementsAre("form Size 251,150"));
+}
+
+TEST_F(PresenterTest, AClosingThatIsRefusedLeavesTheWindow) {
+  bool refuse = true;
+  client.On(kWmClose, [&](WindowHandle window, WParam, LParam) -> LResult {
+    if (!refuse) windows.DestroyWindow(window);
+    return 0;
+  });
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_CLOSE)});
+  presenter.Sync();
+  EXPECT_NE(Native(form), nullptr);
+  refuse = false;
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_CLOSE)});
+  presenter.Sync();
+  EXPECT_EQ(Native(form), nullptr);
+}
+
+// --- The loop ----------------------------------------------------------------------------------------
+
+TEST_F(PresenterTest, RunEndsWithTheLastForm) {
+  MakePopup({120, 130, 220, 190});  // is no form
+  desktop.Clock().SetTimer(1, [&] { windows.DestroyWindow(form); });
+  EXPECT_EQ(presenter.Run(), 0);
+  EXPECT_FALSE(windows.IsWindow(form));
+}
+
+TEST_F(PresenterTest, RunEndsWhenTheSystemAsks) {
+  SDL_Event event{};
+  event.type = SDL_QUIT;
+  SDL_PushEvent(&event);
+  EXPECT_EQ(presenter.Run(), 0);
+  EXPECT_TRUE(windows.IsWindow(form));
+}
+
+TEST_F(PresenterTest, RunReturnsTheStatusOfQuit) {
+  desktop.Clock().SetTimer(1, [&] { desktop.Clock().Quit(7); });
+  EXPECT_EQ(presenter.Run(), 7);
+}
+
+TEST_F(PresenterTest, AnExceptionFromAHandlerPassesThrough) {
+  desktop.Clock().SetTimer(1, [&] { throw std::runtime_error("tick"); });
+  EXPECT_THROW(presenter.Run(), std::runtime_error);
+}
+
+TEST_F(PresenterTest, NothingIsWaitedForWhenNothingIsDue) {
+  EXPECT_EQ(presenter.TimeToWait(), -1);
+  const TimerHandle timer = desktop.Clock().SetTimer(100000, [] {});
+  EXPECT_GT(presenter.TimeToWait(), 90000);
+  EXPECT_LE(presenter.TimeToWait(), 100000);
+  desktop.Clock().KillTimer(timer);
+  desktop.Clock().SetTimer(1, [] {});
+  EXPECT_LE(presenter.TimeToWait(), 1);
+}
+
+TEST_F(PresenterTest, TheDesktopHasTheRealDate) {
+  desktop.Clock().SetTimer(1, [&] { desktop.Clock().Quit(0); });
+  desktop.SetNow(Date{1});
+  presenter.Run();
+  EXPECT_NEAR(desktop.Clock().Now().days, RealNow().days, 1.0 / 1440);
+  EXPECT_GT(RealNow().days, 45000);
+}
+
+}  // namespace
+}  // namespace levelwidgets::presenter
