@@ -21,8 +21,24 @@ void SetHints() {
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // EndSignals has them
   SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
-  // Windows only: no bare console screen, and nothing that nobody sees unless asked for.
-  SDL_SetHint(SDL_HINT_VIDEODRIVER, "cocoa,x11,wayland");
+}
+
+bool IsSet(const char* name) {
+  const char* value = std::getenv(name);
+  return value && *value;
+}
+
+// Those that show windows: no bare console screen, and nothing that nobody sees unless asked for. "" where
+// there is no display.
+std::string Drivers() {
+  std::string drivers = IsSet("SDL_VIDEODRIVER") ? std::getenv("SDL_VIDEODRIVER") : "";
+#ifdef __APPLE__
+  if (drivers.empty()) drivers = "cocoa";
+#endif
+  if (!drivers.empty()) return drivers;
+  if (IsSet("DISPLAY")) drivers += "x11,";
+  if (IsSet("WAYLAND_DISPLAY")) drivers += "wayland,";
+  return drivers.substr(0, drivers.empty() ? 0 : drivers.size() - 1);
 }
 
 // How many pixels a native unit has; only a window tells.
@@ -63,6 +79,12 @@ std::string LocaleOfEnvironment() {
 
 std::unique_ptr<NativeDisplay> NativeDisplay::Open(std::optional<int> factor, std::string& why) {
   SetHints();
+  const std::string drivers = Drivers();
+  if (drivers.empty()) {
+    why = "neither DISPLAY nor WAYLAND_DISPLAY is set";
+    return nullptr;
+  }
+  SDL_SetHint(SDL_HINT_VIDEODRIVER, drivers.c_str());
   SDL_SetMainReady();
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
     why = SDL_GetError();

@@ -15,6 +15,9 @@ namespace {
 // More wait for the next turn, so that paints come in between.
 constexpr std::size_t kMostEvents = 500;
 
+// SDL tells a change of the focus so many milliseconds after the X server, and only when it is asked.
+constexpr int kEcho = 250;
+
 std::vector<SDL_Event> TakeEvents() {
   std::vector<SDL_Event> events;
   SDL_Event event;
@@ -46,9 +49,13 @@ void Presenter::Wait() {
     desktop_.Clock().Quit(0);
     return;
   }
-  WaitForNative(SDL_GetWindowFromID(shown_.front().native->Id()), signals_.Descriptor(), TimeToWait());
+  int wait = TimeToWait();
+  if (!quiet_ && (wait < 0 || wait > kEcho)) wait = kEcho;
+  WaitForNative(SDL_GetWindowFromID(shown_.front().native->Id()), signals_.Descriptor(), wait);
   FollowTime();
-  Handle(TakeEvents());
+  const std::vector<SDL_Event> events = TakeEvents();
+  quiet_ = events.empty();
+  Handle(events);
 }
 
 int Presenter::TimeToWait() const {

@@ -88,6 +88,7 @@ class Presenter {
   std::uint32_t native_focus_ = 0;  // the same as of the last event, inside a turn
   std::string clipboard_;           // the same on both sides
   bool pointer_left_ = false;
+  bool quiet_ = false;  // nothing has come in the last turn
 };
 
 }  // namespace levelwidgets::presenter
