@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include <levelwidgets/platform/win32/native.h>
 #include <levelwidgets/platform/win32/win32_platform.h>
 #include <tools/levelwidgets/native_windows.h>
