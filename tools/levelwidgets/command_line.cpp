@@ -65,6 +65,11 @@ void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics) {
   for (const Diagnostic& diagnostic : diagnostics) std::cerr << diagnostic.ToString() << "\n";
 }
 
+void AddTrustOption(CLI::App& command, bool& trusted) {
+  command.add_flag("--trust", trusted,
+                   "The scripts of forms have all of Lua: files, processes and no limits");
+}
+
 int RunCommandLine(std::vector<std::string> arguments) {
   int status = 0;
   CLI::App program("Works with forms: their files, their looks and their classes.", "levelwidgets");

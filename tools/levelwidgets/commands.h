@@ -1,6 +1,7 @@
 // The commands of the program, one file each. Not for use outside this folder.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -19,6 +20,13 @@ void AddDescribeCommand(CLI::App& program, int& status);
 void AddRunCommand(CLI::App& program, int& status);
 void AddRenderCommand(CLI::App& program, int& status);
 #endif
+
+// The exit status of `body`, during which an interrupt (Ctrl+C) ends the script that runs: it is then told on
+// standard error, and the status is 130.
+int RunInterruptibly(const std::function<int()>& body);
+
+// The option --trust, which leaves in `trusted` whether it is given.
+void AddTrustOption(CLI::App& command, bool& trusted);
 
 // The one place where the program chooses: the system's own windows, or a desktop in memory.
 std::unique_ptr<Platform> MakePlatform();

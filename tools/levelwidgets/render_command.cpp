@@ -1,5 +1,9 @@
+#include <cstdio>
+#include <cstdlib>
+
 #include <levelwidgets/host/script/png_file.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/host/script/script_interrupt.h>
 #include <levelwidgets/platform/memory/system_colors.h>
 #include <tools/levelwidgets/commands.h>
 
@@ -14,6 +18,7 @@ struct RenderArguments {
   std::string palette = "light";
   std::string hover;
   std::string open;
+  bool trust = false;
 };
 
 // So that a form of any size is on it as a whole; only what is captured costs memory.
@@ -51,8 +56,19 @@ PixelRect Union(const PixelRect& a, const PixelRect& b) {
           std::max(a.bottom, b.bottom)};
 }
 
+// Nothing else ends a script that is stuck in a function of a library.
+[[noreturn]] void EndProcess(const std::string& text) {
+  std::fprintf(stderr, "%s\n", text.c_str());
+  std::_Exit(1);
+}
+
+ScriptOptions OptionsOf(const RenderArguments& arguments) {
+  if (arguments.trust) return {.trusted = true};
+  return {.time_limit = kPictureTimeLimit, .on_hang = EndProcess};
+}
+
 int Render(const RenderArguments& arguments) {
-  ScriptHost host;
+  ScriptHost host(OptionsOf(arguments));
   host.MakeDesktop({.size = kAmpleScreen, .dpi = arguments.dpi, .palette = arguments.palette});
   const auto form = host.LoadForm(arguments.form);
   DesktopDriver& desktop = host.Desktop();
@@ -63,6 +79,7 @@ int Render(const RenderArguments& arguments) {
   PixelRect area = form->ScreenRect();
   if (!arguments.open.empty()) area = Union(area, Open(desktop, FindControl(*form, arguments.open)));
   desktop.Settle();
+  if (host.OutOfTime() || ScriptInterrupted()) return 1;  // which has been told
   WritePng(desktop.Capture(area), arguments.picture);
   return 0;
 }
@@ -72,7 +89,8 @@ int Render(const RenderArguments& arguments) {
 void AddRenderCommand(CLI::App& program, int& status) {
   CLI::App* command = program.add_subcommand("render", "Draws a form to a picture");
   command->footer(
-      "The form's script is run. The picture shows the form's window with its frame.\n\n"
+      "The form's script is run, in a sandbox and for 10 s at most unless it is trusted. The picture shows "
+      "the form's window with its frame.\n\n"
       "Example:\n  levelwidgets render order.form.toml -o order.png --hover cmdSave");
   const auto given = std::make_shared<RenderArguments>();
   command->add_option("FORM", given->form, "The form file")->required();
@@ -86,7 +104,8 @@ void AddRenderCommand(CLI::App& program, int& status) {
       ->capture_default_str();
   command->add_option("--hover", given->hover, "A control for the pointer to be over");
   command->add_option("--open", given->open, "A control to open the drop-down of");
-  command->callback([given, &status] { status = Render(*given); });
+  AddTrustOption(*command, given->trust);
+  command->callback([given, &status] { status = RunInterruptibly([&] { return Render(*given); }); });
 }
 
 }  // namespace levelwidgets

@@ -108,7 +108,7 @@ int AddControl(lua_State* L) {
   const OptionTable values(L, 4, info.Name(), AssignableNames(info));
   const auto control = Create(L, *form->form, info, name, table, PlaceOf(info, values)).shared_from_this();
   try {
-    ConnectControl(StateOf(L), form, *control);
+    ConnectControl(form, *control);
     Assign(*control, values);
   } catch (const Error&) {
     form->form->Remove(name);

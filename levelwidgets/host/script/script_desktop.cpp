@@ -4,6 +4,7 @@
 #include <levelwidgets/host/script/script_dates.h>
 #include <levelwidgets/host/script/script_forms.h>
 #include <levelwidgets/host/script/script_objects.h>
+#include <levelwidgets/host/script/script_sandbox.h>
 #include <levelwidgets/host/script/script_tables.h>
 #include <levelwidgets/host/script/script_userdata.h>
 
@@ -292,6 +293,7 @@ void OpenDesktop(lua_State* L) {
 }
 
 int NewDesktop(lua_State* L) {
+  RefuseInSandbox(L, "lw.desktop", "drives no desktop");
   ScriptState& state = StateOf(L);
   const bool as_given = state.DesktopIsGiven() && IsEmptyTable(L, 1);
   if (!as_given) state.MakeDesktop(SettingsAt(L, 1));

@@ -2,10 +2,13 @@
 
 #include <filesystem>
 
-#include <levelwidgets/host/script/script_error.h>
+#include <levelwidgets/host/atomic_file.h>
+#include <levelwidgets/host/script/script_entry.h>
+#include <levelwidgets/host/script/script_folder.h>
 #include <levelwidgets/host/script/script_forms.h>
 #include <levelwidgets/host/script/script_module.h>
 #include <levelwidgets/host/script/script_objects.h>
+#include <levelwidgets/host/script/script_sandbox.h>
 
 namespace levelwidgets {
 
@@ -34,38 +37,76 @@ std::string PathBesideCaller(lua_State* L, const std::string& path) {
   return std::filesystem::exists(beside, missing) ? beside.string() : path;
 }
 
-void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form) {
-  lua_State* L = state.Running();
-  lua_newtable(L);
-  for (const auto& control : form->form->Controls()) {
+namespace {
+
+void SetControls(lua_State* L, const ScriptForm& form) {
+  for (const auto& control : form.form->Controls()) {
     PushControl(L, control);
     lua_setfield(L, -2, control->Name().c_str());
   }
+}
+
+void SetFormAndModule(lua_State* L, const std::shared_ptr<ScriptForm>& form) {
   PushForm(L, form);
   lua_setfield(L, -2, "form");
   PushModule(L);
   lua_setfield(L, -2, "lw");
+}
 
+// Leaves the globals of a script in the program's realm on the stack.
+void PushProgramEnvironment(lua_State* L) {
+  lua_newtable(L);
   lua_createtable(L, 0, 1);
   lua_pushglobaltable(L);
   lua_setfield(L, -2, "__index");
   lua_setmetatable(L, -2);
-  form->environment = state.TakeRef(L);
 }
 
-void RunFormScript(ScriptState& state, const ScriptForm& form, const std::string& path) {
-  lua_State* L = state.Running();
-  SearchModulesBeside(L, path);
-  // Text only: bytecode is not checked before it runs.
-  if (luaL_loadfilex(L, path.c_str(), "t") != LUA_OK) {
-    const std::string text = lua_tostring(L, -1);
-    lua_pop(L, 1);
-    throw ScriptFailure(text);
-  }
-  form.environment.Push(L);
-  lua_setupvalue(L, -2, 1);
+std::shared_ptr<ScriptRealm> RealmForScript(ScriptState& state, const ScriptRealm& opener,
+                                            const std::string& form_path) {
+  if (!opener.IsSandbox() && state.TrustsForms()) return state.Program();
+  return std::make_shared<ScriptRealm>(state, PathOf(form_path).parent_path());
+}
+
+}  // namespace
+
+void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form, const ScriptRealm& opener,
+                     const std::string& form_path) {
+  form->realm = RealmForScript(state, opener, form_path);
   CallFailure failure;
-  if (!CallReporting(L, 0, 0, failure)) throw ScriptFailure(failure.message + "\n" + failure.traceback);
+  const bool made = EnterRealm(form->realm, failure, [&](lua_State* L) {
+    if (form->realm->IsSandbox()) {
+      OpenSandbox(L);
+      lua_pushglobaltable(L);
+    } else {
+      PushProgramEnvironment(L);
+    }
+    SetControls(L, *form);
+    SetFormAndModule(L, form);
+    form->environment = form->realm->TakeRef(L);
+  });
+  if (!made) RaiseFailure(failure);
+}
+
+void RunFormScript(const ScriptForm& form, const std::string& path) {
+  CallFailure failure;
+  const auto realm = form.realm;
+  if (realm->IsSandbox() && !IsFileInFolder(realm->Folder(), PathOf(path))) {
+    throw ScriptFailure(path + ": the script of a form is a file in the form's own folder");
+  }
+  bool succeeded = false;
+  const bool entered = EnterRealm(realm, failure, [&](lua_State* L) {
+    if (!realm->IsSandbox()) SearchModulesBeside(L, path);
+    // Text only: bytecode is not checked before it runs.
+    if (luaL_loadfilex(L, path.c_str(), "t") != LUA_OK) {
+      failure.message = lua_tostring(L, -1);
+      return;
+    }
+    form.environment.Push(L);
+    lua_setupvalue(L, -2, 1);
+    succeeded = CallReporting(L, 0, 0, failure);
+  });
+  if (!entered || !succeeded) RaiseFailure(failure);
 }
 
 }  // namespace levelwidgets

@@ -12,11 +12,13 @@ void SearchModulesBeside(lua_State* L, const std::string& path);
 // it.
 std::string PathBesideCaller(lua_State* L, const std::string& path);
 
-// Gives the form the globals of its script: every control under its name, `form`, `lw`, and the program's
-// globals behind them.
-void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form);
+// Gives the form in the file at `form_path` a realm for its script and the globals there: every control under
+// its name, `form` and `lw`. In the program's realm the program's globals are behind them; a sandbox is one
+// of the form's own. Raises ScriptFailure.
+void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form, const ScriptRealm& opener,
+                     const std::string& form_path);
 
 // Runs the script file at `path` in the form's environment. Raises ScriptFailure.
-void RunFormScript(ScriptState& state, const ScriptForm& form, const std::string& path);
+void RunFormScript(const ScriptForm& form, const std::string& path);
 
 }  // namespace levelwidgets

@@ -1,5 +1,7 @@
 #include <levelwidgets/host/script/script_error.h>
 
+#include <levelwidgets/host/script/script_interrupt.h>
+
 namespace levelwidgets {
 
 namespace {
@@ -43,6 +45,8 @@ int DescribeFailure(lua_State* L) {
   return 1;
 }
 
+constexpr std::string_view kNoMemory = "not enough memory";  // as the interpreter says it
+
 }  // namespace
 
 void OpenErrors(lua_State* L) {
@@ -64,6 +68,18 @@ void PushCurrentException(lua_State* L) {
   }
 }
 
+void RaiseFailure(const CallFailure& failure) {
+  const std::string text =
+      failure.traceback.empty() ? failure.message : failure.message + "\n" + failure.traceback;
+  if (ScriptInterrupted()) throw ScriptInterruption(text);
+  throw ScriptFailure(text);
+}
+
+void ExplainNoMemory(const ScriptRealm& realm, CallFailure& failure) {
+  if (!realm.IsSandbox() || !failure.message.ends_with(kNoMemory)) return;
+  failure.message += ": " + realm.Host().Limits().MemoryText();
+}
+
 bool CallReporting(lua_State* L, int arguments, int results, CallFailure& failure) {
   const int function = lua_gettop(L) - arguments;
   lua_pushlightuserdata(L, &failure);
@@ -75,6 +91,7 @@ bool CallReporting(lua_State* L, int arguments, int results, CallFailure& failur
   // An error inside the description itself, or out of memory.
   if (failure.message.empty()) failure.message = luaL_tolstring(L, -1, nullptr);
   lua_settop(L, function - 1);
+  ExplainNoMemory(RealmOf(L), failure);
   return false;
 }
 

@@ -30,7 +30,14 @@ int Guarded(lua_State* L) {
 struct CallFailure {
   std::string message;    // with its place in front, where that is known
   std::string traceback;  // "stack traceback:" and a line each
+  bool told = false;      // it follows from one that has been told already
 };
+
+// Raises a ScriptFailure, or a ScriptInterruption where it is one.
+[[noreturn]] void RaiseFailure(const CallFailure& failure);
+
+// Says in `failure` which limit the interpreter's bare "not enough memory" is about.
+void ExplainNoMemory(const ScriptRealm& realm, CallFailure& failure);
 
 // Calls the function below its `arguments` on the stack. False when it failed: `failure` then says how.
 bool CallReporting(lua_State* L, int arguments, int results, CallFailure& failure);

@@ -1,6 +1,6 @@
 #include <levelwidgets/host/script/script_events.h>
 
-#include <levelwidgets/host/script/script_error.h>
+#include <levelwidgets/host/script/script_entry.h>
 #include <levelwidgets/host/script/script_forms.h>
 #include <levelwidgets/host/script/script_objects.h>
 #include <levelwidgets/host/script/script_values.h>
@@ -41,10 +41,8 @@ void ReadBack(lua_State* L, RaisedEvent& raised) {
   }
 }
 
-// Calls the handler on top of the stack, which it takes off. Its errors are reported here: they are no
-// business of the control.
-void CallHandler(lua_State* L, const EventSource& source, RaisedEvent& raised) {
-  CallFailure failure;
+// Calls the handler on top of the stack, which it takes off.
+bool CallHandler(lua_State* L, RaisedEvent& raised, CallFailure& failure) {
   PushArguments(L, raised);
   lua_pushvalue(L, -1);
   lua_rotate(L, -3, 1);  // the arguments stay below the call
@@ -58,49 +56,69 @@ void CallHandler(lua_State* L, const EventSource& source, RaisedEvent& raised) {
     }
   }
   lua_pop(L, 1);
-  if (!succeeded) {
-    StateOf(L).ReportHandlerError(
-        {source.form, source.control, raised.info.name, failure.message, failure.traceback});
-  }
+  return succeeded;
 }
 
-// Pushes the function `name` of the form's script, or else of the program.
-bool PushNamedHandler(lua_State* L, const ScriptForm& form, const std::string& name) {
-  if (form.environment) {
-    form.environment.Push(L);
+// Pushes the function that `push` finds in the realm, if there is one, and calls it for the event. Returns
+// whether there was one. Errors are reported here: they are no business of the control.
+bool CallFound(const std::shared_ptr<ScriptRealm>& realm, const EventSource& source, RaisedEvent& raised,
+               const std::function<bool(lua_State*)>& push) {
+  CallFailure failure;
+  bool found = false;
+  bool succeeded = true;
+  const bool entered = EnterRealm(realm, failure, [&](lua_State* L) {
+    found = push(L);
+    if (found) succeeded = CallHandler(L, raised, failure);
+  });
+  if (!(entered && succeeded) && !failure.told) {
+    realm->Host().ReportHandlerError(
+        *realm, {source.form, source.control, raised.info.name, failure.message, failure.traceback});
+  }
+  return found;
+}
+
+// Replaces the table on top of the stack by the first function in it that has one of the names, or takes it
+// off when there is none.
+bool PushFirstFunction(lua_State* L, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
     lua_pushlstring(L, name.data(), name.size());
-    const bool is_function = lua_rawget(L, -2) == LUA_TFUNCTION;
-    lua_remove(L, -2);
-    if (is_function) return true;
+    if (lua_rawget(L, -2) == LUA_TFUNCTION) {
+      lua_remove(L, -2);
+      return true;
+    }
     lua_pop(L, 1);
   }
-  lua_pushglobaltable(L);
-  lua_pushlstring(L, name.data(), name.size());
-  const bool is_function = lua_rawget(L, -2) == LUA_TFUNCTION;
-  lua_remove(L, -2);
-  if (!is_function) lua_pop(L, 1);
-  return is_function;
+  lua_pop(L, 1);
+  return false;
+}
+
+// In the form's own script, then in the script that has opened the form.
+void CallNamedHandler(const std::shared_ptr<ScriptForm>& form, const EventSource& source,
+                      const std::vector<std::string>& names, RaisedEvent& raised) {
+  const auto realm = form->realm;
+  const auto opener = form->opener;
+  if (realm && CallFound(realm, source, raised, [&](lua_State* L) {
+        form->environment.Push(L);
+        return PushFirstFunction(L, names);
+      })) {
+    return;
+  }
+  if (!opener) return;
+  CallFound(opener, source, raised, [&](lua_State* L) {
+    lua_pushglobaltable(L);
+    return PushFirstFunction(L, names);
+  });
 }
 
 // Listens to every event of `object`, whose handlers begin with one of `prefixes`; the first found is called.
-void Connect(ScriptState& state, const std::shared_ptr<ScriptForm>& form, Object& object,
-             const EventSource& source, const std::vector<std::string>& prefixes) {
+void Connect(const std::shared_ptr<ScriptForm>& form, Object& object, const EventSource& source,
+             const std::vector<std::string>& prefixes) {
   for (const EventInfo& event : object.Class().Events()) {
     std::vector<std::string> names;
     for (const std::string& prefix : prefixes) names.push_back(prefix + "_" + event.name);
     SubscribeByName(object, event.name,
-                    [lua = std::weak_ptr(state.Lua()), form = std::weak_ptr(form), source,
-                     names = std::move(names)](RaisedEvent& raised) {
-                      const auto alive = lua.lock();
-                      const auto owner = form.lock();
-                      if (!alive || !owner) return;
-                      lua_State* L = StateOf(alive.get()).Running();
-                      luaL_checkstack(L, 20, "events inside events");
-                      for (const std::string& name : names) {
-                        if (!PushNamedHandler(L, *owner, name)) continue;
-                        CallHandler(L, source, raised);
-                        return;
-                      }
+                    [form = std::weak_ptr(form), source, names = std::move(names)](RaisedEvent& raised) {
+                      if (const auto alive = form.lock()) CallNamedHandler(alive, source, names, raised);
                     });
   }
 }
@@ -110,32 +128,32 @@ int Listen(lua_State* L, Object& object, EventSource source) {
   const std::string event = luaL_checkstring(L, 2);
   luaL_checktype(L, 3, LUA_TFUNCTION);
   lua_settop(L, 3);
-  ScriptState& state = StateOf(L);
-  const auto handler = std::make_shared<ScriptRef>(state.TakeRef(L));
-  SubscribeByName(object, event, [lua = std::weak_ptr(state.Lua()), handler, source](RaisedEvent& raised) {
-    const auto alive = lua.lock();
+  ScriptRealm& realm = RealmOf(L);
+  const auto handler = std::make_shared<ScriptRef>(realm.TakeRef(L));
+  SubscribeByName(object, event, [realm = realm.weak_from_this(), handler, source](RaisedEvent& raised) {
+    const auto alive = realm.lock();
     if (!alive) return;
-    lua_State* running = StateOf(alive.get()).Running();
-    luaL_checkstack(running, 20, "events inside events");
-    handler->Push(running);
-    CallHandler(running, source, raised);
+    CallFound(alive, source, raised, [&](lua_State* running) {
+      handler->Push(running);
+      return true;
+    });
   });
   return 0;
 }
 
 }  // namespace
 
-void ConnectForm(ScriptState& state, const std::shared_ptr<ScriptForm>& form) {
+void ConnectForm(const std::shared_ptr<ScriptForm>& form) {
   const std::string& name = form->form->Name();
   // The name `form` is a global in the form's own script only.
   std::vector<std::string> prefixes{name};
   if (form->environment) prefixes.insert(prefixes.begin(), "form");
-  Connect(state, form, *form->form, {name, ""}, prefixes);
+  Connect(form, *form->form, {name, ""}, prefixes);
 }
 
-void ConnectControl(ScriptState& state, const std::shared_ptr<ScriptForm>& form, HostedControl& control) {
+void ConnectControl(const std::shared_ptr<ScriptForm>& form, HostedControl& control) {
   const auto instance = control.GetControl();
-  Connect(state, form, *instance, {form->form->Name(), control.Name()}, {control.Name()});
+  Connect(form, *instance, {form->form->Name(), control.Name()}, {control.Name()});
 }
 
 int ListenToControl(lua_State* L) {

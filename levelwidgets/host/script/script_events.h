@@ -7,10 +7,10 @@
 namespace levelwidgets {
 
 // Handlers by name: cmdSave_Click for a control's event; form_Resize or frmOrder_Resize for the form's own.
-// They are looked up when the event is raised, in the form's own script first and then among the program's
-// globals.
-void ConnectForm(ScriptState& state, const std::shared_ptr<ScriptForm>& form);
-void ConnectControl(ScriptState& state, const std::shared_ptr<ScriptForm>& form, HostedControl& control);
+// They are looked up when the event is raised, in the form's own script first and then among the globals of
+// the script that has made or loaded the form.
+void ConnectForm(const std::shared_ptr<ScriptForm>& form);
+void ConnectControl(const std::shared_ptr<ScriptForm>& form, HostedControl& control);
 
 // control:on(event, function), form:on and, for the objects that are neither, object:on. Raises 438 for an
 // unknown event.

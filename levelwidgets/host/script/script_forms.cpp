@@ -2,8 +2,10 @@
 
 #include <levelwidgets/host/script/script_environment.h>
 #include <levelwidgets/host/script/script_events.h>
+#include <levelwidgets/host/script/script_folder.h>
 #include <levelwidgets/host/script/script_fonts.h>
 #include <levelwidgets/host/script/script_objects.h>
+#include <levelwidgets/host/script/script_sandbox.h>
 #include <levelwidgets/host/script/script_tables.h>
 #include <levelwidgets/host/script/script_userdata.h>
 #include <levelwidgets/host/script/script_values.h>
@@ -114,6 +116,7 @@ int FormFileText(lua_State* L) {
 
 int SaveFormFile(lua_State* L) {
   const FormRef form = CheckForm(L, 1);
+  RefuseInSandbox(L, "form:save", "writes no files");
   SaveForm(*form->form, luaL_checkstring(L, 2), form->document.get());
   return 0;
 }
@@ -167,22 +170,24 @@ int NewForm(lua_State* L) {
   }
   options.design = table.Truth("Design", options.design);
   ScriptState& state = StateOf(L);
-  const FormRef form = state.Keep(Form::Create(state.FormPlatform(), std::move(options)), nullptr);
-  ConnectForm(state, form);
+  const FormRef form =
+      state.Keep(Form::Create(state.FormPlatform(), std::move(options)), nullptr, RealmOf(L));
+  ConnectForm(form);
   PushForm(L, form);
   return 1;
 }
 
-FormRef LoadScriptForm(ScriptState& state, const std::string& path) {
+FormRef LoadScriptForm(ScriptRealm& opener, const std::string& path) {
+  ScriptState& state = opener.Host();
   LoadedForm loaded = LoadForm(state.FormPlatform(), path);
   if (loaded.HasErrors()) throw Error(kInvalidCall, "LevelWidgets.Form", TextOf(loaded.diagnostics));
   if (!loaded.diagnostics.empty()) state.Report(TextOf(loaded.diagnostics));
-  const FormRef form = state.Keep(loaded.form, loaded.document);
-  if (!loaded.script.empty()) MakeEnvironment(state, form);
-  ConnectForm(state, form);
-  for (const auto& control : std::vector(form->form->Controls())) ConnectControl(state, form, *control);
+  const FormRef form = state.Keep(loaded.form, loaded.document, opener);
   try {
-    if (!loaded.script.empty()) RunFormScript(state, *form, loaded.script);
+    if (!loaded.script.empty()) MakeEnvironment(state, form, opener, path);
+    ConnectForm(form);
+    for (const auto& control : std::vector(form->form->Controls())) ConnectControl(form, *control);
+    if (!loaded.script.empty()) RunFormScript(*form, loaded.script);
   } catch (...) {
     state.Forget(form);
     throw;
@@ -192,7 +197,18 @@ FormRef LoadScriptForm(ScriptState& state, const std::string& path) {
 }
 
 int LoadFormFile(lua_State* L) {
-  PushForm(L, LoadScriptForm(StateOf(L), PathBesideCaller(L, luaL_checkstring(L, 1))));
+  ScriptRealm& realm = RealmOf(L);
+  const std::string path = luaL_checkstring(L, 1);
+  if (!realm.IsSandbox()) {
+    PushForm(L, LoadScriptForm(realm, PathBesideCaller(L, path)));
+    return 1;
+  }
+  const auto file = FileInFolder(realm.Folder(), path);
+  if (!file) {
+    throw Error(kInvalidCall, "LevelWidgets.Form",
+                "There is no form file \"" + path + "\" in the form's own folder");
+  }
+  PushForm(L, LoadScriptForm(realm, *file));
   return 1;
 }
 

@@ -14,13 +14,13 @@ std::shared_ptr<ScriptForm> CheckForm(lua_State* L, int index);
 // Null when the value at `index` is no form.
 const std::shared_ptr<ScriptForm>* FormAt(lua_State* L, int index);
 
-// Loads the form file at `path`, runs its script and raises Load. Raises an Error with every diagnostic of
-// the file, or ScriptFailure.
-std::shared_ptr<ScriptForm> LoadScriptForm(ScriptState& state, const std::string& path);
+// Loads the form file at `path`, runs its script and raises Load: for a script in `opener`, or whoever has
+// the run. Raises an Error with every diagnostic of the file, or ScriptFailure.
+std::shared_ptr<ScriptForm> LoadScriptForm(ScriptRealm& opener, const std::string& path);
 
 // lw.form{ Name=..., Caption=..., Width=..., Height=..., Font=..., BackColor=..., Design=... }
 int NewForm(lua_State* L);
-// lw.load(path): beside the calling script, or else in the current folder
+// lw.load(path): beside the calling script, or else in the current folder; in a sandbox, in its folder only
 int LoadFormFile(lua_State* L);
 // form:add(class, name [, values])
 int AddControl(lua_State* L);

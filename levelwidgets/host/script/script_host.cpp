@@ -3,16 +3,13 @@
 #include <cstdio>
 #include <limits>
 
-#include <levelwidgets/host/script/script_desktop.h>
 #include <levelwidgets/host/script/script_environment.h>
 #include <levelwidgets/host/script/script_error.h>
-#include <levelwidgets/host/script/script_fonts.h>
 #include <levelwidgets/host/script/script_forms.h>
-#include <levelwidgets/host/script/script_indexed.h>
+#include <levelwidgets/host/script/script_interrupt.h>
 #include <levelwidgets/host/script/script_module.h>
 #include <levelwidgets/host/script/script_objects.h>
 #include <levelwidgets/host/script/script_state.h>
-#include <levelwidgets/host/script/script_values.h>
 
 namespace levelwidgets {
 
@@ -21,10 +18,6 @@ namespace {
 void ReportToStandardError(const std::string& text) {
   std::fflush(stdout);  // in the order in which it happened
   std::fprintf(stderr, "%s\n", text.c_str());
-}
-
-ScriptHost::Report OrStandardError(ScriptHost::Report report) {
-  return report ? std::move(report) : ReportToStandardError;
 }
 
 void SetArguments(lua_State* L, const std::string& program, const std::vector<std::string>& arguments) {
@@ -56,25 +49,15 @@ int RunLoaded(lua_State* L, int loaded, const std::vector<std::string>& argument
   luaL_checkstack(L, static_cast<int>(arguments.size()) + 10, "too many arguments");
   for (const std::string& argument : arguments) lua_pushstring(L, argument.c_str());
   CallFailure failure;
+  const ScriptNesting nesting(StateOf(L));
+  const InterruptibleScript interruptible;
   if (!CallReporting(L, static_cast<int>(arguments.size()), 1, failure)) {
     lua_settop(L, bottom);
-    throw ScriptFailure(failure.message + "\n" + failure.traceback);
+    RaiseFailure(failure);
   }
   const int status = StatusAt(L);
   lua_settop(L, bottom);
   return status;
-}
-
-void OpenLibraries(lua_State* L) {
-  luaL_openlibs(L);
-  OpenErrors(L);
-  OpenValues(L);
-  OpenFonts(L);
-  OpenObjects(L);
-  OpenIndexed(L);
-  OpenForms(L);
-  OpenDesktop(L);
-  OpenModule(L);
 }
 
 }  // namespace
@@ -84,34 +67,38 @@ std::string HandlerError::ToString() const {
   return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
 }
 
-ScriptHost::ScriptHost(Report report) : ScriptHost(std::shared_ptr<DesktopDriver>(), std::move(report)) {}
+ScriptHost::ScriptHost(Report report) : ScriptHost(ScriptOptions{.report = std::move(report)}) {}
 
 ScriptHost::ScriptHost(Platform& platform, Report report)
-    : state_(std::make_unique<ScriptState>(&platform, nullptr, OrStandardError(std::move(report)))) {
-  OpenLibraries(state_->Running());
-}
+    : ScriptHost(ScriptOptions{.report = std::move(report), .platform = &platform}) {}
 
 ScriptHost::ScriptHost(std::shared_ptr<DesktopDriver> desktop, Report report)
-    : state_(std::make_unique<ScriptState>(nullptr, std::move(desktop), OrStandardError(std::move(report)))) {
-  OpenLibraries(state_->Running());
+    : ScriptHost(ScriptOptions{.report = std::move(report), .desktop = std::move(desktop)}) {}
+
+ScriptHost::ScriptHost(ScriptOptions options) {
+  if (!options.report) options.report = ReportToStandardError;
+  state_ = std::make_unique<ScriptState>(std::move(options));
+  lua_State* L = state_->Program()->Running();
+  luaL_openlibs(L);
+  OpenLevelWidgets(L);
 }
 
 ScriptHost::~ScriptHost() = default;
 
 int ScriptHost::RunFile(const std::string& path, const std::vector<std::string>& arguments) {
-  lua_State* L = state_->Running();
+  lua_State* L = state_->Program()->Running();
   SearchModulesBeside(L, path);
   SetArguments(L, path, arguments);
   return RunLoaded(L, luaL_loadfile(L, path.c_str()), arguments);
 }
 
 int ScriptHost::RunText(const std::string& text, const std::string& name) {
-  lua_State* L = state_->Running();
+  lua_State* L = state_->Program()->Running();
   return RunLoaded(L, luaL_loadbuffer(L, text.data(), text.size(), ("@" + name).c_str()), {});
 }
 
 void ScriptHost::SetGlobal(const std::string& name, const ObjectRef& object) {
-  lua_State* L = state_->Running();
+  lua_State* L = state_->Program()->Running();
   PushObject(L, object);
   lua_setglobal(L, name.c_str());
 }
@@ -122,7 +109,7 @@ std::string ScriptHost::SyntaxError(const std::string& path) {
 }
 
 std::shared_ptr<Form> ScriptHost::LoadForm(const std::string& path) {
-  return LoadScriptForm(*state_, path)->form;
+  return LoadScriptForm(*state_->Program(), path)->form;
 }
 
 void ScriptHost::MakeDesktop(const DesktopSettings& settings) { state_->MakeDesktop(settings); }
@@ -130,5 +117,7 @@ void ScriptHost::MakeDesktop(const DesktopSettings& settings) { state_->MakeDesk
 DesktopDriver& ScriptHost::Desktop() { return *state_->Desktop().driver; }
 
 const std::vector<HandlerError>& ScriptHost::HandlerErrors() const { return state_->HandlerErrors(); }
+
+bool ScriptHost::OutOfTime() const { return state_->Limits().OutOfTime(); }
 
 }  // namespace levelwidgets

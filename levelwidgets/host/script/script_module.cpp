@@ -9,6 +9,7 @@
 #include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_fonts.h>
 #include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_indexed.h>
 #include <levelwidgets/host/script/script_objects.h>
 #include <levelwidgets/host/script/script_values.h>
 
@@ -33,11 +34,13 @@ int NewObject(lua_State* L) {
   throw Error(kInvalidCall, "LevelWidgets", "lw.new makes no \"" + name + "\"; it makes: " + list);
 }
 
-// lw.errors(): the errors in handlers so far
+// lw.errors(): the errors in handlers so far; a sandbox sees those of its own
 int ListErrors(lua_State* L) {
+  const ScriptRealm& realm = RealmOf(L);
+  const auto errors = realm.IsSandbox() ? realm.Host().HandlerErrorsIn(realm) : realm.Host().HandlerErrors();
   lua_newtable(L);
   lua_Integer place = 0;
-  for (const HandlerError& error : StateOf(L).HandlerErrors()) {
+  for (const HandlerError& error : errors) {
     lua_newtable(L);
     for (const auto& [key, text] : {std::pair{"form", error.form},
                                     {"control", error.control},
@@ -85,8 +88,6 @@ int LoadModule(lua_State* L) {
   return 1;
 }
 
-}  // namespace
-
 void OpenModule(lua_State* L) {
   luaL_newlib(L, kFunctions);
   luaL_setfuncs(L, kConversionFunctions, 0);
@@ -106,6 +107,19 @@ void OpenModule(lua_State* L) {
   lua_pushcfunction(L, LoadModule);
   lua_setfield(L, -2, kModule);
   lua_pop(L, 1);
+}
+
+}  // namespace
+
+void OpenLevelWidgets(lua_State* L) {
+  OpenErrors(L);
+  OpenValues(L);
+  OpenFonts(L);
+  OpenObjects(L);
+  OpenIndexed(L);
+  OpenForms(L);
+  OpenDesktop(L);
+  OpenModule(L);
 }
 
 void PushModule(lua_State* L) { lua_getfield(L, LUA_REGISTRYINDEX, kModule); }

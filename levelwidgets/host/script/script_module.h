@@ -5,8 +5,9 @@
 
 namespace levelwidgets {
 
-// Makes it known to `require "levelwidgets"` and as the global `lw`; once per state.
-void OpenModule(lua_State* L);
+// Makes the library known, as the global `lw` and to `require "levelwidgets"`, with the types of its values;
+// once per state.
+void OpenLevelWidgets(lua_State* L);
 void PushModule(lua_State* L);
 
 }  // namespace levelwidgets

@@ -1,44 +1,29 @@
 #include <levelwidgets/host/script/script_state.h>
 
 #include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/script_entry.h>
 
 namespace levelwidgets {
 
-ScriptRef::ScriptRef(lua_State* L, const std::shared_ptr<lua_State>& state)
-    : state_(state), ref_(luaL_ref(L, LUA_REGISTRYINDEX)) {}
-
-ScriptRef::ScriptRef(ScriptRef&& other) noexcept
-    : state_(std::move(other.state_)), ref_(std::exchange(other.ref_, LUA_NOREF)) {}
-
-ScriptRef& ScriptRef::operator=(ScriptRef&& other) noexcept {
-  std::swap(state_, other.state_);
-  std::swap(ref_, other.ref_);
-  return *this;
+namespace {
+constexpr std::size_t kMostHandlerErrors = 1000;
 }
 
-ScriptRef::~ScriptRef() {
-  if (const auto state = state_.lock()) luaL_unref(state.get(), LUA_REGISTRYINDEX, ref_);
-}
-
-ScriptState& StateOf(lua_State* L) { return **static_cast<ScriptState**>(lua_getextraspace(L)); }
-
-ScriptState::ScriptState(Platform* platform, std::shared_ptr<DesktopDriver> desktop,
-                         ScriptHost::Report report)
-    : platform_(platform),
-      desktop_is_given_(desktop != nullptr),
-      report_(std::move(report)),
-      lua_(luaL_newstate(), lua_close),
-      running_(lua_.get()) {
-  // Coroutines get a copy of it.
-  *static_cast<ScriptState**>(lua_getextraspace(lua_.get())) = this;
-  if (!desktop) return;
-  Platform& of_desktop = desktop->GetPlatform();
-  desktop_ = {std::move(desktop), &of_desktop, std::make_unique<TracingPlatform>(of_desktop)};
+ScriptState::ScriptState(ScriptOptions options)
+    : platform_(options.platform),
+      desktop_is_given_(options.desktop != nullptr),
+      report_(std::move(options.report)),
+      trusts_forms_(options.trusted),
+      limits_(options.memory_limit, options.time_limit, std::move(options.on_hang)),
+      program_(std::make_shared<ScriptRealm>(*this)) {
+  if (!options.desktop) return;
+  Platform& of_desktop = options.desktop->GetPlatform();
+  desktop_ = {std::move(options.desktop), &of_desktop, std::make_unique<TracingPlatform>(of_desktop)};
 }
 
 ScriptState::~ScriptState() {
-  forms_.clear();
-  lua_.reset();
+  while (!forms_.empty()) Forget(forms_.back());
+  program_.reset();
 }
 
 void ScriptState::MakeDesktop(const DesktopSettings& settings) {
@@ -59,25 +44,52 @@ ScriptDesktop& ScriptState::Desktop() {
 }
 
 std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
-                                              std::shared_ptr<const FormDocument> document) {
+                                              std::shared_ptr<const FormDocument> document,
+                                              ScriptRealm& opener) {
   for (const auto& open : std::vector(forms_)) {
     if (open->form->Closed()) Forget(open);
   }
   auto kept = std::make_shared<ScriptForm>();
   kept->form = std::move(form);
   kept->document = std::move(document);
+  kept->opener = opener.shared_from_this();
   forms_.push_back(kept);
   return kept;
 }
 
 void ScriptState::Forget(const std::shared_ptr<ScriptForm>& form) {
-  form->environment = {};  // which refers to the form
-  std::erase(forms_, form);
+  const auto kept = form;
+  std::erase(forms_, kept);
+  // They refer to the form, and end with the last of their forms.
+  kept->environment = {};
+  kept->realm.reset();
+  kept->opener.reset();
 }
 
-void ScriptState::ReportHandlerError(HandlerError error) {
+void ScriptState::ReportHandlerError(const ScriptRealm& realm, HandlerError error) {
+  Report(error.ToString());
+  if (handler_errors_.size() == kMostHandlerErrors) return;
   handler_errors_.push_back(std::move(error));
-  Report(handler_errors_.back().ToString());
+  realms_of_errors_.push_back(realm.weak_from_this());
+}
+
+std::vector<HandlerError> ScriptState::HandlerErrorsIn(const ScriptRealm& realm) const {
+  std::vector<HandlerError> errors;
+  for (std::size_t i = 0; i < handler_errors_.size(); ++i) {
+    if (realms_of_errors_[i].lock().get() == &realm) errors.push_back(handler_errors_[i]);
+  }
+  return errors;
+}
+
+ScriptNesting::ScriptNesting(ScriptState& state)
+    : state_(state),
+      allowed_(++state.nesting_ <= kMostNestedEntries && !state.nesting_refused_),
+      told_(state.nesting_refused_) {
+  if (!allowed_) state.nesting_refused_ = true;
+}
+
+ScriptNesting::~ScriptNesting() {
+  if (--state_.nesting_ <= 1) state_.nesting_refused_ = false;
 }
 
 }  // namespace levelwidgets

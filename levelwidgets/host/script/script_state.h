@@ -10,50 +10,36 @@
 #include <levelwidgets/host/form_file.h>
 #include <levelwidgets/host/script/own_desktop.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/host/script/script_limits.h>
+#include <levelwidgets/host/script/script_realm.h>
 
 namespace levelwidgets {
-
-// A value that C++ keeps alive in a script's state; it ends with the state at the latest.
-class ScriptRef {
- public:
-  ScriptRef() = default;
-  // Takes the value on top of the stack.
-  ScriptRef(lua_State* L, const std::shared_ptr<lua_State>& state);
-  ScriptRef(const ScriptRef&) = delete;
-  ScriptRef& operator=(const ScriptRef&) = delete;
-  ScriptRef(ScriptRef&& other) noexcept;
-  ScriptRef& operator=(ScriptRef&& other) noexcept;
-  ~ScriptRef();
-
-  explicit operator bool() const { return ref_ != LUA_NOREF && !state_.expired(); }
-  void Push(lua_State* L) const { lua_rawgeti(L, LUA_REGISTRYINDEX, ref_); }
-
- private:
-  std::weak_ptr<lua_State> state_;
-  int ref_ = LUA_NOREF;
-};
 
 // A form as the scripts of a run have it.
 struct ScriptForm {
   std::shared_ptr<Form> form;
   std::shared_ptr<const FormDocument> document;  // of a loaded form
-  ScriptRef environment;                         // the globals of the form's own script; none without one
+  std::shared_ptr<ScriptRealm> opener;           // whose script has made or loaded it
+  std::shared_ptr<ScriptRealm> realm;            // where its own script runs; null without one
+  ScriptRef environment;                         // the globals of its own script; none without one
   bool load_raised = false;
 };
 
 class ScriptState {
  public:
-  // Makes forms on `platform`, or on `desktop` when there is none; with neither on a desktop of its own.
-  ScriptState(Platform* platform, std::shared_ptr<DesktopDriver> desktop, ScriptHost::Report report);
+  // Makes forms on the platform that is given, or on the desktop when there is none; with neither on a
+  // desktop of its own.
+  explicit ScriptState(ScriptOptions options);
   ~ScriptState();
 
   // --- Lua --------------------------------------------------------------------------------------
 
-  // The thread that is running now, a coroutine perhaps.
-  lua_State* Running() const { return running_; }
-  const std::shared_ptr<lua_State>& Lua() const { return lua_; }
-  // The value on top of the stack, which is taken off.
-  ScriptRef TakeRef(lua_State* L) { return {L, lua_}; }
+  // Where the user's program runs.
+  const std::shared_ptr<ScriptRealm>& Program() const { return program_; }
+  // Whether the scripts of forms run there as well.
+  bool TrustsForms() const { return trusts_forms_; }
+  // Of all sandboxes together.
+  ScriptLimits& Limits() { return limits_; }
 
   // --- Desktop and forms ------------------------------------------------------------------------
 
@@ -66,41 +52,54 @@ class ScriptState {
   Platform& FormPlatform() { return platform_ ? *platform_ : *Desktop().tracing; }
 
   // A form is kept until it is closed or forgotten.
-  std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document);
+  std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document,
+                                   ScriptRealm& opener);
   void Forget(const std::shared_ptr<ScriptForm>& form);
 
   // --- Reports ----------------------------------------------------------------------------------
 
   void Report(const std::string& text) const { report_(text); }
-  void ReportHandlerError(HandlerError error);
+  // In a handler that is in `realm`.
+  void ReportHandlerError(const ScriptRealm& realm, HandlerError error);
+  // The first of them: a run that goes on making errors does not fill the memory with them.
   const std::vector<HandlerError>& HandlerErrors() const { return handler_errors_; }
+  // Those that concern the scripts in `realm`.
+  std::vector<HandlerError> HandlerErrorsIn(const ScriptRealm& realm) const;
 
  private:
-  friend class RunningThread;
+  friend class ScriptNesting;
   Platform* platform_;
   bool desktop_is_given_ = false;
   ScriptHost::Report report_;
+  bool trusts_forms_;
+  int nesting_ = 0;
+  bool nesting_refused_ = false;
   std::vector<HandlerError> handler_errors_;
+  std::vector<std::weak_ptr<const ScriptRealm>> realms_of_errors_;
+  ScriptLimits limits_;  // ends after all that is within them
   // In the order in which they end, from the last: forms, values of the scripts, desktop.
   ScriptDesktop desktop_;
-  std::shared_ptr<lua_State> lua_;
-  lua_State* running_ = nullptr;
+  std::shared_ptr<ScriptRealm> program_;
   std::vector<std::shared_ptr<ScriptForm>> forms_;
 };
 
-ScriptState& StateOf(lua_State* L);
-
-// Says which thread runs, for as long as it lives.
-class RunningThread {
+// Counts the calls inside calls of scripts, for as long as it lives.
+class ScriptNesting {
  public:
-  explicit RunningThread(lua_State* L) : state_(StateOf(L)), before_(std::exchange(state_.running_, L)) {}
-  RunningThread(const RunningThread&) = delete;
-  RunningThread& operator=(const RunningThread&) = delete;
-  ~RunningThread() { state_.running_ = before_; }
+  explicit ScriptNesting(ScriptState& state);
+  ScriptNesting(const ScriptNesting&) = delete;
+  ScriptNesting& operator=(const ScriptNesting&) = delete;
+  ~ScriptNesting();
+
+  // Not too deep. What has been too deep once is refused more until it is all over.
+  bool Allowed() const { return allowed_; }
+  // Whether another one has been refused before.
+  bool Told() const { return told_; }
 
  private:
   ScriptState& state_;
-  lua_State* before_;
+  bool allowed_;
+  bool told_;
 };
 
 }  // namespace levelwidgets

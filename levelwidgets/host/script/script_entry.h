@@ -1,0 +1,20 @@
+// The way from C++ into scripts.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <levelwidgets/host/script/script_error.h>
+
+namespace levelwidgets {
+
+// Events raise events. A script that is this deep in calls of the library's that call scripts is refused
+// more: it is an event that raises itself.
+inline constexpr int kMostNestedEntries = 30;
+
+// Runs `body` in `realm` with room on the stack. Whatever goes wrong in it, in C++, in the script or for want
+// of memory, is in `failure`, and the result is false.
+bool EnterRealm(const std::shared_ptr<ScriptRealm>& realm, CallFailure& failure,
+                const std::function<void(lua_State*)>& body);
+
+}  // namespace levelwidgets

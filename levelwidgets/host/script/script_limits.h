@@ -1,0 +1,55 @@
+// What scripts that nobody vouches for may use: memory and time, all of a run together.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace levelwidgets {
+
+class ScriptWatchdog;
+
+class ScriptLimits {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  // `memory` in bytes. `time` counts while such scripts run; zero for no limit. `on_hang` is called on a
+  // thread of its own, with the text for the user, when a script is in code that cannot be interrupted long
+  // after its time is up; it is not expected to return. Null for none.
+  ScriptLimits(std::size_t memory, std::chrono::milliseconds time,
+               std::function<void(const std::string&)> on_hang);
+  ScriptLimits(const ScriptLimits&) = delete;
+  ScriptLimits& operator=(const ScriptLimits&) = delete;
+  ~ScriptLimits();
+
+  // --- Memory -----------------------------------------------------------------------------------
+
+  // For lua_newstate, with the limits as its user data: null for what is over the limit.
+  static void* Allocate(void* limits, void* block, std::size_t old_size, std::size_t new_size);
+  std::size_t MemoryInUse() const { return memory_in_use_; }
+  // What the script's bare "not enough memory" means.
+  std::string MemoryText() const;
+
+  // --- Time -------------------------------------------------------------------------------------
+
+  // Each call of such a script is between these two; calls inside calls count once.
+  void Enter();
+  void Leave();
+  bool OutOfTime() const;
+  std::string TimeText() const;
+
+ private:
+  Clock::duration TimeUsed() const;
+
+  std::size_t memory_;
+  std::size_t memory_in_use_ = 0;
+  std::chrono::milliseconds time_;
+  Clock::duration time_used_{};  // by the calls that have ended
+  Clock::time_point entered_;
+  int depth_ = 0;
+  std::unique_ptr<ScriptWatchdog> watchdog_;
+};
+
+}  // namespace levelwidgets

@@ -1,0 +1,22 @@
+#include <iostream>
+
+#include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/host/script/script_interrupt.h>
+#include <tools/levelwidgets/commands.h>
+
+namespace levelwidgets {
+
+int RunInterruptibly(const std::function<int()>& body) {
+  const ScriptInterruptSignal signal;
+  try {
+    const int status = body();
+    // A handler that was ended is told already.
+    return ScriptInterrupted() ? kInterruptedStatus : status;
+  } catch (const ScriptInterruption& interruption) {
+    std::cout.flush();
+    std::cerr << interruption.what() << "\n";
+    return kInterruptedStatus;
+  }
+}
+
+}  // namespace levelwidgets
