@@ -39,7 +39,7 @@ bool RunProtected(lua_State* L, CallFailure& failure, const Body& body) {
     failure.message = "stack overflow";
     return false;
   }
-  lua_pushcfunction(L, Guarded<RunBody>);
+  lua_pushcfunction(L, (Guarded<RunBody, false>));
   lua_pushlightuserdata(L, const_cast<Body*>(&body));
   if (lua_pcall(L, 1, 0, 0) == LUA_OK) return true;
   failure.message = lua_isstring(L, -1) ? lua_tostring(L, -1) : "an error that is no text";

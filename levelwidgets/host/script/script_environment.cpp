@@ -106,7 +106,9 @@ void RunFormScript(const ScriptForm& form, const std::string& path) {
     lua_setupvalue(L, -2, 1);
     succeeded = CallReporting(L, 0, 0, failure);
   });
-  if (!entered || !succeeded) RaiseFailure(failure);
+  if (entered && succeeded) return;
+  if (failure.message.starts_with(kNoMemory)) failure.message = path + ": " + failure.message;
+  RaiseFailure(failure);
 }
 
 }  // namespace levelwidgets

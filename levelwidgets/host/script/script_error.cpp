@@ -45,13 +45,11 @@ int DescribeFailure(lua_State* L) {
   return 1;
 }
 
-constexpr std::string_view kNoMemory = "not enough memory";  // as the interpreter says it
-
 }  // namespace
 
 void OpenErrors(lua_State* L) {
   luaL_newmetatable(L, kErrorType);
-  lua_pushcfunction(L, Guarded<ErrorToText>);
+  lua_pushcfunction(L, (Guarded<ErrorToText, false>));
   lua_setfield(L, -2, "__tostring");
   lua_pop(L, 1);
 }
@@ -66,6 +64,16 @@ void PushCurrentException(lua_State* L) {
     lua_pushstring(L, error.what());
     lua_concat(L, 2);
   }
+}
+
+void NoteCall(lua_State* L) {
+  const ScriptRealm& realm = RealmOf(L);
+  if (!realm.IsSandbox()) return;
+  std::size_t bytes = 0;
+  for (int i = 1; i <= lua_gettop(L); ++i) {
+    if (lua_type(L, i) == LUA_TSTRING) bytes += lua_rawlen(L, i);
+  }
+  realm.Host().Limits().NoteUse(bytes);
 }
 
 void RaiseFailure(const CallFailure& failure) {

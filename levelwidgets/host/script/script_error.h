@@ -15,17 +15,25 @@ void OpenErrors(lua_State* L);
 // description } that prints as one line with its place, anything else as a text.
 void PushCurrentException(lua_State* L);
 
+// Before a function of the library runs for a script. Raises what NoteUse of the limits raises, in a sandbox.
+void NoteCall(lua_State* L);
+
 // Every function that scripts call is one of these: exceptions of the library become errors of the script.
-template <int (*Function)(lua_State*)>
+// Those that tell errors and call scripts count as no use of the library.
+template <int (*Function)(lua_State*), bool kIsUse = true>
 int Guarded(lua_State* L) {
   const RunningThread running(L);
   try {
+    if (kIsUse) NoteCall(L);
     return Function(L);
   } catch (const std::exception&) {
     PushCurrentException(L);
   }
   return lua_error(L);
 }
+
+// What the interpreter says, without a place.
+inline constexpr std::string_view kNoMemory = "not enough memory";
 
 struct CallFailure {
   std::string message;    // with its place in front, where that is known

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/process_memory.h>
 #include <levelwidgets/host/script/script_watchdog.h>
 
 namespace levelwidgets {
@@ -10,6 +12,13 @@ namespace {
 
 // For errors to get out of the script by themselves before the watchdog speaks.
 constexpr std::chrono::seconds kGrace{2};
+
+// How much the process may grow, in times of the limit for Lua's values: controls have pictures.
+constexpr std::size_t kGrowthFactor = 4;
+// How much use is noted before the growth is looked at, and what a call counts at least.
+constexpr std::size_t kUsePerLook = std::size_t{1} << 20;
+constexpr std::size_t kUsePerCall = 1024;
+constexpr std::int32_t kOutOfMemory = 7;
 
 constexpr char kHowToLift[] = "; --trust lifts the limits for a form that you trust";
 
@@ -25,7 +34,7 @@ std::string InMebibytes(std::size_t bytes) { return std::to_string(bytes >> 20) 
 
 ScriptLimits::ScriptLimits(std::size_t memory, std::chrono::milliseconds time,
                            std::function<void(const std::string&)> on_hang)
-    : memory_(memory), time_(time) {
+    : memory_(memory), process_memory_(ProcessMemory()), time_(time) {
   if (on_hang && time_.count() > 0) {
     watchdog_ = std::make_unique<ScriptWatchdog>([on_hang, text = TimeText()] { on_hang(text); });
   }
@@ -49,6 +58,17 @@ void* ScriptLimits::Allocate(void* limits, void* block, std::size_t old_size, st
 
 std::string ScriptLimits::MemoryText() const {
   return "the scripts of the forms have used up their " + InMebibytes(memory_) + " of memory" + kHowToLift;
+}
+
+void ScriptLimits::NoteUse(std::size_t bytes) {
+  noted_use_ += bytes + kUsePerCall;
+  if (noted_use_ < kUsePerLook) return;
+  if (ProcessMemory() > process_memory_ + kGrowthFactor * memory_) {  // and look again at the next call
+    throw Error(kOutOfMemory, "LevelWidgets",
+                "the scripts of the forms have made the program grow by more than " +
+                    InMebibytes(kGrowthFactor * memory_) + kHowToLift);
+  }
+  noted_use_ = 0;
 }
 
 void ScriptLimits::Enter() {

@@ -32,6 +32,11 @@ class ScriptLimits {
   // What the script's bare "not enough memory" means.
   std::string MemoryText() const;
 
+  // What the library makes for scripts (controls and their texts) is not Lua's, and is seen in the growth of
+  // the process. Each call of the library says about how many bytes it has taken over; raises 7 when the
+  // process has grown by four times the limit, where the system tells.
+  void NoteUse(std::size_t bytes);
+
   // --- Time -------------------------------------------------------------------------------------
 
   // Each call of such a script is between these two; calls inside calls count once.
@@ -45,6 +50,8 @@ class ScriptLimits {
 
   std::size_t memory_;
   std::size_t memory_in_use_ = 0;
+  std::size_t process_memory_;  // at the beginning
+  std::size_t noted_use_ = 0;   // since the growth was looked at
   std::chrono::milliseconds time_;
   Clock::duration time_used_{};  // by the calls that have ended
   Clock::time_point entered_;

@@ -36,9 +36,10 @@ class MemoryLimit : public SandboxTest, public testing::WithParamInterface<Named
 
 TEST_P(MemoryLimit, EndsTheScriptAndNothingElse) {
   Restart(LittleMemory());
-  EXPECT_THAT(FailureOf(GetParam().script),
-              HasSubstr("not enough memory: the scripts of the forms have used up their 8 MiB of memory; "
-                        "--trust lifts the limits for a form that you trust"));
+  EXPECT_THAT(
+      FailureOf(GetParam().script),
+      HasSubstr("form.lua: not enough memory: the scripts of the forms have used up their 8 MiB of memory; "
+                "--trust lifts the limits for a form that you trust"));
   EXPECT_EQ(FailureOf("assert(#('x'):rep(1000000) == 1000000)"), "");
 }
 
@@ -113,6 +114,34 @@ TEST_F(Memory, OfClosedFormsIsFreeAgain) {
     EXPECT_TRUE(form->Close());
   }
 }
+
+TEST_F(Memory, ThousandFormsOfASandboxAreOpenAtMost) {
+  File("other.form.toml", "[form]\nName = \"frmOther\"\n");
+  EXPECT_EQ(
+      FailureOf("local forms = {}\n"
+                "for i = 1, 999 do forms[i] = lw.load('other.form.toml') end\n"
+                "for _, open in ipairs{ function() return lw.form{} end,\n"
+                "                       function() return lw.load('other.form.toml') end } do\n"
+                "  local ok, err = pcall(open)\n"
+                "  assert(not ok and err.number == 7 and err.description:find('1000 forms open'), err)\n"
+                "end\n"
+                "forms[1]:close() lw.form{}"),
+      "");
+}
+
+#ifdef __linux__
+
+TEST_F(Memory, OfControlsIsLimitedByTheGrowthOfTheProcess) {
+  Restart({.memory_limit = std::size_t{32} << 20});
+  EXPECT_THAT(
+      FailureOf("local text = ('x'):rep(5000000)\n"
+                "for i = 1, 100 do form:add('FlatButton', 'b' .. i).Tag = text .. i end"),
+      HasSubstr("form.lua:2: the scripts of the forms have made the program grow by more than 128 MiB; "
+                "--trust lifts the limits"));
+  EXPECT_EQ(FailureOf("cmdOK.Tag = 'goes on'"), "");
+}
+
+#endif
 
 TEST_F(Memory, FormsWithoutEndAreRefused) {
   Restart(LittleMemory());

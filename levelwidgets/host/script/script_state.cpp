@@ -7,7 +7,10 @@ namespace levelwidgets {
 
 namespace {
 constexpr std::size_t kMostHandlerErrors = 1000;
-}
+// More than anybody looks at.
+constexpr std::size_t kMostFormsOfSandboxes = 1000;
+constexpr std::int32_t kOutOfMemory = 7;
+}  // namespace
 
 ScriptState::ScriptState(ScriptOptions options)
     : platform_(options.platform),
@@ -48,6 +51,13 @@ std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
                                               ScriptRealm& opener) {
   for (const auto& open : std::vector(forms_)) {
     if (open->form->Closed()) Forget(open);
+  }
+  if (opener.IsSandbox() && forms_.size() >= kMostFormsOfSandboxes) {
+    throw Error(
+        kOutOfMemory, "LevelWidgets.Form",
+        "there are " + std::to_string(forms_.size()) +
+            " forms open, and the script of a form opens no more; --trust lifts the limits for a form "
+            "that you trust");
   }
   auto kept = std::make_shared<ScriptForm>();
   kept->form = std::move(form);

@@ -51,7 +51,7 @@ class ScriptState {
   // Where forms are made: what was given, or the recorded desktop.
   Platform& FormPlatform() { return platform_ ? *platform_ : *Desktop().tracing; }
 
-  // A form is kept until it is closed or forgotten.
+  // A form is kept until it is closed or forgotten. Raises 7 for one more than a sandbox may have open.
   std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document,
                                    ScriptRealm& opener);
   void Forget(const std::shared_ptr<ScriptForm>& form);

@@ -1,0 +1,100 @@
+// What forms may do to whoever opens them, and how their scripts are stopped.
+#ifndef _WIN32
+
+#include <tools/levelwidgets/program_fixture.h>
+
+namespace levelwidgets {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class Trust : public ProgramTest {
+ protected:
+  void Form(const std::string& script) {
+    File("form.form.toml", "[form]\nName = \"frm\"\nWidth = 1500\nHeight = 1500\nScript = \"form.lua\"\n");
+    File("form.lua", script);
+  }
+};
+
+TEST_F(Trust, RenderRunsTheScriptInASandbox) {
+  Form("os.execute('touch owned')");
+  const Outcome outcome = Run("render form.form.toml -o form.png");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, StartsWith("form.lua:1: attempt to call a nil value (field 'execute')"));
+  EXPECT_FALSE(Exists("owned"));
+  EXPECT_FALSE(Exists("form.png"));
+}
+
+TEST_F(Trust, RenderOfATrustedFormRunsAllOfItsScript) {
+  Form("os.execute('touch owned')");
+  const Outcome outcome = Run("render form.form.toml -o form.png --trust");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_TRUE(Exists("owned"));
+  EXPECT_TRUE(Exists("form.png"));
+}
+
+TEST_F(Trust, RenderIsEndedWhereAScriptHasNoEnd) {
+  Form("while true do pcall(function() while true do end end) end");
+  const Outcome outcome = Run("render form.form.toml -o form.png");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, StartsWith("form.lua:1: the scripts of the forms have run for longer than 10 s; "
+                                      "--trust lifts the limits for a form that you trust\n"));
+  EXPECT_FALSE(Exists("form.png"));
+}
+
+TEST_F(Trust, RenderOfAFormThatTakesAllMemoryIsEnded) {
+  Form("local t = {} while true do t[#t + 1] = ('x'):rep(1000000 + #t) end");
+  const Outcome outcome = Run("render form.form.toml -o form.png");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(
+      outcome.err,
+      StartsWith("form.lua: not enough memory: the scripts of the forms have used up their 256 MiB of "
+                 "memory; --trust lifts the limits for a form that you trust"));
+}
+
+TEST_F(Trust, RunTrustsTheProgramButNotTheFormsItLoads) {
+  Form("form.Caption = io and 'all' or 'sandbox'");
+  File("program.lua", "print(io and 'all', lw.load('form.form.toml').Caption, ...)");
+  EXPECT_EQ(Run("run program.lua --trust").out, "all\tsandbox\t--trust\n");
+  EXPECT_EQ(Run("run --trust program.lua 1").out, "all\tall\t1\n");
+}
+
+TEST_F(Trust, CheckRunsNothing) {
+  Form("while true do end");
+  EXPECT_EQ(Run("check form.form.toml").status, 0);
+}
+
+TEST_F(Trust, CtrlCEndsAScriptWithItsPlace) {
+  // The process that it runs is its child.
+  File("loop.lua",
+       "io.popen('kill -INT $PPID'):close()\n"
+       "while true do pcall(function() while true do end end) end");
+  const Outcome outcome = Run("run loop.lua");
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_THAT(outcome.err, StartsWith("loop.lua:2: interrupted\nstack traceback:"));
+}
+
+TEST_F(Trust, CtrlCEndsTheScriptOfAForm) {
+  Form("io.popen('kill -INT $PPID'):close()\nwhile true do end");
+  const Outcome outcome = Run("render --trust form.form.toml -o form.png");
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_THAT(outcome.err, StartsWith("form.lua:2: interrupted\n"));
+  EXPECT_FALSE(Exists("form.png"));
+}
+
+TEST_F(Trust, ThousandFormsAreOpened) {
+  Form("form.Caption = 'one of many'");
+  File("many.lua",
+       "local forms = {}\n"
+       "for i = 1, 1000 do forms[i] = lw.load('form.form.toml') forms[i]:show() end\n"
+       "for _, form in ipairs(forms) do assert(form.Caption == 'one of many') form:close() end\n"
+       "return 7");
+  const Outcome outcome = Run("run many.lua");
+  EXPECT_EQ(outcome.status, 7) << outcome.err;
+}
+
+}  // namespace
+}  // namespace levelwidgets
+
+#endif
