@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/host/script/script_interrupt.h>
 #include <tools/levelwidgets/commands.h>
 #include <tools/levelwidgets/file_watch.h>
 #include <tools/levelwidgets/native_windows.h>
@@ -15,22 +16,30 @@ constexpr std::uint32_t kWatchInterval = 100;  // milliseconds
 struct ShowArguments {
   std::string form;
   bool watch = false;
+  bool trust = false;
   std::optional<int> scale;
 };
 
-std::unique_ptr<ScriptHost> MakeScriptHost(Platform& platform) {
-  return std::make_unique<ScriptHost>(platform);
+// An interrupt that ends a script ends the program as well.
+std::unique_ptr<ScriptHost> MakeScriptHost(Platform& platform, bool trusted) {
+  const auto report = [&platform](const std::string& text) {
+    std::cerr << text << std::endl;
+    if (ScriptInterrupted()) platform.Clock().Quit(kInterruptedStatus);
+  };
+  return std::make_unique<ScriptHost>(
+      ScriptOptions{.report = report, .platform = &platform, .trusted = trusted});
 }
 
 // The form of a file in native windows, and whatever its script makes.
 class ShownForm {
  public:
-  ShownForm(Platform& platform, std::string path) : platform_(platform), path_(std::move(path)) {}
+  ShownForm(Platform& platform, std::string path, bool trusted)
+      : platform_(platform), path_(std::move(path)), trusted_(trusted) {}
 
   // In place of what was shown before, and where that was. Raises what is wrong with the file or its script;
   // nothing has then changed.
   void Load() {
-    auto host = MakeScriptHost(platform_);
+    auto host = MakeScriptHost(platform_, trusted_);
     const auto form = host->LoadForm(path_);
     if (!form->Closed()) {
       if (form_ && !form_->Closed()) {
@@ -49,12 +58,14 @@ class ShownForm {
       std::cerr << "reloaded" << std::endl;
     } catch (const std::exception& error) {
       std::cerr << error.what() << std::endl;
+      if (ScriptInterrupted()) platform_.Clock().Quit(kInterruptedStatus);
     }
   }
 
  private:
   Platform& platform_;
   std::string path_;
+  bool trusted_;
   std::unique_ptr<ScriptHost> host_;
   std::shared_ptr<Form> form_;
 };
@@ -71,8 +82,9 @@ int Show(const ShowArguments& arguments) {
   if (!windows) return TellThereIsNoDisplay(arguments.form, why);
   Platform& platform = windows->GetPlatform();
   FileWatch watch(arguments.form);
-  ShownForm shown(platform, arguments.form);
+  ShownForm shown(platform, arguments.form, arguments.trust);
   shown.Load();
+  if (ScriptInterrupted()) return kInterruptedStatus;
   if (arguments.watch) {
     platform.Clock().SetTimer(kWatchInterval, [&] {
       if (watch.HasChanged()) shown.Reload();
@@ -87,18 +99,20 @@ int Show(const ShowArguments& arguments) {
 void AddShowCommand(CLI::App& program, int& status) {
   CLI::App* command = program.add_subcommand("show", "Shows a form in native windows");
   command->footer(
-      "The form's script is run. The program ends when the last form is closed.\n\n"
+      "The form's script is run, in a sandbox unless it is trusted. The program ends when the last form is "
+      "closed.\n\n"
       "Example:\n  levelwidgets show order.form.toml --watch");
   const auto given = std::make_shared<ShowArguments>();
   command->add_option("FORM", given->form, "The form file")->required();
   command->add_flag("--watch", given->watch,
                     "Load the form again whenever its file or a script beside it changes");
+  AddTrustOption(*command, given->trust);
 #ifndef _WIN32
   command->add_option("--scale", given->scale, "Pixels of the screen for each of the form's, across and down")
       ->check(CLI::Range(1, 8))
       ->envname("LEVELWIDGETS_SCALE");
 #endif
-  command->callback([given, &status] { status = Show(*given); });
+  command->callback([given, &status] { status = RunInterruptibly([&] { return Show(*given); }); });
 }
 
 }  // namespace levelwidgets

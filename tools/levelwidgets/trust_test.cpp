@@ -83,6 +83,26 @@ TEST_F(Trust, CtrlCEndsTheScriptOfAForm) {
   EXPECT_FALSE(Exists("form.png"));
 }
 
+TEST_F(Trust, CtrlCEndsAHandlerOfAShownFormAndTheProgram) {
+  Form(
+      "function form_Activate()\n"
+      "  io.popen('kill -INT $PPID'):close()\n"
+      "  while true do pcall(function() while true do end end) end\n"
+      "end");
+  const Outcome outcome =
+      RunShell("SDL_VIDEODRIVER=dummy '" + Program().string() + "' show --trust form.form.toml");
+  EXPECT_EQ(outcome.status, 130);
+  EXPECT_THAT(outcome.err, HasSubstr("frm Activate: form.lua:3: interrupted\nstack traceback:"));
+}
+
+TEST_F(Trust, ShowRunsTheScriptInASandbox) {
+  Form("os.execute('touch owned')");
+  const Outcome outcome = RunShell("SDL_VIDEODRIVER=dummy '" + Program().string() + "' show form.form.toml");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, HasSubstr("form.lua:1: attempt to call a nil value (field 'execute')"));
+  EXPECT_FALSE(Exists("owned"));
+}
+
 TEST_F(Trust, ThousandFormsAreOpened) {
   Form("form.Caption = 'one of many'");
   File("many.lua",

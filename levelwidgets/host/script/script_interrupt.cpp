@@ -2,6 +2,9 @@
 
 #include <atomic>
 #include <csignal>
+#ifndef _WIN32
+#include <signal.h>
+#endif
 
 namespace levelwidgets {
 
@@ -9,31 +12,67 @@ namespace {
 
 // A handler of signals may touch nothing else; on some systems it runs on a thread of its own.
 std::atomic<bool> interrupted{false};
-std::atomic<int> scripts_running{0};
-static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free);
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+bool wanted = false;      // there is a ScriptInterruptSignal
+int scripts_running = 0;  // inside each other
+
+void OnInterrupt(int signal);
+
+#ifdef _WIN32
+
+void (*before)(int) = SIG_DFL;
+
+void Install() { before = std::signal(SIGINT, OnInterrupt); }
+void Restore() { std::signal(SIGINT, before); }
+void InstallAgain() { std::signal(SIGINT, OnInterrupt); }  // the system has set the default
+
+#else
+
+// With its flags, as others have set them.
+struct sigaction before {};
+
+void Install() {
+  struct sigaction action {};
+  action.sa_handler = OnInterrupt;
+  action.sa_flags = SA_RESTART;
+  sigaction(SIGINT, &action, &before);
+}
+
+void Restore() { sigaction(SIGINT, &before, nullptr); }
+void InstallAgain() {}
+
+#endif
 
 void OnInterrupt(int signal) {
-  const bool ends_a_script = scripts_running > 0 && !interrupted.exchange(true);
-  // Some systems have set the default already.
-  std::signal(signal, ends_a_script ? OnInterrupt : SIG_DFL);
-  if (!ends_a_script) std::raise(signal);
+  if (!interrupted.exchange(true)) {
+    InstallAgain();
+  } else {
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+  }
 }
 
 }  // namespace
 
 ScriptInterruptSignal::ScriptInterruptSignal() {
   interrupted = false;
-  before_ = std::signal(SIGINT, OnInterrupt);
+  wanted = true;
 }
 
 ScriptInterruptSignal::~ScriptInterruptSignal() {
-  std::signal(SIGINT, before_ == SIG_ERR ? SIG_DFL : before_);
   interrupted = false;
+  wanted = false;
 }
 
 bool ScriptInterrupted() { return interrupted.load(std::memory_order_relaxed); }
 
-InterruptibleScript::InterruptibleScript() { ++scripts_running; }
-InterruptibleScript::~InterruptibleScript() { --scripts_running; }
+InterruptibleScript::InterruptibleScript() {
+  if (++scripts_running == 1 && wanted) Install();
+}
+
+InterruptibleScript::~InterruptibleScript() {
+  if (--scripts_running == 0 && wanted) Restore();
+}
 
 }  // namespace levelwidgets
