@@ -74,7 +74,7 @@ TEST_F(Interrupt, EndsTheProcessWhenNoScriptRuns) {
         const ScriptInterruptSignal signal;
         std::raise(SIGINT);
       },
-      testing::KilledBySignal(SIGINT), "");
+      ::testing::KilledBySignal(SIGINT), "");
 }
 
 TEST_F(Interrupt, ASecondOneEndsTheProcess) {
@@ -86,7 +86,7 @@ TEST_F(Interrupt, ASecondOneEndsTheProcess) {
         std::raise(SIGINT);
         std::raise(SIGINT);
       },
-      testing::KilledBySignal(SIGINT), "");
+      ::testing::KilledBySignal(SIGINT), "");
 }
 
 #endif

@@ -1,9 +1,6 @@
 // What the tests of forms that nobody vouches for have in common.
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -11,19 +8,26 @@
 
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/testing/desktop_fixture.h>
 
 namespace levelwidgets {
 
-class SandboxTest : public testing::Test {
+class SandboxTest : public testing::DesktopTest {
  protected:
-  SandboxTest() { std::filesystem::create_directories(folder_); }
-  ~SandboxTest() override {
+  void SetUp() override {
+    DesktopTest::SetUp();
+    std::filesystem::create_directories(folder_);
+  }
+  void TearDown() override {
     host_.reset();
     std::filesystem::remove_all(folder_);
+    DesktopTest::TearDown();
   }
 
   // A host with other options, and what was reported to the one before.
   void Restart(ScriptOptions options) {
+    host_.reset();
+    options.desktop = SharedDriver();
     options.report = [this](const std::string& text) { reports_ += text + "\n"; };
     host_ = std::make_unique<ScriptHost>(std::move(options));
   }
@@ -32,7 +36,18 @@ class SandboxTest : public testing::Test {
     return *host_;
   }
 
-  std::string PathTo(const std::string& name) const { return (folder_ / name).string(); }
+  // Where links are not for everybody, the test is skipped.
+  void Link(const std::filesystem::path& target, const std::string& name) const {
+    std::error_code error;
+    if (std::filesystem::is_directory(target, error)) {
+      std::filesystem::create_directory_symlink(target, PathTo(name), error);
+    } else {
+      std::filesystem::create_symlink(target, PathTo(name), error);
+    }
+    if (error) GTEST_SKIP() << "no symbolic links here: " << error.message();
+  }
+
+  std::string PathTo(const std::string& name) const { return (folder_ / name).generic_string(); }
   // A file in the folder of the forms, or below.
   std::string File(const std::string& name, const std::string& text) const {
     std::filesystem::create_directories((folder_ / name).parent_path());
@@ -74,7 +89,7 @@ class SandboxTest : public testing::Test {
  private:
   std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      (std::string("levelwidgets_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
   std::unique_ptr<ScriptHost> host_;
 };
 
