@@ -53,7 +53,7 @@ $0 ~ /include *"/ { Refuse("not included as <levelwidgets/...>"); next }
 {
   from = Folder(file)
   to = Folder(target)
-  is_test = file ~ /_(test|fuzz)\.cpp$/
+  is_test = file ~ /_((test|fuzz)\.cpp|fixture\.h)$/
   if (from == "controls" && to == "controls" && Control(file) != Control(target)) {
     if (!IsPublic(target)) Refuse("a private header of another control")
     else if (place[Control(target)] > place[Control(file)]) Refuse("upward")

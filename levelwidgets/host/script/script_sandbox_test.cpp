@@ -179,7 +179,7 @@ TEST_F(Sandbox, RequireLeadsNowhereElse) {
   if (IsSkipped()) return;
   std::filesystem::create_directory(PathTo("folder.lua"));
   EXPECT_EQ(FailureOf("local name = '" + outside + "'\n" + R"(
-    for _, path in ipairs{ "..", "...", "..." .. name, "../" .. name, "." .. name, "/tmp/" .. name, "up." .. name,
+    for _, path in ipairs{ "..", "...", "..." .. name, "../" .. name, "." .. name, "/" .. name, "up." .. name,
                            "link", "folder", "", "a\0b", "sub\\..\\" .. name, "C:" .. name } do
       local ok, message = pcall(require, path)
       assert(not ok, path)
