@@ -46,7 +46,7 @@ std::shared_ptr<Form> FormReader::Read() {
 }
 
 std::string FormReader::Quoted(const FormNode& node) const {
-  return std::string(report_.Document().TextOf(node.span));
+  return Printable(report_.Document().TextOf(node.span), 60);
 }
 
 bool FormReader::CheckRoot(const FormNode& root) {

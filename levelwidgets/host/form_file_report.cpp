@@ -48,10 +48,9 @@ std::pair<std::string_view, std::string_view> Ends(std::string_view text, std::s
 
 }  // namespace
 
-std::string Printable(std::string_view text) {
-  constexpr std::size_t kLongest = 500;
-  if (text.size() > kLongest) {
-    const auto [begin, end] = Ends(text, 250, 200);
+std::string Printable(std::string_view text, std::size_t longest) {
+  if (text.size() > longest) {
+    const auto [begin, end] = Ends(text, longest / 2, longest / 3);
     return Printable(begin) + " ... " + Printable(end);
   }
   std::string printable;
