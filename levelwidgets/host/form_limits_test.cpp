@@ -8,14 +8,12 @@
 namespace levelwidgets {
 namespace {
 
-// Texts that are hard in different ways, as they stand in quotes.
+// Texts that are hard in different ways, as they stand in quotes: one word, and many lines.
 std::vector<std::string> LongTexts() {
   constexpr std::size_t kLength = 1'000'000;
-  std::string words;
   std::string lines;
-  while (words.size() < kLength) words += "some word ";
-  while (lines.size() < kLength) lines += "a line\\r\\n";
-  return {std::string(kLength, 'x'), std::string(kLength, '&'), words, lines};
+  while (lines.size() < kLength) lines += "a &line\\r\\n";
+  return {std::string(kLength, 'x'), lines};
 }
 
 class FormLimits : public testing::DesktopTest {
@@ -97,8 +95,8 @@ TEST_F(FormLimits, TextsOfAmpersandsOnlyAreDrawnAndKept) {
 
 TEST_F(FormLimits, ControlsMayBeAsSmallAndAsLargeAsTheyLike) {
   for (const ClassInfo* control : ControlClasses()) {
-    for (const std::string width : {"0", "1", "15", "45", "32767", "5e8"}) {
-      for (const std::string height : {"0", "15", "32767", "5e8"}) {
+    for (const std::string width : {"0", "15", "32767", "5e8"}) {
+      for (const std::string height : {"0", "32767"}) {
         Try(FormOf(*control, "Width = " + width + "\nHeight = " + height + "\n", ""),
             control->Name() + " " + width + " by " + height);
       }

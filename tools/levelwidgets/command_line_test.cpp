@@ -143,6 +143,44 @@ TEST_F(CommandLine, APictureIsReplacedAsAWholeOrNotAtAll) {
   EXPECT_THAT(Run("render order.form.toml -o /dev/stdout").out, StartsWith("\x89PNG"));
 }
 
+TEST_F(CommandLine, RenderRefusesAPictureThatIsTooLarge) {
+  File("large.form.toml", "[form]\nName = \"frmLarge\"\nWidth = 32767\nHeight = 1e9\n");
+  const Outcome large = Run("render large.form.toml -o p.png --dpi 24");
+  EXPECT_EQ(large.status, 1);
+  EXPECT_THAT(large.err, StartsWith("frmLarge would be "));
+  EXPECT_THAT(large.err,
+              HasSubstr(" pixels; a picture has at most 8192 by 8192: a smaller form or --dpi fits\n"));
+  EXPECT_FALSE(Exists("p.png"));
+  File("empty.form.toml", "[form]\nWidth = 0\nHeight = 0\n");
+  EXPECT_EQ(Run("render empty.form.toml -o p.png --dpi 24").status, 0);
+  EXPECT_TRUE(Exists("p.png"));
+}
+
+TEST_F(CommandLine, EveryClassIsThereAtEveryResolutionInEverySize) {
+  File("sizes.lua",
+       "local d = lw.desktop{ dpi = tonumber(...), width = 400, height = 300 }\n"
+       "for class in ('FlatButton FlatLabel FlatScroll FlatTabStrip FlatTextBox'):gmatch('%w+') do\n"
+       "  for _, size in ipairs{ {0, 0}, {32767, 32767} } do\n"
+       "    local f = lw.form{ Width = 2000, Height = 1500 }\n"
+       "    local c = f:add(class, 'c', { Width = size[1], Height = size[2] })\n"
+       "    f:show()\n"
+       "    d:move_to(c, 100, 100)\n"
+       "    d:press() d:advance(1000) d:release()\n"
+       "    d:type('a') d:key(35) d:key(38)\n"
+       "    c.Enabled = false\n"
+       "    d:screenshot('s.png')\n"
+       "    f:close()\n"
+       "  end\n"
+       "end\n"
+       "assert(#lw.errors() == 0)\n"
+       "print('done')\n");
+  for (const char* dpi : {"24", "960"}) {
+    const Outcome outcome = Run(std::string("run sizes.lua ") + dpi);
+    EXPECT_EQ(outcome.out, "done\n") << dpi << outcome.err;
+    EXPECT_EQ(outcome.status, 0) << dpi;
+  }
+}
+
 TEST_F(CommandLine, FormsThatNeverEndAreRefusedAtOnce) {
   ASSERT_EQ(std::system(("mkfifo '" + (folder_ / "pipe").string() + "'").c_str()), 0);
   for (const char* command : {"check pipe", "check /dev/zero", "render pipe -o p.png"}) {

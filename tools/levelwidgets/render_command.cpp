@@ -67,11 +67,21 @@ ScriptOptions OptionsOf(const RenderArguments& arguments) {
   return {.time_limit = kPictureTimeLimit, .on_hang = EndProcess};
 }
 
+// What is larger has no pixels on the desktop in memory.
+void CheckSize(const Form& form, const PixelRect& area) {
+  constexpr int kMost = 8192;
+  if (area.width() <= kMost && area.height() <= kMost) return;
+  Refuse(form.Name() + " would be " + std::to_string(area.width()) + " by " + std::to_string(area.height()) +
+         " pixels; a picture has at most " + std::to_string(kMost) + " by " + std::to_string(kMost) +
+         ": a smaller form or --dpi fits");
+}
+
 int Render(const RenderArguments& arguments) {
   ScriptHost host(OptionsOf(arguments));
   host.MakeDesktop({.size = kAmpleScreen, .dpi = arguments.dpi, .palette = arguments.palette});
   const auto form = host.LoadForm(arguments.form);
   DesktopDriver& desktop = host.Desktop();
+  if (!form->Closed()) CheckSize(*form, form->ScreenRect());
   form->Show();
   desktop.Settle();
   if (form->Closed()) Refuse(form->Name() + " has closed itself: there is nothing to draw");
@@ -80,6 +90,7 @@ int Render(const RenderArguments& arguments) {
   if (!arguments.open.empty()) area = Union(area, Open(desktop, FindControl(*form, arguments.open)));
   desktop.Settle();
   if (host.OutOfTime() || ScriptInterrupted()) return 1;  // which has been told
+  CheckSize(*form, area);
   WritePng(desktop.Capture(area), arguments.picture);
   return 0;
 }

@@ -140,13 +140,28 @@ int Rect(lua_State* L) {
   return 4;
 }
 
+PixelRect AreaAt(lua_State* L, int index) {
+  constexpr lua_Integer kFarthest = 1'000'000;
+  constexpr lua_Integer kLargest = 16'384;
+  for (int i = 0; i < 4; ++i) {
+    const lua_Integer value = luaL_checkinteger(L, index + i);
+    const bool fits = i < 2 ? value >= -kFarthest && value <= kFarthest : value >= 0 && value <= kLargest;
+    if (!fits) {
+      throw Error(kInvalidCall, "LevelWidgets.Desktop",
+                  "A screenshot is of x, y, width, height: the last two up to 16384 pixels");
+    }
+  }
+  const PixelPoint at{WholeAt(L, index), WholeAt(L, index + 1)};
+  return {at.x, at.y, at.x + WholeAt(L, index + 2), at.y + WholeAt(L, index + 3)};
+}
+
 int Screenshot(lua_State* L) {
   DesktopDriver& desktop = CheckDesktop(L);
   const std::string path = luaL_checkstring(L, 2);
   const PixelSize screen = CheckScreen(L).Size();
   PixelRect area{0, 0, screen.width, screen.height};
   if (!lua_isnoneornil(L, 3)) {
-    area = {WholeAt(L, 3), WholeAt(L, 4), WholeAt(L, 3) + WholeAt(L, 5), WholeAt(L, 4) + WholeAt(L, 6)};
+    area = AreaAt(L, 3);
   }
   desktop.Settle();
   WritePng(desktop.Capture(area), path);

@@ -110,6 +110,10 @@ file:close()
 os.remove(path)
 expect.fails(5, 'The picture "/nowhere/x.png" cannot be written: No such file or directory',
              function() d:screenshot("/nowhere/x.png") end)
+for _, size in ipairs{ { 16385, 5 }, { 5, -1 }, { 1 << 40, 5 } } do
+  expect.fails(5, "A screenshot is of x, y, width, height: the last two up to 16384 pixels",
+               function() d:screenshot("x.png", 0, 0, size[1], size[2]) end)
+end
 expect.fails(5, 'The picture "x.png" cannot be written: it has no pixels', function() d:screenshot("x.png", 0, 0, 0, 5) end)
 
 -- Objects are counted; a desktop is made once, before the first form.
