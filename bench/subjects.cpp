@@ -94,10 +94,11 @@ void HundredButtons::Check(std::size_t button, Color expected) const {
 
 std::string FormTextOf(int count) {
   constexpr int kColumns = 25;
-  constexpr PixelSize kSize{32, 15};
+  constexpr PixelSize kCell{32, 15};
+  constexpr PixelSize kSize{28, 13};
   std::string text = FormTable(kFormSize);
   for (int i = 0; i < count; ++i) {
-    const PixelPoint corner{i % kColumns * kSize.width, i / kColumns * kSize.height};
+    const PixelPoint corner{i % kColumns * kCell.width, i / kColumns * kCell.height};
     text += ControlTable(i, corner, kSize);
   }
   return text;

@@ -67,8 +67,8 @@ class HundredButtons {
 
 // The form of FormTextOf.
 inline constexpr PixelSize kFormSize{800, 600};
-// The text of a form file with `count` controls of 32 by 15 pixels in rows of 25: labels, text boxes and
-// buttons in turn.
+// The text of a form file with `count` controls of 28 by 13 pixels in rows of 25, a few pixels apart: labels,
+// text boxes and buttons in turn.
 std::string FormTextOf(int count);
 // The text of a form file with one button.
 std::string OneButtonFormText(PixelSize size);

@@ -2,6 +2,7 @@
 #include <levelwidgets/platform/memory/memory_windows.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <levelwidgets/platform/memory/finally.h>
 
@@ -154,17 +155,14 @@ DcHandle MemoryWindows::BeginPaint(WindowHandle window) {
   Window* found = tree_.Find(window);
   if (!found) return {};
   found->paint_unanswered = false;
-  found->paint_limit = std::make_unique<Region>(std::move(found->invalid));
-  found->invalid.Clear();
-  found->seen_at = 0;
+  WindowTree::LimitPaint(*found, std::exchange(found->invalid, {}));
   return GetDC(window);
 }
 
 bool MemoryWindows::EndPaint(WindowHandle window) {
   Window* found = tree_.Find(window);
   if (!found || !found->paint_limit) return false;
-  found->paint_limit.reset();
-  found->seen_at = 0;
+  WindowTree::UnlimitPaint(*found);
   return true;
 }
 

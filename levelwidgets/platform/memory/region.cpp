@@ -20,6 +20,74 @@ void AppendAround(const PixelRect& rect, const PixelRect& hole, std::vector<Pixe
 
 bool Overlap(const PixelRect& a, const PixelRect& b) { return !Intersect(a, b).empty(); }
 
+// What is left of a rectangle around many holes, band by band from top to bottom.
+class Sieve {
+ public:
+  // `holes` are in order of their tops.
+  Sieve(const PixelRect& rect, std::span<const PixelRect> holes, std::vector<PixelRect>& left_over)
+      : rect_(rect), holes_(holes), left_over_(left_over) {}
+
+  void Run() {
+    for (int top = rect_.top; top < rect_.bottom;) {
+      Enter(top);
+      const int bottom = EndOfBand(top);
+      AddBand(top, bottom);
+      top = bottom;
+    }
+  }
+
+ private:
+  // The open holes are those that reach into the band, in order of their left edges.
+  void Enter(int top) {
+    std::erase_if(open_, [top](const PixelRect& hole) { return hole.bottom <= top; });
+    for (; next_ < holes_.size() && holes_[next_].top <= top; ++next_) {
+      const PixelRect& hole = holes_[next_];
+      if (hole.bottom <= top || !Overlap(hole, rect_)) continue;
+      open_.insert(std::ranges::upper_bound(open_, hole.left, {}, &PixelRect::left), hole);
+    }
+  }
+
+  int EndOfBand(int top) const {
+    int bottom = rect_.bottom;
+    if (next_ < holes_.size()) bottom = std::min(bottom, holes_[next_].top);
+    for (const PixelRect& hole : open_) bottom = std::min(bottom, hole.bottom);
+    return bottom;
+  }
+
+  void AddBand(int top, int bottom) {
+    const std::size_t first = left_over_.size();
+    int left = rect_.left;
+    for (const PixelRect& hole : open_) {
+      if (hole.left > left) left_over_.push_back({left, top, std::min(hole.left, rect_.right), bottom});
+      left = std::max(left, hole.right);
+    }
+    if (left < rect_.right) left_over_.push_back({left, top, rect_.right, bottom});
+    JoinBand(first);
+  }
+
+  // A band that is divided like the one above it continues that one.
+  void JoinBand(std::size_t first) {
+    const auto same = [](const PixelRect& a, const PixelRect& b) {
+      return a.left == b.left && a.right == b.right && a.bottom == b.top;
+    };
+    const auto above = std::span(left_over_).subspan(above_, first - above_);
+    const auto band = std::span(left_over_).subspan(first);
+    if (std::ranges::equal(above, band, same)) {
+      for (std::size_t i = 0; i < band.size(); ++i) above[i].bottom = band[i].bottom;
+      left_over_.resize(first);
+    } else {
+      above_ = first;
+    }
+  }
+
+  PixelRect rect_;
+  std::span<const PixelRect> holes_;
+  std::vector<PixelRect>& left_over_;
+  std::size_t above_ = left_over_.size();  // where the band above begins
+  std::size_t next_ = 0;
+  std::vector<PixelRect> open_;
+};
+
 }  // namespace
 
 Region::Region(const PixelRect& rect) {
@@ -69,6 +137,19 @@ void Region::Subtract(const Region& other) {
     if (Empty()) return;
     Subtract(rect);
   }
+}
+
+void Region::Subtract(std::span<const PixelRect> rects) {
+  constexpr std::size_t kFew = 8;
+  if (rects.size() <= kFew) {
+    for (const PixelRect& rect : rects) Subtract(rect);
+    return;
+  }
+  std::vector<PixelRect> holes(rects.begin(), rects.end());
+  std::ranges::sort(holes, {}, &PixelRect::top);
+  std::vector<PixelRect> left_over;
+  for (const PixelRect& rect : rects_) Sieve(rect, holes, left_over).Run();
+  rects_.swap(left_over);
 }
 
 void Region::ClipTo(const PixelRect& rect) {

@@ -25,6 +25,8 @@ class Region {
   void Add(const Region& other);
   void Subtract(const PixelRect& rect);
   void Subtract(const Region& other);
+  // Any number of them, which may overlap: in one go from top to bottom.
+  void Subtract(std::span<const PixelRect> rects);
   void ClipTo(const PixelRect& rect);
   void ClipTo(const Region& other);
   void Offset(int dx, int dy);

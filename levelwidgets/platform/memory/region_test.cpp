@@ -39,6 +39,40 @@ TEST(RegionTest, AHoleLeavesFourSides) {
   EXPECT_FALSE(region.Contains({10, 9}));
 }
 
+TEST(RegionTest, ManyHolesLeaveWhatTheyLeaveOneByOne) {
+  std::uint32_t random = 1;
+  const auto below = [&random](std::uint32_t limit) {
+    random = random * 1664525 + 1013904223;
+    return static_cast<int>((random >> 16) % limit);
+  };
+  for (int round = 0; round < 50; ++round) {
+    Region one_by_one(PixelRect{10, 10, 90, 70});
+    one_by_one.Subtract(PixelRect{30, 30, 40, 45});
+    Region at_once = one_by_one;
+    std::vector<PixelRect> holes;
+    for (int i = 0; i < 9 + round; ++i) {
+      const PixelPoint corner{below(100), below(80)};
+      holes.push_back({corner.x, corner.y, corner.x + below(20), corner.y + below(20)});
+    }
+    for (const PixelRect& hole : holes) one_by_one.Subtract(hole);
+    at_once.Subtract(holes);
+    EXPECT_EQ(Area(at_once), Area(one_by_one)) << round;  // disjoint, too
+    EXPECT_EQ(at_once, one_by_one) << round;
+    for (const PixelRect& rect : at_once.Rects()) EXPECT_FALSE(rect.empty());
+  }
+}
+
+TEST(RegionTest, RowsOfHolesLeaveOneRectangleForEachGap) {
+  std::vector<PixelRect> holes;
+  for (int i = 0; i < 100; ++i) {
+    const PixelPoint corner{i % 10 * 10 + 2, i / 10 * 10 + 2};
+    holes.push_back({corner.x, corner.y, corner.x + 6, corner.y + 6});
+  }
+  Region region(PixelRect{0, 0, 100, 100});
+  region.Subtract(holes);
+  EXPECT_EQ(region.Rects().size(), 11u + 10 * 11);
+}
+
 TEST(RegionTest, RegionsAreEqualHoweverTheyAreDivided) {
   Region rows(PixelRect{0, 0, 10, 5});
   rows.Add(PixelRect{0, 5, 10, 10});

@@ -26,6 +26,12 @@ struct FrameWidths {
   friend bool operator==(const FrameWidths&, const FrameWidths&) = default;
 };
 
+// What BeginPaint leaves of a window, until EndPaint.
+struct PaintLimit {
+  Region area;  // client pixels
+  Region clip;  // what can be seen of it, store pixels
+};
+
 struct Window final : TargetSource {
   explicit Window(WindowTree& owner_tree) : tree(&owner_tree) {}
   const DrawingTarget& Target() override;
@@ -53,17 +59,19 @@ struct Window final : TargetSource {
   std::intptr_t user_data = 0;
   DcHandle dc;
 
-  Region invalid;                       // client pixels
-  std::unique_ptr<Region> paint_limit;  // client pixels, between BeginPaint and EndPaint
+  Region invalid;  // client pixels
+  std::unique_ptr<PaintLimit> paint_limit;
   bool frame_invalid = false;
   bool queued_for_paint = false;
   bool paint_unanswered = false;  // kWmPaint was sent and BeginPaint has not been called
   bool destroying = false;
 
-  // Kept until the tree changes: what may be drawn, in pixels of the top-level window's store.
-  Region clip;
-  DrawingTarget target;
+  // Kept until the tree changes: what can be seen of the client area, in pixels of the top-level window's
+  // store, and what may be drawn.
+  Region visible;
   std::uint64_t seen_at = 0;
+  DrawingTarget target;
+  std::uint64_t target_at = 0;
 
   // Of a top-level window: its pixels, while it is shown, and the time of its tree's last change.
   std::unique_ptr<PixelStore> store;
@@ -117,13 +125,17 @@ class WindowTree {
 
   // --- What can be seen ----------------------------------------------------------------------
 
-  // To be called after every change of place, order, style, visibility or frame, and of `paint_limit`:
-  // forgets what was known of the whole top-level window's tree, and fits its store.
+  // To be called after every change of place, order, style, visibility or frame: forgets what was known of
+  // the whole top-level window's tree, and fits its store.
   void Changed(Window& window);
+  // Only `area`, in client pixels, may be drawn until the limit is taken off.
+  static void LimitPaint(Window& window, Region area);
+  static void UnlimitPaint(Window& window);
   // What can be seen of the client area and, between BeginPaint and EndPaint, is to be painted. In store
   // pixels; kept.
   const Region& Clip(Window& window);
-  // What can be seen of `part`, in client pixels. Not kept: for a small part of a large window.
+  // What can be seen of `part`, in client pixels. Kept only when that is all of the client area, so that it
+  // is quick for a small part of a large window.
   Region VisibleWithin(Window& window, const PixelRect& part);
   // Of the outer rectangle, in store pixels: without the siblings in front, whether or not the style
   // lets them clip.
@@ -142,7 +154,10 @@ class WindowTree {
   std::size_t FirstOfBand(const Window& window) const;
   std::size_t EndOfBand(const Window& window) const;
   void FitStore(Window& root);
-  void Refresh(Window& window);
+  bool VisibleIsKnown(Window& window);
+  void RefreshVisible(Window& window);
+  void RefreshTarget(Window& window);
+  Region ComputeVisible(Window& window, const PixelRect& part);
   Region Uncovered(Window& window, const PixelRect& part, bool by_style);
   void SubtractSiblingsAbove(Window& window, Region& region);
   void SubtractChildren(Window& window, Region& region);
@@ -152,6 +167,7 @@ class WindowTree {
   std::vector<std::uint32_t> free_slots_;
   std::size_t count_ = 0;
   std::uint64_t changes_ = 0;
+  std::vector<PixelRect> holes_;  // kept for its memory
 };
 
 }  // namespace levelwidgets::memory

@@ -43,37 +43,74 @@ void WindowTree::FitStore(Window& root) {
   }
 }
 
+void WindowTree::LimitPaint(Window& window, Region area) {
+  window.paint_limit = std::make_unique<PaintLimit>(PaintLimit{std::move(area), {}});
+  window.target_at = 0;
+}
+
+void WindowTree::UnlimitPaint(Window& window) {
+  window.paint_limit.reset();
+  window.target_at = 0;
+}
+
 const Region& WindowTree::Clip(Window& window) {
-  Refresh(window);
-  return window.clip;
+  RefreshTarget(window);
+  return window.paint_limit ? window.paint_limit->clip : window.visible;
 }
 
 const DrawingTarget& WindowTree::Target(Window& window) {
-  Refresh(window);
+  RefreshTarget(window);
   return window.target;
 }
 
-void WindowTree::Refresh(Window& window) {
+bool WindowTree::VisibleIsKnown(Window& window) {
+  const Window& root = Root(window);
+  return window.seen_at == root.changed_at && root.changed_at != 0;
+}
+
+void WindowTree::RefreshVisible(Window& window) {
+  if (VisibleIsKnown(window)) return;
+  window.seen_at = Root(window).changed_at;
+  window.visible = ComputeVisible(window, AreaOf(ClientSize(window)));
+}
+
+void WindowTree::RefreshTarget(Window& window) {
   Window& root = Root(window);
-  if (window.seen_at == root.changed_at && root.changed_at != 0) return;
-  window.seen_at = root.changed_at;
+  if (window.target_at == root.changed_at && root.changed_at != 0) return;
+  window.target_at = root.changed_at;
   const PixelPoint origin = StoreOrigin(window);
-  if (window.paint_limit) {
-    window.clip = VisibleWithin(window, window.paint_limit->Bounds());
-    window.clip.ClipTo(*window.paint_limit);
+  if (PaintLimit* limit = window.paint_limit.get()) {
+    limit->clip = VisibleWithin(window, limit->area.Bounds());
+    limit->clip.ClipTo(limit->area);
+    limit->clip.Offset(origin.x, origin.y);
   } else {
-    window.clip = VisibleWithin(window, AreaOf(ClientSize(window)));
+    RefreshVisible(window);
   }
-  window.clip.Offset(origin.x, origin.y);
-  window.target = {window.clip.Empty() ? nullptr : root.store.get(), origin, window.clip.Rects()};
+  const Region& clip = window.paint_limit ? window.paint_limit->clip : window.visible;
+  window.target = {clip.Empty() ? nullptr : root.store.get(), origin, clip.Rects()};
 }
 
 Region WindowTree::VisibleWithin(Window& window, const PixelRect& part) {
   const PixelPoint origin = StoreOrigin(window);
-  const PixelRect area = Intersect(part, AreaOf(ClientSize(window)));
-  Region region = Uncovered(window, area.Offset(origin.x, origin.y), true);
-  if (window.Has(kWsClipChildren)) SubtractChildren(window, region);
+  const PixelRect client = AreaOf(ClientSize(window));
+  const PixelRect area = Intersect(part, client);
+  if (area == client) RefreshVisible(window);
+  Region region;
+  if (VisibleIsKnown(window)) {
+    region = window.visible;
+    region.ClipTo(area.Offset(origin.x, origin.y));
+  } else {
+    region = ComputeVisible(window, area);
+  }
   region.Offset(-origin.x, -origin.y);
+  return region;
+}
+
+// Of `part` of the client area, in store pixels.
+Region WindowTree::ComputeVisible(Window& window, const PixelRect& part) {
+  const PixelPoint origin = StoreOrigin(window);
+  Region region = Uncovered(window, part.Offset(origin.x, origin.y), true);
+  if (window.Has(kWsClipChildren)) SubtractChildren(window, region);
   return region;
 }
 
@@ -102,21 +139,25 @@ Region WindowTree::Uncovered(Window& window, const PixelRect& part, bool by_styl
 
 void WindowTree::SubtractSiblingsAbove(Window& window, Region& region) {
   const PixelPoint origin = StoreOrigin(*window.parent);
-  const PixelRect bounds = region.Bounds();
+  const PixelRect bounds = region.Bounds().Offset(-origin.x, -origin.y);
+  holes_.clear();
   for (const Window* sibling : window.parent->children) {
-    if (sibling == &window) return;
-    const PixelRect covered = sibling->rect.Offset(origin.x, origin.y);
-    if (sibling->Shown() && !Intersect(covered, bounds).empty()) region.Subtract(covered);
+    if (sibling == &window) break;
+    if (!sibling->Shown() || Intersect(sibling->rect, bounds).empty()) continue;
+    holes_.push_back(sibling->rect.Offset(origin.x, origin.y));
   }
+  region.Subtract(holes_);
 }
 
 void WindowTree::SubtractChildren(Window& window, Region& region) {
   const PixelPoint origin = StoreOrigin(window);
-  const PixelRect bounds = region.Bounds();
+  const PixelRect bounds = region.Bounds().Offset(-origin.x, -origin.y);
+  holes_.clear();
   for (const Window* child : window.children) {
-    const PixelRect covered = child->rect.Offset(origin.x, origin.y);
-    if (child->Shown() && !Intersect(covered, bounds).empty()) region.Subtract(covered);
+    if (!child->Shown() || Intersect(child->rect, bounds).empty()) continue;
+    holes_.push_back(child->rect.Offset(origin.x, origin.y));
   }
+  region.Subtract(holes_);
 }
 
 }  // namespace levelwidgets::memory
