@@ -30,7 +30,7 @@ class Sieve {
   void Run() {
     for (int top = rect_.top; top < rect_.bottom;) {
       Enter(top);
-      const int bottom = EndOfBand(top);
+      const int bottom = EndOfBand();
       AddBand(top, bottom);
       top = bottom;
     }
@@ -47,7 +47,7 @@ class Sieve {
     }
   }
 
-  int EndOfBand(int top) const {
+  int EndOfBand() const {
     int bottom = rect_.bottom;
     if (next_ < holes_.size()) bottom = std::min(bottom, holes_[next_].top);
     for (const PixelRect& hole : open_) bottom = std::min(bottom, hole.bottom);
