@@ -41,22 +41,22 @@ double MedianFill(PixelSize size) {
 }
 
 // What a form of a thousand controls adds once another one has been shown, its file's text not counted.
-void MeasureMemory(std::vector<Figure>& figures) {
+void MeasureMemory(std::vector<Figure>& figures, Mix mix, const std::string& what) {
   memory::Desktop desktop({.screen = {1920, 1080}});
-  const auto first = LoadChecked(desktop, FormTextOf(3));
+  const auto first = LoadChecked(desktop, FormTextOf(3, mix));
   first->Show();
   desktop.Settle();
-  const std::string text = FormTextOf(kControls);
+  const std::string text = FormTextOf(kControls, mix);
   const double heap = HeapBytes();
   const double resident = ResidentBytes();
   const auto form = LoadChecked(desktop, text);
   form->Show();
   desktop.Settle();
   const double pixels = 4.0 * kFormSize.width * kFormSize.height * kMega;
-  figures.push_back(LowerIsBetter("1,000 controls shown: heap growth", "MB", One(HeapBytes() - heap), kMega,
+  figures.push_back(LowerIsBetter(what + " shown: heap growth", "MB", One(HeapBytes() - heap), kMega,
                                   "the form's pixels", pixels, 4));
-  figures.push_back(LowerIsBetter("1,000 controls shown: resident growth", "MB",
-                                  One(ResidentBytes() - resident), kMega, "the form's pixels", pixels, 4));
+  figures.push_back(LowerIsBetter(what + " shown: resident growth", "MB", One(ResidentBytes() - resident),
+                                  kMega, "the form's pixels", pixels, 4));
 }
 
 void MeasureButton(std::vector<Figure>& figures) {
@@ -81,9 +81,9 @@ void MeasureMoves(std::vector<Figure>& figures) {
                      .at_least = true});
 }
 
-void MeasureForm(std::vector<Figure>& figures) {
+void MeasureForm(std::vector<Figure>& figures, Mix mix, const std::string& what) {
   memory::Desktop desktop({.screen = {1920, 1080}});
-  const std::string text = FormTextOf(kControls);
+  const std::string text = FormTextOf(kControls, mix);
   Samples loading;
   Samples showing;
   for (int run = 0; run < 51; ++run) {
@@ -96,9 +96,9 @@ void MeasureForm(std::vector<Figure>& figures) {
     showing.Add(SecondsSince(start));
   }
   constexpr int kCopies = 100;
-  figures.push_back(LowerIsBetter("1,000 controls: loaded from their file", "ms", loading, kMilli,
+  figures.push_back(LowerIsBetter(what + " loaded from their file", "ms", loading, kMilli,
                                   "copy of the file's text", CopyTime(text, kCopies) / kCopies * kMilli, 6));
-  figures.push_back(LowerIsBetter("1,000 controls: shown and painted", "ms", showing, kMilli,
+  figures.push_back(LowerIsBetter(what + " shown and painted", "ms", showing, kMilli,
                                   "fill of the form's pixels", MedianFill(kFormSize) * kMilli, 3));
 }
 
@@ -148,10 +148,13 @@ void MeasureStartups(std::vector<Figure>& figures, const std::string& folder) {
 
 std::vector<Figure> MeasureFigures(const std::string& folder) {
   std::vector<Figure> figures;
-  MeasureMemory(figures);
+  const std::string plain = "1,000 labels and buttons:";
+  const std::string with_text_boxes = "1,000 labels, buttons, text boxes:";
+  MeasureMemory(figures, Mix::kLabelsAndButtons, plain);
   MeasureButton(figures);
   MeasureMoves(figures);
-  MeasureForm(figures);
+  MeasureForm(figures, Mix::kLabelsAndButtons, plain);
+  MeasureForm(figures, Mix::kWithTextBoxes, with_text_boxes);
   MeasureStartups(figures, folder);
   return figures;
 }

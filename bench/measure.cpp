@@ -2,6 +2,7 @@
 
 #include <malloc.h>
 #include <sched.h>
+#include <time.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -29,6 +30,12 @@ double Kilobytes(const char* name) {
 }
 
 }  // namespace
+
+Clock::time_point Clock::now() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
+}
 
 double Samples::Min() const { return *std::ranges::min_element(values_); }
 

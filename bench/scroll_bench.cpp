@@ -2,59 +2,39 @@
 // long as std::fill of the bar's pixels, measured in the same run.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
-#include <vector>
-
+#include <bench/measure.h>
+#include <bench/subjects.h>
 #include <levelwidgets/controls/scroll/flat_scroll.h>
-#include <levelwidgets/host/form.h>
-#include <levelwidgets/platform/memory/desktop.h>
 
 namespace {
 
 using namespace levelwidgets;
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start) {
-  return std::chrono::duration<double>(Clock::now() - start).count();
-}
+using namespace levelwidgets::bench;
 
 // A form with one vertical bar of `size` pixels.
 class Bar {
  public:
-  explicit Bar(PixelSize size) : pixels_(size) {
-    form_->MoveTo({0, 0});
-    form_->Show();
-    const TwipSize twips{Twips(size.width * 15), Twips(size.height * 15)};
-    HostedControl& hosted = form_->Add(FlatScroll::Table(), "scrMain", nullptr, {{}, twips});
-    bar_ = dynamic_cast<FlatScroll*>(hosted.GetControl().get());
-    bar_->SetValue(50);
-    desktop_.Settle();
+  explicit Bar(PixelSize size)
+      : pixels_(size), bar_(form_.Add<FlatScroll>("scrMain", {0, 0, size.width, size.height})) {
+    bar_.SetValue(50);
+    form_.GetDesktop().Settle();
   }
-  FlatScroll& Control() { return *bar_; }
+  FlatScroll& Control() { return bar_; }
 
   // A pointer message, as the desktop delivers it.
   void Send(std::uint32_t message, PixelPoint at) {
-    desktop_.Windows().SendMessageA(bar_->hWnd(), message, kMkLButton, LParamOfPoint(at));
+    form_.GetDesktop().Windows().SendMessageA(bar_.hWnd(), message, kMkLButton, LParamOfPoint(at));
   }
 
   // Seconds for `count` fills of as many pixels as the bar has.
   double FillTime(std::int64_t count) const {
-    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(pixels_.width * pixels_.height));
-    const auto start = Clock::now();
-    for (std::int64_t i = 0; i < count; ++i) {
-      std::fill(pixels.begin(), pixels.end(), static_cast<std::uint32_t>(i));
-      benchmark::DoNotOptimize(pixels.data());
-      benchmark::ClobberMemory();
-    }
-    return SecondsSince(start);
+    return bench::FillTime(pixels_, static_cast<std::size_t>(count));
   }
 
  private:
   PixelSize pixels_;
-  memory::Desktop desktop_{{.screen = {1920, 1080}}};
-  std::shared_ptr<Form> form_ = Form::Create(desktop_, {.size = {Twips(28000), Twips(15000)}});
-  FlatScroll* bar_ = nullptr;
+  ShownForm form_{{1900, 1000}};
+  FlatScroll& bar_;
 };
 
 PixelSize SizeOf(const benchmark::State& state) {

@@ -58,13 +58,13 @@ Startup MeasureStartup(const std::vector<std::string>& command, int runs) {
   Startup startup;
   for (int run = 0; run < runs; ++run) {
     Pipe pipe;
-    const auto start = Clock::now();
+    const auto start = std::chrono::steady_clock::now();
     const pid_t process = Start(command, pipe.ends[1]);
     pipe.CloseWriting();
     char told[32] = {};
     if (read(pipe.ends[0], told, sizeof told - 1) < 0)
       throw std::runtime_error("cannot be heard: " + command.front());
-    startup.seconds.Add(SecondsSince(start));
+    startup.seconds.Add(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     int status = 0;
     waitpid(process, &status, 0);
     if (status != 0) throw std::runtime_error("ended with an error: " + command.front());

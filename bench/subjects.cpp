@@ -27,13 +27,12 @@ struct Kind {
   const char* shown;  // the property with its text
 };
 constexpr std::array<Kind, 3> kKinds = {
-    {{"FlatLabel", "Caption"}, {"FlatTextBox", "Text"}, {"FlatButton", "Caption"}}};
-constexpr int kButton = 2;
+    {{"FlatButton", "Caption"}, {"FlatLabel", "Caption"}, {"FlatTextBox", "Text"}}};
 
-// The control number `i`, of the kinds in turn.
-std::string ControlTable(int i, PixelPoint corner, PixelSize size) {
+// The control number `i`, of the first `kinds` kinds in turn.
+std::string ControlTable(int i, int kinds, PixelPoint corner, PixelSize size) {
   const std::string number = std::to_string(i);
-  const Kind& kind = kKinds[static_cast<std::size_t>(i) % kKinds.size()];
+  const Kind& kind = kKinds[static_cast<std::size_t>(i % kinds)];
   return std::string("\n[[control]]\nClass = \"") + kind.class_name + "\"\nName = \"ctl" + number + "\"\n" +
          LengthLine("Left", corner.x) + LengthLine("Top", corner.y) + LengthLine("Width", size.width) +
          LengthLine("Height", size.height) + "Properties = { " + kind.shown + " = \"N" + number + "\" }\n";
@@ -92,20 +91,20 @@ void HundredButtons::Check(std::size_t button, Color expected) const {
   if (buttons_[button]->BackColor() != expected) throw std::logic_error("the highlight has not followed");
 }
 
-std::string FormTextOf(int count) {
+std::string FormTextOf(int count, Mix mix) {
   constexpr int kColumns = 25;
   constexpr PixelSize kCell{32, 15};
   constexpr PixelSize kSize{28, 13};
   std::string text = FormTable(kFormSize);
   for (int i = 0; i < count; ++i) {
     const PixelPoint corner{i % kColumns * kCell.width, i / kColumns * kCell.height};
-    text += ControlTable(i, corner, kSize);
+    text += ControlTable(i, mix == Mix::kWithTextBoxes ? 3 : 2, corner, kSize);
   }
   return text;
 }
 
 std::string OneButtonFormText(PixelSize size) {
-  return FormTable(size) + ControlTable(kButton, {20, 20}, {120, 32});
+  return FormTable(size) + ControlTable(0, 1, {20, 20}, {120, 32});
 }
 
 std::shared_ptr<Form> LoadChecked(Platform& platform, const std::string& text) {

@@ -67,9 +67,11 @@ class HundredButtons {
 
 // The form of FormTextOf.
 inline constexpr PixelSize kFormSize{800, 600};
-// The text of a form file with `count` controls of 28 by 13 pixels in rows of 25, a few pixels apart: labels,
-// text boxes and buttons in turn.
-std::string FormTextOf(int count);
+enum class Mix { kLabelsAndButtons, kWithTextBoxes };
+// The text of a form file with `count` controls of 28 by 13 pixels in rows of 25, a few pixels apart: labels
+// and buttons in turn, or labels, buttons and text boxes, each of which has two edit boxes and a scroll bar
+// inside.
+std::string FormTextOf(int count, Mix mix);
 // The text of a form file with one button.
 std::string OneButtonFormText(PixelSize size);
 

@@ -134,7 +134,11 @@ class Converter {
   void ConvertList(toml::array& source, FormNode& node) const {
     node.kind = Kind::kList;
     node.children.reserve(source.size());
-    for (toml::node& item : source) Convert(item, node.children.emplace_back());
+    for (toml::node& item : source) {
+      Convert(item, node.children.emplace_back());
+      // The two trees of a large file need not be there at once.
+      if (toml::table* table = item.as_table()) table->clear();
+    }
   }
 
   const std::string& text_;

@@ -37,6 +37,7 @@ std::string Encoded(const Picture& picture, const std::string& path) {
   image.width = static_cast<png_uint_32>(picture.size.width);
   image.height = static_cast<png_uint_32>(picture.size.height);
   image.format = PNG_FORMAT_RGB;
+  image.flags = PNG_IMAGE_FLAG_FAST;
   const std::vector<png_byte> bytes = BytesOf(picture);
   std::string file(PNG_IMAGE_PNG_SIZE_MAX(image), '\0');
   png_alloc_size_t size = file.size();

@@ -36,7 +36,7 @@ void EditHistory::Clear() {
   run_ = EditRun::kNone;
 }
 
-EditStep EditHistory::Take(std::deque<EditStep>& steps) {
+EditStep EditHistory::Take(std::list<EditStep>& steps) {
   EditStep step = std::move(steps.back());
   steps.pop_back();
   run_ = EditRun::kNone;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
+#include <list>
 #include <string>
 
 namespace levelwidgets::memory {
@@ -36,11 +36,12 @@ class EditHistory {
   void Redone(EditStep inverse) { undo_.push_back(std::move(inverse)); }
 
  private:
-  EditStep Take(std::deque<EditStep>& steps);
+  EditStep Take(std::list<EditStep>& steps);
   bool Join(const EditStep& step, EditRun run);
 
-  std::deque<EditStep> undo_;
-  std::deque<EditStep> redo_;
+  // Lists, because they are nothing while empty, as in most boxes.
+  std::list<EditStep> undo_;
+  std::list<EditStep> redo_;
   EditRun run_ = EditRun::kNone;  // of the last step
 };
 

@@ -5,13 +5,13 @@ namespace levelwidgets::memory {
 void TextMeasure::SetFont(MeasureByte measure, int tab) {
   measure_ = std::move(measure);
   tab_ = tab;
-  advances_.fill(-1);
+  advances_.reset();
   place_ = {};
 }
 
 void TextMeasure::SetMask(char mask) {
   mask_ = mask;
-  advances_.fill(-1);
+  advances_.reset();
   place_ = {};
 }
 
@@ -21,7 +21,11 @@ void TextMeasure::Changed(std::size_t at) {
 
 int TextMeasure::MeasureNew(char byte) {
   const int width = measure_ ? measure_(static_cast<std::uint8_t>(mask_ != 0 ? mask_ : byte)) : 0;
-  return advances_[static_cast<std::uint8_t>(byte)] = width;
+  if (!advances_) {
+    advances_ = std::make_unique<std::array<int, 256>>();
+    advances_->fill(kUnknown);
+  }
+  return (*advances_)[static_cast<std::uint8_t>(byte)] = width;
 }
 
 void TextMeasure::GoTo(std::size_t start) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 #include <levelwidgets/platform/memory/edit/text_store.h>
 
@@ -31,8 +32,8 @@ class TextMeasure {
     return x + Advance(byte);
   }
   int Advance(char byte) {
-    const int known = advances_[static_cast<std::uint8_t>(byte)];
-    return known >= 0 ? known : MeasureNew(byte);
+    const int known = advances_ ? (*advances_)[static_cast<std::uint8_t>(byte)] : kUnknown;
+    return known != kUnknown ? known : MeasureNew(byte);
   }
 
   // From `start`, where a line starts, to `offset`.
@@ -56,7 +57,9 @@ class TextMeasure {
 
   const TextStore& text_;
   MeasureByte measure_;
-  std::array<int, 256> advances_{};  // -1: not yet known
+  static constexpr int kUnknown = -1;
+  // By byte; null while none is known, as in the many boxes that are never shown.
+  std::unique_ptr<std::array<int, 256>> advances_;
   int tab_ = 0;
   char mask_ = 0;
   Place place_;
