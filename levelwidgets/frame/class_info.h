@@ -136,6 +136,7 @@ struct EventInfo {
   std::vector<ArgumentInfo> arguments;
   std::string help;
   std::function<Subscription(Object&, EventListener)> subscribe;
+  std::function<void(Object&)> end_all;  // subscriptions
 };
 
 class ClassInfo {

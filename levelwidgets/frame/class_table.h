@@ -205,6 +205,7 @@ class ClassTable {
       ++i),
      ...);
     const std::size_t position = info_.events_.size();
+    info.end_all = [event](Object& object) { (Owner<T>(object).*event).EndAll(); };
     info.subscribe = [event, position](Object& object, EventListener listener) {
       const EventInfo& described = object.Class().Events()[position];
       return (Owner<T>(object).*event).Add([&described, listener = std::move(listener)](Args... values) {

@@ -53,7 +53,9 @@ bool Control::Pointer(std::uint32_t message, WParam wparam, LParam lparam) {
     default: {
       const bool clicked = click_.Release(message, lparam, surface_.ClientPixels());
       OnMouseUp(input);
-      if (clicked && surface_.hWnd() && surface_.Enabled()) OnClick();
+      // A listener may have taken the control off its container, which then hears no more of it.
+      const bool contained = surface_.hWnd() && site_->ParentWindow();
+      if (clicked && contained && surface_.Enabled()) OnClick();
     }
   }
   return true;

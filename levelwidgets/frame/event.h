@@ -48,6 +48,13 @@ class Event {
   }
   void operator+=(Listener listener) { Add(std::move(listener)); }
 
+  // Ends every subscription. A Raise under way calls no further listener.
+  void EndAll() {
+    const auto ended = std::exchange(slots_, nullptr);
+    if (!ended) return;
+    for (const Slot& slot : *ended) *slot.active = false;
+  }
+
   void Raise(Args... args) const {
     if (!slots_) return;
     const std::shared_ptr<const Slots> held = slots_;

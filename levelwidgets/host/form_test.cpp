@@ -1,8 +1,11 @@
 // Forms: what a person expects of the keyboard, the focus and the window.
+#include <limits>
+
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/controls/label/flat_label.h>
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/error_of.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -314,6 +317,31 @@ TEST_F(FormTest, ARemovedOrHiddenControlUncoversTheForm) {
   EXPECT_FALSE(TheForm().Remove("cmdA"));
   Driver().Settle();
   EXPECT_EQ(Driver().PixelAt(at), Concrete(TheForm().BackColor()));
+}
+
+TEST_F(FormTest, AControlThatItsListenerRemovesRaisesNoMore) {
+  auto& a = Button("cmdA");
+  CountClicks(a);
+  int others = 0;
+  a.MouseUp += [this](auto...) { TheForm().Remove("cmdA"); };
+  a.MouseUp += [&](auto...) { ++others; };
+  Driver().Click(ScreenPoint(a, PixelPoint{8, 8}));
+  EXPECT_THAT(TakeClicks(), IsEmpty());
+  EXPECT_EQ(others, 0);
+  EXPECT_EQ(Windows().GetCapture(), WindowHandle{});
+}
+
+TEST_F(FormTest, LengthsThatNoWindowHasAreRefusedAndChangeNothing) {
+  HostedControl& a = Hosted(Button("cmdA"));
+  const auto before = std::tuple(a.Left(), a.Top(), a.Width(), a.Height());
+  for (const float length : {1e30F, std::numeric_limits<float>::infinity(), 3e10F}) {
+    EXPECT_THAT(ErrorOf([&] { a.SetLeft(Twips(length)); }), kOverflow);
+    EXPECT_THAT(ErrorOf([&] { a.SetHeight(Twips(length)); }), kOverflow);
+    EXPECT_THAT(ErrorOf([&] { a.SetTop(Twips(-length)); }), kOverflow);
+  }
+  EXPECT_THAT(ErrorOf([&] { a.SetWidth(Twips(std::numeric_limits<float>::quiet_NaN())); }), kOverflow);
+  EXPECT_EQ(std::tuple(a.Left(), a.Top(), a.Width(), a.Height()), before);
+  EXPECT_NO_THROW(a.Move({Twips(1e9F), Twips(-1e9F)}, {Twips(1e9F), Twips(1e9F)}));
 }
 
 TEST_F(FormTest, TheRegistryKnowsClassesByBothNames) {

@@ -1,5 +1,7 @@
 #include <levelwidgets/host/form_values.h>
 
+#include <cmath>
+
 namespace levelwidgets {
 
 namespace {
@@ -11,6 +13,15 @@ FontField Flag(std::string_view name) {
           false,
           [](const FontDescription& font) -> Variant { return font.*Member; },
           [](FontDescription& font, const Variant& value) { font.*Member = ToBoolean(value); }};
+}
+
+// A size that no form file could hold is none.
+void SetSize(FontDescription& font, const Variant& value) {
+  const double size = ToDouble(value);
+  if (!std::isfinite(size) || size <= 0) {
+    throw Error(kInvalidPropertyValue, "LevelWidgets.Font", "a size is more than 0 points");
+  }
+  font.size = size;
 }
 
 }  // namespace
@@ -26,7 +37,7 @@ std::span<const FontField> FontFields() {
        {VariantType::kDouble, "Double"},
        true,
        [](const FontDescription& font) -> Variant { return font.size; },
-       [](FontDescription& font, const Variant& value) { font.size = ToDouble(value); }},
+       SetSize},
       Flag<&FontDescription::bold>("Bold"),
       Flag<&FontDescription::italic>("Italic"),
       Flag<&FontDescription::underline>("Underline"),

@@ -6,6 +6,11 @@
 
 namespace levelwidgets {
 
+namespace {
+// What pixels of a window can still be counted by, sums included.
+constexpr Twips kFarthest(1e9F);
+}  // namespace
+
 const ClassInfo& HostedControl::Table() {
   using H = HostedControl;
   static const ClassInfo info =
@@ -68,9 +73,11 @@ void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
 
 void HostedControl::Detach() {
   form_ = nullptr;
-  // Hidden at once; destroyed when the last of its own code has returned.
+  // Hidden and heard of no more at once; destroyed when the last of its own code has returned.
   const auto control = std::exchange(control_, nullptr);
-  if (control) control->GetSurface().SetVisible(false);
+  if (!control) return;
+  for (const EventInfo& event : control->Class().Events()) event.end_all(*control);
+  control->GetSurface().SetVisible(false);
 }
 
 void HostedControl::SetVisible(bool visible) {

@@ -37,7 +37,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void SetLeft(Twips left) { Move({left, position_.y}, size_); }
   Twips Top() const { return position_.y; }
   void SetTop(Twips top) { Move({position_.x, top}, size_); }
-  // Negative lengths raise 5.
+  // Negative lengths raise 5, and any beyond 1,000,000,000 twips raises 6.
   Twips Width() const { return size_.width; }
   void SetWidth(Twips width) { Move(position_, {width, size_.height}); }
   Twips Height() const { return size_.height; }

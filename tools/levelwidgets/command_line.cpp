@@ -81,6 +81,7 @@ int RunCommandLine(std::vector<std::string> arguments) {
 #ifndef _WIN32
   AddRunCommand(program, status);
   AddRenderCommand(program, status);
+  AddMonkeyCommand(program, status);
 #endif
   AddCheckCommand(program, status);
   AddDescribeCommand(program, status);

@@ -14,7 +14,9 @@
 namespace levelwidgets {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 struct Outcome {
@@ -69,7 +71,7 @@ TEST_F(CommandLine, TellsItsVersionAndItsCommands) {
   EXPECT_THAT(Run("--version").out, StartsWith("levelwidgets 0."));
   const Outcome help = Run("--help");
   EXPECT_EQ(help.status, 0);
-  for (const char* command : {"show", "run", "render", "check", "describe"}) {
+  for (const char* command : {"show", "run", "render", "check", "monkey", "describe"}) {
     EXPECT_THAT(help.out, HasSubstr(command));
     const Outcome of_command = Run(std::string(command) + " --help");
     EXPECT_EQ(of_command.status, 0);
@@ -79,7 +81,7 @@ TEST_F(CommandLine, TellsItsVersionAndItsCommands) {
 
 TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
   for (const char* arguments :
-       {"", "rnder", "render", "render x.form.toml", "describe --jsn", "render x -o y --dpi 1"}) {
+       {"", "rnder", "render", "render x.form.toml", "describe --jsn", "render x -o y --dpi 1", "monkey"}) {
     const Outcome outcome = Run(arguments);
     EXPECT_EQ(outcome.status, 2) << arguments;
     EXPECT_EQ(outcome.out, "") << arguments;
@@ -309,6 +311,39 @@ TEST_F(CommandLine, ShowTellsWhatToUseWithoutADisplay) {
   EXPECT_EQ(outcome.out, "");
   EXPECT_THAT(outcome.err, StartsWith("There is no display here"));
   EXPECT_THAT(outcome.err, HasSubstr("\n  levelwidgets render order.form.toml -o form.png\n"));
+}
+
+TEST_F(CommandLine, TheMonkeyLeavesAGoodFormWhole) {
+  OrderForm();
+  const Outcome outcome = Run("monkey order.form.toml --seed 3 --events 3000");
+  EXPECT_EQ(outcome.status, 0) << outcome.out << outcome.err;
+  EXPECT_THAT(outcome.out, AllOf(StartsWith("3000 events, "), HasSubstr("nothing is broken")));
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(Run("monkey order.form.toml --seed 3 --events 3000").out, outcome.out);
+  EXPECT_FALSE(Exists("order.monkey-3.lua"));
+}
+
+TEST_F(CommandLine, TheMonkeyShrinksAFailureToAScriptThatShowsItAgain) {
+  OrderForm();
+  File("order.lua",
+       "local armed = false\n"
+       "function cmdSave_MouseDown(e) armed = true end\n"
+       "function cmdSave_KeyDown(e) if armed then error('one key too many') end end\n");
+  const Outcome outcome = Run("monkey order.form.toml --seed 4 --events 20000 --handlers");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.out,
+              AllOf(HasSubstr("handler: order.lua:3: one key too many"), HasSubstr("Seed 4, event "),
+                    HasSubstr("order.monkey-4.lua"), Not(HasSubstr("alone does not"))));
+  const std::string script = TextOf(folder_ / "order.monkey-4.lua");
+  const auto happens = script.substr(script.find("f:show()"));
+  EXPECT_LE(std::ranges::count(happens, '\n'), 12) << happens;
+  const Outcome again = Run("run order.monkey-4.lua");
+  EXPECT_EQ(again.status, 1);
+  EXPECT_THAT(again.err, HasSubstr("handler: order.lua:3: one key too many"));
+}
+
+TEST_F(CommandLine, TheMonkeyTellsWhatIsWrongWithAFormThatDoesNotLoad) {
+  EXPECT_EQ(Run("monkey missing.form.toml").status, 1);
 }
 
 }  // namespace

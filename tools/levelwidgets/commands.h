@@ -19,6 +19,7 @@ void AddDescribeCommand(CLI::App& program, int& status);
 #ifndef _WIN32
 void AddRunCommand(CLI::App& program, int& status);
 void AddRenderCommand(CLI::App& program, int& status);
+void AddMonkeyCommand(CLI::App& program, int& status);
 #endif
 
 // The exit status of `body`, during which an interrupt (Ctrl+C) ends the script that runs: it is then told on

@@ -60,7 +60,7 @@ TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, OwnDesktopScript, testing::Values("default_desktop", "desktop"),
+INSTANTIATE_TEST_SUITE_P(Files, OwnDesktopScript, testing::Values("default_desktop", "desktop", "invariants"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace

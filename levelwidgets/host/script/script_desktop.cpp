@@ -3,6 +3,7 @@
 #include <levelwidgets/host/script/png_file.h>
 #include <levelwidgets/host/script/script_dates.h>
 #include <levelwidgets/host/script/script_forms.h>
+#include <levelwidgets/host/script/script_invariants.h>
 #include <levelwidgets/host/script/script_objects.h>
 #include <levelwidgets/host/script/script_sandbox.h>
 #include <levelwidgets/host/script/script_tables.h>
@@ -14,11 +15,6 @@ namespace {
 
 constexpr char kDesktopType[] = "desktop";
 struct DesktopValue {};
-
-ScriptDesktop& CheckScriptDesktop(lua_State* L) {
-  CheckUserdata<DesktopValue>(L, 1, kDesktopType);
-  return StateOf(L).Desktop();
-}
 
 DesktopDriver& CheckDesktop(lua_State* L) { return *CheckScriptDesktop(L).driver; }
 WindowApi& CheckWindows(lua_State* L) { return CheckScriptDesktop(L).platform->Windows(); }
@@ -86,6 +82,11 @@ int Click(lua_State* L) {
 
 int DoubleClick(lua_State* L) {
   CheckDesktop(L).DoubleClick(PointAt(L, 2));
+  return 0;
+}
+
+int Wheel(lua_State* L) {
+  CheckDesktop(L).Wheel(WholeAt(L, 2));
   return 0;
 }
 
@@ -249,17 +250,29 @@ int Objects(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kMethods[] = {{"active", Guarded<Active>},   {"advance", Guarded<Advance>},
-                                 {"calls", Guarded<Calls>},     {"capture", Guarded<Capture>},
-                                 {"click", Guarded<Click>},     {"doubleclick", Guarded<DoubleClick>},
-                                 {"focus", Guarded<Focus>},     {"key", Guarded<Key>},
-                                 {"keydown", Guarded<KeyDown>}, {"keyup", Guarded<KeyUp>},
-                                 {"move", Guarded<Move>},       {"move_to", Guarded<MoveTo>},
-                                 {"objects", Guarded<Objects>}, {"pixel", Guarded<Pixel>},
-                                 {"press", Guarded<Press>},     {"rect", Guarded<Rect>},
-                                 {"release", Guarded<Release>}, {"screenshot", Guarded<Screenshot>},
-                                 {"trace", Guarded<Trace>},     {"type", Guarded<Type>},
-                                 {"windows", Guarded<Windows>}, {nullptr, nullptr}};
+constexpr luaL_Reg kMethods[] = {{"active", Guarded<Active>},
+                                 {"advance", Guarded<Advance>},
+                                 {"calls", Guarded<Calls>},
+                                 {"wheel", Guarded<Wheel>},
+                                 {"capture", Guarded<Capture>},
+                                 {"click", Guarded<Click>},
+                                 {"doubleclick", Guarded<DoubleClick>},
+                                 {"focus", Guarded<Focus>},
+                                 {"key", Guarded<Key>},
+                                 {"keydown", Guarded<KeyDown>},
+                                 {"keyup", Guarded<KeyUp>},
+                                 {"move", Guarded<Move>},
+                                 {"move_to", Guarded<MoveTo>},
+                                 {"objects", Guarded<Objects>},
+                                 {"pixel", Guarded<Pixel>},
+                                 {"press", Guarded<Press>},
+                                 {"rect", Guarded<Rect>},
+                                 {"release", Guarded<Release>},
+                                 {"screenshot", Guarded<Screenshot>},
+                                 {"trace", Guarded<Trace>},
+                                 {"type", Guarded<Type>},
+                                 {"windows", Guarded<Windows>},
+                                 {nullptr, nullptr}};
 
 int ReadDesktop(lua_State* L) {
   const std::string_view name = luaL_checkstring(L, 2);
@@ -301,9 +314,15 @@ bool IsEmptyTable(lua_State* L, int index) {
 
 }  // namespace
 
+ScriptDesktop& CheckScriptDesktop(lua_State* L) {
+  CheckUserdata<DesktopValue>(L, 1, kDesktopType);
+  return StateOf(L).Desktop();
+}
+
 void OpenDesktop(lua_State* L) {
   DefineType<DesktopValue>(L, kDesktopType, kMetamethods);
   SetScriptMethods(L, kMethods);
+  AddInvariantMethods(L);
   lua_pop(L, 1);
 }
 

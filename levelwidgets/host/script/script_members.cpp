@@ -16,6 +16,12 @@ void SetScriptMethods(lua_State* L, const luaL_Reg* methods) {
   lua_setfield(L, -2, kMethods);
 }
 
+void AddScriptMethods(lua_State* L, const luaL_Reg* methods) {
+  lua_getfield(L, -1, kMethods);
+  luaL_setfuncs(L, methods, 0);
+  lua_pop(L, 1);
+}
+
 bool PushScriptMethod(lua_State* L, int object, std::string_view name) {
   luaL_getmetafield(L, object, kMethods);
   lua_pushlstring(L, name.data(), name.size());

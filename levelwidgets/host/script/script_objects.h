@@ -28,6 +28,8 @@ ObjectRef ObjectAt(lua_State* L, int index);
 bool PushScriptMethod(lua_State* L, int object, std::string_view name);
 // Leaves the type's methods in the field "methods" of the metatable on top of the stack.
 void SetScriptMethods(lua_State* L, const luaL_Reg* methods);
+// Adds to those that it has.
+void AddScriptMethods(lua_State* L, const luaL_Reg* methods);
 // The names of those methods.
 std::vector<std::string_view> ScriptMethodNames(lua_State* L, int object);
 

@@ -330,6 +330,47 @@ TEST_F(EditBoxMemoryTest, AlignmentFollowsTheStyle) {
   EXPECT_GT(PointOfLParam(Send(kEmPosFromChar, 0)).x, 50);
 }
 
+// Slanted letters reach over their places.
+class EditBoxSlantedTest : public EditBoxMemoryTest {
+ protected:
+  void SetUp() override {
+    font = desktop.Drawing().CreateFontA({.height = -16, .italic = true, .face_name = "Times New Roman"});
+    Make(kEsAutoHScroll);
+    Send(kWmSetFont, font.value);
+    Set("fjfjf fjfjf");
+    desktop.Settle();
+  }
+  void TearDown() override {
+    windows.DestroyWindow(edit);
+    desktop.Drawing().DeleteObject(font);
+  }
+  ObjectHandle font;
+};
+
+TEST_F(EditBoxSlantedTest, ACaretBetweenTwoLettersCutsNeither) {
+  const Picture before = Shown();
+  windows.SetFocus(edit);
+  for (int position = 0; position <= 11; ++position) {
+    Send(kEmSetSel, static_cast<WParam>(position), position);
+    windows.InvalidateRect(edit);
+    desktop.Settle();
+    Picture with_caret = Shown();
+    constexpr std::uint32_t kBlink = 530;
+    desktop.Advance(kBlink);
+    Picture without = Shown();
+    EXPECT_TRUE((with_caret == before) != (without == before)) << position;
+  }
+}
+
+TEST_F(EditBoxSlantedTest, APartThatIsPaintedAloneShowsTheLettersThatReachIntoIt) {
+  const Picture before = Shown();
+  for (int x = 0; x < before.size.width; ++x) {
+    windows.InvalidateArea(edit, {x, 0, x + 1, before.size.height});
+    desktop.Settle();
+    ASSERT_EQ(Shown(), before) << "column " << x;
+  }
+}
+
 TEST_F(EditBoxMemoryTest, ALineOfManyMegabytesCanBeEdited) {
   Make(kEsMultiLine | kEsAutoVScroll | kEsAutoHScroll);
   Send(kEmSetLimitText, 0);

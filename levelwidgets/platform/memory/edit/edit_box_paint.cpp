@@ -99,9 +99,11 @@ void EditBox::PaintLine(DcHandle dc, std::size_t line, const PixelRect& area, Ob
   const std::size_t line_end = lines.End(line);
   const int left = view_.LeftOf(line);
   const int y = view_.TopOf(line);
-  std::size_t from = measure.Before(start, line_end, std::max(rect.left, area.left) - left);
-  const std::size_t end =
-      std::min(line_end, 1 + measure.Before(start, line_end, std::min(rect.right, area.right) - left));
+  // Letters reach over their places, so some outside of the area show in it.
+  const int reach = view_.Format().line_height;
+  std::size_t from = measure.Before(start, line_end, std::max(rect.left, area.left - reach) - left);
+  const std::size_t end = std::min(
+      line_end, 1 + measure.Before(start, line_end, std::min(rect.right, area.right + reach) - left));
   const bool overlaps = left + measure.XOf(start, from) < rect.left;
   while (from < end) {
     const std::size_t to = RunEnd(from, end);
@@ -114,11 +116,14 @@ void EditBox::PaintLine(DcHandle dc, std::size_t line, const PixelRect& area, Ob
   host_.Drawing().FillRect(dc, {0, y, rect.left, y + view_.Format().line_height}, brush);
 }
 
-// How far all looks alike; a tab is a run of its own.
+// How far all looks alike; a tab is a run of its own. A caret splits nothing: where one run ends, the next
+// covers what letters reach over to it.
 std::size_t EditBox::RunEnd(std::size_t from, std::size_t end) const {
   const Selection& selected = buffer_.Selected();
-  for (const std::size_t edge : {selected.Start(), selected.End()}) {
-    if (edge > from && edge < end) end = edge;
+  if (ShowsSelection() && !selected.Empty()) {
+    for (const std::size_t edge : {selected.Start(), selected.End()}) {
+      if (edge > from && edge < end) end = edge;
+    }
   }
   if (!multi_line_) return end;
   return buffer_.Text().At(from) == '\t' ? from + 1 : buffer_.Text().Find('\t', from, end);

@@ -1,0 +1,376 @@
+#include <levelwidgets/host/monkey/generator.h>
+
+#include <levelwidgets/controls/registry.h>
+#include <levelwidgets/host/form_values.h>
+#include <levelwidgets/host/monkey/invariants.h>
+
+namespace levelwidgets::monkey {
+
+namespace {
+
+constexpr int kButtons[] = {kLeftButton, kLeftButton, kLeftButton, kRightButton, kMiddleButton};
+constexpr int kShifts[] = {0, 0, 0, 0, kShiftMask, kCtrlMask, kAltMask, kShiftMask | kCtrlMask};
+constexpr int kKeys[] = {kKeyBackspace, kKeyTab,    kKeyTab,  kKeyEnter, kKeyEscape,  kKeySpace, kKeyPageUp,
+                         kKeyPageDown,  kKeyEnd,    kKeyHome, kKeyLeft,  kKeyUp,      kKeyRight, kKeyDown,
+                         kKeyInsert,    kKeyDelete, kKeyF4,   'A',       'C',         'V',       'X',
+                         'Z',           '0',        '9',      kKeyShift, kKeyControl, kKeyAlt,   112};
+// Of a label's poll, a scroll bar's first delay and its repeats, the caret.
+constexpr int kTimes[] = {0, 1, 10, 50, 99, 100, 101, 250, 260, 500, 1000, 5000};
+constexpr std::size_t kMostControls = 80;
+
+template <typename List, typename Predicate>
+auto Pointers(const List& list, Predicate wanted) {
+  std::vector<const typename List::value_type*> found;
+  for (const auto& one : list) {
+    if (wanted(one)) found.push_back(&one);
+  }
+  return found;
+}
+
+}  // namespace
+
+FormModel::FormModel(const Form& form)
+    : size{form.Width(), form.Height()}, screen(form.GetPlatform().Screen().Size()) {
+  for (const auto& hosted : form.Controls()) {
+    controls.push_back({hosted->Name(), &hosted->ControlClass(), {hosted->Width(), hosted->Height()}});
+  }
+}
+
+Generator::Generator(FormModel model, std::uint64_t seed) : model_(std::move(model)), dice_(seed) {}
+
+const Generator::Weighted Generator::kEvents[] = {
+    {8, &Generator::Move},     {30, &Generator::MoveTo},    {6, &Generator::Press},
+    {6, &Generator::Release},  {14, &Generator::Click},     {3, &Generator::DoubleClick},
+    {3, &Generator::Wheel},    {14, &Generator::Key},       {2, &Generator::KeyDown},
+    {2, &Generator::KeyUp},    {2, &Generator::AccessKey},  {5, &Generator::Type},
+    {10, &Generator::Advance}, {22, &Generator::Set},       {7, &Generator::SetPlacement},
+    {2, &Generator::SetForm},  {6, &Generator::Call},       {3, &Generator::CallPlacement},
+    {5, &Generator::Place},    {2, &Generator::ChangeFont}, {1, &Generator::ShareFont},
+    {2, &Generator::Add},      {2, &Generator::Remove},     {2, &Generator::Show},
+    {1, &Generator::Hide},     {5, &Generator::Once},       {3, &Generator::Throw},
+    {3, &Generator::Check},
+};
+
+const Generator::Weighted Generator::kReactions[] = {
+    {3, &Generator::Remove},  {6, &Generator::Set},           {4, &Generator::SetPlacement},
+    {3, &Generator::Call},    {4, &Generator::CallPlacement}, {2, &Generator::Place},
+    {2, &Generator::Advance}, {1, &Generator::Add},           {1, &Generator::Show},
+    {1, &Generator::Hide},    {1, &Generator::ChangeFont},    {1, &Generator::SetForm},
+    {1, &Generator::Key},     {1, &Generator::MoveTo},
+};
+
+template <std::size_t count>
+Event Generator::Pick(const Weighted (&table)[count]) {
+  int sum = 0;
+  for (const Weighted& one : table) sum += one.weight;
+  int left = dice_.Between(0, sum - 1);
+  for (const Weighted& one : table) {
+    left -= one.weight;
+    if (left < 0) return (this->*one.make)();
+  }
+  return Advance();
+}
+
+Event Generator::Next() {
+  if (next_) return *std::exchange(next_, {});
+  if (model_.controls.empty()) return Add();
+  return Pick(kEvents);
+}
+
+// --- The pointer -----------------------------------------------------------------------------------
+
+Event Generator::Move() {
+  return {.kind = EventKind::kMove,
+          .numbers = {dice_.Between(-10, model_.screen.width + 10),
+                      dice_.Between(-10, model_.screen.height + 10)}};
+}
+
+Event Generator::MoveTo() {
+  Event event = On(EventKind::kMoveTo);
+  const FormModel::Control* control = FindControl(event.control);
+  const TwipSize size = control ? control->size : model_.size;
+  constexpr int kAround = 60;
+  const auto within = [this](Twips length) {
+    const int most = static_cast<int>(std::min(length.value, 30000.0F));
+    // The edges are where the arrows, frames and thumbs are.
+    return dice_.Once(3) ? (dice_.Once(2) ? dice_.Between(-kAround, 3 * kAround)
+                                          : dice_.Between(most - 3 * kAround, most + kAround))
+                         : dice_.Between(0, most);
+  };
+  event.numbers = {within(size.width), within(size.height)};
+  return event;
+}
+
+Event Generator::Press() {
+  button_ = dice_.One(kButtons);
+  return {.kind = EventKind::kPress, .numbers = {button_}};
+}
+
+Event Generator::Release() {
+  return {.kind = EventKind::kRelease, .numbers = {button_ != 0 ? button_ : dice_.One(kButtons)}};
+}
+
+// A press, and its release as the next event.
+Event Generator::Click() {
+  const int button = dice_.One(kButtons);
+  next_ = {.kind = EventKind::kRelease, .numbers = {button}};
+  return {.kind = EventKind::kPress, .numbers = {button}};
+}
+
+Event Generator::DoubleClick() { return {.kind = EventKind::kDoubleClick}; }
+
+Event Generator::Wheel() { return {.kind = EventKind::kWheel, .numbers = {dice_.Between(-3, 3)}}; }
+
+// --- Keys and time ---------------------------------------------------------------------------------
+
+Event Generator::Key() {
+  const int code = dice_.Once(10) ? dice_.Between(1, 254) : dice_.One(kKeys);
+  return {.kind = EventKind::kKey, .numbers = {code, dice_.One(kShifts)}};
+}
+
+Event Generator::KeyDown() {
+  Event event = Key();
+  event.kind = EventKind::kKeyDown;
+  return event;
+}
+
+Event Generator::KeyUp() {
+  Event event = Key();
+  event.kind = EventKind::kKeyUp;
+  return event;
+}
+
+Event Generator::AccessKey() {
+  return {.kind = EventKind::kKey, .numbers = {dice_.Between('A', 'Z'), kAltMask}};
+}
+
+Event Generator::Type() {
+  std::string text = RandomText(dice_);
+  constexpr std::size_t kMost = 200;
+  if (text.size() > kMost) text = "long typed text";
+  return {.kind = EventKind::kType, .values = {Variant(std::move(text))}};
+}
+
+Event Generator::Advance() { return {.kind = EventKind::kAdvance, .numbers = {dice_.One(kTimes)}}; }
+
+// --- Members ---------------------------------------------------------------------------------------
+
+Event Generator::Set() {
+  Event event = On(EventKind::kSet);
+  const FormModel::Control* control = FindControl(event.control);
+  return control && SetMember(event, *control->info, 0) ? event : MoveTo();
+}
+
+Event Generator::SetPlacement() {
+  Event event = On(EventKind::kSet);
+  if (dice_.Once(2)) {
+    constexpr const char* kSwitches[] = {"Visible", "Visible", "Visible", "Enabled"};
+    event.member = dice_.One(kSwitches);
+    event.values = {Variant(!dice_.Once(3))};
+    const FormModel::Control* control = FindControl(event.control);
+    if (event.member == "Visible" || (control && control->info->FindProperty("Enabled"))) return event;
+  }
+  SetMember(event, HostedControl::Table(), 0);
+  return event;
+}
+
+Event Generator::SetForm() {
+  Event event{.kind = EventKind::kSet};
+  if (dice_.Once(2)) {
+    event.member = dice_.Once(2) ? "Width" : "Height";
+    event.values = {Variant(dice_.Between(0, 12000))};
+  } else {
+    SetMember(event, Form::Table(), 0);
+  }
+  // A desktop has the pixels of its windows in memory.
+  const bool is_length = event.member == "Width" || event.member == "Height";
+  constexpr double kMost = 15000;
+  const Variant& value = event.values.back();
+  const bool is_number = value.Type() == VariantType::kInt32 || value.Type() == VariantType::kDouble;
+  if (is_length && (!is_number || ToDouble(value) > kMost)) event.values = {Variant(-1)};
+  return event;
+}
+
+Event Generator::Call() {
+  Event event = On(EventKind::kCall);
+  const FormModel::Control* control = FindControl(event.control);
+  return control && CallMember(event, *control->info, 0) ? event : MoveTo();
+}
+
+Event Generator::CallPlacement() {
+  Event event = On(EventKind::kCall);
+  CallMember(event, HostedControl::Table(), 0);
+  return event;
+}
+
+int Generator::SomeLength() {
+  switch (dice_.Below(10)) {
+    case 0: return 0;
+    case 1: return dice_.Between(1, 40);
+    case 2: return 300000;
+    default: return dice_.Between(100, 4000);
+  }
+}
+
+Event Generator::Place() {
+  Event event = On(EventKind::kPlace);
+  const int width = dice_.Once(40) ? -15 : SomeLength();
+  event.numbers = {dice_.Between(-1000, 7000), dice_.Between(-1000, 5000), width, SomeLength()};
+  for (FormModel::Control& control : model_.controls) {
+    if (control.name == event.control && width >= 0) {
+      control.size = {Twips(width), Twips(static_cast<int>(event.numbers[3]))};
+    }
+  }
+  return event;
+}
+
+Event Generator::ChangeFont() {
+  Event event = On(EventKind::kFontField);
+  const FontField& field = dice_.One(FontFields());
+  event.member = field.name;
+  event.values = {field.name == "Size" ? Variant(dice_.Between(-1, 20)) : RandomValue(dice_, field.type)};
+  return event;
+}
+
+Event Generator::ShareFont() {
+  Event event = On(EventKind::kShareFont);
+  event.member = SomeControl().name;
+  return event;
+}
+
+bool Generator::SetMember(Event& event, const ClassInfo& info, int depth) {
+  if (depth < 3 && dice_.Once(2)) {
+    if (const ClassInfo* held = StepInto(event, info)) return SetMember(event, *held, depth + 1);
+  }
+  const auto writable = Pointers(info.Properties(), [](const PropertyInfo& p) { return !p.ReadOnly(); });
+  if (writable.empty()) return false;
+  const PropertyInfo& property = *dice_.One(writable);
+  event.member = property.name;
+  event.values.clear();
+  for (const ArgumentInfo& index : property.indices) {
+    event.values.push_back(index.type.type == VariantType::kString ? RandomValue(dice_, index.type)
+                                                                   : Variant(RandomIndex(dice_)));
+  }
+  event.values.push_back(RandomValue(dice_, property.type));
+  return true;
+}
+
+bool Generator::CallMember(Event& event, const ClassInfo& info, int depth) {
+  if (depth < 3 && (info.Methods().empty() || dice_.Once(2))) {
+    if (const ClassInfo* held = StepInto(event, info)) return CallMember(event, *held, depth + 1);
+  }
+  if (info.Methods().empty()) return false;
+  const MethodInfo& method = dice_.One(info.Methods());
+  event.member = method.name;
+  event.values.clear();
+  for (const ArgumentInfo& argument : method.arguments) {
+    if (argument.default_value && dice_.Once(4)) break;
+    const bool is_index = argument.type.type == VariantType::kInt32 && !argument.type.enumeration;
+    event.values.push_back(is_index ? Variant(RandomIndex(dice_)) : RandomValue(dice_, argument.type));
+  }
+  return true;
+}
+
+// Null when `info` has no property that is an object with a table.
+const ClassInfo* Generator::StepInto(Event& event, const ClassInfo& info) {
+  const auto objects = Pointers(info.Properties(), [](const PropertyInfo& p) {
+    return p.type.type == VariantType::kObject && FindObjectClass(p.type.name) != nullptr;
+  });
+  if (objects.empty()) return nullptr;
+  const PropertyInfo& property = *dice_.One(objects);
+  event.path.push_back({property.name, property.Indexed() ? dice_.Between(1, 3) : 0});
+  return FindObjectClass(property.type.name);
+}
+
+// --- The form --------------------------------------------------------------------------------------
+
+Event Generator::Add() {
+  if (model_.controls.size() >= kMostControls) return MoveTo();
+  const ClassInfo& info = *dice_.One(ControlClasses());
+  const std::string name = "ctlAdded" + std::to_string(++added_);
+  const TwipSize size = info.DefaultSize();
+  model_.controls.push_back({name, &info, size});
+  return {.kind = EventKind::kAdd,
+          .control = name,
+          .member = info.Name(),
+          .numbers = {dice_.Between(0, 5000), dice_.Between(0, 4000), static_cast<int>(size.width.value),
+                      static_cast<int>(size.height.value), dice_.Once(2) ? 1 : 0}};
+}
+
+Event Generator::Remove() {
+  Event event = On(EventKind::kRemove);
+  std::erase_if(model_.controls, [&](const FormModel::Control& c) { return c.name == event.control; });
+  return event;
+}
+
+Event Generator::Show() { return {.kind = EventKind::kShow, .numbers = {dice_.Once(3) ? 1 : 0}}; }
+
+Event Generator::Hide() {
+  const int which = dice_.Once(3) ? 0 : 1;
+  if (which == 0 && subject_.empty()) next_ = {.kind = EventKind::kShow, .numbers = {0}};
+  return {.kind = EventKind::kHide, .numbers = {which}};
+}
+
+// --- Reactions and checks --------------------------------------------------------------------------
+
+Event Generator::Once() {
+  const FormModel::Control control = SomeControl();
+  if (control.info->Events().empty()) return MoveTo();
+  Event event{
+      .kind = EventKind::kOnce, .control = control.name, .member = dice_.One(control.info->Events()).name};
+  subject_ = control.name;
+  const std::optional<Event> after = std::exchange(next_, {});
+  event.nested = std::make_shared<Event>(Pick(kReactions));
+  next_ = after;
+  subject_.clear();
+  return event;
+}
+
+Event Generator::Throw() {
+  Event event = On(EventKind::kThrow);
+  const FormModel::Control* control = FindControl(event.control);
+  if (!control || control->info->Events().empty()) return MoveTo();
+  event.member = dice_.One(control->info->Events()).name;
+  return event;
+}
+
+Event Generator::Check() {
+  const auto checks = Pointers(Invariants(), [](const Invariant& invariant) {
+    return invariant.when == Invariant::When::kNowAndThen;
+  });
+  Event event{.kind = EventKind::kCheck, .member = std::string(dice_.One(checks)->name)};
+  const auto is_one_of = [&](std::initializer_list<std::string_view> names) {
+    return std::ranges::find(names, event.member) != names.end();
+  };
+  if (is_one_of({"write back", "bag", "paint inside", "hover"})) event.control = SomeControl().name;
+  if (is_one_of({"hover"})) event.values = {Variant(SomeControl().name)};
+  return event;
+}
+
+// --- Controls --------------------------------------------------------------------------------------
+
+Event Generator::On(EventKind kind) { return {.kind = kind, .control = SomeControl().name}; }
+
+// Reactions mostly concern the control whose event it is.
+const FormModel::Control& Generator::SomeControl() {
+  if (!subject_.empty() && dice_.Once(2)) {
+    if (const FormModel::Control* control = FindControl(subject_)) return *control;
+  }
+  static const FormModel::Control kNone{"", &Form::Table(), {}};
+  return model_.controls.empty() ? kNone : dice_.One(model_.controls);
+}
+
+const FormModel::Control* Generator::FindControl(const std::string& name) const {
+  const auto found = std::ranges::find(model_.controls, name, &FormModel::Control::name);
+  return found == model_.controls.end() ? nullptr : &*found;
+}
+
+std::vector<Event> MakeEvents(const FormModel& model, std::uint64_t seed, std::size_t count) {
+  Generator generator(model, seed);
+  std::vector<Event> events;
+  events.reserve(count);
+  while (events.size() < count) events.push_back(generator.Next());
+  return events;
+}
+
+}  // namespace levelwidgets::monkey

@@ -1,0 +1,115 @@
+// Invariants of what is on the screen.
+#include <cstdio>
+
+#include <levelwidgets/host/monkey/exceptions.h>
+#include <levelwidgets/host/monkey/invariant_checks.h>
+
+namespace levelwidgets::monkey {
+
+namespace {
+
+std::string Hex(std::uint32_t color) {
+  char text[16];
+  std::snprintf(text, sizeof text, "0x%08X", color);
+  return text;
+}
+
+std::string Place(const Subject& subject, PixelPoint screen) {
+  std::string place = "screen pixel " + std::to_string(screen.x) + ", " + std::to_string(screen.y);
+  for (const auto& hosted : subject.form.Controls()) {
+    if (hosted->Visible() && hosted->ScreenRect().Contains(screen)) {
+      place += " (" + hosted->ControlClass().Name() + " " + hosted->Name() + ")";
+    }
+  }
+  return place;
+}
+
+// The pixels of a top-level window, whatever covers it.
+struct WindowPixels {
+  PixelRect rect;  // on the screen
+  std::vector<std::uint32_t> pixels;
+};
+
+// Those of the form and of what its controls have lifted out of it, but of no other form.
+std::vector<WindowPixels> PixelsOf(const Subject& subject) {
+  subject.desktop.Settle();
+  std::vector<WindowPixels> all;
+  for (const memory::Window* top : subject.desktop.Windows().Tree().Desktop().children) {
+    const bool is_other_form = dynamic_cast<const Form*>(top->client) && top->client != &subject.form;
+    if (top->store && !is_other_form) all.push_back({top->rect, top->store->pixels});
+  }
+  return all;
+}
+
+std::string Difference(const Subject& subject, const WindowPixels& before, const WindowPixels& after) {
+  if (before.rect != after.rect) return "painting moves a window";
+  const auto [was, is] = std::ranges::mismatch(before.pixels, after.pixels);
+  if (was == before.pixels.end()) return "";
+  const auto index = static_cast<int>(was - before.pixels.begin());
+  const int width = before.rect.width();
+  const PixelPoint at{before.rect.left + index % width, before.rect.top + index / width};
+  return Place(subject, at) + " was " + Hex(*was) + " and is " + Hex(*is) + " when painted again";
+}
+
+// "" when the two are the same.
+std::string Difference(const Subject& subject, const std::vector<WindowPixels>& before,
+                       const std::vector<WindowPixels>& after) {
+  if (before.size() != after.size()) return "painting opens or closes a window";
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (std::string difference = Difference(subject, before[i], after[i]); !difference.empty())
+      return difference;
+  }
+  return "";
+}
+
+void InvalidateTree(memory::MemoryWindows& windows, const memory::Window& window) {
+  std::vector<WindowHandle> all{window.handle};
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    for (const memory::Window* child : windows.Tree().Find(all[i])->children) all.push_back(child->handle);
+  }
+  for (const WindowHandle one : all) windows.InvalidateRect(one);
+}
+
+// What is late on purpose is no matter of the checks.
+void PaintLate(const Subject& subject) {
+  const auto& controls = subject.form.Controls();
+  for (const auto& hosted : controls) {
+    if (MayLookLate(*hosted->GetControl(), controls)) hosted->GetControl()->OnPaint();
+  }
+}
+
+}  // namespace
+
+void PaintEverything(memory::Desktop& desktop) {
+  memory::MemoryWindows& windows = desktop.Windows();
+  for (const memory::Window* top : windows.Tree().Desktop().children) InvalidateTree(windows, *top);
+  desktop.Settle();
+}
+
+std::string CheckRepaint(const Subject& subject) {
+  if (subject.form.Closed()) return "";
+  PaintLate(subject);
+  const auto before = PixelsOf(subject);
+  PaintEverything(subject.desktop);
+  std::string difference = Difference(subject, before, PixelsOf(subject));
+  const std::size_t objects = subject.desktop.LiveObjects();
+  PaintEverything(subject.desktop);
+  if (difference.empty() && subject.desktop.LiveObjects() != objects) {
+    difference = "painting again makes " + std::to_string(objects) + " drawing objects " +
+                 std::to_string(subject.desktop.LiveObjects());
+  }
+  return difference;
+}
+
+std::string CheckPaintInside(const Subject& subject) {
+  const auto hosted = subject.control;
+  if (!hosted) return "";
+  const auto control = hosted->GetControl();
+  PaintLate(subject);
+  const auto before = PixelsOf(subject);
+  // Not asked to by the system: drawing is clipped by nothing but the control's window.
+  control->OnPaint();
+  return Difference(subject, before, PixelsOf(subject));
+}
+
+}  // namespace levelwidgets::monkey

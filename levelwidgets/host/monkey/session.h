@@ -1,0 +1,89 @@
+// Events happening to a form.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <levelwidgets/host/monkey/event.h>
+#include <levelwidgets/host/monkey/invariants.h>
+
+namespace levelwidgets::monkey {
+
+// A fresh desktop with a fresh form on it, not shown. What it owns ends with it.
+class Stage {
+ public:
+  virtual ~Stage() = default;
+  virtual memory::Desktop& GetDesktop() = 0;
+  virtual const std::shared_ptr<Form>& GetForm() = 0;
+  // What the form's own code complains of by now: a failure. "" for nothing.
+  virtual std::string Complaint() { return ""; }
+};
+using StageFactory = std::function<std::unique_ptr<Stage>()>;
+
+// The next listener of `event` throws ThrownOnPurpose, as one of the user's may throw anything.
+void ThrowOnce(Object& object, const std::string& event);
+
+struct Tally {
+  std::size_t events = 0;
+  std::size_t refused = 0;      // documented errors
+  std::size_t thrown = 0;       // on purpose
+  std::size_t void_events = 0;  // for controls that are no more
+};
+
+// What one event did.
+struct Outcome {
+  std::string broken;      // "" unless it is a failure: "invariant: what was seen"
+  std::string refused;     // the documented error that it raised
+  bool repainted = false;  // everything, because what it changed is on purpose not shown at once
+};
+
+// One run of events on one stage. A second form is there for the first to be inactive.
+class Session {
+ public:
+  explicit Session(std::unique_ptr<Stage> stage);
+  ~Session();
+
+  // Performs the event, does all that it makes pending and checks what holds always.
+  Outcome Perform(const Event& event);
+  // Closes all forms: what must be gone then and is not, "" for nothing.
+  std::string Finish();
+  const Tally& Counts() const { return tally_; }
+
+ private:
+  struct Removed {
+    std::string name;
+    std::weak_ptr<Control> control;
+    WindowHandle window;
+  };
+
+  bool Do(const Event& event);
+  bool DoPointer(const Event& event);
+  bool DoMember(const Event& event);
+  bool DoForm(const Event& event);
+  void Add(const Event& event);
+  bool Remove(const std::string& name);
+  bool Once(const Event& event);
+  void ChangeFont(Object& object, const Event& event);
+  void Watch(HostedControl& hosted);
+  std::string CheckRemoved();
+  void Settle();
+
+  // Null when it is no more.
+  ObjectRef Resolve(const Event& event) const;
+  Form& Which(const Event& event) const { return event.numbers[0] == 0 ? *form_ : *other_; }
+
+  std::unique_ptr<Stage> stage_;
+  memory::Desktop& desktop_;
+  std::shared_ptr<Form> form_;
+  std::shared_ptr<Form> other_;
+  bool finishing_ = false;
+  bool shown_later_ = false;
+  Tally tally_;
+  std::vector<Removed> removed_;
+  std::string broken_;  // found inside an event
+};
+
+}  // namespace levelwidgets::monkey
