@@ -162,10 +162,13 @@ class Reader {
     }
     const Value value = ReadValue(*child, label, {field.type, field.type.type}, report_);
     if (!value) return false;
-    field.set(font, *value);
-    if (field.type.type != VariantType::kDouble || font.size > 0) return true;
-    report_.Error(child->span.begin, label + " is more than 0; " + Quoted(*child, report_) + " is not");
-    return false;
+    try {
+      field.set(font, *value);
+      return true;
+    } catch (const Error&) {  // only a size can be refused
+      report_.Error(child->span.begin, label + " is more than 0; " + Quoted(*child, report_) + " is not");
+      return false;
+    }
   }
 
   Value Any() {

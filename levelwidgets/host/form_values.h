@@ -35,7 +35,7 @@ std::string WriteValue(const Variant& value, const TypeName* type);
 // A TOML string. Bytes that are not UTF-8 become the replacement character.
 std::string WriteString(std::string_view text);
 
-// The parts of a font by name, in the order written.
+// The parts of a font by name, in the order written. `set` raises 380 for a size that is not more than 0.
 struct FontField {
   std::string_view name;
   TypeName type;
