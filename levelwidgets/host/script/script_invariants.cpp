@@ -2,6 +2,7 @@
 
 #include <levelwidgets/host/monkey/session.h>
 #include <levelwidgets/host/script/script_desktop.h>
+#include <levelwidgets/host/script/script_error.h>
 #include <levelwidgets/host/script/script_forms.h>
 #include <levelwidgets/host/script/script_objects.h>
 
