@@ -80,5 +80,22 @@ TEST(Subscription, MayOutliveItsEvent) {
   subscription.End();
 }
 
+TEST(Event, WhenAllSubscriptionsEndNoFurtherListenerIsCalled) {
+  Event<> event;
+  int calls = 0;
+  event.Add([&] {
+    ++calls;
+    event.EndAll();
+  });
+  event.Add([&] { calls += 10; });
+  event.Raise();
+  EXPECT_EQ(calls, 1);
+  event.Raise();
+  EXPECT_EQ(calls, 1);
+  event.Add([&] { calls += 100; });
+  event.Raise();
+  EXPECT_EQ(calls, 101);
+}
+
 }  // namespace
 }  // namespace levelwidgets
