@@ -81,9 +81,11 @@ int RunCommandLine(std::vector<std::string> arguments) {
 #ifndef _WIN32
   AddRunCommand(program, status);
   AddRenderCommand(program, status);
-  AddMonkeyCommand(program, status);
 #endif
   AddCheckCommand(program, status);
+#ifndef _WIN32
+  AddMonkeyCommand(program, status);
+#endif
   AddDescribeCommand(program, status);
   if (const std::string wrong = WrongCommand(program, arguments); !wrong.empty()) {
     std::cerr << wrong << "\nRun with --help for more information.\n";

@@ -330,6 +330,18 @@ TEST_F(EditBoxMemoryTest, AlignmentFollowsTheStyle) {
   EXPECT_GT(PointOfLParam(Send(kEmPosFromChar, 0)).x, 50);
 }
 
+TEST_F(EditBoxMemoryTest, AScrolledLineThatIsDeletedShowsItsStartAgain) {
+  Make(kEsAutoHScroll);
+  Set(std::string(200, 'x'));
+  windows.SetFocus(edit);
+  desktop.Key(kKeyEnd);
+  EXPECT_LT(PointOfLParam(Send(kEmPosFromChar, 0)).x, 0);
+  Send(kEmSetSel, 3, -1);
+  desktop.Key(kKeyDelete);
+  EXPECT_EQ(Text(), "xxx");
+  EXPECT_GE(PointOfLParam(Send(kEmPosFromChar, 0)).x, 0);
+}
+
 // Slanted letters reach over their places.
 class EditBoxSlantedTest : public EditBoxMemoryTest {
  protected:

@@ -16,7 +16,8 @@ int EditView::LeftOf(std::size_t line) {
   const PixelRect& rect = format_.rect;
   const std::size_t start = lines.Start(line);
   if (!format_.multi_line && first_char_ > 0) {
-    return rect.left - buffer_.Measure().XOf(start, static_cast<std::size_t>(first_char_));
+    const auto first = std::min(static_cast<std::size_t>(first_char_), lines.End(line));
+    return rect.left - buffer_.Measure().XOf(start, first);
   }
   if (format_.alignment == EditAlignment::kLeft) return rect.left - left_pixel_;
   const int room = rect.width() - buffer_.Measure().XOf(start, lines.End(line));
@@ -112,8 +113,10 @@ bool EditView::ScrollSingleLine() {
   const int third = rect.width() / kScrollFraction;
   const std::size_t size = buffer_.Size();
   const auto start_of = [&](int x) { return x <= 0 ? 0 : static_cast<int>(measure.Before(0, size, x)); };
+  // Of a text that has become shorter all that was shown may be gone.
+  const bool beyond = static_cast<std::size_t>(first_char_) > size;
   const int x = CaretPoint().x;
-  if (x < rect.left) {
+  if (beyond || x < rect.left) {
     first_char_ = start_of(measure.XOf(0, buffer_.Selected().caret) - third);
   } else if (x > rect.right) {
     const int caret = measure.XOf(0, buffer_.Selected().caret);
