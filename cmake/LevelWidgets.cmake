@@ -1,12 +1,13 @@
 # How every folder of the tree becomes a target.
+include(${CMAKE_CURRENT_LIST_DIR}/Export.cmake)
 
 # Designated initializers leave members to their defaults on purpose. In inlined std::string operations
 # GCC 12 sees overlaps and overflows that there are not; the sanitizers see the real ones.
 set(LEVELWIDGETS_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     -Wno-missing-field-initializers -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow)
 
+# How this tree is compiled; users of the libraries get nothing of it.
 add_library(levelwidgets_options INTERFACE)
-target_compile_features(levelwidgets_options INTERFACE cxx_std_20)
 target_include_directories(levelwidgets_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(levelwidgets_options INTERFACE ${LEVELWIDGETS_WARNINGS})
 if(LEVELWIDGETS_SANITIZE)
@@ -23,7 +24,6 @@ if(LEVELWIDGETS_FUZZ)
 endif()
 if(WIN32)
   target_compile_definitions(levelwidgets_options INTERFACE WINVER=0x0601 _WIN32_WINNT=0x0601)
-  target_link_options(levelwidgets_options INTERFACE -static)
   # Header-only libraries of the build machine, without the rest of its include folder.
   set(headers ${PROJECT_BINARY_DIR}/header-only)
   file(MAKE_DIRECTORY ${headers})
@@ -51,11 +51,13 @@ function(levelwidgets_folders)
   endforeach()
 endfunction()
 
-# levelwidgets_library(frame DEPENDS platform): the folder's sources as target levelwidgets_frame.
-# *_test.cpp files beside them go into the test program, and each *_fuzz.cpp is a fuzzer, which may need
-# FUZZ_DEPENDS besides. EXCLUDE names sources that are for other systems.
+# levelwidgets_library(frame DEPENDS platform): the folder's sources (and SOURCES) as target levelwidgets_frame,
+# for others LevelWidgets::Frame. *_test.cpp files beside them go into the test program, and each *_fuzz.cpp is a
+# fuzzer, which may need FUZZ_DEPENDS besides. EXCLUDE names sources that are for other systems. It is installed, and
+# the headers of PUBLIC_HEADERS with it (all but the tests' where none are named), unless it is INTERNAL.
 function(levelwidgets_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS;FUZZ_DEPENDS;EXCLUDE")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL" ""
+                        "DEPENDS;PRIVATE_DEPENDS;FUZZ_DEPENDS;EXCLUDE;SOURCES;PUBLIC_HEADERS")
   file(GLOB sources CONFIGURE_DEPENDS *.cpp parts/*.cpp)
   list(TRANSFORM arg_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   list(REMOVE_ITEM sources ${arg_EXCLUDE})
@@ -64,28 +66,35 @@ function(levelwidgets_library name)
   list(FILTER fuzzers INCLUDE REGEX "_fuzz\\.cpp$")
   list(FILTER sources EXCLUDE REGEX "_(test|fuzz)\\.cpp$")
   list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
-  list(TRANSFORM arg_DEPENDS PREPEND levelwidgets_)
   set_property(GLOBAL APPEND PROPERTY LEVELWIDGETS_NAMES ${name})
   set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_TESTS ${tests})
   list(TRANSFORM arg_FUZZ_DEPENDS PREPEND levelwidgets_)
   set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_FUZZERS ${fuzzers})
   set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_FUZZ_LIBRARIES levelwidgets_${name} ${arg_FUZZ_DEPENDS})
-  if(NOT sources)  # a folder of headers
-    add_library(levelwidgets_${name} INTERFACE)
-    target_link_libraries(levelwidgets_${name} INTERFACE levelwidgets_options ${arg_DEPENDS})
-    return()
+  set(target levelwidgets_${name})
+  if(sources OR arg_SOURCES)
+    set(scope PUBLIC)
+    add_library(${target} STATIC ${sources} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:levelwidgets_options>)
+    target_precompile_headers(${target} REUSE_FROM levelwidgets_pch)
+  else()  # a folder of headers
+    set(scope INTERFACE)
+    add_library(${target} INTERFACE)
   endif()
-  add_library(levelwidgets_${name} STATIC ${sources})
-  target_link_libraries(levelwidgets_${name} PUBLIC levelwidgets_options ${arg_DEPENDS}
-                                             PRIVATE ${arg_PRIVATE_DEPENDS})
-  target_precompile_headers(levelwidgets_${name} REUSE_FROM levelwidgets_pch)
+  target_compile_features(${target} ${scope} cxx_std_20)
+  target_include_directories(${target} ${scope} $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+  list(TRANSFORM arg_DEPENDS PREPEND levelwidgets_ OUTPUT_VARIABLE depends)
+  target_link_libraries(${target} ${scope} ${depends})
+  list(TRANSFORM arg_PRIVATE_DEPENDS REPLACE "(.+)" "$<BUILD_INTERFACE:\\1>" OUTPUT_VARIABLE private_depends)
+  target_link_libraries(${target} PRIVATE ${private_depends})
+  if(NOT arg_INTERNAL)
+    levelwidgets_export(${name} DEPENDS ${arg_DEPENDS} PRIVATE_DEPENDS ${arg_PRIVATE_DEPENDS}
+                        PUBLIC_HEADERS ${arg_PUBLIC_HEADERS})
+  endif()
 endfunction()
 
 # Makes GoogleTest known as levelwidgets_gtest; cross builds compile it from its source package.
 function(levelwidgets_find_gtest)
-  if(TARGET levelwidgets_gtest)
-    return()
-  endif()
   add_library(levelwidgets_gtest INTERFACE)
   if(WIN32)
     set(INSTALL_GTEST OFF)
@@ -124,7 +133,7 @@ endfunction()
 function(levelwidgets_test_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc)
-  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} levelwidgets_gtest)
+  target_link_libraries(${name} PRIVATE levelwidgets_options ${arg_LIBRARIES} levelwidgets_gtest)
   # Their run is short and their compilation is not: no optimisation, and undefined behaviour is looked for in
   # the libraries only. Without inlining there are more sections than the usual object format of Windows holds.
   target_compile_options(${name} PRIVATE -O0)
@@ -143,7 +152,6 @@ endfunction()
 # One test program of all *_test.cpp files, and for quick turns one per folder (levelwidgets_frame_tests),
 # which is built only when asked for.
 function(levelwidgets_add_tests)
-  levelwidgets_find_gtest()
   set(all_sources)
   get_property(names GLOBAL PROPERTY LEVELWIDGETS_NAMES)
   foreach(name ${names})

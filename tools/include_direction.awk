@@ -4,6 +4,7 @@ BEGIN {
   # Each folder may include itself and these; a folder's name does not stand for those inside it.
   allowed["platform"] = ""
   allowed["platform/memory"] = allowed["platform/win32"] = allowed["platform/tracing"] = "platform"
+  allowed["native"] = "platform platform/memory platform/win32"
   allowed["frame"] = "platform"
   allowed["controls"] = "platform frame"
   allowed["pages"] = "platform frame controls"

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <levelwidgets/host/hosted_control.h>
@@ -76,6 +77,11 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   // PropertyRefused, and nothing is added. It has its size from the start, when it reads its properties.
   HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr,
                      const Placement& place = {});
+  // A new instance of the control class T.
+  template <typename T>
+  T& Add(std::string name, const Placement& place = {}) {
+    return static_cast<T&>(*Add(T::Table(), std::move(name), nullptr, place).GetControl());
+  }
   // Null when there is none of that name.
   std::shared_ptr<HostedControl> Find(std::string_view name) const;
   // False when there is none. The control is destroyed when its own code has returned.

@@ -140,6 +140,11 @@ PixelRect HostedControl::ScreenRect() const {
   return rect;
 }
 
+PixelPoint HostedControl::ScreenCentre() const {
+  const PixelRect rect = ScreenRect();
+  return {rect.left + rect.width() / 2, rect.top + rect.height() / 2};
+}
+
 // --- Site ------------------------------------------------------------------------------------------
 
 WindowHandle HostedControl::ParentWindow() { return form_ ? form_->hWnd() : WindowHandle{}; }

@@ -72,6 +72,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   PropertyBag Properties() const;
   // Outer rectangle in screen pixels.
   PixelRect ScreenRect() const;
+  // Where a person would click it, in screen pixels.
+  PixelPoint ScreenCentre() const;
 
   const ClassInfo& Class() const override { return Table(); }
 

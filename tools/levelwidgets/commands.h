@@ -7,7 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include <levelwidgets/host/form_file.h>
-#include <levelwidgets/platform/platform.h>
+#include <levelwidgets/native/native.h>
 
 namespace levelwidgets {
 
@@ -28,9 +28,6 @@ int RunInterruptibly(const std::function<int()>& body);
 
 // The option --trust, which leaves in `trusted` whether it is given.
 void AddTrustOption(CLI::App& command, bool& trusted);
-
-// The one place where the program chooses: the system's own windows, or a desktop in memory.
-std::unique_ptr<Platform> MakePlatform();
 
 // On standard error, a line each.
 void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics);

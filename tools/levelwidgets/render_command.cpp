@@ -35,11 +35,6 @@ HostedControl& FindControl(const Form& form, const std::string& name) {
          (nearest.empty() ? "" : "; did you mean \"" + std::string(nearest) + "\"?"));
 }
 
-void Hover(DesktopDriver& desktop, const HostedControl& control) {
-  const PixelRect rect = control.ScreenRect();
-  desktop.MovePointer({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
-}
-
 // F4 opens what can be opened. Returns what has then come up.
 PixelRect Open(DesktopDriver& desktop, HostedControl& control) {
   const std::vector<TopLevelWindow> before = desktop.TopLevelWindows();
@@ -85,7 +80,7 @@ int Render(const RenderArguments& arguments) {
   form->Show();
   desktop.Settle();
   if (form->Closed()) Refuse(form->Name() + " has closed itself: there is nothing to draw");
-  if (!arguments.hover.empty()) Hover(desktop, FindControl(*form, arguments.hover));
+  if (!arguments.hover.empty()) desktop.MovePointer(FindControl(*form, arguments.hover).ScreenCentre());
   PixelRect area = form->ScreenRect();
   if (!arguments.open.empty()) area = Union(area, Open(desktop, FindControl(*form, arguments.open)));
   desktop.Settle();
