@@ -118,8 +118,8 @@ install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/levelwi
 install(DIRECTORY docs/reference DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/levelwidgets COMPONENT Runtime OPTIONAL)
 
 # All that installing takes.
-list(TRANSFORM components PREPEND levelwidgets_)
-add_custom_target(levelwidgets_installed DEPENDS ${components})
+list(TRANSFORM components PREPEND levelwidgets_ OUTPUT_VARIABLE targets)
+add_custom_target(levelwidgets_installed DEPENDS ${targets})
 if(LEVELWIDGETS_PROGRAM)
   add_dependencies(levelwidgets_installed levelwidgets)
 endif()

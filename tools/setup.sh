@@ -31,6 +31,10 @@ openbox              | openbox                             | the window manager 
 xdotool              | xdotool                             | the mouse and the keyboard there
 clang-format         | clang-format                        | checks the layout of the sources'
 
+install_packages='
+dpkg-dev             | dpkg-shlibdeps                      | finds what Debian packages depend on
+file                 | file                                | tells programs from other files in them'
+
 fuzz_packages='
 clang                | clang++                             | the compiler with the fuzzer
 libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a | the fuzzer'

@@ -1,5 +1,5 @@
-// Tests of a form, in the desktop that is there. What a test leaves behind (a window, a timer, a drawing object)
-// fails it.
+// Tests of a form, on the desktop in memory or on Windows. A test that leaves a window, a timer or a drawing
+// object behind fails.
 #include <gtest/gtest.h>
 
 #include <levelwidgets/controls/button/flat_button.h>
@@ -7,7 +7,7 @@
 
 using namespace levelwidgets;
 
-class SaveTest : public testing::DesktopTest {};
+class SaveTest : public levelwidgets::testing::DesktopTest {};
 
 TEST_F(SaveTest, EachClickSavesOnce) {
   auto& button = AddNew<FlatButton>("cmdSave");

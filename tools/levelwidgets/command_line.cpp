@@ -76,6 +76,7 @@ int RunCommandLine(std::vector<std::string> arguments) {
   program.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
   program.allow_windows_style_options(false);  // a path may begin with a slash there, too
   program.require_subcommand(1);
+  program.allow_windows_style_options(false);  // what begins with a slash is a path
   program.footer("Each command has a --help with an example:\n  levelwidgets describe --help");
   AddShowCommand(program, status);
 #ifndef _WIN32
