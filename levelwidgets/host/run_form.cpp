@@ -12,8 +12,11 @@ int RunForm(Form& form) {
       if (!left || left->Closed()) clock.Quit(0);
     });
   };
-  form.Loaded();
-  form.Show();
+  {
+    const auto held = form.shared_from_this();  // a listener may let go of it
+    form.Loaded();
+    if (!form.Closed()) form.Show();
+  }
   return clock.Run();
 }
 
