@@ -29,6 +29,7 @@ libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the
 xvfb                 | Xvfb                                | the screen that native windows are tested on
 openbox              | openbox                             | the window manager there
 xdotool              | xdotool                             | the mouse and the keyboard there
+python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms by their schema
 clang-format         | clang-format                        | checks the layout of the sources'
 
 install_packages='

@@ -1,13 +1,18 @@
 // Descriptions of public classes, derived from their tables.
 #pragma once
 
+#include <span>
 #include <string>
+#include <vector>
 
 #include <nlohmann/json_fwd.hpp>
 
 #include <levelwidgets/frame/class_info.h>
 
 namespace levelwidgets {
+
+// The controls, the public classes that are none, then Form and Placement (what a form adds to each control).
+std::vector<const ClassInfo*> DescribedClasses();
 
 // A stable format: { "class", "properties", "methods", "events", "enumerations" }, with "default_member"
 // after the class where there is one. Colours are numbers from 0 to 0xFFFFFFFF, a font is an object of its
@@ -18,5 +23,16 @@ nlohmann::ordered_json DescribeAsJson(const ClassInfo& info);
 
 // For people: a heading and a line or two per member.
 std::string DescribeAsText(const ClassInfo& info);
+
+// A page: the heading, the help, then a table for each kind of member. Types that have a page of their own
+// are linked as files beside it.
+std::string DescribeAsMarkdown(const ClassInfo& info);
+
+// A JSON Schema (draft 7, which editors' TOML tools know best) of form files with controls of `controls`. It
+// takes what loads without a warning, but for names that are used twice; an enumeration's numbers are those
+// of its items.
+nlohmann::ordered_json FormSchema(std::span<const ClassInfo* const> controls);
+// The same of the Properties of one class by themselves.
+nlohmann::ordered_json PropertiesSchema(const ClassInfo& control);
 
 }  // namespace levelwidgets

@@ -5,12 +5,15 @@
 
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/describe.h>
+#include <levelwidgets/host/form.h>
 
 namespace levelwidgets {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 using Json = nlohmann::ordered_json;
 
 std::vector<std::string> KeysOf(const Json& json) {
@@ -95,6 +98,52 @@ TEST(Describe, IndexedPropertiesAndTheDefaultMemberAreTold) {
   EXPECT_THAT(text, HasSubstr("Default member: SelectedTab\n"));
   EXPECT_THAT(text,
               HasSubstr("TabCaption(Index: Integer): String, saved as TabCaption1, TabCaption2 and so on\n"));
+}
+
+TEST(Describe, FormsAndPlacesAreDescribedLikeControls) {
+  std::vector<std::string> names;
+  for (const ClassInfo* info : DescribedClasses()) names.push_back(info->Name());
+  EXPECT_EQ(names.front(), ControlClasses().front()->Name());
+  EXPECT_THAT(names, Contains("ksxValueList"));
+  EXPECT_EQ(names[names.size() - 2], "Form");
+  EXPECT_EQ(names.back(), "Placement");
+  const Json left = DescribeAsJson(HostedControl::Table()).at("properties").at(1);
+  EXPECT_EQ(left.at("name"), "Left");
+  EXPECT_EQ(left.at("persisted"), "Left");
+}
+
+TEST(Describe, MarkdownHasATableForEachKindOfMember) {
+  const std::string page = DescribeAsMarkdown(*FindControlClass("FlatTabStrip"));
+  EXPECT_THAT(page, StartsWith("# FlatTabStrip\n\nA row of flat tabs"));
+  EXPECT_THAT(page, HasSubstr("`SelectedTab` stands for the object itself"));
+  EXPECT_THAT(page,
+              HasSubstr("| `TabCaption(Index)` | String | `TabCaption1`, `TabCaption2` ... | `\"Tab 1\"` |"));
+  EXPECT_THAT(page,
+              HasSubstr("| `hWnd` | Handle | not saved |  | Handle of the tab strip's window. Read-only. |"));
+  EXPECT_THAT(page, HasSubstr("| 9 | `TabChange` | `PreviousTab`: Integer<br>`NewTab`: Integer |"));
+  EXPECT_THAT(page, HasSubstr("[ksxTabOrientationConstants](#ksxtaborientationconstants)"));
+  EXPECT_THAT(page, HasSubstr("### ksxTabOrientationConstants\n\n| Value | Name |\n|---|---|\n| 0 | `ksx"));
+}
+
+TEST(Describe, MarkdownLinksTheClassesOfResultsAndTellsDifferentDefaults) {
+  const std::string list = DescribeAsMarkdown(*FindObjectClass("ksxValueList"));
+  EXPECT_THAT(list, HasSubstr("[ksxValueListItem](ksxValueListItem.md)"));
+  EXPECT_THAT(list, HasSubstr("`lw.new(\"ksxValueList\")`"));
+  EXPECT_THAT(list, HasSubstr("`for item in list:each() do`"));
+  EXPECT_THAT(DescribeAsMarkdown(*FindControlClass("FlatLabel")),
+              HasSubstr("new: `0x00FFFFFF`<br>loaded: `0x80000012`"));
+  EXPECT_THAT(DescribeAsMarkdown(*FindControlClass("FlatButton")), HasSubstr("| ambient Font |"));
+}
+
+TEST(Describe, EveryMemberOfEveryClassIsOnItsPage) {
+  for (const ClassInfo* info : DescribedClasses()) {
+    const std::string page = DescribeAsMarkdown(*info);
+    const std::string text = DescribeAsText(*info);
+    for (const std::string_view member : info->MemberNames()) {
+      EXPECT_THAT(page, HasSubstr("| `" + std::string(member))) << info->Name();
+      EXPECT_THAT(text, HasSubstr(" " + std::string(member))) << info->Name();
+    }
+  }
 }
 
 TEST(Describe, TextTellsTheSame) {

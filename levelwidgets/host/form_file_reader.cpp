@@ -69,7 +69,7 @@ bool FormReader::CheckRoot(const FormNode& root) {
 void FormReader::CheckLength(const FormNode& node, const PropertyInfo& key, std::optional<Variant>& value) {
   if (!value || key.type.type != VariantType::kSingle) return;
   const float length = ToSingle(*value);
-  if (length < 0 && (key.name == "Width" || key.name == "Height")) {
+  if (length < 0 && IsExtent(key)) {
     report_.Error(node.span.begin, key.name + " cannot be negative; " + Quoted(node) + " is");
   } else if (std::fabs(length) > kMostTwips.value) {
     report_.Error(node.span.begin,

@@ -48,6 +48,8 @@ const std::vector<const PropertyInfo*>& PlacementKeys() {
   return keys;
 }
 
+bool IsExtent(const PropertyInfo& key) { return key.name == "Width" || key.name == "Height"; }
+
 FormState StateOf(const Form& form) {
   FormState state{form.Name(), ValuesOf(form, FormKeys()), {}};
   state.controls.reserve(form.Controls().size());

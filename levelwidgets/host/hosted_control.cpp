@@ -27,7 +27,7 @@ const ClassInfo& HostedControl::Table() {
           .Property("Visible", &H::Visible, &H::SetVisible,
                     {.defaults = Always(true), .help = "Whether the control is shown."})
           .Property("TabIndex", &H::TabIndex, &H::SetTabIndex,
-                    {.defaults = Always(0), .help = "Place in the order of the Tab key."})
+                    {.help = "Place in the order of the Tab key; that in the file where not given."})
           .Property("TabStop", &H::TabStop, &H::SetTabStop,
                     {.defaults = Always(true), .help = "Whether the Tab key stops here."})
           .Property("Default", &H::Default, &H::SetDefault,
@@ -40,6 +40,8 @@ const ClassInfo& HostedControl::Table() {
           .Method("SetFocus", &H::SetFocus, {}, "Gives the control the keyboard focus.")
           .Method("ZOrder", &H::ZOrder, {{"Position", Variant(0)}},
                   "0 brings it to the front, 1 sends it to the back.")
+          .Persisted({"Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default", "Cancel",
+                      "Tag", "ToolTipText"})
           .Build();
   return info;
 }

@@ -9,19 +9,13 @@ namespace levelwidgets {
 
 namespace {
 
-// The controls, then the classes that are none.
-std::vector<const ClassInfo*> AllClasses() {
-  std::vector<const ClassInfo*> classes(ControlClasses().begin(), ControlClasses().end());
-  classes.insert(classes.end(), ObjectClasses().begin(), ObjectClasses().end());
-  return classes;
-}
+enum class Format { kText, kJson, kMarkdown, kSchema };
 
 const ClassInfo& FindClass(const std::string& name) {
-  if (const ClassInfo* info = FindControlClass(name)) return *info;
-  if (const ClassInfo* info = FindObjectClass(name)) return *info;
   std::vector<std::string_view> names;
   std::string list;
-  for (const ClassInfo* info : AllClasses()) {
+  for (const ClassInfo* info : DescribedClasses()) {
+    if (name == info->Name() || name == info->QualifiedName()) return *info;
     names.push_back(info->Name());
     list += (list.empty() ? "" : ", ") + info->Name();
   }
@@ -32,24 +26,41 @@ const ClassInfo& FindClass(const std::string& name) {
                   " The classes: " + list);
 }
 
-void DescribeOne(const ClassInfo& info, bool json) {
-  if (json) {
-    std::cout << DescribeAsJson(info).dump(2) << "\n";
-  } else {
-    std::cout << DescribeAsText(info);
+const ClassInfo& FindControl(const std::string& name) {
+  const ClassInfo& info = FindClass(name);
+  if (FindControlClass(name)) return info;
+  throw Error(kInvalidCall, "LevelWidgets",
+              info.Name() + " is no control: only controls stand in form files and have a schema");
+}
+
+void Print(const nlohmann::ordered_json& json) { std::cout << json.dump(2) << "\n"; }
+
+void DescribeOne(const std::string& name, Format format) {
+  switch (format) {
+    case Format::kText: std::cout << DescribeAsText(FindClass(name)); break;
+    case Format::kJson: Print(DescribeAsJson(FindClass(name))); break;
+    case Format::kMarkdown: std::cout << DescribeAsMarkdown(FindClass(name)); break;
+    case Format::kSchema: Print(PropertiesSchema(FindControl(name))); break;
   }
 }
 
-void DescribeAll(bool json) {
-  auto list = nlohmann::ordered_json::array();
-  for (const ClassInfo* info : AllClasses()) {
-    if (json) {
-      list.push_back(DescribeAsJson(*info));
-    } else {
-      std::cout << (info == ControlClasses().front() ? "" : "\n\n") << DescribeAsText(*info);
-    }
+void PrintAll(std::string (*describe)(const ClassInfo&)) {
+  for (const ClassInfo* info : DescribedClasses()) {
+    std::cout << (info == DescribedClasses().front() ? "" : "\n\n") << describe(*info);
   }
-  if (json) std::cout << list.dump(2) << "\n";
+}
+
+void DescribeAll(Format format) {
+  auto list = nlohmann::ordered_json::array();
+  switch (format) {
+    case Format::kText: PrintAll(DescribeAsText); break;
+    case Format::kJson:
+      for (const ClassInfo* info : DescribedClasses()) list.push_back(DescribeAsJson(*info));
+      Print(list);
+      break;
+    case Format::kMarkdown: PrintAll(DescribeAsMarkdown); break;
+    case Format::kSchema: Print(FormSchema(ControlClasses())); break;
+  }
 }
 
 }  // namespace
@@ -57,15 +68,29 @@ void DescribeAll(bool json) {
 void AddDescribeCommand(CLI::App& program, int& status) {
   struct Arguments {
     std::string name;
-    bool json = false;
+    Format format = Format::kText;
   };
   CLI::App* command = program.add_subcommand("describe", "Describes the members of a class, or of all");
-  command->footer("Example:\n  levelwidgets describe FlatButton --json");
+  command->footer(
+      "The schema without a class is that of form files, for editors that complete and check them; with\n"
+      "a class it is that of the control's Properties.\n\n"
+      "Examples:\n"
+      "  levelwidgets describe FlatButton\n"
+      "  levelwidgets describe FlatButton --json\n"
+      "  levelwidgets describe --schema > form.schema.json");
   const auto given = std::make_shared<Arguments>();
   command->add_option("CLASS", given->name, "The class, as in a form file");
-  command->add_flag("--json", given->json, "In a stable format for programs");
+  auto* formats = command->add_option_group("Format");
+  const auto add_format = [&](const char* flag, Format format, const char* help) {
+    formats->add_flag_callback(
+        flag, [given, format] { given->format = format; }, help);
+  };
+  add_format("--json", Format::kJson, "In a stable format for programs");
+  add_format("--markdown", Format::kMarkdown, "As a page");
+  add_format("--schema", Format::kSchema, "As a JSON Schema");
+  formats->require_option(0, 1);
   command->callback([given, &status] {
-    given->name.empty() ? DescribeAll(given->json) : DescribeOne(FindClass(given->name), given->json);
+    given->name.empty() ? DescribeAll(given->format) : DescribeOne(given->name, given->format);
     status = 0;
   });
 }
