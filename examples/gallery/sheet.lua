@@ -15,7 +15,8 @@ local of_the_desktop = {
   { "ScrollMouseOverColor", system.highlight }, { "ScrollPushedColor", system.face },
 }
 
-local function is_dark()
+-- Whether the desktop has light texts.
+function sheet.is_dark()
   local text = lw.color(system.text)
   local red, green, blue = text & 0xFF, text >> 8 & 0xFF, text >> 16
   return 2 * red + 5 * green + blue > 4 * 255
@@ -41,7 +42,7 @@ end
 -- the pointer.
 function sheet.dress(form)
   local colors = { head = 0x00804A1C, txt = 0x00404040 }
-  if is_dark() then
+  if sheet.is_dark() then
     follow_desktop(form)
     colors = { head = system.hot, txt = system.text }
   end

@@ -1,0 +1,60 @@
+local sheet = require("sheet")
+sheet.dress(form)
+
+-- In front of a light desktop the form has soft blues, otherwise the desktop's own colours.
+local blues = {
+  BackColor = 0x00EADFD2, BackColorMouseOver = 0x00F6EEE6, BackColorPushed = 0x00D0BCA4, ForeColor = 0x00804A1C,
+  ButtonColor = 0x00EADFD2, ButtonColorMouseOver = 0x00FFFFFF, ButtonColorPushed = 0x00D0BCA4,
+  ScrollBackColor = 0x00FAF4EE, ScrollButtonColor = 0x00EADFD2, ScrollMouseOverColor = 0x00FFFFFF, ScrollPushedColor = 0x00D0BCA4,
+  TabColor = 0x00FFFFFF, InactiveTabColor = 0x00EADFD2, BorderColor = 0x00A89070,
+}
+local fields = { txt = true, scr = true }
+
+if not sheet.is_dark() then
+  for _, control in ipairs(form:controls()) do
+    local kind = control.Name:match("^%l+")
+    for name, color in pairs(blues) do
+      if control.Name ~= "cmdSave" then pcall(function() control[name] = color end) end
+    end
+    if fields[kind] then control.BackColor = 0x00FAF4EE end
+    if kind == "txt" then control.ForeColor = 0x00202020 end
+    if kind == "tab" then control.BackColor, control.ForeColor = form.BackColor, 0x00404040 end
+  end
+end
+
+-- Labels that explain do not react to the pointer; the link does.
+local text, link = 0x00404040, 0x00A0602C
+if sheet.is_dark() then
+  text, link = 0x80000012, 0x8000001A
+  for _, box in ipairs{ txtCustomer, txtAmount, txtNotes } do box.BackColor = 0x8000000F end
+end
+for _, label in ipairs(form:controls()) do
+  if label.Name:match("^l%l%l%u") then
+    label.BackColor, label.BackColorMouseOver, label.BackColorPushed = tabOrder.TabColor, tabOrder.TabColor, tabOrder.TabColor
+    label.ForeColor, label.ForeColorMouseOver, label.ForeColorPushed = text, text, text
+    label.MouseUnderline = false
+  end
+end
+lnkHistory.ForeColor, lnkHistory.ForeColorMouseOver, lnkHistory.MouseUnderline = link, link, true
+
+tabOrder.SelectedTab = 1
+
+function tabOrder_TabChange(e)
+  for _, control in ipairs(form:controls()) do
+    if control.Name ~= "tabOrder" and control.Name ~= "cmdSave" and control.Name ~= "cmdCancel" then
+      control.Visible = e.NewTab == 1
+    end
+  end
+end
+
+function lnkHistory_Click()
+  tabOrder.SelectedTab = 3
+end
+
+function scrPieces_Change()
+  lblCount.Caption = tostring(scrPieces.Value)
+end
+
+function form_Load()
+  txtCustomer:SetFocus()
+end
