@@ -1,15 +1,9 @@
 // Runs the built program as a person does.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #ifndef _WIN32
 
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
+
+#include <tools/levelwidgets/program_fixture.h>
 
 namespace levelwidgets {
 namespace {
@@ -19,40 +13,8 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-struct Outcome {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-std::string TextOf(const std::filesystem::path& path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-class CommandLine : public testing::Test {
+class CommandLine : public ProgramTest {
  protected:
-  void SetUp() override { std::filesystem::create_directories(folder_); }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
-  // In the test's own folder, where its files are.
-  Outcome Run(const std::string& arguments, const std::string& redirections = "") {
-    return RunWith("", arguments, redirections);
-  }
-  Outcome RunWith(const std::string& environment, const std::string& arguments,
-                  const std::string& redirections = "") {
-    const auto program =
-        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "levelwidgets";  // runtime path
-    const std::string command = "cd '" + folder_.string() + "' && " + environment + " '" + program.string() +
-                                "' " + arguments + " >out.txt 2>err.txt </dev/null " + redirections;
-    const int ended = std::system(command.c_str());
-    return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, TextOf(folder_ / "out.txt"),
-            TextOf(folder_ / "err.txt")};
-  }
-
-  void File(const std::string& name, const std::string& text) { std::ofstream(folder_ / name) << text; }
-  bool Exists(const std::string& name) { return std::filesystem::exists(folder_ / name); }
-
   void OrderForm() {
     File("order.form.toml",
          "[form]\nName = \"frmOrder\"\nCaption = \"Order\"\nWidth = 3000\nHeight = 1500\n"
@@ -61,27 +23,19 @@ class CommandLine : public testing::Test {
          "Properties = { BackColor = 0x00112233, BackColorMouseOver = 0x00445566 }\n");
     File("order.lua", "cmdSave.Caption = '&Store'\n");
   }
-
-  std::filesystem::path folder_ =
-      std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_") + testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(CommandLine, TellsItsVersionAndItsCommands) {
   EXPECT_THAT(Run("--version").out, StartsWith("levelwidgets 0."));
   const Outcome help = Run("--help");
   EXPECT_EQ(help.status, 0);
-  for (const char* command : {"show", "run", "render", "check", "monkey", "describe"}) {
+  for (const char* command : {"show", "run", "render", "check", "monkey", "describe"})
     EXPECT_THAT(help.out, HasSubstr(command));
-    const Outcome of_command = Run(std::string(command) + " --help");
-    EXPECT_EQ(of_command.status, 0);
-    EXPECT_THAT(of_command.out, HasSubstr(std::string("Example:\n  levelwidgets ") + command));
-  }
 }
 
 TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
-  for (const char* arguments :
-       {"", "rnder", "render", "render x.form.toml", "describe --jsn", "render x -o y --dpi 1", "monkey"}) {
+  for (const char* arguments : {"", "rnder", "render", "render x.form.toml", "describe --jsn",
+                                "describe --json --schema", "render x -o y --dpi 1", "monkey"}) {
     const Outcome outcome = Run(arguments);
     EXPECT_EQ(outcome.status, 2) << arguments;
     EXPECT_EQ(outcome.out, "") << arguments;
@@ -302,6 +256,16 @@ TEST_F(CommandLine, DescribeKnowsTheClasses) {
   const Outcome unknown = Run("describe FlatButon");
   EXPECT_EQ(unknown.status, 1);
   EXPECT_THAT(unknown.err, HasSubstr("did you mean \"FlatButton\"?"));
+}
+
+TEST_F(CommandLine, DescribePrintsPagesAndSchemas) {
+  EXPECT_THAT(Run("describe FlatLabel --markdown").out, StartsWith("# FlatLabel\n"));
+  EXPECT_THAT(Run("describe --markdown").out, HasSubstr("\n# Placement\n"));
+  EXPECT_EQ(nlohmann::json::parse(Run("describe --schema").out).at("required").at(0), "form");
+  EXPECT_EQ(nlohmann::json::parse(Run("describe FlatLabel --schema").out).at("title"), "FlatLabel");
+  const Outcome no_control = Run("describe ksxValueList --schema");
+  EXPECT_EQ(no_control.status, 1);
+  EXPECT_THAT(no_control.err, HasSubstr("ksxValueList is no control"));
 }
 
 TEST_F(CommandLine, ShowTellsWhatToUseWithoutADisplay) {

@@ -33,9 +33,17 @@ class ProgramTest : public testing::Test {
   }
 
   // In the test's own folder, where its files are.
-  Outcome Run(const std::string& arguments) { return RunShell("'" + Program().string() + "' " + arguments); }
-  Outcome RunShell(const std::string& line) {
-    const std::string command = "cd '" + folder_.string() + "' && " + line + " >out.txt 2>err.txt </dev/null";
+  Outcome Run(const std::string& arguments, const std::string& redirections = "") {
+    return RunWith("", arguments, redirections);
+  }
+  // `environment` stands before the program's name, as `env -u DISPLAY`.
+  Outcome RunWith(const std::string& environment, const std::string& arguments,
+                  const std::string& redirections = "") {
+    return RunShell(environment + " '" + Program().string() + "' " + arguments, redirections);
+  }
+  Outcome RunShell(const std::string& line, const std::string& redirections = "") {
+    const std::string command =
+        "cd '" + folder_.string() + "' && " + line + " >out.txt 2>err.txt </dev/null " + redirections;
     const int ended = std::system(command.c_str());
     return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, TextOf(folder_ / "out.txt"),
             TextOf(folder_ / "err.txt")};

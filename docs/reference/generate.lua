@@ -1,0 +1,123 @@
+-- Writes the reference and draws its pictures, all on a desktop in memory:
+--
+--   levelwidgets run docs/reference/generate.lua PROGRAM FOLDER
+--
+-- PROGRAM describes the classes, FOLDER gets reference/ and pictures/. tools/update_docs runs it.
+local lw = require "levelwidgets"
+
+local program, folder = ...
+assert(program and folder, "usage: levelwidgets run docs/reference/generate.lua PROGRAM FOLDER")
+
+local margin = 120 -- twips around a control in its picture
+local desktop = lw.desktop{ locale = "en-US", today = "2024-05-15T10:30:00" }
+
+local function write(path, text)
+  local file = assert(io.open(folder .. "/" .. path, "w"))
+  assert(file:write(text))
+  assert(file:close())
+end
+
+local function describe(arguments)
+  local pipe = assert(io.popen("'" .. program .. "' describe " .. arguments))
+  local text = pipe:read("a")
+  assert(pipe:close(), "describe " .. arguments .. " failed")
+  return text
+end
+
+-- --- Pictures ----------------------------------------------------------------------------------------
+
+local function union(a, b)
+  return { math.min(a[1], b[1]), math.min(a[2], b[2]), math.max(a[3], b[3]), math.max(a[4], b[4]) }
+end
+
+-- The control with what it has opened, and a margin around them.
+local function area_of(form, control)
+  local area = { desktop:rect(control) }
+  for _, window in ipairs(desktop:windows()) do
+    if window.handle ~= form.hWnd then
+      area = union(area, { window.left, window.top, window.left + window.width, window.top + window.height })
+    end
+  end
+  local around = margin // 15
+  return area[1] - around, area[2] - around, area[3] - area[1] + 2 * around, area[4] - area[2] + 2 * around
+end
+
+local function draw_state(class, state, sheet)
+  desktop:move(0, 0)
+  local form = lw.form{ Name = "frmState", Width = 9000, Height = 6000, BackColor = 0x00ECE6E0 }
+  form:add("FlatButton", "cmdElsewhere", { Left = 7500, Top = 5400, TabIndex = 0 }) -- has the focus at first
+  local size = state.size or sheet.size or {}
+  local keys = { Left = 600, Top = 600, Width = size[1], Height = size[2], TabIndex = 1 }
+  for key, value in pairs(state.placement or {}) do keys[key] = value end
+  if not state.new then
+    keys.Properties = {}
+    for _, properties in ipairs{ sheet.properties or {}, state.properties or {} } do
+      for key, value in pairs(properties) do keys.Properties[key] = value end
+    end
+  end
+  local control = form:add(class, "Control1", keys)
+  form:show()
+  if state.act then state.act(control, desktop) end
+  local picture = "pictures/" .. class .. "-" .. state.name .. ".png"
+  desktop:screenshot(folder .. "/reference/" .. picture, area_of(form, control))
+  desktop:release()
+  form:close()
+  return "| ![" .. state.caption:gsub("[`|]", "") .. "](" .. picture .. ") | " .. state.caption .. " |\n"
+end
+
+local here = arg[0]:match("^(.*/)") or "./"
+
+-- The states of a control without a file of its own.
+local fallback = {
+  { name = "loaded", caption = "As loaded without properties" },
+  { name = "disabled", caption = "Disabled", properties = { Enabled = false } },
+}
+
+local function looks_of(class)
+  local load = loadfile(here .. "states/" .. class .. ".lua")
+  local sheet = load and load() or fallback
+  local text = "\n## Looks\n\n| | |\n|---|---|\n"
+  for _, state in ipairs(sheet) do text = text .. draw_state(class, state, sheet) end
+  return text
+end
+
+-- A form file as it is shown first.
+local function draw_form(form, picture, palette)
+  local command = "'%s' render '%s../../examples/%s.form.toml' -o '%s/pictures/%s.png' --palette %s"
+  assert(os.execute(command:format(program, here, form, folder, picture, palette)))
+end
+
+-- --- Pages -------------------------------------------------------------------------------------------
+
+-- Writes a class's page; its line in the index, and whether it is a control.
+local function write_page(class)
+  local page = describe(class .. " --markdown")
+  local help = page:match("\n\n([^\n]*)")
+  local line = "| [" .. class .. "](" .. class .. ".md) | " .. help .. " |"
+  local is_control = page:find("(Placement.md)", 1, true) ~= nil
+  if is_control then
+    local about, members = page:match("^(.-\n)(\n## .*)$")
+    local looks = looks_of(class)
+    page = about .. looks .. members
+    line = line .. " " .. looks:match("!%b[]%b()") .. " |"
+  end
+  write("reference/" .. class .. ".md", page)
+  return line .. "\n", is_control
+end
+
+local controls, others = "", ""
+for class in ("\n" .. describe("--markdown")):gmatch("\n# (%w+)\n") do
+  local line, is_control = write_page(class)
+  if is_control then controls = controls .. line else others = others .. line end
+end
+
+write("reference/README.md", "# Reference\n\n"
+  .. "A page for each class, from the same tables as `levelwidgets describe`; the pictures are drawn by the\n"
+  .. "library. [form.schema.json](form.schema.json) is a JSON Schema of form files, for editors.\n\n"
+  .. "## Controls\n\n| | | |\n|---|---|---|\n" .. controls
+  .. "\n## Other classes\n\n| | |\n|---|---|\n" .. others)
+write("reference/form.schema.json", describe("--schema"))
+
+draw_form("gallery/overview", "gallery", "light")
+draw_form("gallery/overview", "gallery-dark", "dark")
+draw_form("order/order", "order", "light")
