@@ -46,6 +46,17 @@ std::string WrongCommand(const CLI::App& program, const std::vector<std::string>
                           : "; did you mean \"" + std::string(nearest) + "\"?");
 }
 
+// In words for people; commands that are added later have the same.
+void WordHelp(CLI::FormatterBase& formatter) {
+  formatter.label("Positionals", "Arguments");
+  formatter.label("SUBCOMMAND", "COMMAND");
+  formatter.label("REQUIRED", "");
+  formatter.label("TEXT", "");
+  formatter.label("INT", "N");
+  formatter.label("UINT", "N");
+  formatter.column_width(26);
+}
+
 int Parse(CLI::App& program, std::vector<std::string> arguments, const int& status) {
   std::ranges::reverse(arguments);  // as the parser takes them
   try {
@@ -76,8 +87,10 @@ int RunCommandLine(std::vector<std::string> arguments) {
   program.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
   program.allow_windows_style_options(false);  // a path may begin with a slash there, too
   program.require_subcommand(1);
-  program.allow_windows_style_options(false);  // what begins with a slash is a path
-  program.footer("Each command has a --help with an example:\n  levelwidgets describe --help");
+  program.footer(
+      "Each command has a --help with examples.\n\n"
+      "Example:\n  levelwidgets render order.form.toml -o order.png");
+  WordHelp(*program.get_formatter());
   AddShowCommand(program, status);
 #ifndef _WIN32
   AddRunCommand(program, status);

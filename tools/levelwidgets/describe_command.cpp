@@ -80,15 +80,16 @@ void AddDescribeCommand(CLI::App& program, int& status) {
       "  levelwidgets describe --schema > form.schema.json");
   const auto given = std::make_shared<Arguments>();
   command->add_option("CLASS", given->name, "The class, as in a form file");
-  auto* formats = command->add_option_group("Format");
   const auto add_format = [&](const char* flag, Format format, const char* help) {
-    formats->add_flag_callback(
-        flag, [given, format] { given->format = format; }, help);
+    const auto take = [given, flag, format] {
+      if (given->format != Format::kText) throw CLI::ExcludesError(flag, "another format");
+      given->format = format;
+    };
+    command->add_flag_callback(flag, take, help);
   };
   add_format("--json", Format::kJson, "In a stable format for programs");
   add_format("--markdown", Format::kMarkdown, "As a page");
   add_format("--schema", Format::kSchema, "As a JSON Schema");
-  formats->require_option(0, 1);
   command->callback([given, &status] {
     given->name.empty() ? DescribeAll(given->format) : DescribeOne(given->name, given->format);
     status = 0;

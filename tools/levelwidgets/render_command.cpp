@@ -100,16 +100,22 @@ void AddRenderCommand(CLI::App& program, int& status) {
       "Example:\n  levelwidgets render order.form.toml -o order.png --hover cmdSave");
   const auto given = std::make_shared<RenderArguments>();
   command->add_option("FORM", given->form, "The form file")->required();
-  command->add_option("-o,--output", given->picture, "The picture, in PNG format")->required();
-  command->add_option("--dpi", given->dpi, "Pixels per inch")
-      ->check(CLI::Range(24, 960))
+  command->add_option("-o,--output", given->picture, "The picture, in PNG format")
+      ->required()
+      ->type_name("FILE");
+  command->add_option("--dpi", given->dpi, "Pixels per inch, 24 to 960")
+      ->check(CLI::Range(24, 960).description(""))
       ->capture_default_str();
-  const auto palettes = memory::PaletteNames();
-  command->add_option("--palette", given->palette, "The colours of the desktop")
-      ->check(CLI::IsMember(std::vector<std::string>(palettes.begin(), palettes.end())))
+  const auto names = memory::PaletteNames();
+  const std::vector<std::string> palettes(names.begin(), names.end());
+  command
+      ->add_option("--palette", given->palette,
+                   "The colours of the desktop: " + CLI::detail::join(palettes, ", "))
+      ->check(CLI::IsMember(palettes).description(""))
+      ->type_name("NAME")
       ->capture_default_str();
-  command->add_option("--hover", given->hover, "A control for the pointer to be over");
-  command->add_option("--open", given->open, "A control to open the drop-down of");
+  command->add_option("--hover", given->hover, "A control for the pointer to be over")->type_name("NAME");
+  command->add_option("--open", given->open, "A control to open the drop-down of")->type_name("NAME");
   AddTrustOption(*command, given->trust);
   command->callback([given, &status] { status = RunInterruptibly([&] { return Render(*given); }); });
 }
