@@ -114,6 +114,10 @@ end
 write("reference/README.md", "# Reference\n\n"
   .. "A page for each class, from the same tables as `levelwidgets describe`; the pictures are drawn by the\n"
   .. "library. [form.schema.json](form.schema.json) is a JSON Schema of form files, for editors.\n\n"
+  .. "An Integer is a whole number of 16 bits, a Long one of 32, a Single a number with a fraction; lengths are\n"
+  .. "twips. A Color is `0x00BBGGRR`, or `0x80000000` plus the number of a system colour. Where a default has\n"
+  .. "parts, *new* is what a newly placed control has, *loaded* what one of a form file has where nothing was\n"
+  .. "saved, and *not saved* the value that is left out of the file. *Ambient* values are the form's.\n\n"
   .. "## Controls\n\n| | | |\n|---|---|---|\n" .. controls
   .. "\n## Other classes\n\n| | |\n|---|---|\n" .. others)
 write("reference/form.schema.json", describe("--schema"))

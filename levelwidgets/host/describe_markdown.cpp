@@ -139,6 +139,7 @@ void WriteRemarks(std::ostream& out, const ClassInfo& info) {
         << info.DefaultSize().height.value
         << " twips. A form adds the keys and methods of [Placement](Placement.md).\n";
   }
+  if (&info == &Form::Table()) out << "\nScripts have its methods in small letters: `form:show()`.\n";
   if (info.Creatable()) out << "\nA script makes one by `lw.new(\"" << info.Name() << "\")`.\n";
   if (!info.DefaultMember().empty()) {
     out << "\n" << Code(info.DefaultMember()) << " stands for the object itself (its default member).\n";

@@ -14,7 +14,7 @@ constexpr std::uint32_t kStyle =
 const ClassInfo& Form::Table() {
   static const ClassInfo info =
       Describe<Form>("Form", "A window that holds controls.")
-          .ReadOnly("Name", &Form::Name, "The form's name.")
+          .ReadOnly("Name", &Form::Name, "The form's name, as its file gives it.")
           .Property("Caption", &Form::Caption, &Form::SetCaption,
                     {.defaults = Always(""), .help = "Text of the title bar."})
           .Property("Width", &Form::Width, &Form::SetWidth,

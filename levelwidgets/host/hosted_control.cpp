@@ -15,7 +15,7 @@ const ClassInfo& HostedControl::Table() {
   using H = HostedControl;
   static const ClassInfo info =
       Describe<H>("Placement", "What the container adds to a control.")
-          .ReadOnly("Name", &H::Name, "The control's name on its form.")
+          .ReadOnly("Name", &H::Name, "The control's name on its form, as the file gives it.")
           .Property("Left", &H::Left, &H::SetLeft,
                     {.defaults = Always(0.0f), .help = "Left edge on the form, twips."})
           .Property("Top", &H::Top, &H::SetTop,
