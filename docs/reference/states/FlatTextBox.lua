@@ -23,6 +23,6 @@ return {
     properties = { MultiLine = true, Text = long, ScrollMouseOverColor = 0x00FFFFFF },
     act = function(box, desktop) desktop:move_to(box, 2580, 930) end },
   { name = "many-colors", caption = "Colours of its own", size = many,
-    properties = { MultiLine = true, Text = long, BackColor = 0x00F6E8DC, ForeColor = 0x00804A1C, ScrollBackColor = 0x00D8B898,
-      ScrollButtonColor = 0x00F6E8DC } },
+    properties = { MultiLine = true, Text = long, BackColor = 0x00DCF2FC, ForeColor = 0x00204060, ScrollBackColor = 0x00B0D8F0,
+      ScrollButtonColor = 0x00DCF2FC } },
 }
