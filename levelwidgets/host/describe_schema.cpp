@@ -86,7 +86,11 @@ Json KeysSchema(const std::vector<const PropertyInfo*>& keys) {
   Json schemas = Json::object();
   for (const PropertyInfo* key : keys) {
     Json schema = KeySchema(*key, key->persisted ? key->stored_as : key->type.type);
-    if (IsExtent(*key)) schema["minimum"] = 0;
+    if (key->type.type == VariantType::kSingle) {
+      const auto most = static_cast<std::int64_t>(kMostTwips.value);
+      schema["minimum"] = IsExtent(*key) ? 0 : -most;
+      schema["maximum"] = most;
+    }
     schemas[key->name] = std::move(schema);
   }
   return schemas;

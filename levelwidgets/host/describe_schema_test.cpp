@@ -205,6 +205,8 @@ TEST_F(ValidatedForms, EachKindOfMistakeIsFoundWhereCheckFindsIt) {
       {"[form]\nWidht = 1\n", "form: Additional properties are not allowed ('Widht' was unexpected)"},
       {"[form]\nWidth = -1\n", "form.Width"},
       {"[form]\nHeight = \"tall\"\n", "form.Height"},
+      {"[form]\nWidth = 2e9\n", "form.Width"},
+      {Control("Left = -2e9"), "control.0.Left"},
       {"[form]\nFont = { Name = \"Tahoma\" }\n", "form.Font: 'Size' is a required property"},
       {"[form]\nFont = { Name = \"Tahoma\", Size = 0 }\n", "form.Font.Size"},
       {"[form]\nFont = { Name = \"Tahoma\", Size = 8, Blod = true }\n", "'Blod' was unexpected"},

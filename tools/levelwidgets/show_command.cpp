@@ -108,8 +108,8 @@ void AddShowCommand(CLI::App& program, int& status) {
                     "Load the form again whenever its file or a script beside it changes");
   AddTrustOption(*command, given->trust);
 #ifndef _WIN32
-  command->add_option("--scale", given->scale, "Pixels of the screen for each of the form's, across and down")
-      ->check(CLI::Range(1, 8))
+  command->add_option("--scale", given->scale, "Pixels of the screen for each of the form's, 1 to 8")
+      ->check(CLI::Range(1, 8).description(""))
       ->envname("LEVELWIDGETS_SCALE");
 #endif
   command->callback([given, &status] { status = RunInterruptibly([&] { return Show(*given); }); });
