@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include <tools/levelwidgets/commands.h>
+#include <tools/levelwidgets/help_formatter.h>
 
 namespace levelwidgets {
 
@@ -46,17 +47,6 @@ std::string WrongCommand(const CLI::App& program, const std::vector<std::string>
                           : "; did you mean \"" + std::string(nearest) + "\"?");
 }
 
-// In words for people; commands that are added later have the same.
-void WordHelp(CLI::FormatterBase& formatter) {
-  formatter.label("Positionals", "Arguments");
-  formatter.label("SUBCOMMAND", "COMMAND");
-  formatter.label("REQUIRED", "");
-  formatter.label("TEXT", "");
-  formatter.label("INT", "N");
-  formatter.label("UINT", "N");
-  formatter.column_width(26);
-}
-
 int Parse(CLI::App& program, std::vector<std::string> arguments, const int& status) {
   std::ranges::reverse(arguments);  // as the parser takes them
   try {
@@ -90,7 +80,7 @@ int RunCommandLine(std::vector<std::string> arguments) {
   program.footer(
       "Each command has a --help with examples.\n\n"
       "Example:\n  levelwidgets render order.form.toml -o order.png");
-  WordHelp(*program.get_formatter());
+  program.formatter(std::make_shared<HelpFormatter>());  // and of the commands, added below
   AddShowCommand(program, status);
 #ifndef _WIN32
   AddRunCommand(program, status);

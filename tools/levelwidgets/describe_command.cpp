@@ -72,7 +72,7 @@ void AddDescribeCommand(CLI::App& program, int& status) {
   };
   CLI::App* command = program.add_subcommand("describe", "Describes the members of a class, or of all");
   command->footer(
-      "The schema without a class is that of form files, for editors that complete and check them; with\n"
+      "The schema without a class is that of form files, for editors that complete and check them; with "
       "a class it is that of the control's Properties.\n\n"
       "Examples:\n"
       "  levelwidgets describe FlatButton\n"

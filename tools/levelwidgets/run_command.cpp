@@ -11,8 +11,8 @@ void AddRunCommand(CLI::App& program, int& status) {
   };
   CLI::App* command = program.add_subcommand("run", "Runs a script on a desktop in memory");
   command->footer(
-      "The script has all of Lua. The scripts of the forms that it loads run in a sandbox, unless they are\n"
-      "trusted. The exit status is the number that the script returns or gives to os.exit; 1 when it fails.\n"
+      "The script has all of Lua. The scripts of the forms that it loads run in a sandbox, unless they are "
+      "trusted. The exit status is the number that the script returns or gives to os.exit; 1 when it fails. "
       "Errors in event handlers are told on standard error and end nothing; lw.errors() lists them.\n\n"
       "Example:\n  levelwidgets run order_test.lua --quick");
   const auto given = std::make_shared<Arguments>();
