@@ -69,6 +69,7 @@ void PushCurrentException(lua_State* L) {
 void NoteCall(lua_State* L) {
   const ScriptRealm& realm = RealmOf(L);
   if (!realm.IsSandbox()) return;
+  RaiseIfStopped(L);
   std::size_t bytes = 0;
   for (int i = 1; i <= lua_gettop(L); ++i) {
     if (lua_type(L, i) == LUA_TSTRING) bytes += lua_rawlen(L, i);

@@ -15,7 +15,8 @@ void OpenErrors(lua_State* L);
 // description } that prints as one line with its place, anything else as a text.
 void PushCurrentException(lua_State* L);
 
-// Before a function of the library runs for a script. Raises what NoteUse of the limits raises, in a sandbox.
+// Before a function of the library runs for a script. In a sandbox: ends a script that is stopped,
+// and raises what NoteUse of the limits raises.
 void NoteCall(lua_State* L);
 
 // Every function that scripts call is one of these: exceptions of the library become errors of the script.
