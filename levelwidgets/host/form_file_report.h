@@ -6,8 +6,8 @@
 
 namespace levelwidgets {
 
-// `text` on one line that a terminal shows as it is: control characters are written as escapes, and of one with
-// more than `longest` bytes the middle is left out.
+// `text` on one line that a terminal shows as it is: control characters are written as escapes, and of one
+// with more than `longest` bytes the middle is left out.
 std::string Printable(std::string_view text, std::size_t longest = 500);
 
 class FormReport {

@@ -44,9 +44,9 @@ TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
 }
 
 TEST_F(CommandLine, ACommandThatIsNoneIsToldWithTheNearest) {
-  EXPECT_EQ(
-      Run("").err,
-      "A command is missing: show, run, render, check, monkey, describe\nRun with --help for more information.\n");
+  EXPECT_EQ(Run("").err,
+            "A command is missing: show, run, render, check, monkey, describe\nRun with --help for more "
+            "information.\n");
   EXPECT_THAT(Run("rende x").err, StartsWith("There is no command \"rende\"; did you mean \"render\"?\n"));
   EXPECT_THAT(Run("--nope").err, StartsWith("There is no command \"--nope\": show, "));
   EXPECT_THAT(Run("describe Nope").err, StartsWith("There is no class \"Nope\". The classes: FlatButton, "));
