@@ -33,8 +33,7 @@ python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms 
 clang-format         | clang-format                        | checks the layout of the sources'
 
 install_packages='
-dpkg-dev             | dpkg-shlibdeps                      | finds what Debian packages depend on
-file                 | file                                | tells programs from other files in them'
+file                 | file                                | tells programs from other files in Debian packages'
 
 fuzz_packages='
 clang                | clang++                             | the compiler with the fuzzer
