@@ -91,10 +91,11 @@ TEST_F(Memory, AFormWithoutAnyLeftGoesOnWithoutItsHandlers) {
   Restart(LittleMemory());
   const auto form = Load(
       "function form_Resize() cmdOK.Tag = 'heard' end\n"
-      "kept = {}\n"
-      "pcall(function() while true do kept[#kept + 1] = { {} } end end)\n"
-      "last = {} pcall(function() while true do last = { last } end end)\n"
-      "pcall(function() while true do last = last .. 'x' end end)");
+      "kept, last, text = {}, {}, ''\n"
+      "local function fill() while true do kept[#kept + 1] = { {} } end end\n"
+      "local function chain() while true do last = { last } end end\n"
+      "local function write() while true do text = text .. 'x' end end\n"
+      "pcall(fill) pcall(chain) pcall(write)");
   for (int i = 0; i < 10; ++i) form->SetWidth(Twips(static_cast<float>(3000 + 15 * i)));
   EXPECT_EQ(form->Width(), Twips(3135));
   EXPECT_TRUE(form->Close());
