@@ -29,6 +29,11 @@ int RunInterruptibly(const std::function<int()>& body);
 // The option --trust, which leaves in `trusted` whether it is given.
 void AddTrustOption(CLI::App& command, bool& trusted);
 
+#ifndef _WIN32
+// The option --palette, which leaves one of the names of palettes in `palette`.
+void AddPaletteOption(CLI::App& command, std::string& palette);
+#endif
+
 // On standard error, a line each.
 void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics);
 

@@ -12,6 +12,8 @@ namespace levelwidgets {
 struct NativeWindowOptions {
   // Screen pixels that a form's pixel is wide; the display's own when not given.
   std::optional<int> scale;
+  // One of the names of palettes, where the colours are not the system's own.
+  std::string palette = "light";
 };
 
 class NativeWindows {

@@ -10,8 +10,8 @@ using presenter::Presenter;
 
 class PresentedWindows final : public NativeWindows {
  public:
-  explicit PresentedWindows(std::unique_ptr<NativeDisplay> display)
-      : display_(std::move(display)), desktop_(display_->Fit({})), presenter_(*display_, desktop_) {}
+  PresentedWindows(std::unique_ptr<NativeDisplay> display, const memory::DesktopOptions& options)
+      : display_(std::move(display)), desktop_(display_->Fit(options)), presenter_(*display_, desktop_) {}
 
   Platform& GetPlatform() override { return desktop_; }
   void Run() override { presenter_.Run(); }
@@ -26,7 +26,10 @@ class PresentedWindows final : public NativeWindows {
 
 std::unique_ptr<NativeWindows> NativeWindows::Open(const NativeWindowOptions& options, std::string& why) {
   auto display = NativeDisplay::Open(options.scale, why);
-  return display ? std::make_unique<PresentedWindows>(std::move(display)) : nullptr;
+  if (!display) return nullptr;
+  memory::DesktopOptions desktop;
+  desktop.palette = memory::FindPalette(options.palette).value_or(memory::StandardPalette());
+  return std::make_unique<PresentedWindows>(std::move(display), desktop);
 }
 
 }  // namespace levelwidgets

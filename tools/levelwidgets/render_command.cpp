@@ -4,7 +4,6 @@
 #include <levelwidgets/host/script/png_file.h>
 #include <levelwidgets/host/script/script_host.h>
 #include <levelwidgets/host/script/script_interrupt.h>
-#include <levelwidgets/platform/memory/system_colors.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
@@ -106,14 +105,7 @@ void AddRenderCommand(CLI::App& program, int& status) {
   command->add_option("--dpi", given->dpi, "Pixels per inch, 24 to 960")
       ->check(CLI::Range(24, 960).description(""))
       ->capture_default_str();
-  const auto names = memory::PaletteNames();
-  const std::vector<std::string> palettes(names.begin(), names.end());
-  command
-      ->add_option("--palette", given->palette,
-                   "The colours of the desktop: " + CLI::detail::join(palettes, ", "))
-      ->check(CLI::IsMember(palettes).description(""))
-      ->type_name("NAME")
-      ->capture_default_str();
+  AddPaletteOption(*command, given->palette);
   command->add_option("--hover", given->hover, "A control for the pointer to be over")->type_name("NAME");
   command->add_option("--open", given->open, "A control to open the drop-down of")->type_name("NAME");
   AddTrustOption(*command, given->trust);

@@ -18,6 +18,7 @@ struct ShowArguments {
   bool watch = false;
   bool trust = false;
   std::optional<int> scale;
+  std::string palette = "light";
 };
 
 // An interrupt that ends a script ends the program as well.
@@ -78,7 +79,7 @@ int TellThereIsNoDisplay(const std::string& form, const std::string& why) {
 
 int Show(const ShowArguments& arguments) {
   std::string why;
-  const auto windows = NativeWindows::Open({.scale = arguments.scale}, why);
+  const auto windows = NativeWindows::Open({.scale = arguments.scale, .palette = arguments.palette}, why);
   if (!windows) return TellThereIsNoDisplay(arguments.form, why);
   Platform& platform = windows->GetPlatform();
   FileWatch watch(arguments.form);
@@ -111,6 +112,7 @@ void AddShowCommand(CLI::App& program, int& status) {
   command->add_option("--scale", given->scale, "Pixels of the screen for each of the form's, 1 to 8")
       ->check(CLI::Range(1, 8).description(""))
       ->envname("LEVELWIDGETS_SCALE");
+  AddPaletteOption(*command, given->palette);
 #endif
   command->callback([given, &status] { status = RunInterruptibly([&] { return Show(*given); }); });
 }

@@ -161,6 +161,11 @@ TEST_F(ShowCommand, AClickRunsTheScript) {
   EXPECT_EQ(Errors(), "");
 }
 
+TEST_F(ShowCommand, TheColorsAreThoseOfThePalette) {
+  Show("state(lw.color(0x8000000F) == 0x002D2D2D and kAfter or kLast)", {"--palette", "dark"});
+  EXPECT_TRUE(Shows(kAfter));
+}
+
 TEST_F(ShowCommand, TypedTextArrivesOnce) {
   Show("function txtNote_Change() if txtNote.Text == 'Az1!?' then state(kAfter) end end");
   Screen().Do("type --delay 1 Az1!?");
