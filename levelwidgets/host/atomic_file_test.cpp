@@ -57,7 +57,11 @@ class FailingFiles final : public FileSystem {
     return Do("CheckExisting", [&] { return SystemFiles().CheckExisting(path); });
   }
   std::optional<File> Create(const Path& path) override {
-    return Do("Create", [&] { return SystemFiles().Create(path); });
+    return Do("Create", [&] {
+      const auto file = SystemFiles().Create(path);
+      if (crashed_ && file) SystemFiles().CloseQuietly(*file);  // as the end of a program does
+      return file;
+    });
   }
   void CopyPermissions(const Path& from, const Path& to) override {
     Do("CopyPermissions", [&] { SystemFiles().CopyPermissions(from, to); });

@@ -279,7 +279,7 @@ class BadFormFileOnDisk : public BadFormFile {
   // Without the folder before the file's name.
   std::string ToldOf(const fs::path& path) {
     std::string told = Told(LoadForm(Tracer(), path.string()));
-    const std::string prefix = folder_.string() + "/";
+    const std::string prefix = (folder_ / "").string();
     return told.starts_with(prefix) ? told.substr(prefix.size()) : told;
   }
   fs::path folder_;
