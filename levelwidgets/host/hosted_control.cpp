@@ -6,11 +6,6 @@
 
 namespace levelwidgets {
 
-namespace {
-// What pixels of a window can still be counted by, sums included.
-constexpr Twips kFarthest(1e9F);
-}  // namespace
-
 const ClassInfo& HostedControl::Table() {
   using H = HostedControl;
   static const ClassInfo info =
