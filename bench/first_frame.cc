@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include <bench/startup.h>
-#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/platform/memory/desktop.h>
 
 int main(int argc, char** argv) {

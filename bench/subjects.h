@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <levelwidgets/controls/button/flat_button.h>
-#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/platform/memory/desktop.h>
 
 namespace levelwidgets::bench {

@@ -6,7 +6,7 @@
 
 #include <levelwidgets/controls/tabstrip/flat_tab_strip.h>
 #include <levelwidgets/frame/paint.h>
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 #include <levelwidgets/platform/memory/desktop.h>
 
 namespace {

@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include <levelwidgets/controls/textbox/flat_text_box.h>
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 #include <levelwidgets/platform/memory/desktop.h>
 
 namespace {

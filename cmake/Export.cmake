@@ -1,12 +1,17 @@
 # What others get of the libraries: their names, and what a program that links them needs besides.
 include(GNUInstallDirs)
 
-# The name in find_package and behind LevelWidgets:: of the folder `name`: Memory for memory.
+# The name in find_package and behind LevelWidgets:: of the folder `name`: Memory for memory, FormFile for form_file.
 function(levelwidgets_component name result)
-  string(SUBSTRING ${name} 0 1 initial)
-  string(SUBSTRING ${name} 1 -1 rest)
-  string(TOUPPER ${initial} initial)
-  set(${result} ${initial}${rest} PARENT_SCOPE)
+  string(REPLACE "_" ";" words ${name})
+  set(component)
+  foreach(word ${words})
+    string(SUBSTRING ${word} 0 1 initial)
+    string(SUBSTRING ${word} 1 -1 rest)
+    string(TOUPPER ${initial} initial)
+    string(APPEND component ${initial}${rest})
+  endforeach()
+  set(${result} ${component} PARENT_SCOPE)
 endfunction()
 
 # Makes the folder `name` a component. The system's libraries and those found by pkg-config among its private

@@ -171,7 +171,7 @@ function(levelwidgets_add_tests)
   levelwidgets_test_program(levelwidgets_tests SOURCES ${all_sources} LIBRARIES ${libraries})
 endfunction()
 
-# A program of each *_fuzz.cpp: bin/form_file_fuzz NEW_FOLDER levelwidgets/host/form_file_corpus
+# A program of each *_fuzz.cpp: bin/form_file_fuzz NEW_FOLDER levelwidgets/host/form_file/form_file_corpus
 function(levelwidgets_add_fuzzers)
   get_property(names GLOBAL PROPERTY LEVELWIDGETS_NAMES)
   foreach(name ${names})

@@ -4,7 +4,7 @@
 
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/controls/label/flat_label.h>
-#include <levelwidgets/host/run_form.h>
+#include <levelwidgets/host/form/run_form.h>
 #include <levelwidgets/native/native.h>
 
 using namespace levelwidgets;

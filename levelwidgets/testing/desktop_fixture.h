@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 #include <levelwidgets/platform/tracing/tracing_platform.h>
 #include <levelwidgets/testing/driver.h>
 

@@ -6,7 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/native/native.h>
 
 namespace levelwidgets {

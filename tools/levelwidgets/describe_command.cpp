@@ -2,7 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include <levelwidgets/controls/registry.h>
-#include <levelwidgets/host/describe.h>
+#include <levelwidgets/host/describe/describe.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {

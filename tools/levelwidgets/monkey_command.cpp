@@ -3,7 +3,7 @@
 #include <chrono>
 #include <iostream>
 
-#include <levelwidgets/host/atomic_file.h>
+#include <levelwidgets/host/files/atomic_file.h>
 #include <levelwidgets/host/monkey/run.h>
 #include <levelwidgets/host/monkey/script.h>
 #include <levelwidgets/host/script/script_host.h>

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include <levelwidgets/host/form.h>
-#include <levelwidgets/host/form_values.h>
+#include <levelwidgets/host/form/form.h>
+#include <levelwidgets/host/form_file/values.h>
 
 namespace levelwidgets::monkey {
 

@@ -1,7 +1,7 @@
 // Where a control is required to behave other than the invariants say.
 #pragma once
 
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 
 namespace levelwidgets::monkey {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 #include <levelwidgets/host/monkey/event.h>
 #include <levelwidgets/host/monkey/values.h>
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 #include <levelwidgets/platform/memory/desktop.h>
 
 namespace levelwidgets::monkey {

@@ -1,5 +1,5 @@
 // Invariants of properties and of what is saved.
-#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/host/monkey/exceptions.h>
 #include <levelwidgets/host/monkey/invariant_checks.h>
 

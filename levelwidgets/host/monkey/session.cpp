@@ -1,7 +1,7 @@
 #include <levelwidgets/host/monkey/session.h>
 
 #include <levelwidgets/controls/registry.h>
-#include <levelwidgets/host/form_values.h>
+#include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/monkey/exceptions.h>
 
 namespace levelwidgets::monkey {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include <levelwidgets/controls/registry.h>
-#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/host/monkey/session.h>
 
 namespace levelwidgets::monkey {

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include <levelwidgets/host/form_values.h>
+#include <levelwidgets/host/form_file/values.h>
 
 namespace levelwidgets::monkey {
 

@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include <levelwidgets/frame/error.h>
-#include <levelwidgets/host/atomic_file.h>
+#include <levelwidgets/host/files/atomic_file.h>
 
 namespace levelwidgets {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include <levelwidgets/host/form_values_date.h>
+#include <levelwidgets/host/form_file/values_date.h>
 
 namespace levelwidgets {
 

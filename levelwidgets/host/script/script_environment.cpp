@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include <levelwidgets/host/atomic_file.h>
+#include <levelwidgets/host/files/atomic_file.h>
 #include <levelwidgets/host/script/script_entry.h>
 #include <levelwidgets/host/script/script_folder.h>
 #include <levelwidgets/host/script/script_forms.h>

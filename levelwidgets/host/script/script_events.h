@@ -1,7 +1,7 @@
 // How events reach scripts.
 #pragma once
 
-#include <levelwidgets/host/hosted_control.h>
+#include <levelwidgets/host/form/hosted_control.h>
 #include <levelwidgets/host/script/script_state.h>
 
 namespace levelwidgets {

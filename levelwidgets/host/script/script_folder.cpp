@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <levelwidgets/host/atomic_file.h>
+#include <levelwidgets/host/files/atomic_file.h>
 
 namespace levelwidgets {
 

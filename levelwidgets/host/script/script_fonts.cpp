@@ -1,7 +1,7 @@
 #include <levelwidgets/host/script/script_fonts.h>
 
 #include <levelwidgets/frame/class_info.h>
-#include <levelwidgets/host/form_values.h>
+#include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/script/script_userdata.h>
 #include <levelwidgets/host/script/script_values.h>
 

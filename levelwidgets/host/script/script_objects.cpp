@@ -1,7 +1,7 @@
 #include <levelwidgets/host/script/script_objects.h>
 
 #include <levelwidgets/frame/enumerator.h>
-#include <levelwidgets/host/form.h>
+#include <levelwidgets/host/form/form.h>
 #include <levelwidgets/host/script/script_events.h>
 #include <levelwidgets/host/script/script_indexed.h>
 #include <levelwidgets/host/script/script_userdata.h>

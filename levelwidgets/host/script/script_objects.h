@@ -1,7 +1,7 @@
 // Controls and other objects as scripts have them: members by name, from the class tables.
 #pragma once
 
-#include <levelwidgets/host/hosted_control.h>
+#include <levelwidgets/host/form/hosted_control.h>
 #include <levelwidgets/host/script/script_state.h>
 
 namespace levelwidgets {

@@ -7,7 +7,7 @@
 
 #include <lua.hpp>
 
-#include <levelwidgets/host/form_file.h>
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/host/script/own_desktop.h>
 #include <levelwidgets/host/script/script_host.h>
 #include <levelwidgets/host/script/script_limits.h>

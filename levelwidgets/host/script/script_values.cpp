@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include <levelwidgets/host/form_values_date.h>
+#include <levelwidgets/host/form_file/values_date.h>
 #include <levelwidgets/host/script/script_dates.h>
 #include <levelwidgets/host/script/script_fonts.h>
 #include <levelwidgets/host/script/script_objects.h>

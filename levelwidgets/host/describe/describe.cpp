@@ -1,0 +1,136 @@
+#include <levelwidgets/host/describe/describe.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include <levelwidgets/controls/registry.h>
+#include <levelwidgets/host/describe/values.h>
+#include <levelwidgets/host/form/form.h>
+
+namespace levelwidgets {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// --- JSON ------------------------------------------------------------------------------------------
+
+Json JsonOf(const PropertyInfo& property) {
+  Json json;
+  json["name"] = property.name;
+  json["type"] = property.type.name;
+  json["persisted"] = property.persisted ? Json(property.name) : Json();
+  json["stored_as"] = property.persisted ? Json(NameOf(property.stored_as)) : Json();
+  json["default_new"] = JsonOfDefault(property.defaults.when_new, property.type);
+  json["default_read"] = JsonOfDefault(property.defaults.when_read, property.type);
+  json["default_write"] = JsonOfDefault(property.defaults.when_written, property.type);
+  json["read_only"] = property.ReadOnly();
+  json["indexed"] = property.Indexed();
+  json["help"] = property.help;
+  return json;
+}
+
+Json JsonOf(const MethodInfo& method) {
+  Json arguments = Json::array();
+  for (const ArgumentInfo& argument : method.arguments) {
+    Json json{{"name", argument.name}, {"type", argument.type.name}};
+    if (argument.default_value) json["default"] = JsonOfValue(*argument.default_value, argument.type);
+    arguments.push_back(std::move(json));
+  }
+  return {{"name", method.name}, {"arguments", std::move(arguments)}, {"help", method.help}};
+}
+
+Json JsonOf(const EventInfo& event) {
+  Json arguments = Json::array();
+  for (const ArgumentInfo& argument : event.arguments) {
+    arguments.push_back(
+        Json{{"name", argument.name}, {"type", argument.type.name}, {"by_reference", argument.by_reference}});
+  }
+  return {{"number", event.number}, {"name", event.name}, {"arguments", std::move(arguments)}};
+}
+
+Json JsonOf(const EnumerationInfo& enumeration) {
+  Json items = Json::array();
+  for (const EnumerationItem& item : enumeration.items) {
+    items.push_back(Json{{"name", item.name}, {"value", item.value}});
+  }
+  return {{"name", enumeration.name}, {"items", std::move(items)}};
+}
+
+template <typename Member>
+Json JsonOfAll(const std::vector<Member>& members) {
+  Json list = Json::array();
+  for (const Member& member : members) list.push_back(JsonOf(member));
+  return list;
+}
+
+// --- Text ------------------------------------------------------------------------------------------
+
+void WriteProperty(std::ostream& out, const PropertyInfo& property) {
+  out << "  " << property.name;
+  if (property.Indexed()) out << TextOfArguments(property.indices);
+  out << ": " << property.type.name;
+  if (property.ReadOnly()) out << ", read-only";
+  if (property.persisted && property.stored_as != property.type.type) {
+    out << ", saved as " << NameOf(property.stored_as);
+  }
+  if (!property.persisted) out << ", not saved";
+  if (property.persisted && property.Indexed()) {
+    out << ", saved as " << property.KeyOf(1) << ", " << property.KeyOf(2) << " and so on";
+  }
+  out << "\n      " << property.help;
+  if (HasDefault(property)) out << " Default: " << TextOfDefaults(property);
+  out << "\n";
+}
+
+void WriteMethod(std::ostream& out, const MethodInfo& method) {
+  out << "  " << method.name << TextOfArguments(method.arguments);
+  if (!method.result.name.empty()) out << ": " << method.result.name;
+  out << "\n      " << method.help << "\n";
+}
+
+void WriteEnumeration(std::ostream& out, const EnumerationInfo& enumeration) {
+  out << "\n" << enumeration.name << "\n";
+  for (const EnumerationItem& item : enumeration.items) out << "  " << item.value << " " << item.name << "\n";
+}
+
+}  // namespace
+
+std::vector<const ClassInfo*> DescribedClasses() {
+  std::vector<const ClassInfo*> classes(ControlClasses().begin(), ControlClasses().end());
+  classes.insert(classes.end(), ObjectClasses().begin(), ObjectClasses().end());
+  classes.insert(classes.end(), {&Form::Table(), &HostedControl::Table()});
+  return classes;
+}
+
+Json DescribeAsJson(const ClassInfo& info) {
+  Json enumerations = Json::array();
+  for (const EnumerationInfo* enumeration : info.Enumerations()) enumerations.push_back(JsonOf(*enumeration));
+  Json json;
+  json["class"] = info.Name();
+  if (!info.DefaultMember().empty()) json["default_member"] = info.DefaultMember();
+  json["properties"] = JsonOfAll(info.Properties());
+  json["methods"] = JsonOfAll(info.Methods());
+  json["events"] = JsonOfAll(info.Events());
+  json["enumerations"] = std::move(enumerations);
+  return json;
+}
+
+std::string DescribeAsText(const ClassInfo& info) {
+  std::ostringstream out;
+  out << info.Name() << ": " << info.Help() << "\n";
+  if (!info.DefaultMember().empty()) out << "Default member: " << info.DefaultMember() << "\n";
+  out << "\nProperties\n";
+  for (const PropertyInfo& property : info.Properties()) WriteProperty(out, property);
+  if (!info.Methods().empty()) out << "\nMethods\n";
+  for (const MethodInfo& method : info.Methods()) WriteMethod(out, method);
+  if (!info.Events().empty()) out << "\nEvents\n";
+  for (const EventInfo& event : info.Events()) {
+    out << "  " << event.number << " " << event.name << TextOfArguments(event.arguments) << "\n      "
+        << event.help << "\n";
+  }
+  for (const EnumerationInfo* enumeration : info.Enumerations()) WriteEnumeration(out, *enumeration);
+  return out.str();
+}
+
+}  // namespace levelwidgets

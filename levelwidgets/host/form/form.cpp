@@ -1,0 +1,270 @@
+#include <levelwidgets/host/form/form.h>
+
+#include <algorithm>
+
+#include <levelwidgets/frame/paint.h>
+
+namespace levelwidgets {
+
+namespace {
+constexpr std::uint32_t kStyle =
+    kWsCaption | kWsSysMenu | kWsMinimizeBox | kWsThickFrame | kWsClipChildren | kWsClipSiblings;
+}
+
+const ClassInfo& Form::Table() {
+  static const ClassInfo info =
+      Describe<Form>("Form", "A window that holds controls.")
+          .ReadOnly("Name", &Form::Name, "The form's name, as its file gives it.")
+          .Property("Caption", &Form::Caption, &Form::SetCaption,
+                    {.defaults = Always(""), .help = "Text of the title bar."})
+          .Property("Width", &Form::Width, &Form::SetWidth,
+                    {.defaults = Always(6000.0f), .help = "Inner width, twips."})
+          .Property("Height", &Form::Height, &Form::SetHeight,
+                    {.defaults = Always(4500.0f), .help = "Inner height, twips."})
+          .Property("Font", &Form::GetFont, &Form::SetFont,
+                    {.defaults = Always(MakeFont()), .help = "Default font of the controls."})
+          .Property("BackColor", &Form::BackColor, &Form::SetBackColor,
+                    {.defaults = Always(Color(0x8000000Fu)), .help = "Background colour."})
+          .ReadOnly("Design", &Form::Design, "Whether the form is being designed: controls get no input.")
+          .ReadOnly("hWnd", &Form::hWnd, "Handle of the form's window.")
+          .Method("Show", &Form::Show, {}, "Shows and activates the form.")
+          .Method("Hide", &Form::Hide, {}, "Hides the form.")
+          .Method("Close", &Form::Close, {}, "Closes the form unless Unload is cancelled.")
+          .Event(1, "Activate", &Form::Activate, {}, "The form became the active window.")
+          .Event(2, "Deactivate", &Form::Deactivate, {}, "Another window became active.")
+          .Event(3, "Load", &Form::Load, {}, "The form and its controls are there, not yet shown.")
+          .Event(4, "PropertyChanged", &Form::PropertyChanged, {"Control", "Name"},
+                 "A control told that a persisted property changed.")
+          .Event(5, "Resize", &Form::Resize, {}, "The inner size changed.")
+          .Event(6, "Unload", &Form::Unload, {"Cancel"}, "The form is about to close.")
+          .Persisted({"Caption", "Width", "Height", "Font", "BackColor"})
+          .Build();
+  return info;
+}
+
+bool IsControlName(std::string_view name) {
+  const auto is_letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; };
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  return !name.empty() && is_letter(name[0]) &&
+         std::ranges::all_of(name, [&](char c) { return is_letter(c) || is_digit(c); });
+}
+
+std::shared_ptr<Form> Form::Create(Platform& platform, FormOptions options) {
+  return std::shared_ptr<Form>(new Form(platform, std::move(options)));
+}
+
+Form::Form(Platform& platform, FormOptions options)
+    : platform_(platform), options_(std::move(options)), font_(MakeFont(options_.font)) {
+  const TwipSize size = options_.size;
+  WindowRequest request;
+  request.title = options_.caption;
+  request.style = kStyle;
+  request.client = this;
+  window_ = platform_.Windows().CreateWindowExA(request);
+  options_.size = {};
+  SetSize(size);
+  const PixelRect rect = ScreenRect();
+  const PixelSize screen = platform_.Screen().Size();
+  MoveTo({std::max(0, (screen.width - rect.width()) / 2), std::max(0, (screen.height - rect.height()) / 2)});
+}
+
+Form::~Form() { CloseWindow(); }
+
+void Form::CloseWindow() {
+  by_name_.clear();
+  for (const auto& control : std::exchange(controls_, {})) control->Detach();
+  if (window_) platform_.Windows().DestroyWindow(std::exchange(window_, {}));
+}
+
+// --- Properties --------------------------------------------------------------------------------------
+
+void Form::SetCaption(std::string caption) {
+  options_.caption = std::move(caption);
+  platform_.Windows().SetWindowTextA(window_, options_.caption);
+}
+
+void Form::SetSize(TwipSize size) {
+  if (size.width < Twips() || size.height < Twips()) {
+    throw Error(kInvalidCall, "LevelWidgets.Form",
+                "The size of a form cannot be negative: Width and Height are lengths in twips");
+  }
+  if (!(size.width <= kMostTwips && size.height <= kMostTwips)) {
+    throw Error(kOverflow, "LevelWidgets.Form",
+                "The form would be too large: Width and Height are at most 1000000000 twips");
+  }
+  options_.size = size;
+  const PixelRect client{0, 0, ToPixels(size.width, platform_.Screen().TwipsPerPixelX()),
+                         ToPixels(size.height, platform_.Screen().TwipsPerPixelY())};
+  const PixelRect outer = platform_.Windows().AdjustWindowRectEx(client, kStyle, 0);
+  platform_.Windows().SetWindowPos(window_, {}, {0, 0, outer.width(), outer.height()},
+                                   kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
+}
+
+void Form::SetFont(FontRef font) {
+  font_ = std::move(font);
+  for (const auto& control : std::vector(controls_)) {
+    if (const auto part = control->GetControl()) part->OnAmbientChanged("Font");
+  }
+}
+
+void Form::SetBackColor(Color color) {
+  options_.back_color = color;
+  platform_.Windows().InvalidateRect(window_);
+  for (const auto& control : std::vector(controls_)) {
+    if (const auto part = control->GetControl()) part->OnAmbientChanged("BackColor");
+  }
+}
+
+PixelRect Form::ScreenRect() const {
+  PixelRect rect;
+  platform_.Windows().GetWindowRect(window_, rect);
+  return rect;
+}
+
+// --- Methods -----------------------------------------------------------------------------------------
+
+void Form::Show() {
+  const auto keep = shared_from_this();
+  platform_.Windows().ShowWindow(window_, kSwShow);
+  if (window_) platform_.Windows().SetActiveWindow(window_);
+  if (window_) platform_.Windows().UpdateWindow(window_);
+}
+
+void Form::Hide() {
+  const auto keep = shared_from_this();
+  platform_.Windows().ShowWindow(window_, kSwHide);
+}
+
+bool Form::Close() {
+  const auto keep = shared_from_this();
+  if (Closed()) return true;
+  bool cancel = false;
+  Unload.Raise(cancel);
+  if (!cancel) CloseWindow();
+  return !cancel;
+}
+
+void Form::MoveTo(PixelPoint screen) {
+  platform_.Windows().SetWindowPos(window_, {}, {screen.x, screen.y, screen.x, screen.y},
+                                   kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
+}
+
+void Form::Loaded() {
+  const auto keep = shared_from_this();
+  Load.Raise();
+}
+
+HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved,
+                         const Placement& place) {
+  if (name.empty()) throw Error(kInvalidCall, "LevelWidgets.Form", "A control needs a name");
+  if (!IsControlName(name)) {
+    throw Error(
+        kInvalidCall, "LevelWidgets.Form",
+        "\"" + name + "\" is no name for a control: it takes letters, digits and \"_\", the first no digit");
+  }
+  if (Find(name)) {
+    throw Error(kKeyInUse, "LevelWidgets.Form", "The form has a control named \"" + name + "\" already");
+  }
+  const auto added = std::make_shared<HostedControl>(*this, control_class, std::move(name));
+  added->tab_index_ = static_cast<std::int32_t>(controls_.size());
+  controls_.push_back(added);
+  by_name_.emplace(added->Name(), added.get());
+  try {
+    added->Create(saved, place);
+  } catch (...) {
+    Forget(added);
+    added->Detach();
+    throw;
+  }
+  return *added;
+}
+
+std::shared_ptr<HostedControl> Form::Find(std::string_view name) const {
+  const auto found = by_name_.find(name);
+  return found == by_name_.end() ? nullptr : found->second->shared_from_this();
+}
+
+bool Form::Remove(std::string_view name) {
+  const auto control = Find(name);
+  if (!control) return false;
+  Forget(control);
+  control->Detach();
+  return true;
+}
+
+// The form may have been closed meanwhile.
+void Form::Forget(const std::shared_ptr<HostedControl>& control) {
+  std::erase(controls_, control);
+  const auto named = by_name_.find(control->Name());
+  if (named != by_name_.end() && named->second == control.get()) by_name_.erase(named);
+}
+
+std::shared_ptr<HostedControl> Form::ActiveControl() const {
+  const auto control = active_control_.lock();
+  return control && control->GetForm() == this ? control : nullptr;
+}
+
+void Form::BecomeDefault(HostedControl& control) {
+  for (const auto& other : std::vector(controls_)) {
+    if (other.get() != &control) other->SetDefault(false);
+  }
+}
+
+void Form::BecomeCancel(HostedControl& control) {
+  for (const auto& other : controls_) {
+    if (other.get() != &control) other->SetCancel(false);
+  }
+}
+
+// --- Messages ----------------------------------------------------------------------------------------
+
+LResult Form::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
+  const auto keep = weak_from_this().lock();
+  WindowApi& windows = platform_.Windows();
+  switch (message) {
+    case kWmEraseBackground: return 1;
+    case kWmPaint: Paint(); return 0;
+    case kWmDestroy: window_ = {}; return 0;
+    default: break;
+  }
+  if (!keep) return windows.DefWindowProcA(window, message, wparam, lparam);
+  switch (message) {
+    case kWmSize: ClientResized(); return 0;
+    case kWmClose: Close(); return 0;
+    case kWmSetFocus: FocusFirst(); return 0;
+    case kWmActivate: {
+      // Lets the system move the focus first.
+      const LResult result = windows.DefWindowProcA(window, message, wparam, lparam);
+      ((wparam & 0xFFFF) != 0 ? Activate : Deactivate).Raise();
+      return result;
+    }
+    default: break;
+  }
+  if (!Design() && KeyMessageToForm(message, wparam)) return 0;
+  return windows.DefWindowProcA(window, message, wparam, lparam);
+}
+
+void Form::Paint() {
+  const DcHandle dc = platform_.Windows().BeginPaint(window_);
+  DrawingApi& drawing = platform_.Drawing();
+  PixelRect client;
+  platform_.Windows().GetClientRect(window_, client);
+  const DrawingObject brush(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, options_.back_color)));
+  drawing.FillRect(dc, client, brush.Handle());
+  platform_.Windows().EndPaint(window_);
+}
+
+// The twips that were asked for stay as they are while the window shows exactly their pixels.
+void Form::ClientResized() {
+  PixelRect client;
+  platform_.Windows().GetClientRect(window_, client);
+  const float twips_x = platform_.Screen().TwipsPerPixelX();
+  const float twips_y = platform_.Screen().TwipsPerPixelY();
+  if (ToPixels(options_.size.width, twips_x) != client.width() ||
+      ToPixels(options_.size.height, twips_y) != client.height()) {
+    options_.size = {ToTwips(client.width(), twips_x), ToTwips(client.height(), twips_y)};
+  }
+  Resize.Raise();
+}
+
+}  // namespace levelwidgets

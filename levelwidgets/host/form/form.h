@@ -1,0 +1,146 @@
+// A form: a top-level window that holds controls.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include <levelwidgets/host/form/hosted_control.h>
+
+namespace levelwidgets {
+
+struct FormOptions {
+  std::string name = "frmForm";
+  std::string caption;
+  TwipSize size{Twips(6000), Twips(4500)};  // inner
+  FontDescription font;
+  Color back_color{0x8000000Fu};
+  bool design = false;  // design mode: the controls get no input
+};
+
+// Where a control is put when it is added.
+struct Placement {
+  TwipPoint position;
+  std::optional<TwipSize> size;  // the class's own when not given
+};
+
+// Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
+bool IsControlName(std::string_view name);
+
+// By name in Table(): Name, Caption, Width, Height, Font, BackColor, Design and the events.
+//
+// A form is shared: whoever runs its code holds a reference, so that a handler may drop the last other one.
+class Form : public Object, public WindowClient, public std::enable_shared_from_this<Form> {
+ public:
+  static const ClassInfo& Table();
+  // Hidden, centred on the screen.
+  static std::shared_ptr<Form> Create(Platform& platform, FormOptions options);
+  ~Form() override;
+
+  // --- Properties -------------------------------------------------------------------------------
+
+  const std::string& Name() const { return options_.name; }
+  const std::string& Caption() const { return options_.caption; }
+  void SetCaption(std::string caption);
+  // Inner size, twips. Negative lengths raise 5, more than kMostTwips raise 6.
+  Twips Width() const { return options_.size.width; }
+  void SetWidth(Twips width) { SetSize({width, options_.size.height}); }
+  Twips Height() const { return options_.size.height; }
+  void SetHeight(Twips height) { SetSize({options_.size.width, height}); }
+  // The ambient font of the controls, which get a copy each.
+  FontRef GetFont() const { return font_; }
+  void SetFont(FontRef font);
+  Color BackColor() const { return options_.back_color; }
+  void SetBackColor(Color color);
+  bool Design() const { return options_.design; }
+  WindowHandle hWnd() const { return window_; }
+  bool Closed() const { return !window_; }
+  Platform& GetPlatform() const { return platform_; }
+
+  // --- Methods ----------------------------------------------------------------------------------
+
+  void Show();
+  void Hide();
+  // Raises Unload; closes the window and removes every control unless a listener cancels. Returns whether
+  // closed.
+  bool Close();
+  // The form's client area moved to `screen` pixels (its outer left top corner).
+  void MoveTo(PixelPoint screen);
+
+  // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. Raises 457 when the
+  // name is taken, 5 for what is no IsControlName; what the control refuses of `saved` is raised as
+  // PropertyRefused, and nothing is added. It has its size from the start, when it reads its properties.
+  HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr,
+                     const Placement& place = {});
+  // A new instance of the control class T.
+  template <typename T>
+  T& Add(std::string name, const Placement& place = {}) {
+    return static_cast<T&>(*Add(T::Table(), std::move(name), nullptr, place).GetControl());
+  }
+  // Null when there is none of that name.
+  std::shared_ptr<HostedControl> Find(std::string_view name) const;
+  // False when there is none. The control is destroyed when its own code has returned.
+  bool Remove(std::string_view name);
+  // In the order added.
+  const std::vector<std::shared_ptr<HostedControl>>& Controls() const { return controls_; }
+  // The control with the keyboard focus; null when none has it.
+  std::shared_ptr<HostedControl> ActiveControl() const;
+  // Outer rectangle in screen pixels.
+  PixelRect ScreenRect() const;
+
+  // --- Events -----------------------------------------------------------------------------------
+
+  Event<> Load;
+  Event<> Resize;
+  Event<> Activate;
+  Event<> Deactivate;
+  Event<bool&> Unload;
+  Event<std::string_view, std::string_view> PropertyChanged;  // control, property
+
+  // Raises Load; whoever has filled the form calls it once, before the form is shown.
+  void Loaded();
+
+  const ClassInfo& Class() const override { return Table(); }
+  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+
+ private:
+  friend class HostedControl;
+  Form(Platform& platform, FormOptions options);
+
+  void SetSize(TwipSize size);
+  void Paint();
+  void ClientResized();
+  void CloseWindow();
+  void Forget(const std::shared_ptr<HostedControl>& control);
+
+  // Keyboard: form_keyboard.cpp.
+  bool TakeKey(const KeyMessage& key);
+  bool KeyMessageToForm(std::uint32_t message, WParam wparam);
+  std::vector<HostedControl*> TabOrder() const;
+  bool MoveFocus(bool forward);
+  bool PressAccessKey(std::int16_t character);
+  // Delivers the key to the control that has `role` (default or cancel button).
+  bool ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii);
+  void FocusFirst();
+
+  // Keeps at most one default and one cancel button.
+  void BecomeDefault(HostedControl& control);
+  void BecomeCancel(HostedControl& control);
+
+  Platform& platform_;
+  FormOptions options_;
+  FontRef font_;
+  WindowHandle window_;
+  std::vector<std::shared_ptr<HostedControl>> controls_;
+  std::unordered_map<std::string_view, HostedControl*>
+      by_name_;                                  // of controls_; the keys are the controls' own
+  std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
+  std::int16_t swallowed_character_ = 0;         // of a key that the form has used itself
+};
+
+}  // namespace levelwidgets

@@ -1,0 +1,175 @@
+#include <levelwidgets/host/form/hosted_control.h>
+
+#include <cmath>
+
+#include <levelwidgets/host/form/form.h>
+
+namespace levelwidgets {
+
+const ClassInfo& HostedControl::Table() {
+  using H = HostedControl;
+  static const ClassInfo info =
+      Describe<H>("Placement", "What the container adds to a control.")
+          .ReadOnly("Name", &H::Name, "The control's name on its form, as the file gives it.")
+          .Property("Left", &H::Left, &H::SetLeft,
+                    {.defaults = Always(0.0f), .help = "Left edge on the form, twips."})
+          .Property("Top", &H::Top, &H::SetTop,
+                    {.defaults = Always(0.0f), .help = "Top edge on the form, twips."})
+          .Property("Width", &H::Width, &H::SetWidth,
+                    {.help = "Width, twips; the class's own where not given."})
+          .Property("Height", &H::Height, &H::SetHeight,
+                    {.help = "Height, twips; the class's own where not given."})
+          .Property("Visible", &H::Visible, &H::SetVisible,
+                    {.defaults = Always(true), .help = "Whether the control is shown."})
+          .Property("TabIndex", &H::TabIndex, &H::SetTabIndex,
+                    {.help = "Place in the order of the Tab key; that in the file where not given."})
+          .Property("TabStop", &H::TabStop, &H::SetTabStop,
+                    {.defaults = Always(true), .help = "Whether the Tab key stops here."})
+          .Property("Default", &H::Default, &H::SetDefault,
+                    {.defaults = Always(false), .help = "Whether Enter clicks it."})
+          .Property("Cancel", &H::Cancel, &H::SetCancel,
+                    {.defaults = Always(false), .help = "Whether Escape clicks it."})
+          .Property("Tag", &H::Tag, &H::SetTag, {.defaults = Always(""), .help = "Any text of the user's."})
+          .Property("ToolTipText", &H::ToolTipText, &H::SetToolTipText,
+                    {.defaults = Always(""), .help = "Text that explains the control."})
+          .Method("SetFocus", &H::SetFocus, {}, "Gives the control the keyboard focus.")
+          .Method("ZOrder", &H::ZOrder, {{"Position", Variant(0)}},
+                  "0 brings it to the front, 1 sends it to the back.")
+          .Persisted({"Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default", "Cancel",
+                      "Tag", "ToolTipText"})
+          .Build();
+  return info;
+}
+
+HostedControl::HostedControl(Form& form, const ClassInfo& control_class, std::string name)
+    : platform_(form.GetPlatform()), form_(&form), control_class_(control_class), name_(std::move(name)) {}
+
+void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
+  const TwipSize size = place.size.value_or(control_class_.DefaultSize());
+  CheckPlace(place.position, size);
+  control_ = control_class_.Create(shared_from_this());
+  position_ = place.position;
+  size_ = size;
+  control_->Start(saved, position_, size_);
+  ZOrder(0);  // what is added later covers what was there
+  control_->GetSurface().SetVisible(visible_);
+}
+
+void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
+  if (size.width < Twips() || size.height < Twips()) {
+    throw Error(kInvalidCall, "LevelWidgets.Form",
+                "The size of " + name_ + " cannot be negative: Width and Height are lengths in twips");
+  }
+  for (const Twips length : {position.x, position.y, size.width, size.height}) {
+    if (std::fabs(length.value) <= kMostTwips.value) continue;
+    throw Error(
+        kOverflow, "LevelWidgets.Form",
+        "The place of " + name_ + " is too far: Left, Top, Width and Height are at most 1000000000 twips");
+  }
+}
+
+void HostedControl::Detach() {
+  form_ = nullptr;
+  // Hidden and heard of no more at once; destroyed when the last of its own code has returned.
+  const auto control = std::exchange(control_, nullptr);
+  if (!control) return;
+  for (const EventInfo& event : control->Class().Events()) event.end_all(*control);
+  control->GetSurface().SetVisible(false);
+}
+
+void HostedControl::SetVisible(bool visible) {
+  visible_ = visible;
+  if (control_) control_->GetSurface().SetVisible(visible);
+}
+
+void HostedControl::SetDefault(bool is_default) {
+  if (is_default && form_) form_->BecomeDefault(*this);
+  if (default_ == is_default) return;
+  default_ = is_default;
+  if (const auto control = control_) control->OnAmbientChanged("DisplayAsDefault");
+}
+
+void HostedControl::SetCancel(bool is_cancel) {
+  if (is_cancel && form_) form_->BecomeCancel(*this);
+  cancel_ = is_cancel;
+}
+
+void HostedControl::Move(TwipPoint position, TwipSize size) {
+  CheckPlace(position, size);
+  position_ = position;
+  size_ = size;
+  if (const auto control = control_) control->Move(position, size);
+}
+
+void HostedControl::SetFocus() {
+  WindowApi& windows = platform_.Windows();
+  const WindowHandle window = control_ ? control_->GetSurface().hWnd() : WindowHandle{};
+  const bool can_take = control_ && visible_ && control_->GetSurface().Enabled();
+  if (!can_take) {
+    throw Error(kInvalidCall, "LevelWidgets.Form",
+                name_ + " cannot take the focus: it is hidden, disabled or removed");
+  }
+  if (windows.IsWindowVisible(window)) {
+    windows.SetFocus(window);
+  } else if (form_) {
+    form_->active_control_ = weak_from_this();  // takes it when the form is shown
+  }
+}
+
+void HostedControl::ZOrder(std::int32_t position) {
+  if (position != 0 && position != 1) {
+    throw Error(kInvalidCall, "LevelWidgets.Form", "ZOrder takes 0 (front) or 1 (back)");
+  }
+  if (!control_) return;
+  platform_.Windows().SetWindowPos(control_->GetSurface().hWnd(), {position == 0 ? kHwndTop : kHwndBottom},
+                                   {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);
+}
+
+PropertyBag HostedControl::Properties() const {
+  PropertyBag bag;
+  if (control_) control_->OnWriteProperties(bag);
+  return bag;
+}
+
+PixelRect HostedControl::ScreenRect() const {
+  PixelRect rect;
+  if (control_) platform_.Windows().GetWindowRect(control_->GetSurface().hWnd(), rect);
+  return rect;
+}
+
+PixelPoint HostedControl::ScreenCentre() const {
+  const PixelRect rect = ScreenRect();
+  return {rect.left + rect.width() / 2, rect.top + rect.height() / 2};
+}
+
+// --- Site ------------------------------------------------------------------------------------------
+
+WindowHandle HostedControl::ParentWindow() { return form_ ? form_->hWnd() : WindowHandle{}; }
+
+bool HostedControl::UserMode() { return form_ && !form_->Design(); }
+
+FontRef HostedControl::AmbientFont() {
+  return MakeFont(form_ ? form_->GetFont()->Description() : FontDescription{});
+}
+
+Color HostedControl::AmbientBackColor() { return form_ ? form_->BackColor() : FormOptions{}.back_color; }
+
+Color HostedControl::AmbientForeColor() { return Color(0x80000012u); }
+
+void HostedControl::PropertyChanged(std::string_view name) {
+  if (!form_) return;
+  const auto keep = form_->shared_from_this();
+  keep->PropertyChanged.Raise(name_, name);
+}
+
+void HostedControl::FocusChanged(bool has_focus) {
+  if (form_ && has_focus) form_->active_control_ = weak_from_this();
+}
+
+bool HostedControl::TakeKey(const KeyMessage& key) {
+  if (!form_) return false;
+  const auto keep = form_->shared_from_this();
+  return keep->TakeKey(key);
+}
+
+}  // namespace levelwidgets

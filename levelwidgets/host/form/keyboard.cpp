@@ -1,0 +1,126 @@
+// What the keyboard does on a form before, or instead of, the control that has the focus.
+#include <algorithm>
+
+#include <levelwidgets/host/form/form.h>
+
+namespace levelwidgets {
+
+namespace {
+
+bool CanTakeInput(const HostedControl& control) {
+  return control.GetControl() && control.Visible() && control.GetControl()->GetSurface().Enabled();
+}
+
+// Lower case of a character of the western single-byte code page.
+int Folded(int c) { return (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ? c + 32 : c; }
+
+// Whether `character`, as a key message carries it, is one of `keys` (UTF-8) in either case.
+bool IsAmong(std::string_view keys, std::int16_t character) {
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    int key = static_cast<unsigned char>(keys[i]);
+    if (key == 0xC2 || key == 0xC3) {  // two bytes: U+0080 to U+00FF
+      if (++i == keys.size()) break;
+      key = (key & 0x03) << 6 | (static_cast<unsigned char>(keys[i]) & 0x3F);
+    }
+    if (Folded(key) == Folded(character & 0xFF)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::vector<HostedControl*> Form::TabOrder() const {
+  std::vector<HostedControl*> order;
+  for (const auto& control : controls_) order.push_back(control.get());
+  std::ranges::stable_sort(order, {}, &HostedControl::TabIndex);
+  return order;
+}
+
+bool Form::TakeKey(const KeyMessage& key) {
+  const bool alt = (key.shift & kAltMask) != 0;
+  const bool ctrl = (key.shift & kCtrlMask) != 0;
+  switch (key.kind) {
+    case KeyMessage::Kind::kUp: return false;
+    case KeyMessage::Kind::kCharacter:
+      if (alt && !ctrl) return PressAccessKey(key.code);
+      return std::exchange(swallowed_character_, std::int16_t{0}) == key.code;
+    case KeyMessage::Kind::kDown: break;
+  }
+  swallowed_character_ = 0;
+  if (alt || ctrl) return false;
+  bool used = false;
+  if (key.code == kKeyTab) {
+    used = MoveFocus((key.shift & kShiftMask) == 0);
+  } else if (key.code == kKeyEnter) {
+    used = ForwardTo(&HostedControl::Default, key.code);
+  } else if (key.code == kKeyEscape) {
+    used = ForwardTo(&HostedControl::Cancel, key.code);
+  }
+  swallowed_character_ = used ? key.code : std::int16_t{0};
+  return used;
+}
+
+// Keys reach the form itself while no control has the focus.
+bool Form::KeyMessageToForm(std::uint32_t message, WParam wparam) {
+  KeyMessage key{KeyMessage::Kind::kDown, static_cast<std::int16_t>(wparam), 0};
+  switch (message) {
+    case kWmKeyDown:
+    case kWmSysKeyDown: break;
+    case kWmChar:
+    case kWmSysChar: key.kind = KeyMessage::Kind::kCharacter; break;
+    default: return false;
+  }
+  key.shift = ShiftState(platform_.Windows());
+  return TakeKey(key);
+}
+
+bool Form::MoveFocus(bool forward) {
+  std::vector<HostedControl*> order = TabOrder();
+  if (!forward) std::ranges::reverse(order);
+  const auto present = std::ranges::find(order, ActiveControl().get());
+  // Those behind the present one first, then the others.
+  if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
+  for (HostedControl* control : order) {
+    if (control->TabStop() && CanTakeInput(*control)) {
+      control->SetFocus();
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Form::PressAccessKey(std::int16_t character) {
+  std::vector<HostedControl*> order = TabOrder();
+  const auto present = std::ranges::find(order, ActiveControl().get());
+  if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
+  for (HostedControl* control : order) {
+    if (!CanTakeInput(*control)) continue;
+    if (!IsAmong(control->GetControl()->GetSurface().AccessKeys(), character)) continue;
+    const auto keep = control->GetControl();
+    control->SetFocus();
+    keep->OnAccessKeyPress(character);
+    return true;
+  }
+  return false;
+}
+
+bool Form::ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii) {
+  const auto button = std::ranges::find_if(controls_, [role](const auto& c) { return ((*c).*role)(); });
+  if (button == controls_.end() || !CanTakeInput(**button)) return false;
+  const auto keep = (*button)->GetControl();
+  keep->OnAccessKeyPress(key_ascii);
+  return true;
+}
+
+// The form's window got the focus: it belongs to the control that had it, or to the first in the order.
+void Form::FocusFirst() {
+  if (Design()) return;
+  if (const auto control = ActiveControl(); control && CanTakeInput(*control)) {
+    control->SetFocus();
+    return;
+  }
+  active_control_.reset();
+  MoveFocus(true);
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,65 @@
+// Builds a form from its file's tree and reports everything that is wrong with it.
+#pragma once
+
+#include <unordered_map>
+
+#include <levelwidgets/controls/registry.h>
+#include <levelwidgets/host/form_file/report.h>
+
+namespace levelwidgets {
+
+class FormReader {
+ public:
+  using ClassFinder = const ClassInfo* (*)(std::string_view name);
+  FormReader(Platform& platform, FormReport& report, ClassFinder find_class = FindControlClass)
+      : platform_(platform), report_(report), find_class_(find_class) {}
+
+  // The form, with the controls that could be made: complete only when the report has no errors. Null when
+  // there is no [form] table.
+  std::shared_ptr<Form> Read();
+  // The path of the form's script; "" when it names none.
+  const std::string& Script() const { return script_; }
+
+ private:
+  using Values = std::vector<std::pair<const FormNode*, std::optional<Variant>>>;
+
+  std::string Quoted(const FormNode& node) const;
+  bool CheckRoot(const FormNode& root);
+  // One value for each of `keys`: the node, null where the table lacks it, and what it says when that is
+  // right.
+  Values ReadKeys(const FormNode& table, const std::vector<const PropertyInfo*>& keys);
+  void CheckLength(const FormNode& node, const PropertyInfo& key, std::optional<Variant>& value);
+  void WarnOfUnknown(const FormNode& table, std::string_view what,
+                     const std::vector<const PropertyInfo*>& keys,
+                     std::initializer_list<std::string_view> others,
+                     const ClassInfo* control_class = nullptr);
+
+  void ReadForm(const FormNode& table);
+  void WarnOfName(const FormNode& node, const std::string& name);
+  void ReadScript(const FormNode& node);
+
+  void ReadControl(const FormNode& table);
+  const ClassInfo* ReadClass(const FormNode& table);
+  // "" when it is missing or cannot be used.
+  std::string ReadName(const FormNode& table);
+  PropertyBag ReadProperties(const FormNode* node, const ClassInfo& control_class);
+  // Null when the control refused something, which has been reported.
+  HostedControl* Add(const ClassInfo& control_class, const std::string& name, const FormNode& table,
+                     PropertyBag bag, const Placement& place);
+  // Takes the refused value out of `bag`; false when it was not in it.
+  bool ReportRefused(const PropertyRefused& refused, const ClassInfo& control_class, const FormNode& table,
+                     PropertyBag& bag);
+  static Placement PlaceOf(const ClassInfo& control_class, const Values& placement);
+  // What of the placement is no place.
+  static void Assign(HostedControl& control, const Values& placement);
+  void WarnOfUnknownProperties(const FormNode& node, const HostedControl& control);
+
+  Platform& platform_;
+  FormReport& report_;
+  ClassFinder find_class_;
+  std::shared_ptr<Form> form_;
+  std::string script_;
+  std::unordered_map<std::string_view, const FormNode*> names_;
+};
+
+}  // namespace levelwidgets

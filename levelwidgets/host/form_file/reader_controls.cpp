@@ -1,0 +1,174 @@
+#include <algorithm>
+
+#include <levelwidgets/host/form_file/reader.h>
+#include <levelwidgets/host/form_file/values.h>
+
+namespace levelwidgets {
+
+namespace {
+
+// The length of `place` that the placement key `name` gives; null for a key that gives none.
+Twips* LengthOf(Placement& place, std::string_view name) {
+  if (name == "Left") return &place.position.x;
+  if (name == "Top") return &place.position.y;
+  if (name == "Width") return &place.size->width;
+  if (name == "Height") return &place.size->height;
+  return nullptr;
+}
+
+}  // namespace
+
+// --- Controls ----------------------------------------------------------------------------------------
+
+void FormReader::ReadControl(const FormNode& table) {
+  const ClassInfo* control_class = ReadClass(table);
+  const std::string name = ReadName(table);
+  const Values placement = ReadKeys(table, PlacementKeys());
+  WarnOfUnknown(table, "a control", PlacementKeys(), {"Class", "Name", "Properties"}, control_class);
+  const FormNode* properties = table.Find("Properties");
+  if (properties && !properties->IsTable()) {
+    report_.Error(properties->span.begin,
+                  "Properties is a table, such as { Caption = \"OK\" }; " + Quoted(*properties) + " is none");
+    return;
+  }
+  if (!control_class) return;
+  PropertyBag bag = ReadProperties(properties, *control_class);
+  // One without a usable name is made all the same, to hear what it refuses.
+  const std::string made_as = name.empty() ? "_at_" + std::to_string(table.span.begin) : std::string(name);
+  HostedControl* control =
+      Add(*control_class, made_as, table, std::move(bag), PlaceOf(*control_class, placement));
+  if (!control) return;
+  Assign(*control, placement);
+  if (properties) WarnOfUnknownProperties(*properties, *control);
+}
+
+const ClassInfo* FormReader::ReadClass(const FormNode& table) {
+  const FormNode* node = table.Find("Class");
+  if (!node) {
+    report_.Error(table.span.begin, "the control has no Class");
+    return nullptr;
+  }
+  const auto name = ReadString(*node, "Class", report_);
+  if (!name) return nullptr;
+  const ClassInfo* found = find_class_(*name);
+  if (!found) {
+    std::vector<std::string_view> names;
+    for (const ClassInfo* known : ControlClasses()) names.push_back(known->Name());
+    report_.Error(node->span.begin, "there is no control class \"" + *name + "\"" + Suggestion(*name, names));
+  }
+  return found;
+}
+
+std::string FormReader::ReadName(const FormNode& table) {
+  const FormNode* node = table.Find("Name");
+  if (!node) {
+    report_.Error(table.span.begin, "the control has no Name");
+    return {};
+  }
+  if (!ReadString(*node, "Name", report_)) return {};
+  const std::string& name = std::get<std::string>(node->scalar);
+  if (!IsControlName(name)) {
+    report_.Error(node->span.begin,
+                  Quoted(*node) + " is no name: that is a letter or \"_\", then letters, digits and \"_\"");
+    return {};
+  }
+  const auto [other, added] = names_.emplace(name, node);
+  if (added) return name;
+  const TextPosition at = report_.Document().PositionOf(other->second->span.begin);
+  report_.Error(node->span.begin,
+                "\"" + name + "\" is the name of the control on line " + std::to_string(at.line));
+  return {};
+}
+
+PropertyBag FormReader::ReadProperties(const FormNode* node, const ClassInfo& control_class) {
+  PropertyBag bag;
+  if (!node) return bag;
+  for (const FormNode& child : node->children) {
+    const PropertyInfo* property = FindStored(control_class, child.key);
+    // What no table names is handed to the control, which may know it all the same.
+    const auto value = property ? ReadValue(child, child.key, TypeOf(*property), report_)
+                                : ReadUntyped(child, report_.Document());
+    if (value) bag.WriteProperty(child.key, *value, {});
+  }
+  return bag;
+}
+
+HostedControl* FormReader::Add(const ClassInfo& control_class, const std::string& name, const FormNode& table,
+                               PropertyBag bag, const Placement& place) {
+  // A control stops at the first value that it refuses: without that one it is asked again for the rest.
+  for (bool refused_before = false;; refused_before = true) {
+    try {
+      HostedControl& control = form_->Add(control_class, name, &bag, place);
+      return refused_before ? nullptr : &control;
+    } catch (const PropertyRefused& refused) {
+      if (!ReportRefused(refused, control_class, table, bag)) return nullptr;
+    } catch (const Error& error) {
+      report_.Error(table.span.begin, control_class.Name() + ": " + error.Description());
+      return nullptr;
+    }
+  }
+}
+
+bool FormReader::ReportRefused(const PropertyRefused& refused, const ClassInfo& control_class,
+                               const FormNode& table, PropertyBag& bag) {
+  const FormNode* properties = table.Find("Properties");
+  const FormNode* node = properties ? properties->Find(refused.Property()) : nullptr;
+  const std::string because = ": " + refused.Description();
+  if (!node || !bag.Find(refused.Property())) {
+    // It took its default for what the file does not give, or gives wrongly.
+    report_.Error(table.span.begin,
+                  control_class.Name() + " needs another " + refused.Property() + " here" + because);
+    return false;
+  }
+  report_.Error(node->span.begin, control_class.Name() + " refuses " + Quoted(*node) + " as its " +
+                                      refused.Property() + because);
+  PropertyBag rest;
+  for (const auto& [name, value] : bag.Entries()) {
+    if (name != refused.Property()) rest.WriteProperty(name, value, {});
+  }
+  bag = std::move(rest);
+  return true;
+}
+
+Placement FormReader::PlaceOf(const ClassInfo& control_class, const Values& placement) {
+  Placement place{{}, control_class.DefaultSize()};
+  for (std::size_t i = 0; i < placement.size(); ++i) {
+    Twips* const length = LengthOf(place, PlacementKeys()[i]->name);
+    const auto& value = placement[i].second;
+    if (length && value) *length = Twips(ToSingle(*value));
+  }
+  return place;
+}
+
+void FormReader::Assign(HostedControl& control, const Values& placement) {
+  Placement place{{}, TwipSize{}};
+  for (std::size_t i = 0; i < placement.size(); ++i) {
+    const PropertyInfo& key = *PlacementKeys()[i];
+    const auto& value = placement[i].second;
+    if (value && !LengthOf(place, key.name)) key.set(control, *value);
+  }
+}
+
+void FormReader::WarnOfUnknownProperties(const FormNode& node, const HostedControl& control) {
+  const ClassInfo& control_class = control.ControlClass();
+  std::optional<PropertyBag> saved;
+  for (const FormNode& child : node.children) {
+    if (const PersistedKey stored = control_class.FindPersisted(child.key); stored.property) {
+      const std::int32_t count = stored.index == 0 ? 0 : stored.property->count(*control.GetControl());
+      if (stored.index > count) {
+        report_.Warning(child.key_span.begin, child.key + " is not loaded: there are " +
+                                                  std::to_string(count) + " values of " +
+                                                  stored.property->name);
+      }
+      continue;
+    }
+    if (!saved) saved = control.Properties();
+    if (saved->Find(child.key)) continue;  // one of those that a control numbers itself
+    std::vector<std::string_view> names;
+    for (const PropertyInfo* property : control_class.Persisted()) names.push_back(property->name);
+    report_.Warning(child.key_span.begin, control_class.Name() + " has no property \"" + child.key +
+                                              "\" to load" + Suggestion(child.key, names));
+  }
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,74 @@
+#include <levelwidgets/host/form_file/report.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <span>
+
+namespace levelwidgets {
+
+std::string Diagnostic::ToString() const {
+  std::string place = file.empty() ? "\"\"" : file;
+  if (line > 0) place += ":" + std::to_string(line) + ":" + std::to_string(column);
+  return place + (severity == Severity::kWarning ? ": warning: " : ": ") + message;
+}
+
+std::vector<Diagnostic> FormReport::Diagnostics() const {
+  constexpr std::size_t kMost = 1000;
+  std::vector<Entry> entries = entries_;
+  std::ranges::stable_sort(entries, {}, &Entry::offset);
+  std::vector<Diagnostic> diagnostics;
+  const std::size_t told = std::min(entries.size(), kMost);
+  for (Entry& entry : std::span(entries).first(told)) {
+    const TextPosition at = document_.PositionOf(entry.offset);
+    diagnostics.push_back({entry.severity, file_, at.line, at.column, std::move(entry.message)});
+  }
+  const std::span<const Entry> rest = std::span(entries).subspan(told);
+  if (rest.empty()) return diagnostics;
+  const auto errors = std::ranges::count(rest, Severity::kError, &Entry::severity);
+  const auto warnings = static_cast<std::ptrdiff_t>(rest.size()) - errors;
+  diagnostics.push_back(
+      {errors > 0 ? Severity::kError : Severity::kWarning, file_, 0, 0,
+       "and " + std::to_string(errors) + " more errors and " + std::to_string(warnings) + " more warnings"});
+  return diagnostics;
+}
+
+namespace {
+
+bool IsControlCharacter(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
+bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+
+// The texts before and after the middle that is left out; neither cuts a character.
+std::pair<std::string_view, std::string_view> Ends(std::string_view text, std::size_t before,
+                                                   std::size_t after) {
+  while (before > 0 && IsContinuation(text[before])) --before;
+  std::size_t resume = text.size() - after;
+  while (resume < text.size() && IsContinuation(text[resume])) ++resume;
+  return {text.substr(0, before), text.substr(resume)};
+}
+
+}  // namespace
+
+std::string Printable(std::string_view text, std::size_t longest) {
+  if (text.size() > longest) {
+    const auto [begin, end] = Ends(text, longest / 2, longest / 3);
+    return Printable(begin) + " ... " + Printable(end);
+  }
+  std::string printable;
+  for (const char c : text) {
+    if (IsControlCharacter(c)) {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\u%04X", static_cast<unsigned>(c));
+      printable += escape;
+    } else {
+      printable += c;
+    }
+  }
+  return printable;
+}
+
+std::string Suggestion(std::string_view name, std::span<const std::string_view> candidates) {
+  const std::string_view nearest = NearestName(name, candidates);
+  return nearest.empty() ? "" : "; did you mean \"" + std::string(nearest) + "\"?";
+}
+
+}  // namespace levelwidgets
