@@ -235,16 +235,65 @@ TEST_F(Documentation, TheHelpOfEachCommandFitsAndHasExamplesThatWork) {
 }
 
 // The scripts on the page of scripts belong together: what one makes, the next ones use.
-TEST_F(Documentation, TheScriptsOnItsPageRun) {
-  TakeOrderExample();
+std::string ScriptsOf(const std::string& page) {
   std::string program;
-  for (const Fence& fence : FencesOf(TextOf(Source("docs/scripts.md")))) {
+  for (const Fence& fence : FencesOf(page)) {
     if (fence.language == "lua" && fence.quoted.empty()) program += fence.text + "\n";
   }
-  File("page.lua", program + "for _, e in ipairs(lw.errors()) do error(e.message) end\n");
+  return program;
+}
+
+TEST_F(Documentation, TheScriptsOnItsPageRun) {
+  TakeOrderExample();
+  File("page.lua", ScriptsOf(TextOf(Source("docs/scripts.md"))) +
+                       "for _, e in ipairs(lw.errors()) do error(e.message) end\n");
   const Outcome outcome = Run("run page.lua");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.err, "");
+}
+
+// Added to the program of the page of scripts. It prints each method that scripts have, as the page writes
+// it: "desktop:click", "lw.date". Standard input lists methods too; it prints those that do not exist.
+constexpr char kListMethods[] = R"lua(
+local objects = { desktop = desktop, form = frm, control = cmdSave, object = list }
+for name, object in pairs(objects) do
+  for method in pairs(debug.getmetatable(object).methods) do print(name .. ":" .. method) end
+end
+for name in pairs(lw) do print("lw." .. name) end
+for line in io.lines() do
+  local name, method = line:match("^(%a+)[:.](.+)$")
+  if not pcall(function() return (objects[name] or lw)[method] end) then print("no such method: " .. line) end
+end
+)lua";
+
+// The methods in the tables of the page, as they are written there up to their arguments.
+std::set<std::string> MethodsOf(const std::string& page) {
+  const std::regex method(R"(`((?:desktop|form|control|object):\w+|lw\.\w+))");
+  std::set<std::string> methods;
+  std::istringstream lines(page);
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with("| `")) continue;
+    for (std::sregex_iterator match(line.begin(), line.end(), method), end; match != end; ++match)
+      methods.insert((*match)[1]);
+  }
+  return methods;
+}
+
+TEST_F(Documentation, ThePageOfScriptsNamesEachMethodThatScriptsHaveAndNoOther) {
+  TakeOrderExample();
+  const std::string page = TextOf(Source("docs/scripts.md"));
+  const std::set<std::string> documented = MethodsOf(page);
+  std::string names;
+  for (const std::string& name : documented) names += name + "\n";
+  File("names", names);
+  File("page.lua", ScriptsOf(page) + kListMethods);
+  const Outcome outcome = Run("run page.lua", "<names");
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  std::istringstream lines(outcome.out);
+  int methods = 0;
+  for (std::string line; std::getline(lines, line); ++methods)
+    EXPECT_TRUE(documented.contains(line)) << "docs/scripts.md and the scripts differ: " << line;
+  EXPECT_GE(methods, 50);
 }
 
 TEST_F(Documentation, TheFormsOnItsPageAreGood) {
