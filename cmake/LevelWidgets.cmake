@@ -54,9 +54,10 @@ endfunction()
 # levelwidgets_library(frame DEPENDS platform): the folder's sources (and SOURCES) as target levelwidgets_frame,
 # for others LevelWidgets::Frame. *_test.cpp files beside them go into the test program, and each *_fuzz.cpp is a
 # fuzzer, which may need FUZZ_DEPENDS besides. EXCLUDE names sources that are for other systems. It is installed, and
-# the headers of PUBLIC_HEADERS with it (all but the tests' where none are named), unless it is INTERNAL.
+# the headers of PUBLIC_HEADERS with it (all but the tests' where none are named; none with NO_PUBLIC_HEADERS), unless
+# it is INTERNAL.
 function(levelwidgets_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL" ""
+  cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;NO_PUBLIC_HEADERS" ""
                         "DEPENDS;PRIVATE_DEPENDS;FUZZ_DEPENDS;EXCLUDE;SOURCES;PUBLIC_HEADERS")
   file(GLOB sources CONFIGURE_DEPENDS *.cpp parts/*.cpp)
   list(TRANSFORM arg_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
@@ -87,6 +88,9 @@ function(levelwidgets_library name)
   target_link_libraries(${target} ${scope} ${depends})
   list(TRANSFORM arg_PRIVATE_DEPENDS REPLACE "(.+)" "$<BUILD_INTERFACE:\\1>" OUTPUT_VARIABLE private_depends)
   target_link_libraries(${target} PRIVATE ${private_depends})
+  if(arg_NO_PUBLIC_HEADERS)
+    set(arg_PUBLIC_HEADERS NONE)
+  endif()
   if(NOT arg_INTERNAL)
     levelwidgets_export(${name} DEPENDS ${arg_DEPENDS} PRIVATE_DEPENDS ${arg_PRIVATE_DEPENDS}
                         PUBLIC_HEADERS ${arg_PUBLIC_HEADERS})

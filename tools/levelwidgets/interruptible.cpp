@@ -1,7 +1,7 @@
 #include <iostream>
 
+#include <levelwidgets/host/script/lua/interrupt.h>
 #include <levelwidgets/host/script/script_host.h>
-#include <levelwidgets/host/script/script_interrupt.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {

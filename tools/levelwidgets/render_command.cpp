@@ -1,9 +1,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include <levelwidgets/host/script/png_file.h>
+#include <levelwidgets/host/script/forms/png_file.h>
+#include <levelwidgets/host/script/lua/interrupt.h>
 #include <levelwidgets/host/script/script_host.h>
-#include <levelwidgets/host/script/script_interrupt.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {

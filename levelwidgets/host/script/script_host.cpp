@@ -3,13 +3,13 @@
 #include <cstdio>
 #include <limits>
 
-#include <levelwidgets/host/script/script_environment.h>
-#include <levelwidgets/host/script/script_error.h>
-#include <levelwidgets/host/script/script_forms.h>
-#include <levelwidgets/host/script/script_interrupt.h>
-#include <levelwidgets/host/script/script_module.h>
-#include <levelwidgets/host/script/script_objects.h>
-#include <levelwidgets/host/script/script_state.h>
+#include <levelwidgets/host/script/forms/environment.h>
+#include <levelwidgets/host/script/forms/forms.h>
+#include <levelwidgets/host/script/forms/module.h>
+#include <levelwidgets/host/script/forms/state.h>
+#include <levelwidgets/host/script/lua/error.h>
+#include <levelwidgets/host/script/lua/interrupt.h>
+#include <levelwidgets/host/script/members/objects.h>
 
 namespace levelwidgets {
 
@@ -61,11 +61,6 @@ int RunLoaded(lua_State* L, int loaded, const std::vector<std::string>& argument
 }
 
 }  // namespace
-
-std::string HandlerError::ToString() const {
-  const std::string source = form + (form.empty() || control.empty() ? "" : ".") + control;
-  return source + " " + event + ": " + message + (traceback.empty() ? "" : "\n" + traceback);
-}
 
 ScriptHost::ScriptHost(Report report) : ScriptHost(ScriptOptions{.report = std::move(report)}) {}
 

@@ -1,77 +1,14 @@
 // Runs scripts: a program of the user's on a desktop, and the scripts of forms.
 #pragma once
 
-#include <chrono>
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include <levelwidgets/host/form/form.h>
-#include <levelwidgets/platform/driver.h>
+#include <levelwidgets/host/script/forms/options.h>
 
 namespace levelwidgets {
-
-// A script that ended by an error. The text says where, why and how it came there.
-class ScriptFailure : public std::exception {
- public:
-  explicit ScriptFailure(std::string text) : text_(std::move(text)) {}
-  const char* what() const noexcept override { return text_.c_str(); }
-
- private:
-  std::string text_;
-};
-
-// A script that was ended by an interrupt signal, see script_interrupt.h.
-class ScriptInterruption : public ScriptFailure {
- public:
-  using ScriptFailure::ScriptFailure;
-};
-
-// An error in an event handler. It is reported and goes no further: the form goes on.
-struct HandlerError {
-  std::string form;     // "" for an event of an object that is on none
-  std::string control;  // "" for an event of the form itself; the class of an object that is no control
-  std::string event;
-  std::string message;  // file:line: what is wrong
-  std::string traceback;
-
-  // frmOrder.cmdSave Click: order.lua:3: ... and the traceback on lines of its own.
-  std::string ToString() const;
-};
-
-// The desktop in memory that scripts run on.
-struct DesktopSettings {
-  PixelSize size{1024, 768};
-  int dpi = 96;
-  std::string locale = "en-US";
-  std::optional<Date> today;      // the desktop's own where not given
-  std::string palette = "light";  // one of PaletteNames(); raises 5 for another
-};
-
-// Gets whole lines of text for the user: errors in handlers, warnings of form files.
-using ScriptReport = std::function<void(const std::string& text)>;
-
-// What the scripts of forms that are not trusted may use, all of a run together.
-inline constexpr std::size_t kScriptMemoryLimit = std::size_t{256} << 20;  // bytes, of Lua's values
-inline constexpr std::chrono::milliseconds kPictureTimeLimit{
-    10'000};  // where a script only prepares a picture
-
-struct ScriptOptions {
-  ScriptReport report;                     // to standard error when null
-  Platform* platform = nullptr;            // where forms are made
-  std::shared_ptr<DesktopDriver> desktop;  // without a platform: as below; null for a desktop in memory
-  bool trusted = false;  // the scripts of forms have all of Lua, as the user's own program does
-  // The limits of scripts in sandboxes. What the library makes for them may make the process grow by four
-  // times the memory limit, where the system tells. The time counts while they run; zero for no limit.
-  std::size_t memory_limit = kScriptMemoryLimit;
-  std::chrono::milliseconds time_limit{0};
-  // Called on a thread of its own, with a text for the user, when such a script does not end after its time
-  // because it is in code that nothing interrupts (a search by a pattern that takes forever): to end the
-  // process. Null for none.
-  std::function<void(const std::string& text)> on_hang;
-};
 
 // One run of scripts and all that it makes: the desktop, the forms, the values. The desktop is made when the
 // first form is, and ends after the last form.

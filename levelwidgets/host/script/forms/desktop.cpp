@@ -1,0 +1,338 @@
+#include <levelwidgets/host/script/forms/desktop.h>
+
+#include <levelwidgets/host/script/forms/forms.h>
+#include <levelwidgets/host/script/forms/invariants.h>
+#include <levelwidgets/host/script/forms/png_file.h>
+#include <levelwidgets/host/script/lua/userdata.h>
+#include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/sandbox/sandbox.h>
+#include <levelwidgets/host/script/values/dates.h>
+#include <levelwidgets/host/script/values/option_table.h>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr char kDesktopType[] = "desktop";
+struct DesktopValue {};
+
+DesktopDriver& CheckDesktop(lua_State* L) { return *CheckScriptDesktop(L).driver; }
+WindowApi& CheckWindows(lua_State* L) { return CheckScriptDesktop(L).platform->Windows(); }
+ScreenApi& CheckScreen(lua_State* L) { return CheckScriptDesktop(L).platform->Screen(); }
+TracingPlatform& CheckTracing(lua_State* L) { return *CheckScriptDesktop(L).tracing; }
+
+int WholeAt(lua_State* L, int index) { return static_cast<int>(luaL_checkinteger(L, index)); }
+
+// The point at `index`; where there is none, the pointer's position.
+PixelPoint PointAt(lua_State* L, int index) {
+  PixelPoint point;
+  if (lua_isnoneornil(L, index)) {
+    CheckWindows(L).GetCursorPos(point);
+    return point;
+  }
+  return {WholeAt(L, index), WholeAt(L, index + 1)};
+}
+
+// The window of the control or form at `index`.
+WindowHandle WindowAt(lua_State* L, int index) {
+  if (FormAt(L, index)) return CheckForm(L, index)->form->hWnd();
+  return CheckControl(L, index)->GetControl()->GetSurface().hWnd();
+}
+
+// --- Pointer ---------------------------------------------------------------------------------------
+
+int Move(lua_State* L) {
+  CheckDesktop(L).MovePointer({WholeAt(L, 2), WholeAt(L, 3)});
+  return 0;
+}
+
+int MoveTo(lua_State* L) {
+  const auto pixels = [L](int index, float twips_per_pixel) {
+    return ToPixels(Twips(static_cast<float>(luaL_checknumber(L, index))), twips_per_pixel);
+  };
+  ScreenApi& screen = CheckScreen(L);
+  PixelPoint point{pixels(3, screen.TwipsPerPixelX()), pixels(4, screen.TwipsPerPixelY())};
+  CheckWindows(L).ClientToScreen(WindowAt(L, 2), point);
+  CheckDesktop(L).MovePointer(point);
+  return 0;
+}
+
+int ButtonAt(lua_State* L, int index) {
+  const int button = static_cast<int>(luaL_optinteger(L, index, kLeftButton));
+  if (button != kLeftButton && button != kRightButton && button != kMiddleButton) {
+    throw Error(kInvalidCall, "LevelWidgets.Desktop", "A button is 1 (left), 2 (right) or 4 (middle)");
+  }
+  return button;
+}
+
+int Press(lua_State* L) {
+  CheckDesktop(L).Press(ButtonAt(L, 2));
+  return 0;
+}
+
+int Release(lua_State* L) {
+  CheckDesktop(L).Release(ButtonAt(L, 2));
+  return 0;
+}
+
+int Click(lua_State* L) {
+  CheckDesktop(L).Click(PointAt(L, 2));
+  return 0;
+}
+
+int DoubleClick(lua_State* L) {
+  CheckDesktop(L).DoubleClick(PointAt(L, 2));
+  return 0;
+}
+
+int Wheel(lua_State* L) {
+  CheckDesktop(L).Wheel(WholeAt(L, 2));
+  return 0;
+}
+
+// --- Keys and time ---------------------------------------------------------------------------------
+
+int ShiftAt(lua_State* L, int index) { return static_cast<int>(luaL_optinteger(L, index, 0)); }
+
+int Key(lua_State* L) {
+  CheckDesktop(L).Key(WholeAt(L, 2), ShiftAt(L, 3));
+  return 0;
+}
+
+int KeyDown(lua_State* L) {
+  CheckDesktop(L).KeyDown(WholeAt(L, 2), ShiftAt(L, 3));
+  return 0;
+}
+
+int KeyUp(lua_State* L) {
+  CheckDesktop(L).KeyUp(WholeAt(L, 2), ShiftAt(L, 3));
+  return 0;
+}
+
+int Type(lua_State* L) {
+  CheckDesktop(L).Type(luaL_checkstring(L, 2));
+  return 0;
+}
+
+int Advance(lua_State* L) {
+  const lua_Integer ms = luaL_checkinteger(L, 2);
+  luaL_argcheck(L, ms >= 0 && ms <= UINT32_MAX, 2, "milliseconds cannot be negative");
+  CheckDesktop(L).Advance(static_cast<std::uint32_t>(ms));
+  return 0;
+}
+
+// --- Screen ----------------------------------------------------------------------------------------
+// Who reads the screen sees it with all pending paints done.
+
+// nil outside the screen
+int Pixel(lua_State* L) {
+  DesktopDriver& desktop = CheckDesktop(L);
+  desktop.Settle();
+  const ColorRef color = desktop.PixelAt({WholeAt(L, 2), WholeAt(L, 3)});
+  if (color == kInvalidColorRef) return 0;
+  lua_pushinteger(L, color.value);
+  return 1;
+}
+
+int Rect(lua_State* L) {
+  PixelRect rect;
+  CheckWindows(L).GetWindowRect(WindowAt(L, 2), rect);
+  for (const int edge : {rect.left, rect.top, rect.right, rect.bottom}) lua_pushinteger(L, edge);
+  return 4;
+}
+
+PixelRect AreaAt(lua_State* L, int index) {
+  constexpr lua_Integer kFarthest = 1'000'000;
+  constexpr lua_Integer kLargest = 16'384;
+  for (int i = 0; i < 4; ++i) {
+    const lua_Integer value = luaL_checkinteger(L, index + i);
+    const bool fits = i < 2 ? value >= -kFarthest && value <= kFarthest : value >= 0 && value <= kLargest;
+    if (!fits) {
+      throw Error(kInvalidCall, "LevelWidgets.Desktop",
+                  "A screenshot is of x, y, width, height: the last two up to 16384 pixels");
+    }
+  }
+  const PixelPoint at{WholeAt(L, index), WholeAt(L, index + 1)};
+  return {at.x, at.y, at.x + WholeAt(L, index + 2), at.y + WholeAt(L, index + 3)};
+}
+
+int Screenshot(lua_State* L) {
+  DesktopDriver& desktop = CheckDesktop(L);
+  const std::string path = luaL_checkstring(L, 2);
+  const PixelSize screen = CheckScreen(L).Size();
+  PixelRect area{0, 0, screen.width, screen.height};
+  if (!lua_isnoneornil(L, 3)) {
+    area = AreaAt(L, 3);
+  }
+  desktop.Settle();
+  WritePng(desktop.Capture(area), path);
+  return 0;
+}
+
+void SetField(lua_State* L, const char* field, lua_Integer value) {
+  lua_pushinteger(L, value);
+  lua_setfield(L, -2, field);
+}
+
+int Windows(lua_State* L) {
+  lua_newtable(L);
+  lua_Integer place = 0;
+  for (const TopLevelWindow& window : CheckDesktop(L).TopLevelWindows()) {
+    lua_newtable(L);
+    SetField(L, "handle", window.handle.value);
+    lua_pushstring(L, window.title.c_str());
+    lua_setfield(L, -2, "title");
+    SetField(L, "left", window.rect.left);
+    SetField(L, "top", window.rect.top);
+    SetField(L, "width", window.rect.width());
+    SetField(L, "height", window.rect.height());
+    lua_pushboolean(L, window.active);
+    lua_setfield(L, -2, "active");
+    lua_rawseti(L, -2, ++place);
+  }
+  return 1;
+}
+
+int Focus(lua_State* L) {
+  lua_pushinteger(L, CheckWindows(L).GetFocus().value);
+  return 1;
+}
+
+int Capture(lua_State* L) {
+  lua_pushinteger(L, CheckWindows(L).GetCapture().value);
+  return 1;
+}
+
+int Active(lua_State* L) {
+  lua_pushinteger(L, CheckWindows(L).GetActiveWindow().value);
+  return 1;
+}
+
+// --- Calls and objects -----------------------------------------------------------------------------
+
+int Trace(lua_State* L) {
+  TracingPlatform& tracing = CheckTracing(L);
+  luaL_checktype(L, 2, LUA_TBOOLEAN);
+  lua_toboolean(L, 2) ? tracing.Start() : tracing.Stop();
+  return 0;
+}
+
+void PushTraced(lua_State* L, const TraceArgument& argument) {
+  if (const auto* whole = std::get_if<std::int64_t>(&argument)) {
+    lua_pushinteger(L, *whole);
+  } else if (const auto* number = std::get_if<double>(&argument)) {
+    lua_pushnumber(L, *number);
+  } else {
+    const auto& text = std::get<std::string>(argument);
+    lua_pushlstring(L, text.data(), text.size());
+  }
+}
+
+int Calls(lua_State* L) {
+  lua_newtable(L);
+  lua_Integer place = 0;
+  for (const TracedCall& call : CheckTracing(L).TakeCalls()) {
+    lua_newtable(L);
+    lua_pushstring(L, call.name.c_str());
+    lua_setfield(L, -2, "name");
+    lua_Integer position = 0;
+    for (const TraceArgument& argument : call.arguments) {
+      PushTraced(L, argument);
+      lua_rawseti(L, -2, ++position);
+    }
+    lua_rawseti(L, -2, ++place);
+  }
+  return 1;
+}
+
+int Objects(lua_State* L) {
+  lua_pushinteger(L, static_cast<lua_Integer>(CheckDesktop(L).LiveObjects()));
+  return 1;
+}
+
+constexpr luaL_Reg kMethods[] = {{"active", Guarded<Active>},
+                                 {"advance", Guarded<Advance>},
+                                 {"calls", Guarded<Calls>},
+                                 {"wheel", Guarded<Wheel>},
+                                 {"capture", Guarded<Capture>},
+                                 {"click", Guarded<Click>},
+                                 {"doubleclick", Guarded<DoubleClick>},
+                                 {"focus", Guarded<Focus>},
+                                 {"key", Guarded<Key>},
+                                 {"keydown", Guarded<KeyDown>},
+                                 {"keyup", Guarded<KeyUp>},
+                                 {"move", Guarded<Move>},
+                                 {"move_to", Guarded<MoveTo>},
+                                 {"objects", Guarded<Objects>},
+                                 {"pixel", Guarded<Pixel>},
+                                 {"press", Guarded<Press>},
+                                 {"rect", Guarded<Rect>},
+                                 {"release", Guarded<Release>},
+                                 {"screenshot", Guarded<Screenshot>},
+                                 {"trace", Guarded<Trace>},
+                                 {"type", Guarded<Type>},
+                                 {"windows", Guarded<Windows>},
+                                 {nullptr, nullptr}};
+
+int ReadDesktop(lua_State* L) {
+  const std::string_view name = luaL_checkstring(L, 2);
+  if (PushScriptMethod(L, 1, name)) return 1;
+  RaiseNoSuchMember("Desktop", name, ScriptMethodNames(L, 1));
+}
+
+constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadDesktop>}, {nullptr, nullptr}};
+
+[[noreturn]] void Refuse(const std::string& text) { throw Error(kInvalidCall, "LevelWidgets.Desktop", text); }
+
+DesktopSettings SettingsAt(lua_State* L, int index) {
+  const OptionTable table(L, index, "Desktop", {"width", "height", "dpi", "locale", "today", "palette"});
+  DesktopSettings settings;
+  settings.size = {table.Whole("width", settings.size.width), table.Whole("height", settings.size.height)};
+  settings.dpi = table.Whole("dpi", settings.dpi);
+  settings.locale = table.Text("locale", settings.locale);
+  settings.palette = table.Text("palette", settings.palette);
+  constexpr int kMost = 16384;
+  if (std::min(settings.size.width, settings.size.height) < 1 ||
+      std::max(settings.size.width, settings.size.height) > kMost) {
+    Refuse("The desktop's width and height are between 1 and 16384 pixels");
+  }
+  if (settings.dpi < 24 || settings.dpi > 960) Refuse("The desktop's dpi is between 24 and 960");
+  if (table.Has("today")) {
+    settings.today = DateOfIsoText(table.Text("today", ""));
+    if (!settings.today) Refuse("The desktop's today is written as \"2024-05-15T10:30:00\"");
+  }
+  return settings;
+}
+
+bool IsEmptyTable(lua_State* L, int index) {
+  luaL_checktype(L, index, LUA_TTABLE);
+  lua_pushnil(L);
+  const bool empty = lua_next(L, index) == 0;
+  if (!empty) lua_pop(L, 2);
+  return empty;
+}
+
+}  // namespace
+
+ScriptDesktop& CheckScriptDesktop(lua_State* L) {
+  CheckUserdata<DesktopValue>(L, 1, kDesktopType);
+  return StateOf(L).Desktop();
+}
+
+void OpenDesktop(lua_State* L) {
+  DefineType<DesktopValue>(L, kDesktopType, kMetamethods);
+  SetScriptMethods(L, kMethods);
+  AddInvariantMethods(L);
+  lua_pop(L, 1);
+}
+
+int NewDesktop(lua_State* L) {
+  RefuseInSandbox(L, "lw.desktop", "drives no desktop");
+  ScriptState& state = StateOf(L);
+  const bool as_given = state.DesktopIsGiven() && IsEmptyTable(L, 1);
+  if (!as_given) state.MakeDesktop(SettingsAt(L, 1));
+  PushUserdata(L, kDesktopType, DesktopValue{});
+  return 1;
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,34 @@
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/forms/own_desktop.h>
+#include <levelwidgets/platform/memory/desktop.h>
+
+namespace levelwidgets {
+
+namespace {
+
+memory::SystemPalette PaletteNamed(const std::string& name) {
+  if (const auto palette = memory::FindPalette(name)) return *palette;
+  std::string names;
+  for (const std::string_view known : memory::PaletteNames()) {
+    names += (names.empty() ? "\"" : ", \"") + std::string(known) + "\"";
+  }
+  throw Error(kInvalidCall, "LevelWidgets.Desktop",
+              "There is no palette \"" + name + "\"; the palettes: " + names);
+}
+
+}  // namespace
+
+ScriptDesktop MakeOwnDesktop(const DesktopSettings& settings) {
+  memory::DesktopOptions options;
+  options.screen = settings.size;
+  options.dpi_x = options.dpi_y = settings.dpi;
+  options.locale = settings.locale;
+  if (settings.today) options.now = *settings.today;
+  options.palette = PaletteNamed(settings.palette);
+  const auto desktop = std::make_shared<memory::Desktop>(options);
+  auto tracing = std::make_unique<TracingPlatform>(*desktop);
+  desktop->SetOutwardPlatform(tracing.get());
+  return {desktop, desktop.get(), std::move(tracing)};
+}
+
+}  // namespace levelwidgets

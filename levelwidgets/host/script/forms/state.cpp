@@ -1,0 +1,80 @@
+#include <levelwidgets/host/script/forms/state.h>
+
+#include <levelwidgets/frame/error.h>
+
+namespace levelwidgets {
+
+namespace {
+// More than anybody looks at.
+constexpr std::size_t kMostFormsOfSandboxes = 1000;
+constexpr std::int32_t kOutOfMemory = 7;
+}  // namespace
+
+ScriptState::ScriptState(ScriptOptions options)
+    : ScriptRun(std::move(options.report), options.memory_limit, options.time_limit,
+                std::move(options.on_hang)),
+      platform_(options.platform),
+      desktop_is_given_(options.desktop != nullptr),
+      trusts_forms_(options.trusted),
+      program_(std::make_shared<ScriptRealm>(*this)) {
+  if (!options.desktop) return;
+  Platform& of_desktop = options.desktop->GetPlatform();
+  desktop_ = {std::move(options.desktop), &of_desktop, std::make_unique<TracingPlatform>(of_desktop)};
+}
+
+ScriptState::~ScriptState() {
+  while (!forms_.empty()) Forget(forms_.back());
+  program_.reset();
+}
+
+void ScriptState::MakeDesktop(const DesktopSettings& settings) {
+  if (platform_) {
+    throw Error(kInvalidCall, "LevelWidgets.Desktop",
+                "There is no desktop to drive here: the forms are in native windows");
+  }
+  if (desktop_.driver) {
+    throw Error(kInvalidCall, "LevelWidgets.Desktop",
+                "There is a desktop already: it is made once, before the first form");
+  }
+  desktop_ = MakeOwnDesktop(settings);
+}
+
+ScriptDesktop& ScriptState::Desktop() {
+  if (!desktop_.driver) MakeDesktop({});
+  return desktop_;
+}
+
+std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
+                                              std::shared_ptr<const FormDocument> document,
+                                              ScriptRealm& opener) {
+  for (const auto& open : std::vector(forms_)) {
+    if (open->form->Closed()) Forget(open);
+  }
+  if (opener.IsSandbox() && forms_.size() >= kMostFormsOfSandboxes) {
+    throw Error(
+        kOutOfMemory, "LevelWidgets.Form",
+        "there are " + std::to_string(forms_.size()) +
+            " forms open, and the script of a form opens no more; --trust lifts the limits for a form "
+            "that you trust");
+  }
+  auto kept = std::make_shared<ScriptForm>();
+  kept->form = std::move(form);
+  kept->document = std::move(document);
+  kept->opener = opener.shared_from_this();
+  forms_.push_back(kept);
+  return kept;
+}
+
+void ScriptState::Forget(const std::shared_ptr<ScriptForm>& form) {
+  const auto kept = form;
+  std::erase(forms_, kept);
+  // They refer to the form, and end with the last of their forms.
+  kept->environment = {};
+  kept->realm.reset();
+  kept->opener.reset();
+}
+
+ScriptState& StateOf(const ScriptRealm& realm) { return static_cast<ScriptState&>(realm.Run()); }
+ScriptState& StateOf(lua_State* L) { return StateOf(RealmOf(L)); }
+
+}  // namespace levelwidgets

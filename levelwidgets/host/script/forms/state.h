@@ -1,0 +1,69 @@
+// One run of scripts: its desktop, its forms and its interpreters. Not for use outside the folder of scripts.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <lua.hpp>
+
+#include <levelwidgets/host/form_file/form_file.h>
+#include <levelwidgets/host/script/forms/own_desktop.h>
+#include <levelwidgets/host/script/lua/realm.h>
+#include <levelwidgets/host/script/lua/run.h>
+
+namespace levelwidgets {
+
+// A form as the scripts of a run have it.
+struct ScriptForm {
+  std::shared_ptr<Form> form;
+  std::shared_ptr<const FormDocument> document;  // of a loaded form
+  std::shared_ptr<ScriptRealm> opener;           // whose script has made or loaded it
+  std::shared_ptr<ScriptRealm> realm;            // where its own script runs; null without one
+  ScriptRef environment;                         // the globals of its own script; none without one
+  bool load_raised = false;
+};
+
+class ScriptState : public ScriptRun {
+ public:
+  // Makes forms on the platform that is given, or on the desktop when there is none; with neither on a
+  // desktop of its own.
+  explicit ScriptState(ScriptOptions options);
+  ~ScriptState() override;
+
+  // --- Lua --------------------------------------------------------------------------------------
+
+  // Where the user's program runs.
+  const std::shared_ptr<ScriptRealm>& Program() const { return program_; }
+  // Whether the scripts of forms run there as well.
+  bool TrustsForms() const { return trusts_forms_; }
+
+  // --- Desktop and forms ------------------------------------------------------------------------
+
+  void MakeDesktop(const DesktopSettings& settings);
+  // Made by default settings when there is none yet. Both raise 5 when there is a platform in its place.
+  ScriptDesktop& Desktop();
+  // Whether the desktop was not made by this run.
+  bool DesktopIsGiven() const { return desktop_is_given_; }
+  // Where forms are made: what was given, or the recorded desktop.
+  Platform& FormPlatform() override { return platform_ ? *platform_ : *Desktop().tracing; }
+
+  // A form is kept until it is closed or forgotten. Raises 7 for one more than a sandbox may have open.
+  std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document,
+                                   ScriptRealm& opener);
+  void Forget(const std::shared_ptr<ScriptForm>& form);
+
+ private:
+  Platform* platform_;
+  bool desktop_is_given_ = false;
+  bool trusts_forms_;
+  // In the order in which they end, from the last: forms, values of the scripts, desktop.
+  ScriptDesktop desktop_;
+  std::shared_ptr<ScriptRealm> program_;
+  std::vector<std::shared_ptr<ScriptForm>> forms_;
+};
+
+ScriptState& StateOf(const ScriptRealm& realm);
+ScriptState& StateOf(lua_State* L);
+
+}  // namespace levelwidgets

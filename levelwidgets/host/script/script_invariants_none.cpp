@@ -1,7 +1,0 @@
-#include <levelwidgets/host/script/script_invariants.h>
-
-namespace levelwidgets {
-
-void AddInvariantMethods(lua_State*) {}
-
-}  // namespace levelwidgets

@@ -1,0 +1,93 @@
+#include <levelwidgets/host/script/values/option_table.h>
+
+#include <levelwidgets/frame/error.h>
+#include <levelwidgets/host/script/values/values.h>
+
+namespace levelwidgets {
+
+std::vector<std::string> KeysOfTable(lua_State* L, int index, std::string_view owner) {
+  std::vector<std::string> keys;
+  const int table = lua_absindex(L, index);
+  lua_pushnil(L);
+  while (lua_next(L, table) != 0) {
+    if (lua_type(L, -2) != LUA_TSTRING) {
+      throw Error(kTypeMismatch, "LevelWidgets." + std::string(owner),
+                  std::string(owner) + " takes a table of names and values, not a list");
+    }
+    keys.emplace_back(lua_tostring(L, -2));
+    lua_pop(L, 1);
+  }
+  std::ranges::sort(keys);
+  return keys;
+}
+
+OptionTable::OptionTable(lua_State* L, int index, std::string_view owner, std::vector<std::string_view> names)
+    : lua_(L), table_(lua_isnoneornil(L, index) ? 0 : lua_absindex(L, index)), owner_(owner) {
+  if (table_ == 0) return;
+  luaL_checktype(L, table_, LUA_TTABLE);
+  for (const std::string& key : KeysOfTable(L, table_, owner)) {
+    if (std::ranges::find(names, key) == names.end()) RaiseNoSuchMember(owner, key, names);
+  }
+}
+
+bool OptionTable::Has(std::string_view name) const {
+  if (table_ == 0) return false;
+  lua_pushlstring(lua_, name.data(), name.size());
+  const bool has = lua_rawget(lua_, table_) != LUA_TNIL;
+  lua_pop(lua_, 1);
+  return has;
+}
+
+Variant OptionTable::Value(std::string_view name, const TypeName& type) const {
+  if (table_ == 0) return {};
+  lua_pushlstring(lua_, name.data(), name.size());
+  lua_rawget(lua_, table_);
+  Variant value = ToVariant(lua_, -1, type);
+  lua_pop(lua_, 1);
+  return value;
+}
+
+std::vector<Variant> OptionTable::List(std::string_view name, const TypeName& type) const {
+  lua_pushlstring(lua_, name.data(), name.size());
+  if (lua_rawget(lua_, table_) != LUA_TTABLE) {
+    throw Error(kTypeMismatch, "LevelWidgets." + owner_, owner_ + "." + std::string(name) + " takes a list");
+  }
+  std::vector<Variant> values;
+  for (lua_Integer i = 1; lua_rawgeti(lua_, -1, i) != LUA_TNIL; ++i) {
+    values.push_back(ToVariant(lua_, -1, type));
+    lua_pop(lua_, 1);
+  }
+  lua_pop(lua_, 2);
+  return values;
+}
+
+template <typename T>
+T OptionTable::Converted(std::string_view name, T (*convert)(const Variant&), T otherwise) const {
+  const Variant value = Value(name);
+  if (value.IsEmpty()) return otherwise;
+  try {
+    return convert(value);
+  } catch (const Error& error) {
+    throw Error(
+        error.Number(), "LevelWidgets." + owner_,
+        owner_ + "." + std::string(name) + " cannot be " + Describe(value) + ": " + error.Description());
+  }
+}
+
+std::string OptionTable::Text(std::string_view name, std::string otherwise) const {
+  return Converted<std::string>(name, &ToText, std::move(otherwise));
+}
+
+std::int32_t OptionTable::Whole(std::string_view name, std::int32_t otherwise) const {
+  return Converted<std::int32_t>(name, &ToInt32, otherwise);
+}
+
+Twips OptionTable::Length(std::string_view name, Twips otherwise) const {
+  return Twips(Converted<float>(name, &ToSingle, otherwise.value));
+}
+
+bool OptionTable::Truth(std::string_view name, bool otherwise) const {
+  return Converted<bool>(name, &ToBoolean, otherwise);
+}
+
+}  // namespace levelwidgets

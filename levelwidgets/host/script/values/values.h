@@ -1,0 +1,31 @@
+// Values of properties and arguments as scripts have them.
+#pragma once
+
+#include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/host/script/lua/realm.h>
+
+namespace levelwidgets {
+
+// Makes the types of Null and dates known; once per state.
+void OpenValues(lua_State* L);
+
+// How scripts have objects, which is the business of what knows their members.
+struct ObjectValues {
+  void (*push)(lua_State* L, const ObjectRef& object);
+  // Null when the value at `index` is no object.
+  ObjectRef (*at)(lua_State* L, int index);
+};
+// Once per state, before the first object; `values` outlives it.
+void SetObjectValues(lua_State* L, const ObjectValues& values);
+
+// Empty is nil; whole numbers are integers, others floats; colours and handles of `type` are never negative.
+void PushVariant(lua_State* L, const Variant& value, const TypeName& type = {});
+
+// The value at `index`; a table describes a font. A colour may be written as 0x80000012. Raises 13 for what
+// is no value of a property (a function).
+Variant ToVariant(lua_State* L, int index, const TypeName& type = {});
+
+// lw.date(year, month, day [, hour, minute, second]). Raises 5 for a day or time that there is not.
+int NewDate(lua_State* L);
+
+}  // namespace levelwidgets
