@@ -55,7 +55,7 @@ void WriteIndexed(const Control& control, const PropertyInfo& property, Property
 }  // namespace
 
 Control::Control(std::shared_ptr<ControlSite> site, SurfaceLook look)
-    : site_(std::move(site)), surface_(site_->GetPlatform(), site_->ParentWindow(), *this, std::move(look)) {}
+    : SurfaceWindow(site->GetPlatform(), site->ParentWindow(), std::move(look)), site_(std::move(site)) {}
 
 std::shared_ptr<void> Control::Reference() const {
   if (auto container = site_->ContainerReference()) return container;
@@ -64,7 +64,7 @@ std::shared_ptr<void> Control::Reference() const {
 
 void Control::Start(const PropertyBag* saved, TwipPoint position, TwipSize size) {
   const auto keep = Reference();
-  surface_.Move(position, size);
+  GetSurface().Move(position, size);
   OnInitialize();
   if (saved) {
     OnReadProperties(*saved);
@@ -77,7 +77,25 @@ void Control::Start(const PropertyBag* saved, TwipPoint position, TwipSize size)
 
 void Control::Move(TwipPoint position, TwipSize size) {
   const auto keep = Reference();
-  if (surface_.Move(position, size)) OnResize();
+  if (GetSurface().Move(position, size)) OnResize();
+}
+
+void Control::Detached() {
+  const auto keep = Reference();
+  EndParts();
+  GetSurface().SetVisible(false);
+}
+
+void Control::PartFocus(bool has_focus, WindowHandle other) {
+  if (has_focus == focused_ || (!has_focus && Holds(other))) return;
+  const auto keep = Reference();
+  focused_ = has_focus;
+  if (has_focus) {
+    OnEnterFocus();
+  } else {
+    OnExitFocus();
+  }
+  site_->FocusChanged(has_focus, other);
 }
 
 void Control::OnReadProperties(const PropertyBag& bag) {

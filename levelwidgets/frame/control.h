@@ -10,7 +10,7 @@
 #include <levelwidgets/frame/event.h>
 #include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/property_bag.h>
-#include <levelwidgets/frame/surface.h>
+#include <levelwidgets/frame/surface_window.h>
 
 namespace levelwidgets {
 
@@ -18,16 +18,6 @@ namespace levelwidgets {
 inline const std::vector<std::string> kKeyArguments{"KeyCode", "Shift"};
 inline const std::vector<std::string> kCharacterArguments{"KeyAscii"};
 inline const std::vector<std::string> kPointerArguments{"Button", "Shift", "X", "Y"};
-
-// A part of a control that is a window of the system's inside the control's own, such as an edit box.
-class WindowPart {
- public:
-  virtual ~WindowPart() = default;
-  virtual WindowHandle hWnd() const = 0;
-  // A message that the part's window has sent to the control's: kWmCommand or a colour request. True when
-  // handled.
-  virtual bool OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) = 0;
-};
 
 // What ReadProperties raises when the control refuses a saved value: the control's error, with the property.
 class PropertyRefused : public Error {
@@ -42,9 +32,7 @@ class PropertyRefused : public Error {
 // Controls are shared: the container holds one reference, and whatever is running a control's code (a
 // message, a timer tick, a call by name) holds another, so that a listener which removes the control destroys
 // it only after the control's own code has returned. Terminate runs when the last reference goes.
-//
-// Notifications carry "On", because the events raised from them have the same names.
-class Control : public Object, public WindowClient, public std::enable_shared_from_this<Control> {
+class Control : public Object, public SurfaceWindow, public std::enable_shared_from_this<Control> {
  public:
   ~Control() override = default;
 
@@ -62,9 +50,7 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
 
   // --- For the container ------------------------------------------------------------------------
 
-  Surface& GetSurface() { return surface_; }
-  const Surface& GetSurface() const { return surface_; }
-  ControlSite& Site() const { return *site_; }
+  ControlSite& Site() const final { return *site_; }
 
   // Brings a created instance to life: places its surface, then Initialize, InitProperties for a new one (no
   // bag) or ReadProperties for a loaded one, and Resize.
@@ -73,9 +59,11 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   bool Started() const { return started_; }
   // What keeps the control alive while its code runs: itself, or the control that it is a part of. Null
   // before it is alive and when it is being destroyed.
-  std::shared_ptr<void> Reference() const;
+  std::shared_ptr<void> Reference() const final;
   // Places the control; Resize follows when the size changed.
   void Move(TwipPoint position, TwipSize size);
+  // The container has given the control up: it leaves the screen with all that it has on the desktop.
+  void Detached();
 
   // --- Notifications ----------------------------------------------------------------------------
   // The defaults do what every control does: persist by the class table, raise the standard event of the
@@ -86,23 +74,19 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   virtual void OnReadProperties(const PropertyBag& bag);
   virtual void OnWriteProperties(PropertyBag& bag) const;
   virtual void OnResize() {}
-  virtual void OnPaint() {}
   virtual void OnAmbientChanged(std::string_view) {}
   virtual void OnEnterFocus() {}
   virtual void OnExitFocus() {}
   virtual void OnAccessKeyPress(std::int16_t /*key_ascii*/) {}
-  virtual void OnClick() { Click.Raise(); }
-  virtual void OnDblClick() { DblClick.Raise(); }
-  virtual void OnKeyDown(std::int16_t code, std::int16_t shift) { KeyDown.Raise(code, shift); }
-  virtual void OnKeyPress(std::int16_t& key_ascii) { KeyPress.Raise(key_ascii); }
-  virtual void OnKeyUp(std::int16_t code, std::int16_t shift) { KeyUp.Raise(code, shift); }
-  virtual void OnMouseDown(const PointerInput& input) { Raise(MouseDown, input); }
-  virtual void OnMouseMove(const PointerInput& input) { Raise(MouseMove, input); }
-  virtual void OnMouseUp(const PointerInput& input) { Raise(MouseUp, input); }
+  void OnClick() override { Click.Raise(); }
+  void OnDblClick() override { DblClick.Raise(); }
+  void OnKeyDown(std::int16_t code, std::int16_t shift) override { KeyDown.Raise(code, shift); }
+  void OnKeyPress(std::int16_t& key_ascii) override { KeyPress.Raise(key_ascii); }
+  void OnKeyUp(std::int16_t code, std::int16_t shift) override { KeyUp.Raise(code, shift); }
+  void OnMouseDown(const PointerInput& input) override { Raise(MouseDown, input); }
+  void OnMouseMove(const PointerInput& input) override { Raise(MouseMove, input); }
+  void OnMouseUp(const PointerInput& input) override { Raise(MouseUp, input); }
   virtual void OnTerminate() {}
-
-  // Decodes the messages of the control's window into notifications.
-  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
 
   static void Raise(const Event<std::int16_t, std::int16_t, Twips, Twips>& event, const PointerInput& input) {
     event.Raise(input.button, input.shift, input.at.x, input.at.y);
@@ -110,10 +94,9 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
 
   // --- For the parts of a composed control --------------------------------------------------------
 
-  void AddPart(WindowPart& part) { parts_.push_back(&part); }
-  void RemovePart(WindowPart& part) { std::erase(parts_, &part); }
-  // The focus has come to, or gone from, the control or a part of it.
-  void FocusChanged(bool has_focus);
+  // The focus moving from one window of the control to another is neither entering nor leaving it.
+  void PartFocus(bool has_focus, WindowHandle other) final;
+  bool TakeKey(KeyMessage& key) final { return site_->TakeKey(key); }
 
  protected:
   Control(std::shared_ptr<ControlSite> site, SurfaceLook look);
@@ -121,24 +104,11 @@ class Control : public Object, public WindowClient, public std::enable_shared_fr
   // Tells the container that the persisted property `name` changed. A listener may destroy the control.
   void PropertyChanged(std::string_view name) { site_->PropertyChanged(name); }
 
-  // The window that takes the focus for the control: its own, or that of a part.
-  virtual WindowHandle FocusWindow() const { return surface_.hWnd(); }
+  bool FocusByPress() const override { return site_->FocusByPress(); }
 
  private:
-  void PaintMessage(WindowHandle window, bool alive);
-  // Each is true when the message was one of its kind.
-  bool Pointer(std::uint32_t message, WParam wparam, LParam lparam);
-  bool Focus(std::uint32_t message);
-  bool Key(std::uint32_t message, WParam wparam, LResult& result);
-  bool PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result);
-  void Press(std::uint32_t message, PointerAction action, const PointerInput& input);
-  void TakeFocusAfterPress(WindowHandle focus_before);
-
   std::shared_ptr<ControlSite> site_;
-  Surface surface_;
-  std::vector<WindowPart*> parts_;
   bool started_ = false;
-  ClickTracker click_;
   bool focused_ = false;
 };
 

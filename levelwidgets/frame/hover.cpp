@@ -6,10 +6,10 @@ namespace {
 constexpr std::int32_t kPollingInterval = 100;  // milliseconds
 }
 
-PollingHover::PollingHover(Control& control, std::function<void()> leave)
-    : surface_(control.GetSurface()),
+PollingHover::PollingHover(PartHost& host, std::function<void()> leave)
+    : surface_(host.GetSurface()),
       leave_(std::move(leave)),
-      timMain_(control, kPollingInterval, [this] { Tick(); }) {}
+      timMain_(host, kPollingInterval, [this] { Tick(); }) {}
 
 void PollingHover::Tick() {
   if (!PointerIsOutside()) return;

@@ -3,8 +3,9 @@
 
 #include <functional>
 
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/part_host.h>
 #include <levelwidgets/frame/parts/timer.h>
+#include <levelwidgets/frame/surface.h>
 
 namespace levelwidgets {
 
@@ -43,7 +44,7 @@ class CaptureHover {
 class PollingHover {
  public:
   // `leave` restores and repaints; it runs on the tick that finds the pointer outside.
-  PollingHover(Control& control, std::function<void()> leave);
+  PollingHover(PartHost& host, std::function<void()> leave);
 
   // Begins or goes on polling.
   void Start() { timMain_.SetEnabled(true); }

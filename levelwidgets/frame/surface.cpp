@@ -61,10 +61,14 @@ void Surface::SetFont(FontRef font) {
 
 void Surface::ApplyFont() {
   if (!dc_) return;
-  const int pixels_per_inch = Drawing().GetDeviceCaps(dc_, kLogPixelsY);
-  DrawingObject object(Drawing(), Drawing().CreateFontA(RequestFor(font_->Description(), pixels_per_inch)));
+  DrawingObject object = MakeFontObject(*font_);
   Drawing().SelectObject(dc_, object.Handle());
   font_object_ = std::move(object);
+}
+
+DrawingObject Surface::MakeFontObject(const Font& font) const {
+  const int pixels_per_inch = Drawing().GetDeviceCaps(dc_, kLogPixelsY);
+  return {Drawing(), Drawing().CreateFontA(RequestFor(font.Description(), pixels_per_inch))};
 }
 
 PixelRect Surface::ClientPixels() const {
@@ -84,6 +88,15 @@ bool Surface::Move(TwipPoint position, TwipSize size) {
     Windows().SetWindowPos(window_, {}, client.Offset(left, top), kSwpNoZOrder | kSwpNoActivate);
   }
   return resized;
+}
+
+void Surface::FitToClient() {
+  PixelRect client;
+  if (!Windows().GetClientRect(window_, client)) return;
+  ScreenApi& screen = platform_.Screen();
+  const PixelRect scale = ClientPixels();
+  if (client.width() != scale.width()) scale_.width = ToTwips(client.width(), screen.TwipsPerPixelX());
+  if (client.height() != scale.height()) scale_.height = ToTwips(client.height(), screen.TwipsPerPixelY());
 }
 
 void Surface::SetVisible(bool visible) {

@@ -46,6 +46,10 @@ class Surface {
   const FontRef& GetFont() const { return font_; }
   // Shares `font`: later changes of it show in this surface's next text.
   void SetFont(FontRef font);
+  // What is selected for the Font.
+  ObjectHandle FontObject() const { return font_object_.Handle(); }
+  // `font` for this surface's resolution.
+  DrawingObject MakeFontObject(const Font& font) const;
   // The characters that, pressed with Alt, deliver AccessKeyPress. UTF-8.
   const std::string& AccessKeys() const { return access_keys_; }
   void SetAccessKeys(std::string keys) { access_keys_ = std::move(keys); }
@@ -56,6 +60,8 @@ class Surface {
   PixelRect ClientPixels() const;
   // Places the window in its parent; the size becomes the scale as given. Returns whether the size changed.
   bool Move(TwipPoint position, TwipSize size);
+  // Makes the window's client area the scale where the scale comes to other pixels: the window has a border.
+  void FitToClient();
   void SetVisible(bool visible);
 
   // Fills the surface with BackColor.

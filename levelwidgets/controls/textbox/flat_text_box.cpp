@@ -75,7 +75,10 @@ FlatTextBox::FlatTextBox(std::shared_ptr<ControlSite> site)
 }
 
 void FlatTextBox::OnInitialize() {
-  BeginSubclass();
+  subclass_.emplace(GetSurface().Windows(), hWnd(),
+                    [this](std::uint32_t message, WParam wparam, LParam lparam) {
+                      return HandleMessage(message, wparam, lparam);
+                    });
   ShowMode();
 }
 

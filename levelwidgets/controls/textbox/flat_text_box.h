@@ -1,6 +1,7 @@
 // A text box, of one line or many, with a flat vertical scroll bar.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <levelwidgets/controls/scroll/flat_scroll.h>
@@ -8,6 +9,7 @@
 #include <levelwidgets/frame/control.h>
 #include <levelwidgets/frame/parts/child_control.h>
 #include <levelwidgets/frame/parts/edit_events.h>
+#include <levelwidgets/frame/parts/subclass.h>
 #include <levelwidgets/frame/parts/text_box.h>
 
 namespace levelwidgets {
@@ -83,7 +85,7 @@ class FlatTextBox : public Control, public EditEvents {
   void OnInitProperties() override;
   void OnResize() override;
   void OnPaint() override { GetSurface().Cls(); }
-  void OnTerminate() override { EndSubclass(); }
+  void OnTerminate() override { subclass_.reset(); }
 
   // The parts, for tests and for whoever composes this control further.
   TextBox& ActiveEdit() const { return *txt_; }
@@ -93,13 +95,8 @@ class FlatTextBox : public Control, public EditEvents {
   WindowHandle FocusWindow() const override { return txt_->hWnd(); }
 
  private:
-  // --- Window procedure ---------------------------------------------------------------------------
-
-  static LResult Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
-                           LParam lparam);
-  LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
-  void BeginSubclass();
-  void EndSubclass();
+  // The control's window procedure while it is replaced.
+  LResult HandleMessage(std::uint32_t message, WParam wparam, LParam lparam);
 
   // --- Scrolling: flat_text_box_scroll.cpp --------------------------------------------------------
 
@@ -124,7 +121,7 @@ class FlatTextBox : public Control, public EditEvents {
   TextBox* txt_ = &txtSingle_;
   ChildControl<FlatScroll> scrV_;
   bool multi_line_ = false;
-  std::intptr_t previous_procedure_ = 0;  // 0: not subclassed
+  std::optional<Subclass> subclass_;
 };
 
 }  // namespace levelwidgets

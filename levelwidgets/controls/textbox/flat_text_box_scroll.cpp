@@ -12,30 +12,8 @@ constexpr Color kNotScrollable{0x80000011u};  // grey text
 
 // --- Window procedure --------------------------------------------------------------------------------
 
-void FlatTextBox::BeginSubclass() {
-  if (previous_procedure_ != 0) return;
-  WindowApi& windows = GetSurface().Windows();
-  windows.SetWindowLongA(hWnd(), kGwlUserData, reinterpret_cast<std::intptr_t>(this));
-  previous_procedure_ =
-      windows.SetWindowLongA(hWnd(), kGwlWndProc, reinterpret_cast<std::intptr_t>(&Procedure));
-}
-
-void FlatTextBox::EndSubclass() {
-  if (previous_procedure_ == 0) return;
-  WindowApi& windows = GetSurface().Windows();
-  windows.SetWindowLongA(hWnd(), kGwlWndProc, std::exchange(previous_procedure_, 0));
-  windows.SetWindowLongA(hWnd(), kGwlUserData, 0);
-}
-
-LResult FlatTextBox::Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
-                               LParam lparam) {
-  auto* const text_box = reinterpret_cast<FlatTextBox*>(windows.GetWindowLongA(window, kGwlUserData));
-  return text_box->HandleMessage(window, message, wparam, lparam);
-}
-
-LResult FlatTextBox::HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
+LResult FlatTextBox::HandleMessage(std::uint32_t message, WParam wparam, LParam lparam) {
   const auto keep = Reference();
-  const std::intptr_t previous = previous_procedure_;
   if (message == kWmCtlColorEdit && keep) {
     try {
       SynchroniseBar();
@@ -43,8 +21,7 @@ LResult FlatTextBox::HandleMessage(WindowHandle window, std::uint32_t message, W
       // A paint must go on.
     }
   }
-  if (message == kWmDestroy) EndSubclass();
-  return GetSurface().Windows().CallWindowProcA(previous, window, message, wparam, lparam);
+  return subclass_ ? subclass_->Pass(message, wparam, lparam) : 0;
 }
 
 // --- From the text to the bar ------------------------------------------------------------------------

@@ -1,4 +1,4 @@
-// A control as a part of another one.
+// A control as a part of another one, or of a panel of it.
 #pragma once
 
 #include <memory>
@@ -8,11 +8,11 @@
 
 namespace levelwidgets {
 
-// The container that a control is to its parts: ambient properties are the owner's own surface, keys and the
-// focus are passed on to the owner, and code of the part keeps the owner alive.
+// The container that a control is to its parts: ambient properties are those of the surface that holds it, keys
+// and the focus are passed on to the owner, and code of the part keeps the owner alive.
 class ChildSite : public ControlSite {
  public:
-  ChildSite(Control& owner, std::string name);
+  ChildSite(PartHost& owner, std::string name);
 
   void OwnerGone() { owner_ = nullptr; }
 
@@ -27,58 +27,64 @@ class ChildSite : public ControlSite {
   Color AmbientBackColor() override { return owner_ ? owner_->GetSurface().BackColor() : Color(); }
   Color AmbientForeColor() override { return owner_ ? owner_->GetSurface().ForeColor() : Color(); }
   void PropertyChanged(std::string_view) override {}
-  void FocusChanged(bool has_focus) override;
-  bool TakeKey(const KeyMessage& key) override { return owner_ && owner_->Site().TakeKey(key); }
+  void FocusChanged(bool has_focus, WindowHandle other) override;
+  bool TakeKey(KeyMessage& key) override { return owner_ && owner_->TakeKey(key); }
 
  private:
   Platform& platform_;
-  Control* owner_;
+  PartHost* owner_;
   std::string name_;
+};
+
+// What ChildControl does whatever the class of the control is.
+class ChildPart : public WindowPart {
+ public:
+  ChildPart(const ChildPart&) = delete;
+  ChildPart& operator=(const ChildPart&) = delete;
+
+  WindowHandle hWnd() const override { return control_->GetSurface().hWnd(); }
+  bool Holds(WindowHandle window) const override { return control_->Holds(window); }
+  void OnHostGone() override { control_->Detached(); }
+
+  TwipPoint Position() const { return position_; }
+  TwipSize Size() const { return size_; }
+  // In twips of the owner's surface; negative lengths count as 0.
+  void Move(TwipPoint position, TwipSize size);
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+  // Whether the part takes its turn when the focus goes round; kept for the owner.
+  bool TabStop() const { return tab_stop_; }
+  void SetTabStop(bool stop) { tab_stop_ = stop; }
+
+ protected:
+  using Factory = std::shared_ptr<Control> (*)(std::shared_ptr<ControlSite> site);
+  ChildPart(PartHost& owner, std::string name, TwipSize size, Factory make);
+  ~ChildPart() override;
+
+  Control& Inner() const { return *control_; }
+
+ private:
+  PartHost& owner_;
+  std::shared_ptr<ChildSite> site_;
+  std::shared_ptr<Control> control_;
+  TwipPoint position_;
+  TwipSize size_;
+  bool visible_ = false;
+  bool tab_stop_ = true;
 };
 
 // A control of class T inside `owner`, placed as a loaded instance with nothing saved; hidden until shown.
 // The owner talks to it through its public properties, methods and events.
 template <typename T>
-class ChildControl {
+class ChildControl : public ChildPart {
  public:
-  ChildControl(Control& owner, std::string name, TwipSize size)
-      : site_(std::make_shared<ChildSite>(owner, std::move(name))),
-        control_(MakeControl<T>(site_)),
-        size_(size) {
-    const PropertyBag nothing;
-    control_->Start(&nothing, {}, size);
-  }
-  ChildControl(const ChildControl&) = delete;
-  ChildControl& operator=(const ChildControl&) = delete;
-  ~ChildControl() { site_->OwnerGone(); }
+  ChildControl(PartHost& owner, std::string name, TwipSize size)
+      : ChildPart(owner, std::move(name), size, [](std::shared_ptr<ControlSite> site) {
+          return std::shared_ptr<Control>(MakeControl<T>(std::move(site)));
+        }) {}
 
-  T* operator->() const { return control_.get(); }
-  T& operator*() const { return *control_; }
-
-  TwipPoint Position() const { return position_; }
-  TwipSize Size() const { return size_; }
-  // In twips of the owner's surface; negative lengths count as 0.
-  void Move(TwipPoint position, TwipSize size) {
-    position_ = position;
-    size_ = {std::max(size.width, Twips()), std::max(size.height, Twips())};
-    control_->Move(position_, size_);
-  }
-  bool Visible() const { return visible_; }
-  void SetVisible(bool visible) {
-    visible_ = visible;
-    control_->GetSurface().SetVisible(visible);
-  }
-  // Whether the part takes its turn when the focus goes round; kept for the owner.
-  bool TabStop() const { return tab_stop_; }
-  void SetTabStop(bool stop) { tab_stop_ = stop; }
-
- private:
-  std::shared_ptr<ChildSite> site_;
-  std::shared_ptr<T> control_;
-  TwipPoint position_;
-  TwipSize size_;
-  bool visible_ = false;
-  bool tab_stop_ = true;
+  T* operator->() const { return &**this; }
+  T& operator*() const { return static_cast<T&>(Inner()); }
 };
 
 }  // namespace levelwidgets

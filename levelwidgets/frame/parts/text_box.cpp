@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <levelwidgets/frame/error.h>
 #include <levelwidgets/frame/paint.h>
 
 namespace levelwidgets {
@@ -30,7 +31,7 @@ WParam PasswordCode(std::string_view character) {
 
 }  // namespace
 
-TextBox::TextBox(Control& owner, bool multi_line)
+TextBox::TextBox(PartHost& owner, bool multi_line)
     : owner_(owner), multi_line_(multi_line), font_(MakeFont()) {
   owner_.AddPart(*this);
   CreateWindow();
@@ -49,9 +50,9 @@ void TextBox::CreateWindow() {
   request.parent = owner_.GetSurface().hWnd();
   window_ = Windows().CreateWindowExA(request);
   if (!window_) return;
-  Windows().SetWindowLongA(window_, kGwlUserData, reinterpret_cast<std::intptr_t>(this));
-  previous_procedure_ =
-      Windows().SetWindowLongA(window_, kGwlWndProc, reinterpret_cast<std::intptr_t>(&Procedure));
+  subclass_.emplace(Windows(), window_, [this](std::uint32_t message, WParam wparam, LParam lparam) {
+    return OnMessage(message, wparam, lparam);
+  });
   Send(kEmSetLimitText, static_cast<WParam>(max_length_));
   font_->Forget(font_token_);
   font_token_ = font_->Observe([this] { ApplyFont(); });
@@ -60,10 +61,8 @@ void TextBox::CreateWindow() {
 
 void TextBox::DestroyWindow() {
   const WindowHandle window = std::exchange(window_, {});
-  if (!window || !Windows().IsWindow(window)) return;
-  Windows().SetWindowLongA(window, kGwlWndProc, previous_procedure_);
-  Windows().SetWindowLongA(window, kGwlUserData, 0);
-  Windows().DestroyWindow(window);
+  subclass_.reset();
+  if (window) Windows().DestroyWindow(window);
 }
 
 LResult TextBox::Send(std::uint32_t message, WParam wparam, LParam lparam) const {
@@ -102,9 +101,7 @@ void TextBox::SetFont(FontRef font) {
 
 void TextBox::ApplyFont() {
   if (!window_) return;
-  DrawingApi& drawing = owner_.GetSurface().Drawing();
-  const int pixels_per_inch = drawing.GetDeviceCaps(owner_.GetSurface().hDC(), kLogPixelsY);
-  DrawingObject object(drawing, drawing.CreateFontA(RequestFor(font_->Description(), pixels_per_inch)));
+  DrawingObject object = owner_.GetSurface().MakeFontObject(*font_);
   Send(kWmSetFont, object.Handle().value, 1);
   font_object_ = std::move(object);
 }

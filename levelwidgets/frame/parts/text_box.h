@@ -1,24 +1,28 @@
-// The plain edit box as a part of a control.
+// The plain edit box as a part of a control or of a panel.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include <levelwidgets/frame/alignment.h>
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/input.h>
+#include <levelwidgets/frame/part_host.h>
 #include <levelwidgets/frame/parts/edit_events.h>
+#include <levelwidgets/frame/parts/subclass.h>
+#include <levelwidgets/frame/surface.h>
 
 namespace levelwidgets {
 
 // The system's edit box inside the owner's window, hidden and of no size until told otherwise. Its focus is
-// the owner's, its keys are offered to the owner's container first. Events carry the owner's argument types;
+// the owner's, its keys are offered to the owner and its container first. Events carry the owner's argument types;
 // the pointer's position is relative to the edit box.
 //
 // Events of keys come before the edit box acts on them, so a changed KeyAscii is what it types and 0 nothing;
 // those of the pointer come after it has acted. A listener may destroy the owner.
 class TextBox : public WindowPart, public EditEvents {
  public:
-  TextBox(Control& owner, bool multi_line);
+  TextBox(PartHost& owner, bool multi_line);
   TextBox(const TextBox&) = delete;
   TextBox& operator=(const TextBox&) = delete;
   ~TextBox() override;
@@ -63,8 +67,6 @@ class TextBox : public WindowPart, public EditEvents {
   LResult Send(std::uint32_t message, WParam wparam = 0, LParam lparam = 0) const;
 
  private:
-  static LResult Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
-                           LParam lparam);
   bool OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) override;
 
   void CreateWindow();
@@ -72,15 +74,15 @@ class TextBox : public WindowPart, public EditEvents {
   LResult OnMessage(std::uint32_t message, WParam wparam, LParam lparam);
   LResult Pass(std::uint32_t message, WParam wparam, LParam lparam);
   LResult PointerMessage(PointerAction action, std::uint32_t message, WParam wparam, LParam lparam);
-  LResult KeyPressed(const KeyMessage& key, std::uint32_t message, WParam wparam, LParam lparam);
+  LResult KeyPressed(KeyMessage key, std::uint32_t message, WParam wparam, LParam lparam);
   LResult ColorBrush(DcHandle dc);
   void ApplyFont();
   WindowApi& Windows() const { return owner_.GetSurface().Windows(); }
 
-  Control& owner_;
+  PartHost& owner_;
   const bool multi_line_;
   WindowHandle window_;
-  std::intptr_t previous_procedure_ = 0;
+  std::optional<Subclass> subclass_;
   Color back_color_{0x80000005u};
   Color fore_color_{0x80000008u};
   FontRef font_;

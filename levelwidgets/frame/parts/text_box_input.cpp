@@ -13,28 +13,21 @@ void RaisePointer(const Event<std::int16_t&, std::int16_t&, Twips&, Twips&>& eve
 
 }  // namespace
 
-LResult TextBox::Procedure(WindowApi& windows, WindowHandle window, std::uint32_t message, WParam wparam,
-                           LParam lparam) {
-  auto* const box = reinterpret_cast<TextBox*>(windows.GetWindowLongA(window, kGwlUserData));
-  return box->OnMessage(message, wparam, lparam);
-}
-
 LResult TextBox::Pass(std::uint32_t message, WParam wparam, LParam lparam) {
   // A listener may have taken the window away.
-  if (!window_) return 0;
-  return Windows().CallWindowProcA(previous_procedure_, window_, message, wparam, lparam);
+  return window_ ? subclass_->Pass(message, wparam, lparam) : 0;
 }
 
 LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) {
   if (message == kWmDestroy) {
-    const WindowHandle window = std::exchange(window_, {});
-    return Windows().CallWindowProcA(previous_procedure_, window, message, wparam, lparam);
+    window_ = {};
+    return subclass_->Pass(message, wparam, lparam);
   }
   const auto keep = owner_.Reference();
   if (!keep || !owner_.Site().UserMode()) return Pass(message, wparam, lparam);
   if (message == kWmSetFocus || message == kWmKillFocus) {
     const LResult result = Pass(message, wparam, lparam);
-    owner_.FocusChanged(message == kWmSetFocus);
+    owner_.PartFocus(message == kWmSetFocus, {static_cast<std::uint32_t>(wparam)});
     return result;
   }
   if (const PointerAction action = PointerActionOf(message); action != PointerAction::kNone) {
@@ -66,19 +59,18 @@ LResult TextBox::PointerMessage(PointerAction action, std::uint32_t message, WPa
   return result;
 }
 
-LResult TextBox::KeyPressed(const KeyMessage& key, std::uint32_t message, WParam wparam, LParam lparam) {
-  if (owner_.Site().TakeKey(key)) return 0;
-  std::int16_t code = key.code;
-  std::int16_t shift = key.shift;
+LResult TextBox::KeyPressed(KeyMessage key, std::uint32_t message, WParam wparam, LParam lparam) {
+  const std::int16_t pressed = key.code;
+  if (owner_.TakeKey(key)) return 0;
   switch (key.kind) {
-    case KeyMessage::Kind::kDown: KeyDown.Raise(code, shift); break;
-    case KeyMessage::Kind::kUp: KeyUp.Raise(code, shift); break;
+    case KeyMessage::Kind::kDown: KeyDown.Raise(key.code, key.shift); break;
+    case KeyMessage::Kind::kUp: KeyUp.Raise(key.code, key.shift); break;
     case KeyMessage::Kind::kCharacter:
-      if (message == kWmChar) KeyPress.Raise(code);
+      if (message == kWmChar) KeyPress.Raise(key.code);
       break;
   }
-  if (code == 0 && key.code != 0) return 0;
-  return Pass(message, code == key.code ? wparam : static_cast<WParam>(static_cast<std::uint16_t>(code)),
+  if (key.code == 0 && pressed != 0) return 0;
+  return Pass(message, key.code == pressed ? wparam : static_cast<WParam>(static_cast<std::uint16_t>(key.code)),
               lparam);
 }
 

@@ -1,10 +1,11 @@
 #include <levelwidgets/frame/parts/timer.h>
 
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/control_site.h>
+#include <levelwidgets/frame/part_host.h>
 
 namespace levelwidgets {
 
-Timer::Timer(Control& owner, std::int32_t interval_ms, std::function<void()> tick)
+Timer::Timer(PartHost& owner, std::int32_t interval_ms, std::function<void()> tick)
     : owner_(owner),
       clock_(owner.Site().GetPlatform().Clock()),
       interval_(interval_ms),

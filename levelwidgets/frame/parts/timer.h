@@ -8,14 +8,14 @@
 
 namespace levelwidgets {
 
-class Control;
+class PartHost;
 
 // Ticks on the user-interface thread while enabled. It stops with its owner, and the owner stays alive for
 // the length of a tick.
 class Timer {
  public:
   // Disabled.
-  Timer(Control& owner, std::int32_t interval_ms, std::function<void()> tick);
+  Timer(PartHost& owner, std::int32_t interval_ms, std::function<void()> tick);
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
   ~Timer() { Stop(); }
@@ -32,7 +32,7 @@ class Timer {
   void Run();
   void Stop();
 
-  Control& owner_;
+  PartHost& owner_;
   ClockApi& clock_;
   std::int32_t interval_;
   std::function<void()> tick_;

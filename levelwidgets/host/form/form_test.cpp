@@ -167,10 +167,13 @@ TEST_F(FormTest, AnAccessKeyMayBeALetterWithAnAccentInEitherCase) {
   auto& a = Button("cmdA");
   a.SetCaption("&\xC3\x84ndern");
   CountClicks(a);
-  using Kind = KeyMessage::Kind;
-  EXPECT_FALSE(Hosted(a).TakeKey({Kind::kCharacter, 0xE4, 0}));  // Alt is not held
-  EXPECT_TRUE(Hosted(a).TakeKey({Kind::kCharacter, 0xE4, kAltMask}));
-  EXPECT_TRUE(Hosted(a).TakeKey({Kind::kCharacter, 0xC4, kAltMask}));
+  const auto is_taken = [&](std::int16_t character, std::int16_t shift) {
+    KeyMessage key{KeyMessage::Kind::kCharacter, character, shift};
+    return Hosted(a).TakeKey(key);
+  };
+  EXPECT_FALSE(is_taken(0xE4, 0));  // Alt is not held
+  EXPECT_TRUE(is_taken(0xE4, kAltMask));
+  EXPECT_TRUE(is_taken(0xC4, kAltMask));
   EXPECT_THAT(TakeClicks(), ElementsAre("cmdA", "cmdA"));
 }
 

@@ -74,7 +74,7 @@ void HostedControl::Detach() {
   const auto control = std::exchange(control_, nullptr);
   if (!control) return;
   for (const EventInfo& event : control->Class().Events()) event.end_all(*control);
-  control->GetSurface().SetVisible(false);
+  control->Detached();
 }
 
 void HostedControl::SetVisible(bool visible) {
@@ -162,11 +162,11 @@ void HostedControl::PropertyChanged(std::string_view name) {
   keep->PropertyChanged.Raise(name_, name);
 }
 
-void HostedControl::FocusChanged(bool has_focus) {
+void HostedControl::FocusChanged(bool has_focus, WindowHandle) {
   if (form_ && has_focus) form_->active_control_ = weak_from_this();
 }
 
-bool HostedControl::TakeKey(const KeyMessage& key) {
+bool HostedControl::TakeKey(KeyMessage& key) {
   if (!form_) return false;
   const auto keep = form_->shared_from_this();
   return keep->TakeKey(key);

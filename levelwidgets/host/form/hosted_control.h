@@ -88,8 +88,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   Color AmbientBackColor() override;
   Color AmbientForeColor() override;
   void PropertyChanged(std::string_view name) override;
-  void FocusChanged(bool has_focus) override;
-  bool TakeKey(const KeyMessage& key) override;
+  void FocusChanged(bool has_focus, WindowHandle other) override;
+  bool TakeKey(KeyMessage& key) override;
 
  private:
   friend class Form;

@@ -1,19 +1,27 @@
-// A control's window: messages become notifications.
-#include <levelwidgets/frame/control.h>
+// Messages become notifications.
+#include <levelwidgets/frame/surface_window.h>
 
 #include <algorithm>
 
 namespace levelwidgets {
 
-LResult Control::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
+LResult SurfaceWindow::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
+  WindowApi& windows = surface_.Windows();
+  // While the surface is made and while it is destroyed, the window is not its own.
+  if (surface_.hWnd() != window) return windows.DefWindowProcA(window, message, wparam, lparam);
   // A listener may drop the container's reference; this one lasts until the message has been handled.
   const auto keep = Reference();
-  WindowApi& windows = surface_.Windows();
   LResult result = 0;
   switch (message) {
-    case kWmDestroy: surface_.WindowLost(); return 0;
+    case kWmDestroy:
+      EndParts();
+      surface_.WindowLost();
+      return 0;
     case kWmEraseBackground: return 1;
     case kWmPaint: PaintMessage(window, keep != nullptr); return 0;
+    case kWmSize:
+      if (keep) OnWindowSize();
+      return 0;
     case kWmCommand:
     case kWmCtlColorEdit:
     case kWmCtlColorStatic:
@@ -21,14 +29,14 @@ LResult Control::OnMessage(WindowHandle window, std::uint32_t message, WParam wp
       break;
     default: break;
   }
-  if (keep && site_->UserMode() &&
-      (Pointer(message, wparam, lparam) || Focus(message) || Key(message, wparam, result))) {
+  if (keep && Site().UserMode() &&
+      (Pointer(message, wparam, lparam) || Focus(message, wparam) || Key(message, wparam, result))) {
     return result;
   }
   return windows.DefWindowProcA(window, message, wparam, lparam);
 }
 
-void Control::PaintMessage(WindowHandle window, bool alive) {
+void SurfaceWindow::PaintMessage(WindowHandle window, bool alive) {
   WindowApi& windows = surface_.Windows();
   windows.BeginPaint(window);
   try {
@@ -42,7 +50,7 @@ void Control::PaintMessage(WindowHandle window, bool alive) {
 
 // --- Pointer -----------------------------------------------------------------------------------------
 
-bool Control::Pointer(std::uint32_t message, WParam wparam, LParam lparam) {
+bool SurfaceWindow::Pointer(std::uint32_t message, WParam wparam, LParam lparam) {
   const PointerAction action = PointerActionOf(message);
   if (action == PointerAction::kNone) return false;
   const PointerInput input = PointerInputOf(surface_.GetPlatform(), message, wparam, lparam);
@@ -54,15 +62,16 @@ bool Control::Pointer(std::uint32_t message, WParam wparam, LParam lparam) {
       const bool clicked = click_.Release(message, lparam, surface_.ClientPixels());
       OnMouseUp(input);
       // A listener may have taken the control off its container, which then hears no more of it.
-      const bool contained = surface_.hWnd() && site_->ParentWindow();
+      const bool contained = surface_.hWnd() && Site().ParentWindow();
       if (clicked && contained && surface_.Enabled()) OnClick();
     }
   }
   return true;
 }
 
-void Control::Press(std::uint32_t message, PointerAction action, const PointerInput& input) {
+void SurfaceWindow::Press(std::uint32_t message, PointerAction action, const PointerInput& input) {
   const WindowHandle focus_before = surface_.Windows().GetFocus();
+  press_point_ = input.at;
   // The second press of a double click arrives as the double click only.
   if (action == PointerAction::kDoubleClick) {
     OnDblClick();
@@ -74,56 +83,44 @@ void Control::Press(std::uint32_t message, PointerAction action, const PointerIn
 }
 
 // The focus arrives after the press; a listener that has moved it meanwhile keeps its choice.
-void Control::TakeFocusAfterPress(WindowHandle focus_before) {
+void SurfaceWindow::TakeFocusAfterPress(WindowHandle focus_before) {
   WindowApi& windows = surface_.Windows();
   const WindowHandle window = surface_.hWnd();
-  if (!window || windows.GetFocus() != focus_before || focused_ || !site_->FocusByPress()) return;
+  if (!window || windows.GetFocus() != focus_before || Holds(focus_before) || !FocusByPress()) return;
   if (windows.IsWindowVisible(window) && windows.IsWindowEnabled(window)) windows.SetFocus(window);
 }
 
 // --- Focus -------------------------------------------------------------------------------------------
 
-bool Control::Focus(std::uint32_t message) {
-  if (message == kWmSetFocus) {
-    const WindowHandle window = FocusWindow();
-    if (window != surface_.hWnd()) {
-      surface_.Windows().SetFocus(window);
-    } else {
-      FocusChanged(true);
-    }
-    return true;
-  }
-  if (message != kWmKillFocus) return false;
-  if (focused_ && FocusWindow() == surface_.hWnd()) FocusChanged(false);
+bool SurfaceWindow::Focus(std::uint32_t message, WParam wparam) {
+  if (message != kWmSetFocus && message != kWmKillFocus) return false;
+  PartFocus(message == kWmSetFocus, {static_cast<std::uint32_t>(wparam)});
+  WindowApi& windows = surface_.Windows();
+  const WindowHandle window = FocusWindow();
+  // A listener that has moved the focus keeps its choice.
+  const bool passes_on = message == kWmSetFocus && window && window != surface_.hWnd();
+  if (passes_on && windows.GetFocus() == surface_.hWnd()) windows.SetFocus(window);
   return true;
 }
 
-void Control::FocusChanged(bool has_focus) {
-  const auto keep = Reference();
-  focused_ = has_focus;
-  if (has_focus) {
-    OnEnterFocus();
-  } else {
-    OnExitFocus();
-  }
-  site_->FocusChanged(has_focus);
+bool SurfaceWindow::Holds(WindowHandle window) const {
+  if (window && window == surface_.hWnd()) return true;
+  return std::ranges::any_of(parts_, [window](const WindowPart* part) { return part->Holds(window); });
 }
 
 // --- Keys --------------------------------------------------------------------------------------------
 
-bool Control::Key(std::uint32_t message, WParam wparam, LResult& result) {
-  const std::optional<KeyMessage> key = KeyMessageOf(surface_.Windows(), message, wparam);
+bool SurfaceWindow::Key(std::uint32_t message, WParam wparam, LResult& result) {
+  std::optional<KeyMessage> key = KeyMessageOf(surface_.Windows(), message, wparam);
   if (!key) return false;
   result = 0;
-  if (site_->TakeKey(*key)) return true;
+  if (TakeKey(*key)) return true;
   switch (key->kind) {
     case KeyMessage::Kind::kDown: OnKeyDown(key->code, key->shift); break;
     case KeyMessage::Kind::kUp: OnKeyUp(key->code, key->shift); break;
-    case KeyMessage::Kind::kCharacter: {
-      std::int16_t key_ascii = key->code;
-      if (message == kWmChar) OnKeyPress(key_ascii);
+    case KeyMessage::Kind::kCharacter:
+      if (message == kWmChar) OnKeyPress(key->code);
       break;
-    }
   }
   // Alt with a key has a meaning for the system too (closing the window, its menu), characters have not.
   return !(message == kWmSysKeyDown || message == kWmSysKeyUp);
@@ -131,12 +128,19 @@ bool Control::Key(std::uint32_t message, WParam wparam, LResult& result) {
 
 // --- Parts -------------------------------------------------------------------------------------------
 
-bool Control::PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result) {
+bool SurfaceWindow::PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result) {
   // Both kinds of message name the part's window in the second parameter.
   const auto window = static_cast<std::uint32_t>(lparam);
   const auto part =
       std::ranges::find_if(parts_, [window](WindowPart* p) { return p->hWnd().value == window; });
   return part != parts_.end() && (*part)->OnParentMessage(message, wparam, result);
+}
+
+void SurfaceWindow::EndParts() {
+  // Losing the focus may be an event, whose listener may take parts away.
+  for (WindowPart* part : std::vector(parts_)) {
+    if (std::ranges::find(parts_, part) != parts_.end()) part->OnHostGone();
+  }
 }
 
 }  // namespace levelwidgets
