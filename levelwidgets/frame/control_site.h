@@ -49,11 +49,11 @@ class ControlSite {
 
   // A persisted property changed.
   virtual void PropertyChanged(std::string_view name) = 0;
-  // The control, with its parts as one, has got the focus from `other` or lost it to `other`; null when that is
-  // no window of this program.
+  // The control, with its parts as one, has got the focus from `other` or lost it to `other`; null when that
+  // is no window of this program.
   virtual void FocusChanged(bool has_focus, WindowHandle other) = 0;
-  // Offers a key to the container before the control acts on it. The container may change it; true when it has
-  // used it.
+  // Offers a key to the container before the control acts on it. The container may change it; true when it
+  // has used it.
   virtual bool TakeKey(KeyMessage& key) = 0;
 };
 

@@ -17,7 +17,8 @@ class WindowPart {
  public:
   virtual ~WindowPart() = default;
   virtual WindowHandle hWnd() const = 0;
-  // Whether `window` is the part's, or that of a part inside it. Windows that were moved to the desktop count.
+  // Whether `window` is the part's, or that of a part inside it. Windows that were moved to the desktop
+  // count.
   virtual bool Holds(WindowHandle window) const { return window && window == hWnd(); }
   // A message that the part's window has sent to the host's: kWmCommand or a colour request. True when
   // handled.

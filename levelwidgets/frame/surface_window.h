@@ -21,7 +21,8 @@ class SurfaceWindow : public PartHost, public WindowClient {
   const Surface& GetSurface() const { return surface_; }
   void AddPart(WindowPart& part) final { parts_.push_back(&part); }
   void RemovePart(WindowPart& part) final { std::erase(parts_, &part); }
-  // Whether `window` is this one or that of a part, however deep. Windows that were moved to the desktop count.
+  // Whether `window` is this one or that of a part, however deep. Windows that were moved to the desktop
+  // count.
   bool Holds(WindowHandle window) const;
 
   // --- Notifications ----------------------------------------------------------------------------

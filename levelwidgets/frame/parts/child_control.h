@@ -8,8 +8,8 @@
 
 namespace levelwidgets {
 
-// The container that a control is to its parts: ambient properties are those of the surface that holds it, keys
-// and the focus are passed on to the owner, and code of the part keeps the owner alive.
+// The container that a control is to its parts: ambient properties are those of the surface that holds it,
+// keys and the focus are passed on to the owner, and code of the part keeps the owner alive.
 class ChildSite : public ControlSite {
  public:
   ChildSite(PartHost& owner, std::string name);

@@ -5,7 +5,8 @@
 
 namespace levelwidgets {
 
-// One pixel wide, with both its ends. The pointer passes through it. Setters repaint with the panel's next paint.
+// One pixel wide, with both its ends. The pointer passes through it. Setters repaint with the panel's next
+// paint.
 class LineShape : public WindowlessPart {
  public:
   explicit LineShape(PictureBox& panel);

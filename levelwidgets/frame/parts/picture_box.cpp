@@ -55,8 +55,8 @@ void PictureBox::SetBorder(bool border) {
 void PictureBox::SetVisible(bool visible) {
   const auto keep = Reference();
   visible_ = visible;
-  // Before it is hidden: otherwise the focus of a window on the desktop would go round by the form, and the control
-  // would be left.
+  // Before it is hidden: otherwise the focus of a window on the desktop would go round by the form, and the
+  // control would be left.
   WindowApi& windows = GetSurface().Windows();
   if (!visible && Holds(windows.GetFocus())) windows.SetFocus(owner_.GetSurface().hWnd());
   GetSurface().SetVisible(visible);
@@ -94,9 +94,9 @@ void PictureBox::Remove(WindowlessPart& part) {
 }
 
 WindowlessPart* PictureBox::PartAt(TwipPoint at) const {
-  const auto hit = std::ranges::find_if(
-      drawn_.rbegin(), drawn_.rend(),
-      [at](const WindowlessPart* part) { return part->Visible() && part->Contains(at); });
+  const auto hit = std::ranges::find_if(drawn_.rbegin(), drawn_.rend(), [at](const WindowlessPart* part) {
+    return part->Visible() && part->Contains(at);
+  });
   return hit == drawn_.rend() ? nullptr : *hit;
 }
 

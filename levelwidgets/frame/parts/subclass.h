@@ -8,8 +8,8 @@
 
 namespace levelwidgets {
 
-// Replaces the procedure of a window for its own lifetime, and puts it back before the window goes. The window's
-// user data is in use meanwhile, so that a window can have one at a time.
+// Replaces the procedure of a window for its own lifetime, and puts it back before the window goes. The
+// window's user data is in use meanwhile, so that a window can have one at a time.
 class Subclass {
  public:
   // Answers a message, most by Pass(). It may end the Subclass.

@@ -70,7 +70,8 @@ LResult TextBox::KeyPressed(KeyMessage key, std::uint32_t message, WParam wparam
       break;
   }
   if (key.code == 0 && pressed != 0) return 0;
-  return Pass(message, key.code == pressed ? wparam : static_cast<WParam>(static_cast<std::uint16_t>(key.code)),
+  return Pass(message,
+              key.code == pressed ? wparam : static_cast<WParam>(static_cast<std::uint16_t>(key.code)),
               lparam);
 }
 

@@ -9,8 +9,8 @@
 
 namespace levelwidgets {
 
-// A filled rectangle with a text that breaks into lines, from the top. Its events are those of the pointer; positions
-// are relative to the label. Setters repaint with the panel's next paint.
+// A filled rectangle with a text that breaks into lines, from the top. Its events are those of the pointer;
+// positions are relative to the label. Setters repaint with the panel's next paint.
 class TextLabel : public WindowlessPart, public ClickEvents, public DblClickEvents, public PointerEvents {
  public:
   // In the panel's colours and font, 0 by 0 twips.

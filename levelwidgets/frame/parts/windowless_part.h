@@ -8,8 +8,8 @@ namespace levelwidgets {
 
 class PictureBox;
 
-// Painted by its panel in the order in which the parts were made, and hit in the reverse order. The press of a button
-// keeps the pointer with the part until all buttons are up.
+// Painted by its panel in the order in which the parts were made, and hit in the reverse order. The press of
+// a button keeps the pointer with the part until all buttons are up.
 class WindowlessPart {
  public:
   explicit WindowlessPart(PictureBox& panel);
