@@ -64,7 +64,7 @@ function(levelwidgets_export_needs name)
   endforeach()
 endfunction()
 
-# An archive of other people's sources that is compiled here: to be linked, and no more.
+# An archive of other people's sources that is compiled here: it is linked and nothing else.
 function(levelwidgets_export_archive name)
   get_property(components GLOBAL PROPERTY LEVELWIDGETS_COMPONENTS)
   if(name IN_LIST components)

@@ -1,6 +1,6 @@
 """Validates form files: validate_forms.py SCHEMA FORM... prints "FORM: PATH: what is wrong" a line, sorted by place.
 
-A schema that is none itself is an error of its own, with exit status 2.
+A schema that is itself invalid is an error of its own, with exit status 2.
 """
 import datetime
 import json

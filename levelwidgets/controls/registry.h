@@ -10,7 +10,7 @@ namespace levelwidgets {
 
 // In alphabetical order of their folders.
 std::span<const ClassInfo* const> ControlClasses();
-// Those that are no controls; users may make objects of the ones that are Creatable().
+// Classes that are no controls; users may make objects of those that are Creatable().
 std::span<const ClassInfo* const> ObjectClasses();
 
 // By "FlatButton" or "LevelWidgets.FlatButton"; null when there is none of that name.

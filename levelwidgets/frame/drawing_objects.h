@@ -31,8 +31,8 @@ class DrawingObject {
   ObjectHandle handle_;
 };
 
-// A context that draws off the screen into a bitmap of its own. What else is selected into it must outlast
-// it, or be replaced first.
+// A context that draws off the screen into a bitmap of its own. Other objects that are selected into it
+// must outlast it, or be replaced first.
 class MemoryContext {
  public:
   MemoryContext() = default;
@@ -56,7 +56,7 @@ class MemoryContext {
   }
   ~MemoryContext() { Reset(); }
 
-  // Null before there is one.
+  // Null when the context was never made, or was reset.
   DcHandle Handle() const { return dc_; }
   void Reset() {
     if (!dc_) return;

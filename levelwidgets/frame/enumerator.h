@@ -11,8 +11,8 @@ namespace levelwidgets {
 
 class ClassInfo;
 
-// The items that a collection had when it was asked, one after the other; what is added to or removed from
-// the collection meanwhile changes nothing here.
+// The items that a collection had when it was asked, one after the other; later additions and removals change
+// nothing here.
 class Enumerator : public Object {
  public:
   static const ClassInfo& Table();

@@ -18,7 +18,7 @@ TEST(Event, ListenersAreCalledInTheOrderAdded) {
   EXPECT_THAT(heard, ElementsAre(1, 10, 2, 20));
 }
 
-TEST(Event, AReferenceArgumentComesBackChangedAndIsSeenByTheNext) {
+TEST(Event, AChangedReferenceArgumentReachesTheNextListenerAndTheCaller) {
   Event<std::int16_t&> event;
   event += [](std::int16_t& value) { value = 5; };
   event += [](std::int16_t& value) { value = static_cast<std::int16_t>(value + 1); };
@@ -61,7 +61,7 @@ TEST(Event, AListenerMayDestroyTheEvent) {
   EXPECT_FALSE(event);
 }
 
-TEST(Event, AnExceptionPassesThroughAndTheRestIsNotCalled) {
+TEST(Event, AnExceptionPassesThroughAndTheOtherListenersAreNotCalled) {
   Event<> event;
   int calls = 0;
   event += [] { throw 1; };

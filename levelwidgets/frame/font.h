@@ -33,7 +33,7 @@ class Font {
   Font& operator=(const Font&) = delete;
 
   const FontDescription& Description() const { return description_; }
-  // Tells every observer when the description differs from the present one.
+  // Notifies every observer when the description differs from the present one.
   void SetDescription(const FontDescription& description);
 
   bool Underline() const { return description_.underline; }

@@ -5,7 +5,7 @@
 namespace levelwidgets {
 namespace {
 
-TEST(Font, TellsItsObserversOfEachChangeAndOfNothingElse) {
+TEST(Font, NotifiesItsObserversOfEachChangeAndOfNothingElse) {
   Font font;
   int changes = 0;
   font.Observe([&] { ++changes; });

@@ -176,7 +176,7 @@ TEST(KeyedCollection, ClearFreesItemsAndKeys) {
   EXPECT_EQ(collection.Under("Key"), item);
 }
 
-TEST(KeyedCollection, AnItemsEndMayLookAtTheCollection) {
+TEST(KeyedCollection, AnItemsDestructorMayLookAtTheCollection) {
   KeyedCollection<std::shared_ptr<void>> collection;
   std::vector<std::int32_t> counts;
   const auto watched = [&] {

@@ -4,7 +4,7 @@
 
 namespace levelwidgets {
 
-// That of no entry when there is none of the name.
+// Past the last entry when the name is unknown.
 std::size_t PropertyBag::PositionOf(std::string_view name) const {
   if (positions_.empty()) {
     return static_cast<std::size_t>(std::ranges::find(entries_, name, &Entry::name) - entries_.begin());

@@ -9,7 +9,7 @@
 namespace levelwidgets {
 
 // Everything runs on one thread: a tick, a posted call and a message never overlap, but a handler that
-// runs the loop itself (DoEvents, RunUntilIdle) lets others run inside it.
+// runs the loop itself (DoEvents) lets others run inside it.
 class ClockApi {
  public:
   virtual ~ClockApi() = default;

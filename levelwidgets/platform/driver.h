@@ -20,9 +20,9 @@ struct TopLevelWindow {
   bool active = false;
 };
 
-// Positions are screen pixels; buttons and shift bits are those of the controls' events. Input is
-// delivered, and all that it makes pending is done, before a call returns; an exception from a handler
-// passes through.
+// Positions are screen pixels; buttons and shift bits are those of the controls' events. A call
+// returns when its input has been delivered and everything that the input made pending is done; an exception
+// from a handler passes through.
 class DesktopDriver {
  public:
   virtual ~DesktopDriver() = default;
@@ -45,7 +45,7 @@ class DesktopDriver {
 
   // Lets `ms` milliseconds pass: by the hand clock in memory, in real time elsewhere.
   virtual void Advance(std::uint32_t ms) = 0;
-  // Does all that is pending now.
+  // Does everything that is pending now.
   virtual void Settle() = 0;
 
   // kInvalidColorRef outside the screen.

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 
-// Handlers reach nothing but globals.
+// Signal handlers can use only globals.
 std::array<int, 2> told = {-1, -1};  // a pipe
 std::array<struct sigaction, kSignals.size()> before{};
 
@@ -21,7 +21,7 @@ void OnSignal(int) {
   const int saved = errno;
   const char what = 'e';
   if (write(told[1], &what, 1) != 1) {
-    // The pipe is full: it has been told often enough.
+    // The pipe is full: the reader knows already.
   }
   errno = saved;
 }

@@ -13,7 +13,7 @@ bool CanBeRead(int descriptor) {
   return poll(&ready, 1, 0) == 1;
 }
 
-TEST(EndSignals, TheFirstIsKept) {
+TEST(EndSignals, TheFirstSignalIsKept) {
   EndSignals signals;
   EXPECT_FALSE(signals.Take());
   EXPECT_FALSE(CanBeRead(signals.Descriptor()));
@@ -23,7 +23,7 @@ TEST(EndSignals, TheFirstIsKept) {
   EXPECT_FALSE(signals.Take());
 }
 
-TEST(EndSignalsDeathTest, TheSecondEndsTheProgram) {
+TEST(EndSignalsDeathTest, TheSecondSignalEndsTheProgram) {
   EXPECT_EXIT(
       {
         EndSignals signals;

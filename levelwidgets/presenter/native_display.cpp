@@ -41,7 +41,7 @@ std::string Drivers() {
   return drivers.substr(0, drivers.empty() ? 0 : drivers.size() - 1);
 }
 
-// How many pixels a native unit has; only a window tells.
+// How many pixels a native unit has; only a window knows.
 double FindDensity() {
   if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11") return 1;
   SDL_Window* window = SDL_CreateWindow("", 0, 0, 100, 100, SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI);

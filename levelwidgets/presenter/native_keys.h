@@ -6,7 +6,8 @@
 
 namespace levelwidgets::presenter {
 
-// A key as the native side tells it: what is engraved on it in the layout, where it is, what is held with it.
+// A key as the native side reports it: what is engraved on it in the layout, where it is, what is held with
+// it.
 struct NativeKey {
   std::int32_t symbol = 0;  // an SDL_Keycode
   int position = 0;         // an SDL_Scancode

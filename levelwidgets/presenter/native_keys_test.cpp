@@ -40,13 +40,13 @@ TEST(NativeKeys, LettersOfAnotherAlphabetAreWhereAUsKeyboardHasThem) {
   EXPECT_EQ(Code(0xF6, SDL_SCANCODE_SEMICOLON), 186);
 }
 
-TEST(NativeKeys, DigitsAreDigitsAlsoWhereTheyNeedShift) {
+TEST(NativeKeys, DigitKeysAreDigitsEvenWhereTheyNeedShift) {
   EXPECT_EQ(Code('&', SDL_SCANCODE_1), '1');
   EXPECT_EQ(Code(0xE0, SDL_SCANCODE_0), '0');
   EXPECT_EQ(Code('9', SDL_SCANCODE_9), '9');
 }
 
-TEST(NativeKeys, KeysThatControlsKnow) {
+TEST(NativeKeys, KeysThatControlsUseHaveTheirCodes) {
   const std::pair<SDL_Keycode, int> keys[] = {
       {SDLK_BACKSPACE, 8}, {SDLK_TAB, 9},     {SDLK_RETURN, 13},   {SDLK_KP_ENTER, 13}, {SDLK_ESCAPE, 27},
       {SDLK_SPACE, 32},    {SDLK_PAGEUP, 33}, {SDLK_PAGEDOWN, 34}, {SDLK_END, 35},      {SDLK_HOME, 36},
@@ -68,7 +68,7 @@ TEST(NativeKeys, UnknownKeysHaveNoCode) {
   EXPECT_EQ(Code(SDLK_UNKNOWN), 0);
 }
 
-TEST(NativeKeys, ShiftBitsOfBothSides) {
+TEST(NativeKeys, LeftAndRightModifierKeysGiveTheSameShiftBits) {
   EXPECT_EQ(ShiftOfHeld(0), 0);
   EXPECT_EQ(ShiftOfHeld(KMOD_RSHIFT | KMOD_LCTRL), kShiftMask | kCtrlMask);
   EXPECT_EQ(ShiftOfHeld(KMOD_LALT | KMOD_NUM | KMOD_CAPS), kAltMask);

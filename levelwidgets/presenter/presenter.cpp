@@ -15,7 +15,7 @@ namespace {
 // More wait for the next turn, so that paints come in between.
 constexpr std::size_t kMostEvents = 500;
 
-// SDL tells a change of the focus so many milliseconds after the X server, and only when it is asked.
+// SDL reports a change of the focus so many milliseconds after the X server, and only when it is asked.
 constexpr int kEcho = 250;
 
 std::vector<SDL_Event> TakeEvents() {

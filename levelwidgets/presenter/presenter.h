@@ -21,21 +21,21 @@ namespace levelwidgets::presenter {
 // any other is a bare popup. Where each stands is the same on both sides, whoever moves it.
 class Presenter {
  public:
-  // Waits in the desktop's loop from now on. Both outlive this.
+  // From now on the desktop's loop waits here. Both outlive this.
   Presenter(NativeDisplay& display, memory::Desktop& desktop);
   ~Presenter();
   Presenter(const Presenter&) = delete;
   Presenter& operator=(const Presenter&) = delete;
 
-  // Until no form is to be seen any more (0), the program is told to end from outside (0), or Quit (its
-  // status).
+  // Runs until no form is visible (returns 0), somebody outside asks the program to end (0), or Quit (returns
+  // its status).
   int Run();
 
   // --- One turn of the loop, in parts ----------------------------------------------------------------
 
-  // Makes the native windows what the desktop's are.
+  // Makes the native windows follow the desktop's.
   void Sync();
-  // Does what has come from the native side, in its order; `events` are those of one turn.
+  // Does what has come from the native side, in that order; `events` are those of one turn.
   void Handle(const std::vector<SDL_Event>& events);
   // How long nothing will happen by itself, in milliseconds; -1 for ever.
   int TimeToWait() const;
@@ -48,7 +48,7 @@ class Presenter {
     WindowHandle window;
     std::unique_ptr<NativeWindow> native;
     std::string title;
-    PixelRect part;         // on the desktop: what of the window is shown
+    PixelRect part;         // on the desktop: the part of the window that is shown
     PixelSize native_size;  // that the native window was given, or has taken
   };
 

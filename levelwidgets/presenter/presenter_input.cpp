@@ -113,7 +113,7 @@ void Presenter::PointTo(std::uint32_t native_id, PixelPoint place) {
   desktop_.MovePointer(point);
 }
 
-// A window that the pointer has gone over to has told so by now. While a button is down, nothing is left.
+// A window that the pointer has moved to has reported that by now. While a button is down, nothing is left.
 void Presenter::LeaveIfOutside() {
   memory::MemoryWindows& windows = desktop_.Windows();
   const auto is_down = [&](int button) { return windows.GetKeyState(button) < 0; };

@@ -11,7 +11,7 @@ using testing::IsEmpty;
 
 // --- Pointer -----------------------------------------------------------------------------------------
 
-TEST_F(PresenterTest, ThePointerIsWhereItIsInTheWindow) {
+TEST_F(PresenterTest, ThePointersPlaceInTheWindowIsItsPlaceOnTheDesktop) {
   Begin();
   Handle({Motion(form, 15, 25), Button(form, SDL_MOUSEBUTTONDOWN, 15, 25),
           Button(form, SDL_MOUSEBUTTONUP, 16, 25)});
@@ -28,7 +28,7 @@ TEST_F(ScaledPresenterTest, PointerPositionsAreDivided) {
   EXPECT_THAT(Input(), IsEmpty());
 }
 
-TEST_F(PresenterTest, OtherButtonsAreThemselves) {
+TEST_F(PresenterTest, OtherMouseButtonsArriveAsThemselves) {
   Handle({Motion(form, 15, 25)});
   Begin();
   Handle({Button(form, SDL_MOUSEBUTTONDOWN, 15, 25, SDL_BUTTON_RIGHT),
@@ -64,7 +64,7 @@ TEST_F(PresenterTest, APointerThatHasLeftIsOverNothing) {
   EXPECT_FALSE(windows.WindowAt(pointer).top_level);
 }
 
-TEST_F(PresenterTest, GoingOverToAnotherWindowIsNoLeaving) {
+TEST_F(PresenterTest, MovingToAnotherWindowDoesNotCountAsLeaving) {
   const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
   presenter.Sync();
   Handle({Motion(form, 15, 25)});
@@ -123,7 +123,7 @@ TEST_F(PresenterTest, KeysRepeatWithTheirText) {
                                    "left KeyUp 65"));
 }
 
-TEST_F(PresenterTest, TextOfAnInputMethodHasNoKey) {
+TEST_F(PresenterTest, TextOfAnInputMethodArrivesWithoutKeys) {
   windows.SetFocus(left);
   Begin();
   Handle({Key(SDL_KEYDOWN, SDLK_e), Key(SDL_KEYUP, SDLK_e), Text("\xC3\xA9")});
@@ -182,7 +182,7 @@ TEST_F(PresenterTest, AFormThatClosesHandsTheKeyboardToTheNextWithoutADetour) {
 
 // --- Clipboard ---------------------------------------------------------------------------------------
 
-TEST_F(PresenterTest, TheClipboardIsOneOnBothSides) {
+TEST_F(PresenterTest, BothSidesShareOneClipboard) {
   desktop.SetClipboard("from here");
   presenter.Sync();
   EXPECT_EQ(NativeClipboard(), "from here");

@@ -35,7 +35,7 @@ TEST_F(PresenterTest, APopupIsBareAndShowsItsBorder) {
   EXPECT_EQ(Flags(popup) & (bare | SDL_WINDOW_RESIZABLE), bare);
 }
 
-TEST_F(PresenterTest, HiddenWindowsHaveNone) {
+TEST_F(PresenterTest, HiddenWindowsHaveNoNativeWindow) {
   windows.ShowWindow(form, kSwHide);
   presenter.Sync();
   EXPECT_EQ(Native(form), nullptr);
@@ -47,7 +47,7 @@ TEST_F(PresenterTest, HiddenWindowsHaveNone) {
   EXPECT_EQ(Native(form), nullptr);
 }
 
-TEST_F(PresenterTest, WhatTheProgramDoesToAWindowIsFollowed) {
+TEST_F(PresenterTest, ANativeWindowFollowsWhatTheProgramDoes) {
   windows.SetWindowTextA(form, "Caf\xC3\xA9");
   windows.SetWindowPos(form, {}, windows.AdjustWindowRectEx({150, 160, 400, 300}, kFormStyle, 0),
                        kSwpNoZOrder);
@@ -103,7 +103,7 @@ TEST_F(PresenterTest, ANativeMoveMovesTheForm) {
   EXPECT_EQ(NativePlace(form), (PixelPoint{40, 50}));
 }
 
-TEST_F(PresenterTest, ANativeResizeIsTheFormsResize) {
+TEST_F(PresenterTest, ANativeResizeRaisesTheFormsResize) {
   Begin();
   Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 320, 150)});
   EXPECT_THAT(Messages("Size"), ElementsAre("form Size 320,150"));
@@ -171,7 +171,7 @@ TEST_F(PresenterTest, AnExceptionFromAHandlerPassesThrough) {
   EXPECT_THROW(presenter.Run(), std::runtime_error);
 }
 
-TEST_F(PresenterTest, NothingIsWaitedForWhenNothingIsDue) {
+TEST_F(PresenterTest, AnIdlePresenterWaitsWithoutATimeLimit) {
   EXPECT_EQ(presenter.TimeToWait(), -1);
   const TimerHandle timer = desktop.Clock().SetTimer(100000, [] {});
   EXPECT_GT(presenter.TimeToWait(), 90000);

@@ -8,7 +8,7 @@ namespace levelwidgets::presenter {
 namespace {
 
 constexpr double kStandardDpi = 96;
-// Displays that tell their size wrongly (0 by 0 millimetres, or those of a postcard) are no reason for more.
+// Displays that report a wrong size (0 by 0 millimetres, or those of a postcard) are no reason for more.
 constexpr int kLargestFactor = 4;
 
 int Floor(double value) { return static_cast<int>(std::floor(value)); }

@@ -7,7 +7,7 @@
 namespace levelwidgets::presenter {
 namespace {
 
-TEST(Scale, IsTheSameWhereNothingIsScaled) {
+TEST(Scale, LeavesPlacesAsTheyAreWithoutScaling) {
   const Scale scale;
   EXPECT_EQ(scale.ToNative(PixelPoint{-3, 7}), (PixelPoint{-3, 7}));
   EXPECT_EQ(scale.ToDesktop(PixelPoint{-3, 7}), (PixelPoint{-3, 7}));
@@ -31,7 +31,7 @@ TEST(Scale, EveryScreenPixelOfASquareIsItsDesktopPixel) {
   EXPECT_EQ(scale.InWindow({-4, 0}), (PixelPoint{-2, 0}));
 }
 
-TEST(Scale, AWindowIsCoveredAlsoWhereAPixelIsCut) {
+TEST(Scale, AWindowIsCoveredEvenWhereAPixelIsCut) {
   const Scale scale(2, 1);
   EXPECT_EQ(scale.ToDesktop(PixelSize{101, 100}), (PixelSize{51, 50}));
   EXPECT_EQ(scale.ToNative(PixelSize{51, 50}), (PixelSize{102, 100}));
@@ -59,7 +59,7 @@ TEST(Scale, TheFactorIsWholeAndRoundedDown) {
   EXPECT_EQ(FactorFor(96, 2), 2);
 }
 
-TEST(Scale, DisplaysThatTellNonsenseAreNotBelieved) {
+TEST(Scale, AnImpossibleDisplaySizeIsIgnored) {
   EXPECT_EQ(FactorFor(0, 1), 1);
   EXPECT_EQ(FactorFor(-5, 0), 1);
   EXPECT_EQ(FactorFor(25000, 1), 4);

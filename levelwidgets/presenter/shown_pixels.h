@@ -1,4 +1,4 @@
-// What of a window is on the screen already, so that only what has changed is sent there.
+// The pixels of a window that are on the screen already, so that only changes are sent there.
 #pragma once
 
 #include <cstdint>

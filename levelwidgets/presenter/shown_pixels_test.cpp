@@ -23,13 +23,13 @@ class ShownPixelsTest : public testing::Test {
   ShownPixels shown;
 };
 
-TEST_F(ShownPixelsTest, EverythingIsNewAtFirst) {
+TEST_F(ShownPixelsTest, TheFirstUpdateSendsEverything) {
   ShownPixels first;
   EXPECT_THAT(first.Update(store, part), ElementsAre(PixelRect{0, 0, 16, 6}));
   EXPECT_THAT(first.Update(store, part), IsEmpty());
 }
 
-TEST_F(ShownPixelsTest, OnePixelIsOnePixel) {
+TEST_F(ShownPixelsTest, OneChangedPixelIsSentAlone) {
   Change(0, 0);
   EXPECT_THAT(shown.Update(store, part), ElementsAre(PixelRect{0, 0, 1, 1}));
   Change(15, 5);
@@ -45,19 +45,19 @@ TEST_F(ShownPixelsTest, RowsThatFollowEachOtherAreOneRectangle) {
   EXPECT_THAT(shown.Update(store, part), ElementsAre(PixelRect{1, 1, 8, 3}, PixelRect{4, 4, 5, 5}));
 }
 
-TEST_F(ShownPixelsTest, WhatIsOutsideThePartIsNotSeen) {
+TEST_F(ShownPixelsTest, ChangesOutsideThePartAreNotSent) {
   ++store.Row(2)[5];
   ++store.Row(4)[1];
   ++store.Row(4)[18];
   EXPECT_THAT(shown.Update(store, part), IsEmpty());
 }
 
-TEST_F(ShownPixelsTest, AnotherSizeIsShownAsAWhole) {
+TEST_F(ShownPixelsTest, AnotherSizeSendsEverything) {
   part.right = 17;
   EXPECT_THAT(shown.Update(store, part), ElementsAre(PixelRect{0, 0, 15, 6}));
 }
 
-TEST_F(ShownPixelsTest, WhatIsForgottenIsShownAgainEvenWhenBlack) {
+TEST_F(ShownPixelsTest, ForgottenPixelsAreSentAgainEvenWhenBlack) {
   store.pixels.assign(200, 0);
   shown.Update(store, part);
   shown.Forget();

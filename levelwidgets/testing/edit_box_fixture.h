@@ -46,7 +46,7 @@ class EditBoxTest : public DesktopTest, public WindowClient {
   void Check(std::span<const EditBoxRow> rows);
 
   WindowHandle parent_;
-  EditBoxScript* script_ = nullptr;  // is told of notifications
+  EditBoxScript* script_ = nullptr;  // gets the notifications
 };
 
 }  // namespace levelwidgets::testing

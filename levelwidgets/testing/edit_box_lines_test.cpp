@@ -10,7 +10,7 @@ using enum EditBoxKind;
 
 using EditBoxLinesTest = EditBoxTest;
 
-TEST_F(EditBoxLinesTest, Lines) {
+TEST_F(EditBoxLinesTest, LinesAreCountedAndFound) {
   const EditBoxRow rows[] = {
       {"an empty text has one line", kMulti, "", "?lines ?index(0) ?linelen(0)", "| 1 0 0"},
       {"lines are counted", kMulti, "a/b/c", "?lines", "|a/b/c 3"},
@@ -43,7 +43,7 @@ TEST_F(EditBoxLinesTest, Lines) {
   Check(rows);
 }
 
-TEST_F(EditBoxLinesTest, Wrapping) {
+TEST_F(EditBoxLinesTest, LongLinesAreWrappedBetweenWords) {
   const EditBoxRow rows[] = {
       {"at a blank", kWrap, "aaaa bbbb cccc", "?lines ?index(1)", "|aaaa bbbb cccc 2 10"},
       {"not when it fits", kWrap, "aaaa bbbb", "?lines", "|aaaa bbbb 1"},
@@ -68,7 +68,7 @@ TEST_F(EditBoxLinesTest, Wrapping) {
   Check(rows);
 }
 
-TEST_F(EditBoxLinesTest, Scrolling) {
+TEST_F(EditBoxLinesTest, MessagesAndKeysScrollTheText) {
   constexpr char kEight[] = "a/b/c/d/e/f/g/h";
   const EditBoxRow rows[] = {
       {"a line down", kMulti, kEight, "=scroll(1) ?first", "|a/b/c/d/e/f/g/h 65537 1"},
@@ -104,7 +104,7 @@ TEST_F(EditBoxLinesTest, Scrolling) {
   Check(rows);
 }
 
-TEST_F(EditBoxLinesTest, Places) {
+TEST_F(EditBoxLinesTest, CharactersHavePlacesAndASingleLineScrollsToTheCaret) {
   const EditBoxRow rows[] = {
       {"there and back", kMulti, "abc/def", "?round(0) ?round(2) ?round(5) ?round(7)",
        "|abc/def 0@0 2@0 5@1 7@1"},

@@ -9,7 +9,7 @@ namespace {
 
 using enum EditBoxKind;
 
-TEST_F(EditBoxTest, Typing) {
+TEST_F(EditBoxTest, TypingInsertsReplacesAndErases) {
   const EditBoxRow rows[] = {
       {"into an empty box", kSingle, "", "'abc' ?modify ?len", "abc| 1 3"},
       {"in the middle", kSingle, "ad", "sel(1,1) 'bc'", "abc|d"},
@@ -94,7 +94,7 @@ TEST_F(EditBoxTest, KeysThatSelect) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, Words) {
+TEST_F(EditBoxTest, KeysMoveAndSelectByWords) {
   const EditBoxRow rows[] = {
       {"ctrl and right", kSingle, "one two three", "C-Right", "one |two three"},
       {"ctrl and right twice", kSingle, "one two three", "C-Right C-Right", "one two |three"},
@@ -113,7 +113,7 @@ TEST_F(EditBoxTest, Words) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, Pointer) {
+TEST_F(EditBoxTest, ThePointerPlacesTheCaretAndSelects) {
   const EditBoxRow rows[] = {
       {"click", kSingle, "abcdef", "click(3)", "abc|def"},
       {"click on a line", kMulti, "abc/def", "click(6)", "abc/d|ef"},
@@ -138,7 +138,7 @@ TEST_F(EditBoxTest, Pointer) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, SelectionMessages) {
+TEST_F(EditBoxTest, MessagesSetAndReadTheSelection) {
   const EditBoxRow rows[] = {
       {"some", kSingle, "abcdef", "=sel(1,3)", "a[bc]def 1"},
       {"all", kSingle, "abcdef", "sel(0,-1)", "[abcdef]"},
@@ -160,7 +160,7 @@ TEST_F(EditBoxTest, SelectionMessages) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, Undo) {
+TEST_F(EditBoxTest, UndoTakesChangesBack) {
   const EditBoxRow rows[] = {
       {"nothing at first", kMulti, "abc", "?canundo =undo", "|abc 0 0", Wine("|abc 0 1")},
       {"a single line always answers 1", kSingle, "abc", "?canundo =undo", "|abc 0 1"},
@@ -186,7 +186,7 @@ TEST_F(EditBoxTest, Undo) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, Clipboard) {
+TEST_F(EditBoxTest, TextIsCutCopiedAndPasted) {
   const EditBoxRow rows[] = {
       {"copy and paste", kSingle, "abcdef", "sel(1,3) copy sel(6,6) paste", "abcdefbc|"},
       {"paste replaces", kSingle, "abcdef", "sel(0,2) copy sel(3,5) paste", "abcab|f"},
@@ -208,7 +208,7 @@ TEST_F(EditBoxTest, Clipboard) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, Limits) {
+TEST_F(EditBoxTest, TheLimitHoldsForTypingAndPastingOnly) {
   const EditBoxRow rows[] = {
       {"before any is set", kSingle, "", "?getlimit", "| 30000"},
       {"before any is set, of lines", kMulti, "", "?getlimit", "| 30000"},
@@ -227,7 +227,7 @@ TEST_F(EditBoxTest, Limits) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, Styles) {
+TEST_F(EditBoxTest, StylesChangeWhatIsTyped) {
   const EditBoxRow rows[] = {
       {"read only: typing", kSingle, "abc", "=readonly(1) 'x' BkSp Del ?modify", "|abc 1 0"},
       {"read only: moving", kSingle, "abc", "readonly(1) End", "abc|"},
@@ -257,7 +257,7 @@ TEST_F(EditBoxTest, Styles) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, WhatTheParentIsTold) {
+TEST_F(EditBoxTest, TheParentIsNotifiedInOrder) {
   const EditBoxRow rows[] = {
       {"typing", kSingle, "", "'a' ?en", "a| UC"},
       {"typing in lines", kMulti, "", "'a' ?en", "a| UC"},
@@ -274,7 +274,7 @@ TEST_F(EditBoxTest, WhatTheParentIsTold) {
   Check(rows);
 }
 
-TEST_F(EditBoxTest, FocusIsTold) {
+TEST_F(EditBoxTest, TheParentIsNotifiedOfTheFocus) {
   EditBoxScript script(Driver(), parent_, kSingle, "abc");
   script_ = &script;
   Api().SetFocus(parent_);

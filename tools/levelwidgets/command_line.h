@@ -7,7 +7,7 @@
 namespace levelwidgets {
 
 // Does what the arguments (without the program's name) ask for; the exit status: 0, 1 for a failure that was
-// told on standard error, 2 for arguments without sense or a command that cannot be done here.
+// reported on standard error, 2 for wrong arguments or a command that cannot be done here.
 int RunCommandLine(std::vector<std::string> arguments);
 
 }  // namespace levelwidgets

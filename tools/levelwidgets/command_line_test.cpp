@@ -25,7 +25,7 @@ class CommandLine : public ProgramTest {
   }
 };
 
-TEST_F(CommandLine, TellsItsVersionAndItsCommands) {
+TEST_F(CommandLine, PrintsItsVersionAndItsCommands) {
   EXPECT_THAT(Run("--version").out, StartsWith("levelwidgets 0."));
   const Outcome help = Run("--help");
   EXPECT_EQ(help.status, 0);
@@ -33,7 +33,7 @@ TEST_F(CommandLine, TellsItsVersionAndItsCommands) {
     EXPECT_THAT(help.out, HasSubstr(command));
 }
 
-TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
+TEST_F(CommandLine, WrongArgumentsAreReportedOnStandardError) {
   for (const char* arguments : {"", "rnder", "render", "render x.form.toml", "describe --jsn",
                                 "describe --json --schema", "render x -o y --dpi 1", "monkey"}) {
     const Outcome outcome = Run(arguments);
@@ -43,7 +43,7 @@ TEST_F(CommandLine, ArgumentsWithoutSenseAreToldOnStandardError) {
   }
 }
 
-TEST_F(CommandLine, ACommandThatIsNoneIsToldWithTheNearest) {
+TEST_F(CommandLine, AnUnknownCommandIsReportedWithTheNearest) {
   EXPECT_EQ(Run("").err,
             "A command is missing: show, run, render, check, monkey, describe\nRun with --help for more "
             "information.\n");
@@ -52,7 +52,7 @@ TEST_F(CommandLine, ACommandThatIsNoneIsToldWithTheNearest) {
   EXPECT_THAT(Run("describe Nope").err, StartsWith("There is no class \"Nope\". The classes: FlatButton, "));
 }
 
-TEST_F(CommandLine, FilesWithoutANameAndNamesThatAreNoUtf8AreTold) {
+TEST_F(CommandLine, EmptyFileNamesAndNamesThatAreNotUtf8AreReported) {
   EXPECT_EQ(Run("check ''").err, "\"\": the form file cannot be read: No such file or directory\n");
   EXPECT_EQ(Run("check '\xFF\xFE'").status, 1);
   EXPECT_EQ(Run("render '' -o p.png").status, 1);
@@ -77,7 +77,7 @@ TEST_F(CommandLine, OutputThatCannotBeWrittenIsAFailure) {
   }
 }
 
-TEST_F(CommandLine, ClosedStreamsAreNotTakenForFiles) {
+TEST_F(CommandLine, AFileNeverTakesThePlaceOfAClosedStream) {
   OrderForm();
   File("order.lua", "print('this is no part of the picture')\n");
   ASSERT_EQ(Run("render order.form.toml -o whole.png").status, 0);
@@ -112,7 +112,7 @@ TEST_F(CommandLine, RenderRefusesAPictureThatIsTooLarge) {
   EXPECT_TRUE(Exists("p.png"));
 }
 
-TEST_F(CommandLine, EveryClassIsThereAtEveryResolutionInEverySize) {
+TEST_F(CommandLine, RenderDrawsEveryClassAtEveryResolutionInEverySize) {
   File("sizes.lua",
        "local d = lw.desktop{ dpi = tonumber(...), width = 400, height = 300 }\n"
        "for class in ('FlatButton FlatLabel FlatScroll FlatTabStrip FlatTextBox'):gmatch('%w+') do\n"
@@ -137,7 +137,7 @@ TEST_F(CommandLine, EveryClassIsThereAtEveryResolutionInEverySize) {
   }
 }
 
-TEST_F(CommandLine, FormsThatNeverEndAreRefusedAtOnce) {
+TEST_F(CommandLine, PipesAndDevicesAreRefusedAtOnce) {
   ASSERT_EQ(std::system(("mkfifo '" + (folder_ / "pipe").string() + "'").c_str()), 0);
   for (const char* command : {"check pipe", "check /dev/zero", "render pipe -o p.png"}) {
     const Outcome outcome = Run(command);
@@ -157,7 +157,7 @@ TEST_F(CommandLine, RunEndsWithTheStatusOfTheScript) {
   EXPECT_EQ(fine.out, "fine\t--help\ta b\n");
 }
 
-TEST_F(CommandLine, RunTellsWhyAScriptFailed) {
+TEST_F(CommandLine, RunPrintsWhyAScriptFailed) {
   File("bad.lua", "local b = lw.form{}:add('FlatButton', 'b')\nb.Captoin = 1");
   const Outcome outcome = Run("run bad.lua");
   EXPECT_EQ(outcome.status, 1);
@@ -210,7 +210,7 @@ TEST_F(CommandLine, RenderInAnotherPaletteIsAnotherPicture) {
   EXPECT_THAT(unknown.err, HasSubstr("{light,classic,dark,high-contrast}"));
 }
 
-TEST_F(CommandLine, RenderRefusesWhatIsNotThere) {
+TEST_F(CommandLine, RenderRefusesMissingFilesAndControls) {
   OrderForm();
   const Outcome hover = Run("render order.form.toml -o p.png --hover cmdSav");
   EXPECT_EQ(hover.status, 1);
@@ -225,7 +225,7 @@ TEST_F(CommandLine, RenderRefusesWhatIsNotThere) {
   EXPECT_THAT(folder.err, HasSubstr("nowhere/p.png"));
 }
 
-TEST_F(CommandLine, CheckTellsEveryErrorAndWarning) {
+TEST_F(CommandLine, CheckPrintsEveryErrorAndWarning) {
   OrderForm();
   EXPECT_EQ(Run("check order.form.toml").status, 0);
   File("odd.form.toml", "[form]\nName = \"frmOdd\"\nColour = 1\n");
@@ -268,7 +268,7 @@ TEST_F(CommandLine, DescribePrintsPagesAndSchemas) {
   EXPECT_THAT(no_control.err, HasSubstr("ksxValueList is no control"));
 }
 
-TEST_F(CommandLine, ShowTellsWhatToUseWithoutADisplay) {
+TEST_F(CommandLine, ShowNamesAnAlternativeWithoutADisplay) {
   const Outcome outcome =
       RunWith("env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER", "show order.form.toml");
   EXPECT_EQ(outcome.status, 2);
@@ -306,7 +306,7 @@ TEST_F(CommandLine, TheMonkeyShrinksAFailureToAScriptThatShowsItAgain) {
   EXPECT_THAT(again.err, HasSubstr("handler: order.lua:3: one key too many"));
 }
 
-TEST_F(CommandLine, TheMonkeyTellsWhatIsWrongWithAFormThatDoesNotLoad) {
+TEST_F(CommandLine, TheMonkeyReportsWhatIsWrongWithAFormThatDoesNotLoad) {
   EXPECT_EQ(Run("monkey missing.form.toml").status, 1);
 }
 

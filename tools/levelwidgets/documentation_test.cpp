@@ -1,4 +1,4 @@
-// The documentation is what the product says and draws, and what it tells to do works.
+// The documentation is what the product says and draws, and its instructions work.
 #ifndef _WIN32
 
 #include <png.h>

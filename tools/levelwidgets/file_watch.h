@@ -1,4 +1,4 @@
-// Tells when the files that a form is made of have changed. Not for use outside this folder.
+// Notices when the files that a form is made of have changed. Not for use outside this folder.
 #pragma once
 
 #include <cstdint>

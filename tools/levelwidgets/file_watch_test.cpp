@@ -35,7 +35,7 @@ TEST_F(FileWatchTest, NothingHasChangedAtFirst) {
   EXPECT_EQ(CountChanges(watch), 0);
 }
 
-TEST_F(FileWatchTest, AChangeIsToldOnce) {
+TEST_F(FileWatchTest, AChangeIsReportedOnce) {
   FileWatch watch(form_);
   Write("order.form.toml", "longer");
   EXPECT_EQ(CountChanges(watch), 1);
@@ -60,7 +60,7 @@ TEST_F(FileWatchTest, OtherFilesDoNotCount) {
   EXPECT_EQ(CountChanges(watch), 0);
 }
 
-TEST_F(FileWatchTest, AFileThatIsStillBeingWrittenIsLeftInPeace) {
+TEST_F(FileWatchTest, AFileThatIsStillBeingWrittenIsNotReported) {
   FileWatch watch(form_);
   Write("order.form.toml", "first part");
   EXPECT_FALSE(watch.HasChanged());
@@ -69,7 +69,7 @@ TEST_F(FileWatchTest, AFileThatIsStillBeingWrittenIsLeftInPeace) {
   EXPECT_TRUE(watch.HasChanged());
 }
 
-TEST_F(FileWatchTest, AFileThatIsReplacedByAnotherHasChangedOnce) {
+TEST_F(FileWatchTest, AFileThatIsReplacedByAnotherIsReportedOnce) {
   FileWatch watch(form_);
   std::filesystem::remove(form_);
   EXPECT_FALSE(watch.HasChanged());
@@ -78,7 +78,7 @@ TEST_F(FileWatchTest, AFileThatIsReplacedByAnotherHasChangedOnce) {
   EXPECT_EQ(CountChanges(watch), 1);
 }
 
-TEST_F(FileWatchTest, AFormWithoutAFolderIsInThePresentOne) {
+TEST_F(FileWatchTest, AFormNamedWithoutAFolderIsInTheCurrentOne) {
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder_);
   FileWatch watch("order.form.toml");

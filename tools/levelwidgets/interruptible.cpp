@@ -10,7 +10,7 @@ int RunInterruptibly(const std::function<int()>& body) {
   const ScriptInterruptSignal signal;
   try {
     const int status = body();
-    // A handler that was ended is told already.
+    // A handler that was ended is reported already.
     return ScriptInterrupted() ? kInterruptedStatus : status;
   } catch (const ScriptInterruption& interruption) {
     std::cout.flush();

@@ -114,7 +114,7 @@ int Monkey(const MonkeyArguments& arguments) {
   }
   std::cout << result.tally.events << " events, " << result.tally.refused << " refused by documented errors, "
             << result.tally.thrown << " thrown on purpose, " << result.tally.void_events
-            << " for controls that were no more: nothing is broken\n";
+            << " for controls that no longer existed: nothing is broken\n";
   return 0;
 }
 

@@ -13,7 +13,7 @@ void AddRunCommand(CLI::App& program, int& status) {
   command->footer(
       "The script has all of Lua. The scripts of the forms that it loads run in a sandbox, unless they are "
       "trusted. The exit status is the number that the script returns or gives to os.exit; 1 when it fails. "
-      "Errors in event handlers are told on standard error and end nothing; lw.errors() lists them.\n\n"
+      "Errors in event handlers are printed on standard error and end nothing; lw.errors() lists them.\n\n"
       "Example:\n  levelwidgets run order_test.lua --quick");
   const auto given = std::make_shared<Arguments>();
   command->add_option("FILE", given->file, "The script, in Lua")->required();

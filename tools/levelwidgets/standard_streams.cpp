@@ -21,7 +21,7 @@ void TakeClosedStreams() {}
 
 #else
 
-// Each is opened the wrong way round: who writes to standard output is told that it cannot be written.
+// Each is opened the wrong way round: whoever writes to standard output gets an error.
 void TakeClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(stream, F_GETFD) >= 0) continue;

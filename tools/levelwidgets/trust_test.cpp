@@ -26,7 +26,7 @@ TEST_F(Trust, RenderRunsTheScriptInASandbox) {
   EXPECT_FALSE(Exists("form.png"));
 }
 
-TEST_F(Trust, RenderOfATrustedFormRunsAllOfItsScript) {
+TEST_F(Trust, RenderRunsTheScriptOfATrustedFormWithoutASandbox) {
   Form("os.execute('touch owned')");
   const Outcome outcome = Run("render form.form.toml -o form.png --trust");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -34,7 +34,7 @@ TEST_F(Trust, RenderOfATrustedFormRunsAllOfItsScript) {
   EXPECT_TRUE(Exists("form.png"));
 }
 
-TEST_F(Trust, RenderIsEndedWhereAScriptHasNoEnd) {
+TEST_F(Trust, RenderEndsAScriptThatNeverEnds) {
   Form("while true do pcall(function() while true do end end) end");
   const Outcome outcome = Run("render form.form.toml -o form.png");
   EXPECT_EQ(outcome.status, 1);
@@ -43,7 +43,7 @@ TEST_F(Trust, RenderIsEndedWhereAScriptHasNoEnd) {
   EXPECT_FALSE(Exists("form.png"));
 }
 
-TEST_F(Trust, RenderOfAFormThatTakesAllMemoryIsEnded) {
+TEST_F(Trust, RenderEndsAFormThatTakesAllMemory) {
   Form("local t = {} while true do t[#t + 1] = ('x'):rep(1000000 + #t) end");
   const Outcome outcome = Run("render form.form.toml -o form.png");
   EXPECT_EQ(outcome.status, 1);
@@ -60,7 +60,7 @@ TEST_F(Trust, RunTrustsTheProgramButNotTheFormsItLoads) {
   EXPECT_EQ(Run("run --trust program.lua 1").out, "all\tall\t1\n");
 }
 
-TEST_F(Trust, CheckRunsNothing) {
+TEST_F(Trust, CheckRunsNoScript) {
   Form("while true do end");
   EXPECT_EQ(Run("check form.form.toml").status, 0);
 }
@@ -103,7 +103,7 @@ TEST_F(Trust, ShowRunsTheScriptInASandbox) {
   EXPECT_FALSE(Exists("owned"));
 }
 
-TEST_F(Trust, ThousandFormsAreOpened) {
+TEST_F(Trust, RunOpensAThousandForms) {
   Form("form.Caption = 'one of many'");
   File("many.lua",
        "local forms = {}\n"

@@ -34,7 +34,7 @@ class FlatButtonInputTest : public DesktopTest {
 
 // --- Hover -------------------------------------------------------------------------------------------
 
-TEST_F(FlatButtonInputTest, TheFirstMoveHighlightsRepaintsCapturesThenRaises) {
+TEST_F(FlatButtonInputTest, TheFirstMoveOverAButtonHighlightsRepaintsCapturesThenRaisesMouseMove) {
   MoveTo(10, 10);
   EXPECT_THAT(TakeJournal(), ElementsAre("paint", "capture", "MouseMove(0, 0, 150, 150)"));
   EXPECT_EQ(Button().BackColor(), kMouseOver);
@@ -42,7 +42,7 @@ TEST_F(FlatButtonInputTest, TheFirstMoveHighlightsRepaintsCapturesThenRaises) {
   EXPECT_TRUE(HoldsCapture());
 }
 
-TEST_F(FlatButtonInputTest, AFurtherMoveInsideOnlyRaises) {
+TEST_F(FlatButtonInputTest, AFurtherMoveInsideAButtonOnlyRaisesMouseMove) {
   MoveTo(10, 10);
   TakeJournal();
   MoveTo(11, 10);
@@ -50,7 +50,7 @@ TEST_F(FlatButtonInputTest, AFurtherMoveInsideOnlyRaises) {
   EXPECT_EQ(Button().BackColor(), kMouseOver);
 }
 
-TEST_F(FlatButtonInputTest, AMoveOutsideRestoresReleasesRepaintsThenRaises) {
+TEST_F(FlatButtonInputTest, AMoveOutOfAButtonRestoresReleasesTheCaptureRepaintsThenRaisesMouseMove) {
   MoveTo(10, 10);
   TakeJournal();
   MoveTo(10, -1);
@@ -131,7 +131,7 @@ TEST_F(FlatButtonInputTest, MovingFromOneButtonToAnotherRestoresTheFirst) {
 
 // --- Press and release -------------------------------------------------------------------------------
 
-TEST_F(FlatButtonInputTest, ALeftPressPushesRepaintsThenRaises) {
+TEST_F(FlatButtonInputTest, ALeftPressPushesTheButtonRepaintsThenRaisesMouseDown) {
   MoveTo(10, 10);
   TakeJournal();
   Driver().Press(kLeftButton);
@@ -150,7 +150,7 @@ TEST_F(FlatButtonInputTest, ALeftPressShowsTheFocusFrameBeforeTheFocusArrives) {
   EXPECT_NE(Windows().GetFocus(), button.hWnd());
 }
 
-TEST_F(FlatButtonInputTest, OtherButtonsOnlyRaise) {
+TEST_F(FlatButtonInputTest, OtherMouseButtonsOnlyRaiseTheirEvents) {
   FlatButton& button = Button();
   for (const std::int16_t pressed : {kRightButton, kMiddleButton, std::int16_t{3}, std::int16_t{5}}) {
     button.OnMouseDown({pressed, 0, {Twips(150), Twips(150)}});
@@ -194,7 +194,7 @@ TEST_F(FlatButtonInputTest, AfterAClickTheNextMoveHighlightsAgain) {
   EXPECT_EQ(Button().BackColor(), kMouseOver);
 }
 
-TEST_F(FlatButtonInputTest, AReleaseOutsideIsNoClickAndKeepsTheMouseOverColourUntilTheNextMove) {
+TEST_F(FlatButtonInputTest, AReleaseOutsideDoesNotClickAndKeepsTheMouseOverColourUntilTheNextMove) {
   MoveTo(10, 10);
   Driver().Press(kLeftButton);
   MoveTo(10, -5);
@@ -217,7 +217,7 @@ TEST_F(FlatButtonInputTest, AnyButtonsReleaseHighlightsAndCaptures) {
   EXPECT_EQ(Button().BackColor(), kMouseOver);
 }
 
-TEST_F(FlatButtonInputTest, AClickThatFindsTheNormalColoursOnlyRaises) {
+TEST_F(FlatButtonInputTest, AClickThatFindsTheNormalColoursOnlyRaisesClick) {
   FlatButton& button = Button();
   button.OnClick();
   EXPECT_THAT(TakeJournal(), ElementsAre("Click()"));
@@ -231,7 +231,7 @@ TEST_F(FlatButtonInputTest, AClickRestoresAForeColourThatDiffersOnTheSurface) {
   EXPECT_EQ(button.ForeColor(), Color(0x80000012));
 }
 
-TEST_F(FlatButtonInputTest, ADoubleClickIsOneClickAndTwoReleases) {
+TEST_F(FlatButtonInputTest, ADoubleClickRaisesOneClickAndTwoMouseUps) {
   MoveTo(10, 10);
   TakeJournal();
   Driver().DoubleClick(ScreenPoint(Button(), PixelPoint{10, 10}));
@@ -266,7 +266,7 @@ TEST_F(FlatButtonInputTest, InDesignModeThereIsNoFeedbackAndNoEvent) {
 
 // --- Keyboard and focus ------------------------------------------------------------------------------
 
-TEST_F(FlatButtonInputTest, FocusComesAndGoesWithARepaint) {
+TEST_F(FlatButtonInputTest, TheButtonRepaintsWhenItGetsAndLosesTheFocus) {
   FlatButton& button = Button();
   Hosted(button).SetFocus();
   Driver().Settle();
@@ -340,7 +340,7 @@ INSTANTIATE_TEST_SUITE_P(Events, FlatButtonDestroyTest,
                                            "MouseUp"),
                          [](const auto& event) { return event.param; });
 
-TEST_F(FlatButtonInputTest, ANoticeOfAChangeMayRemoveTheButton) {
+TEST_F(FlatButtonInputTest, AListenerOfPropertyChangedMayRemoveTheButton) {
   auto& button = AddNew<FlatButton>("cmdDoomed");
   const auto keep = button.shared_from_this();  // as a call by name holds one
   TheForm().PropertyChanged.Add([&](std::string_view, std::string_view) { TheForm().Remove("cmdDoomed"); });

@@ -35,7 +35,7 @@ class FlatButtonPaintTest : public DesktopTest {
   FlatButton* button_ = nullptr;
 };
 
-TEST_F(FlatButtonPaintTest, ClearsFramesAndDrawsTheCaption) {
+TEST_F(FlatButtonPaintTest, APaintClearsDrawsTheFrameThenTheCaption) {
   EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25",
                                      TextColor(Color(0x80000012)), "DrawTextA &Save -1 0 0 80 25 37"));
 }
@@ -60,7 +60,7 @@ TEST_F(FlatButtonPaintTest, ADisabledButtonHasItsCaptionInForeColorDisabled) {
                                      TextColor(Color(0x008C969C)), "DrawTextA &Save -1 0 0 80 25 37"));
 }
 
-TEST_F(FlatButtonPaintTest, AnUntranslatableForeColorIsHandedOnAsMinusOne) {
+TEST_F(FlatButtonPaintTest, AnUntranslatableForeColorReachesTheDrawingCallsAsMinusOne) {
   Button().SetForeColor(Color(0x80000100));
   EXPECT_THAT(Painted(), ElementsAre("FillRect 0 0 80 25", "Rectangle 0 0 80 25", "SetTextColor 4294967295",
                                      "DrawTextA &Save -1 0 0 80 25 37"));
@@ -159,7 +159,7 @@ TEST_F(FlatButtonPaintTest, ChangingForeColorDisabledWhileDisabledShowsAtTheNext
   EXPECT_FALSE(PictureOf(Driver(), button) == before);
 }
 
-TEST_F(FlatButtonPaintTest, AnAmpersandIsDrawnAsAnUnderlineAndADoubledOneAsOne) {
+TEST_F(FlatButtonPaintTest, AnAmpersandUnderlinesTheNextLetterAndADoubledOneDrawsOne) {
   FlatButton& button = Button();
   button.SetCaption("Save");
   const PictureOf plain(Driver(), button);

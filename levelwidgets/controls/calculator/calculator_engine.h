@@ -32,12 +32,12 @@ inline constexpr int kClearEntryKey = 1;
 // An operator key, and the one that waits for its second operand.
 enum class CalculatorOperator : std::int32_t { kEquals = 0, kDivide, kMultiply, kSubtract, kAdd };
 
-// "7", ".", "+-", "C". Raises 9 (subscript out of range) for a key that there is not.
+// "7", ".", "+-", "C". Raises 9 (subscript out of range) for an unknown key.
 std::string_view CaptionOf(CalculatorKey key);
 // The key that a key code stands for; none for Escape and for codes that do nothing.
 std::optional<CalculatorKey> CalculatorKeyOf(std::int16_t key_code);
 
-// The edit box in which is computed.
+// The edit box that shows the calculation.
 class CalculatorDisplay {
  public:
   virtual ~CalculatorDisplay() = default;
@@ -45,7 +45,7 @@ class CalculatorDisplay {
   virtual std::string Text() const = 0;
   // As given.
   virtual void ShowText(const std::string& text) = 0;
-  // The way of the control's own Text: formatted by the engine's Formatted, and told the container.
+  // As the control's own Text is assigned: formatted by the engine's Formatted, with the container notified.
   virtual void AssignText(const std::string& text) = 0;
   // Puts the caret to the position that equals the length of the selection.
   virtual void SetCaretToSelectionLength() = 0;

@@ -20,7 +20,7 @@ TEST_F(CalculatorEngineTest, KeysHaveTheirCaptions) {
                                     "+", "+-", "C", "<-"));
 }
 
-TEST_F(CalculatorEngineTest, AKeyThatThereIsNotRaises9) {
+TEST_F(CalculatorEngineTest, AnUnknownKeyRaises9) {
   OpenOver("5");
   for (const auto& [array, count] : kArrays) {
     for (const int index : {-1, count}) {

@@ -61,7 +61,7 @@ TEST_F(CalendarValueTest, RefusesAnythingElseWith13AndChangesNothing) {
   }
 }
 
-TEST_F(CalendarValueTest, AFormatThatThereIsNotChangesNothing) {
+TEST_F(CalendarValueTest, AnInvalidFormatChangesNothing) {
   value_.Assign(kMay31);
   value_.SetDateFormat("0;0;0;0;0");
   ASSERT_FALSE(conversions_.Format(Date{1}, value_.DateFormat()));

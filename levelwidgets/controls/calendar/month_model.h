@@ -9,7 +9,7 @@
 
 namespace levelwidgets {
 
-// With no century rule, on purpose: 1900 and 2100 are leap years. 30 for a month that there is not.
+// With no century rule, on purpose: 1900 and 2100 are leap years. 30 for an unknown month.
 int DaysInMonth(int month, int year);
 
 inline constexpr int kDayCells = 42;  // seven to a row, Sunday first
@@ -35,12 +35,12 @@ struct MonthCell {
 
 // Dates follow the locale's conversions, the first of a month too, which is read in the order month, day,
 // year on every locale. What a conversion raises (13 for a year outside 100 to 9999, 5 for a day after the
-// last one there is) passes through; the shown month and year are stored by then, the cells are as they were.
+// last possible one) passes through; the shown month and year are stored by then, the cells are as they were.
 class MonthModel {
  public:
   enum class View { kDays, kMonths };
 
-  // Both outlive the model; `now` tells today.
+  // Both outlive the model; `now` returns today's date.
   MonthModel(ConversionApi& conversions, std::function<Date()> now, const CalendarValue& value)
       : conversions_(conversions), now_(std::move(now)), value_(value) {}
 

@@ -21,14 +21,15 @@ class FlatColumn : public Object {
 
   // --- Properties -------------------------------------------------------------------------------
 
-  // What the drop-down editor offers; null when it was set so. Nothing is told of a new one.
+  // What the drop-down editor offers; null when it was set to null. A new list notifies nobody.
   const std::shared_ptr<ksxValueList>& ValueList() const { return value_list_; }
   void SetValueList(std::shared_ptr<ksxValueList> list) { value_list_ = std::move(list); }
   ksxEditTypeConstants EditType() const { return edit_type_; }
-  // Tells nobody, on purpose: the new editor comes with the next edit.
+  // Notifies nobody, on purpose: the new editor comes with the next edit.
   void SetEditType(ksxEditTypeConstants edit_type) { edit_type_ = edit_type; }
 
-  // Each of the following tells the collection, an unchanged value too. A listener may destroy the column.
+  // Each of the following notifies the collection, even of an unchanged value. A listener may destroy the
+  // column.
 
   // Of the cells' texts, when they are painted.
   const std::string& Format() const { return format_; }

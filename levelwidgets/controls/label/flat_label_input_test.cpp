@@ -45,7 +45,7 @@ class FlatLabelInputTest : public DesktopTest {
 
 // --- Hover -------------------------------------------------------------------------------------------
 
-TEST_F(FlatLabelInputTest, TheFirstMoveUnderlinesHighlightsStartsPollingThenRaises) {
+TEST_F(FlatLabelInputTest, TheFirstMoveOverALabelUnderlinesHighlightsStartsPollingThenRaisesMouseMove) {
   Label();
   const std::size_t timers = Driver().LiveTimers();
   MoveTo(10, 10);
@@ -56,7 +56,7 @@ TEST_F(FlatLabelInputTest, TheFirstMoveUnderlinesHighlightsStartsPollingThenRais
   EXPECT_FALSE(Windows().GetCapture());
 }
 
-TEST_F(FlatLabelInputTest, AFurtherMoveOnlyRaises) {
+TEST_F(FlatLabelInputTest, AFurtherMoveOverALabelOnlyRaisesMouseMove) {
   MoveTo(10, 10);
   TakeJournal();
   MoveTo(11, 10);
@@ -77,7 +77,7 @@ TEST_F(FlatLabelInputTest, ATickThatFindsThePointerOutsideRestoresAndStops) {
   MoveTo(10, 10);
   MoveTo(-20, 10);
   TakeJournal();
-  ExpectColors(kOverBack, kOverFore);  // nothing tells the label yet
+  ExpectColors(kOverBack, kOverFore);  // nothing has notified the label yet
   Driver().Advance(2 * kTick);
   EXPECT_THAT(TakeJournal(), ElementsAre("paint"));
   ExpectColors(kNormalBack, kNormalFore);
@@ -134,7 +134,7 @@ TEST_F(FlatLabelInputTest, WithoutMouseUnderlineHoveringNeverUnderlines) {
   EXPECT_FALSE(Underlined());
 }
 
-TEST_F(FlatLabelInputTest, AFontUnderlinedByItselfStaysSo) {
+TEST_F(FlatLabelInputTest, AFontThatWasUnderlinedBeforeHoveringStaysUnderlined) {
   Label().SetFont(MakeFont({.underline = true}));
   MoveTo(10, 10);
   EXPECT_TRUE(Underlined());
@@ -146,7 +146,7 @@ TEST_F(FlatLabelInputTest, AFontUnderlinedByItselfStaysSo) {
   EXPECT_TRUE(Underlined());
 }
 
-TEST_F(FlatLabelInputTest, HoveringOverALabelUnderlinesNoOther) {
+TEST_F(FlatLabelInputTest, HoveringOverALabelUnderlinesNoOtherLabel) {
   Label();
   MoveTo(10, 10);
   EXPECT_TRUE(Underlined());
@@ -167,7 +167,7 @@ TEST_F(FlatLabelInputTest, LeavingForAnotherLabelRestoresEachByItsOwnTimer) {
 
 // --- Press and release -------------------------------------------------------------------------------
 
-TEST_F(FlatLabelInputTest, ALeftPressShowsThePushedColoursThenRaises) {
+TEST_F(FlatLabelInputTest, ALeftPressShowsThePushedColoursThenRaisesMouseDown) {
   MoveTo(10, 10);
   TakeJournal();
   Driver().Press(kLeftButton);
@@ -176,7 +176,7 @@ TEST_F(FlatLabelInputTest, ALeftPressShowsThePushedColoursThenRaises) {
   ExpectColors(kPushedBack, kPushedFore);
 }
 
-TEST_F(FlatLabelInputTest, OtherButtonsOnlyRaise) {
+TEST_F(FlatLabelInputTest, OtherMouseButtonsOnlyRaiseTheirEvents) {
   FlatLabel& label = Label();
   for (const std::int16_t pressed : {kRightButton, kMiddleButton, std::int16_t{3}}) {
     label.OnMouseDown({pressed, 0, {Twips(150), Twips(150)}});
@@ -199,7 +199,7 @@ TEST_F(FlatLabelInputTest, AReleaseInsideShowsTheMouseOverColoursWithoutTheUnder
   EXPECT_TRUE(Underlined());
 }
 
-TEST_F(FlatLabelInputTest, AReleaseOutsideShowsTheNormalColoursAndIsNoClick) {
+TEST_F(FlatLabelInputTest, AReleaseOutsideShowsTheNormalColoursAndDoesNotClick) {
   MoveTo(10, 10);
   Driver().Press(kLeftButton);
   MoveTo(10, -5);
@@ -247,7 +247,7 @@ TEST_F(FlatLabelInputTest, ADisabledLabelGetsNoPointerInput) {
 
 // --- Keyboard and focus ------------------------------------------------------------------------------
 
-TEST_F(FlatLabelInputTest, FocusComesAndGoesWithARepaint) {
+TEST_F(FlatLabelInputTest, TheLabelRepaintsWhenItGetsAndLosesTheFocus) {
   Hosted(Label()).SetFocus();
   Driver().Settle();
   EXPECT_THAT(TakeJournal(), ElementsAre("paint"));

@@ -104,7 +104,7 @@ TEST_F(FlatLabelPaintTest, AlignmentMovesTheTextAtOnce) {
   EXPECT_NEAR(center_first, kWidth - 1 - center_last, 4);  // side bearings differ
 }
 
-TEST_F(FlatLabelPaintTest, AWideCaptionIsClippedAtTheEndItsAlignmentLeavesOver) {
+TEST_F(FlatLabelPaintTest, AWideCaptionIsClippedAtTheEndThatIsNotAligned) {
   // "|" marks both ends of a text that is wider than the label.
   Label().SetCaption("|" + std::string(40, 'i') + "\n" + std::string(40, 'W') + "|");
   const Picture left = PictureOfLabel();

@@ -38,8 +38,8 @@ class FlatScrollLayout {
   // Raises 6 when the range does not fit 32 bits.
   Twips PositionFor(std::int32_t value, ScrollRange range) const;
   void SetThumbPosition(Twips position) { thumb_position_ = position; }
-  // Computes the thumb's length anew, for Min or Max has been set; whether it changed. Raises 6 when the
-  // range plus 8 does not fit 32 bits.
+  // Computes the thumb's length anew, because Min or Max has been set; returns whether it changed. Raises 6
+  // when the range plus 8 does not fit 32 bits.
   bool UpdateThumbLength(ScrollRange range);
 
   // `along` is a pointer coordinate along the bar.

@@ -64,7 +64,7 @@ TEST(FlatScrollLayout, ABarBelow600TwipsShowsNoThumb) {
 
 // --- Thumb length ------------------------------------------------------------------------------------
 
-TEST(ThumbLength, IsProportionalButAtLeast135) {
+TEST(ThumbLength, IsProportionalAndAtLeast135Twips) {
   EXPECT_EQ(Bar(1000, kVertical).ThumbLength(), Twips(135));  // 8/108 of 600 is 44
   EXPECT_EQ(Bar(3000, kVertical).ThumbLength(), Twips(193));  // 8/108 of 2600 is 192.6
   EXPECT_EQ(Bar(3000, kVertical, {1, 1}).ThumbLength(), Twips(2600));
@@ -88,7 +88,7 @@ TEST(ThumbLength, OfAnInvertedRangeIsTheLeastAndOfMinusEightAllTheRoom) {
   EXPECT_EQ(Bar(3000, kVertical, {8, 0}).ThumbLength(), Twips(2600));
 }
 
-TEST(ThumbLength, TellsWhetherItChanged) {
+TEST(ThumbLength, ReportsWhetherItChanged) {
   FlatScrollLayout bar = Bar(3000, kVertical);
   EXPECT_FALSE(bar.UpdateThumbLength({0, 100}));
   EXPECT_TRUE(bar.UpdateThumbLength({0, 10}));
@@ -145,7 +145,7 @@ TEST(ThumbLength, StaysUntilItIsComputedAnew) {
   EXPECT_EQ(bar.ThumbLength(), Twips(415));
 }
 
-TEST(ThumbLength, FollowsTheRoomThereIs) {
+TEST(ThumbLength, IsLimitedByTheRoomBetweenTheButtons) {
   FlatScrollLayout bar = Bar(3000, kVertical);
   bar.SetSurface({Twips(255), Twips(500)}, kVertical, 15, 15);
   EXPECT_EQ(bar.ThumbLength(), Twips(100));
@@ -155,14 +155,14 @@ TEST(ThumbLength, FollowsTheRoomThereIs) {
   EXPECT_EQ(bar.ThumbLength(), Twips(193));
 }
 
-TEST(ThumbLength, OfABarTurnedHorizontalIsTheLeastWhereverItsRangeWasSet) {
+TEST(ThumbLength, OfABarTurnedHorizontalIsTheLeastNoMatterWhenTheRangeWasSet) {
   FlatScrollLayout bar = Bar(255, kVertical, {0, 100}, 3000);
   EXPECT_EQ(bar.ThumbLength(), Twips(1));  // hardly any room
   bar.SetSurface({Twips(3000), Twips(255)}, kHorizontal, 15, 15);
   EXPECT_EQ(bar.ThumbLength(), Twips(135));
 }
 
-TEST(ThumbRectangle, FarOutFits32Bits) {
+TEST(ThumbRectangle, OfAFarPositionFits32Bits) {
   FlatScrollLayout bar = Bar(3000, kVertical);
   bar.SetThumbPosition(bar.PositionFor(1000000001, {1000000000, 1000000002}));
   EXPECT_GT(bar.ThumbPosition(), Twips(1e12f));
@@ -173,7 +173,7 @@ TEST(ThumbRectangle, FarOutFits32Bits) {
 
 // --- Zones -------------------------------------------------------------------------------------------
 
-TEST(ScrollZone, HasFiveWithTheirEdges) {
+TEST(ScrollZone, DividesTheBarIntoFivePartsWithExactEdges) {
   FlatScrollLayout bar = Bar(3000, kVertical);
   bar.SetThumbPosition(Twips(1000));  // to 1193
   EXPECT_EQ(bar.ZoneAt(Twips(0)), ScrollZone::kFirstButton);

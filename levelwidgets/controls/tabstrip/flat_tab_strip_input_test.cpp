@@ -39,7 +39,7 @@ class FlatTabStripInputTest : public DesktopTest {
 
 // --- Pointer -------------------------------------------------------------------------------------------
 
-TEST_F(FlatTabStripInputTest, APressSelectsThenRaises) {
+TEST_F(FlatTabStripInputTest, APressOnATabSelectsItThenRaisesMouseDown) {
   Driver().MovePointer(ScreenPoint(Strip(), PixelPoint{150, 5}));
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseMove(0, 0, 2250, 75)"));
   Driver().Press(kLeftButton);
@@ -51,23 +51,23 @@ TEST_F(FlatTabStripInputTest, APressSelectsThenRaises) {
   EXPECT_EQ(Strip().SelectedTab(), 2);
 }
 
-TEST_F(FlatTabStripInputTest, APressOnTheSelectedTabOnlyRaises) {
+TEST_F(FlatTabStripInputTest, APressOnTheSelectedTabOnlyRaisesMouseDown) {
   Press(100, 100);
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseDown(1, 0, 100, 100)"));
 }
 
-TEST_F(FlatTabStripInputTest, APressBelowTheBandOnlyRaises) {
+TEST_F(FlatTabStripInputTest, APressBelowTheTabsOnlyRaisesMouseDown) {
   Press(2250, 1500);
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseDown(1, 0, 2250, 1500)"));
   EXPECT_EQ(Strip().SelectedTab(), 1);
 }
 
-TEST_F(FlatTabStripInputTest, APressBehindTheLastTabOnlyRaises) {
+TEST_F(FlatTabStripInputTest, APressBehindTheLastTabOnlyRaisesMouseDown) {
   Press(4450, 75);
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseDown(1, 0, 4450, 75)"));
 }
 
-TEST_F(FlatTabStripInputTest, OtherButtonsOnlyRaise) {
+TEST_F(FlatTabStripInputTest, OtherMouseButtonsOnlyRaiseTheirEvents) {
   Press(2250, 75, kRightButton);
   Press(2250, 75, kMiddleButton);
   Press(2250, 75, 3);
@@ -102,7 +102,7 @@ TEST_F(FlatTabStripInputTest, ADoubleClickIsPassedOn) {
                                          "Click()", "DblClick()", "MouseUp(1, 0, 2250, 1500)"));
 }
 
-TEST_F(FlatTabStripInputTest, ADisabledOneGetsNoPointerInput) {
+TEST_F(FlatTabStripInputTest, ADisabledTabStripGetsNoPointerInput) {
   Strip().SetEnabled(false);
   TakeJournal();
   Driver().Click(ScreenPoint(Strip(), PixelPoint{150, 5}));
@@ -167,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{"no_tabs_ctrl_tab", kKeyTab, kCtrlMask, 0, 0, 0}),
     [](const auto& key) { return key.param.name; });
 
-TEST_F(FlatTabStripInputTest, KeysOfTheUserArriveInOrder) {
+TEST_F(FlatTabStripInputTest, KeyEventsArriveInTheOrderOfTyping) {
   Focus();
   Driver().Key(kKeyRight);
   EXPECT_THAT(TakeJournal(), ElementsAre("paint", "TabChange(1, 2)", "PropertyChanged(SelectedTab)",
@@ -189,7 +189,7 @@ TEST_F(FlatTabStripInputTest, TheLastPossibleTabWraps) {
   EXPECT_EQ(strip.SelectedTab(), 32767);
 }
 
-TEST_F(FlatTabStripInputTest, FocusComesAndGoesWithARepaint) {
+TEST_F(FlatTabStripInputTest, TheTabStripRepaintsWhenItGetsAndLosesTheFocus) {
   FlatTabStrip& strip = Strip();
   Hosted(strip).SetFocus();
   Driver().Settle();
@@ -249,7 +249,7 @@ TEST_F(FlatTabStripInputTest, ATabChangeByKeyOrCallMayRemoveTheTabStrip) {
   }
 }
 
-TEST_F(FlatTabStripInputTest, ANoticeOfAChangeMayRemoveTheTabStrip) {
+TEST_F(FlatTabStripInputTest, AListenerOfPropertyChangedMayRemoveTheTabStrip) {
   std::string doomed;
   TheForm().PropertyChanged.Add([&](std::string_view, std::string_view property) {
     if (property == doomed) TheForm().Remove("tabDoomed");

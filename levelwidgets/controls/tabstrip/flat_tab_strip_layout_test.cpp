@@ -91,7 +91,7 @@ TEST(TabStripLayout, ASurfaceWithoutWidthShowsNoTab) {
   EXPECT_FALSE(TabStripLayout({{0, 0, 0, 0}, 20, 96, false}).CanSee(1));
 }
 
-TEST(TabStripLayout, PlacesBeyondReachAreBroughtWithinIt) {
+TEST(TabStripLayout, PlacesBeyondWhatDrawingReachesAreMovedWithinIt) {
   const TabStripLayout wide = Layout(kFarthestPixel);
   EXPECT_EQ(wide.Tab(1), (PixelRect{0, 0, kFarthestPixel, 20}));
   EXPECT_EQ(wide.Tab(32767), (PixelRect{kFarthestPixel, 0, kFarthestPixel, 20}));

@@ -170,7 +170,7 @@ TEST_F(FlatTabStripPaintTest, ThereIsNoFocusFrameWithoutFocusSelectionOrCaption)
   EXPECT_FALSE(has_frame()) << "no focus";
 }
 
-TEST_F(FlatTabStripPaintTest, AnEmptyCaptionIsDrawnAllTheSame) {
+TEST_F(FlatTabStripPaintTest, AnEmptyCaptionIsStillDrawn) {
   Strip().SetTabCount(1);
   Strip().SetTabCaption(1, "");
   EXPECT_EQ(Painted().at(6), Caption("", {1, 1, 95, Band() - 1}));
@@ -197,7 +197,7 @@ TEST_F(FlatTabStripPaintTest, ATabThatIsPartlyVisibleIsDrawnAsAWhole) {
   EXPECT_EQ(Painted().at(7), Rect("Rectangle", {205, 0, 405, Band()}));
 }
 
-TEST_F(FlatTabStripPaintTest, AnUntranslatableColourIsHandedOnAsMinusOne) {
+TEST_F(FlatTabStripPaintTest, AnUntranslatableColourReachesTheDrawingCallsAsMinusOne) {
   Strip().SetForeColor(Color(0x80000100));
   EXPECT_EQ(Painted().at(0), "SetTextColor 4294967295");
   Strip().SetInactiveTabColor(Color(0x80000100));

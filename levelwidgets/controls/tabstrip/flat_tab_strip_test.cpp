@@ -52,17 +52,17 @@ void ExpectDefaults(const FlatTabStrip& strip, Form& form) {
 
 // --- Defaults and persistence --------------------------------------------------------------------------
 
-TEST_F(FlatTabStripTest, ANewOneHasItsDefaults) {
+TEST_F(FlatTabStripTest, ANewTabStripHasItsDefaults) {
   TheForm().SetBackColor(Color(0x00F2F7F9));
   ExpectDefaults(AddNew<FlatTabStrip>("tabMain"), TheForm());
 }
 
-TEST_F(FlatTabStripTest, ALoadedOneWithoutSavedValuesHasTheSameDefaults) {
+TEST_F(FlatTabStripTest, ALoadedTabStripWithoutSavedValuesHasTheSameDefaults) {
   TheForm().SetBackColor(Color(0x00F2F7F9));
   ExpectDefaults(AddLoaded<FlatTabStrip>("tabMain"), TheForm());
 }
 
-TEST_F(FlatTabStripTest, SavedUnchangedItStoresNothing) {
+TEST_F(FlatTabStripTest, ATabStripSavedUnchangedStoresNothing) {
   EXPECT_THAT(NamesIn(Hosted(AddNew<FlatTabStrip>("tabNew")).Properties()), IsEmpty());
   EXPECT_THAT(NamesIn(Hosted(AddLoaded<FlatTabStrip>("tabLoaded")).Properties()), IsEmpty());
 }
@@ -223,7 +223,7 @@ TEST_F(FlatTabStripTest, ASelectionThatHasBecomeInvalidStaysButIsRefusedWhenWrit
   ExpectRefused([&] { strip.SetSelectedTab(3); }, "Invalid TabIndex");
 }
 
-TEST_F(FlatTabStripTest, ANegativeTabCountIsRefusedAndNoTabsAreNot) {
+TEST_F(FlatTabStripTest, ANegativeTabCountIsRefusedAndZeroIsTaken) {
   FlatTabStrip& strip = Strip();
   for (const int count : {-1, -32768}) {
     ExpectRefused([&] { strip.SetTabCount(static_cast<std::int16_t>(count)); }, "Invalid TabCount");
@@ -281,7 +281,7 @@ TEST_F(FlatTabStripTest, TheTableListsEventsInTheirNumbers) {
   EXPECT_EQ(FlatTabStrip::Table().DefaultMember(), "SelectedTab");
 }
 
-TEST_F(FlatTabStripTest, IsReachableByName) {
+TEST_F(FlatTabStripTest, ATabStripsMembersAreReachableByName) {
   FlatTabStrip& strip = Strip();
   SetIndexedByName(strip, "TabCaption", std::vector<Variant>{2}, "Lines");
   EXPECT_EQ(strip.TabCaption(2), "Lines");
@@ -347,7 +347,7 @@ TEST_F(FlatTabStripTest, TenThousandRoundsOfCreationLeaveNothing) {
   EXPECT_EQ(Driver().LiveWindows(), windows);
 }
 
-TEST_F(FlatTabStripTest, WithoutItsWindowItStillTakesValues) {
+TEST_F(FlatTabStripTest, ATabStripWithoutAWindowStillTakesValues) {
   const auto keep = Strip().shared_from_this();
   MakeForm({});
   auto& strip = dynamic_cast<FlatTabStrip&>(*keep);

@@ -14,9 +14,9 @@
 
 namespace levelwidgets {
 
-// The system's edit box inside the owner's window, hidden and of no size until told otherwise. Its focus is
-// the owner's, its keys are offered to the owner and its container first. Events carry the owner's argument
-// types; the pointer's position is relative to the edit box.
+// The system's edit box inside the owner's window, hidden and of no size until it is placed and shown. Its
+// focus is the owner's, its keys are offered to the owner and its container first. Events carry the owner's
+// argument types; the pointer's position is relative to the edit box.
 //
 // Events of keys come before the edit box acts on them, so a changed KeyAscii is what it types and 0 nothing;
 // those of the pointer come after it has acted. A listener may destroy the owner.

@@ -11,7 +11,8 @@
 
 namespace levelwidgets {
 
-// The controls, the public classes that are none, then Form and Placement (what a form adds to each control).
+// The controls, the public classes that are no controls, then Form and Placement (what a form adds to each
+// control).
 std::vector<const ClassInfo*> DescribedClasses();
 
 // A stable format: { "class", "properties", "methods", "events", "enumerations" }, with "default_member"
@@ -29,8 +30,8 @@ std::string DescribeAsText(const ClassInfo& info);
 std::string DescribeAsMarkdown(const ClassInfo& info);
 
 // A JSON Schema (draft 7, which editors' TOML tools know best) of form files with controls of `controls`. It
-// takes what loads without a warning, but for names that are used twice; an enumeration's numbers are those
-// of its items.
+// accepts what loads without a warning, except for names that are used twice; an enumeration's numbers are
+// those of its items.
 nlohmann::ordered_json FormSchema(std::span<const ClassInfo* const> controls);
 // The same of the Properties of one class by themselves.
 nlohmann::ordered_json PropertiesSchema(const ClassInfo& control);

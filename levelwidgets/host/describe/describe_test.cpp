@@ -66,7 +66,7 @@ TEST(Describe, WhatIsNotSavedHasNoDefaults) {
   EXPECT_EQ(handle.at("read_only"), true);
 }
 
-TEST(Describe, EventsTellTheirNumbersAndReferences) {
+TEST(Describe, EventsShowTheirNumbersAndReferences) {
   EXPECT_EQ(Member("FlatButton", "events", "KeyPress"), Json::parse(R"({"number": 3, "name": "KeyPress",
                             "arguments": [{"name": "KeyAscii", "type": "Integer", "by_reference": true}]})"));
   EXPECT_EQ(Member("FlatButton", "events", "MouseMove").at("arguments").at(2),
@@ -81,7 +81,7 @@ TEST(Describe, EnumerationsAreListed) {
   EXPECT_EQ(Member("FlatLabel", "properties", "Alignment").at("type"), "ksxAlignmentConstants");
 }
 
-TEST(Describe, IndexedPropertiesAndTheDefaultMemberAreTold) {
+TEST(Describe, IndexedPropertiesAndTheDefaultMemberAreShown) {
   const Json json = DescribeAsJson(*FindControlClass("FlatTabStrip"));
   EXPECT_THAT(KeysOf(json),
               ElementsAre("class", "default_member", "properties", "methods", "events", "enumerations"));
@@ -125,7 +125,7 @@ TEST(Describe, MarkdownHasATableForEachKindOfMember) {
   EXPECT_THAT(page, HasSubstr("### ksxTabOrientationConstants\n\n| Value | Name |\n|---|---|\n| 0 | `ksx"));
 }
 
-TEST(Describe, MarkdownLinksTheClassesOfResultsAndTellsDifferentDefaults) {
+TEST(Describe, MarkdownLinksTheClassesOfResultsAndShowsDifferentDefaults) {
   const std::string list = DescribeAsMarkdown(*FindObjectClass("ksxValueList"));
   EXPECT_THAT(list, HasSubstr("[ksxValueListItem](ksxValueListItem.md)"));
   EXPECT_THAT(list, HasSubstr("`lw.new(\"ksxValueList\")`"));
@@ -146,7 +146,7 @@ TEST(Describe, EveryMemberOfEveryClassIsOnItsPage) {
   }
 }
 
-TEST(Describe, TextTellsTheSame) {
+TEST(Describe, TextShowsTheSameAsMarkdown) {
   const std::string text = DescribeAsText(*FindControlClass("FlatLabel"));
   EXPECT_THAT(text, HasSubstr("FlatLabel: A one-line text label"));
   EXPECT_THAT(text,

@@ -25,7 +25,7 @@ constexpr std::size_t kMostAtOnce = 1 << 20;
 
 using SystemState = struct _stat64;
 int OpenForReading(const std::filesystem::path& path) {
-  // A folder cannot be opened, which would be told as a lack of rights.
+  // A folder cannot be opened, which would be reported as a lack of rights.
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return errno = EISDIR, -1;
   return ::_wopen(path.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);

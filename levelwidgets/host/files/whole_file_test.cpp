@@ -76,7 +76,7 @@ TEST(WholeFile, IsPutTogetherFromShortReads) {
   EXPECT_EQ(files.closed, files.opened);
 }
 
-TEST(WholeFile, TooLargeIsRefusedBeforeItIsRead) {
+TEST(WholeFile, IsRefusedUnreadWhenItIsTooLarge) {
   ScriptedFiles files;
   files.text = "12345";
   EXPECT_EQ(ReadWholeFile("f", 5, files), "12345");
@@ -87,7 +87,7 @@ TEST(WholeFile, TooLargeIsRefusedBeforeItIsRead) {
   EXPECT_EQ(files.closed, files.opened);
 }
 
-TEST(WholeFile, ThatChangesMeanwhileIsReadAgain) {
+TEST(WholeFile, IsReadAgainWhenItChangesMeanwhile) {
   ScriptedFiles files;
   files.text = "text";
   files.changes = 2;
@@ -96,7 +96,7 @@ TEST(WholeFile, ThatChangesMeanwhileIsReadAgain) {
   EXPECT_EQ(files.closed, 3);
 }
 
-TEST(WholeFile, ThatIsWrittenAllTheTimeIsRefused) {
+TEST(WholeFile, IsRefusedWhenItIsWrittenAllTheTime) {
   ScriptedFiles files;
   files.text = "text";
   files.changes = 1000;
@@ -105,7 +105,7 @@ TEST(WholeFile, ThatIsWrittenAllTheTimeIsRefused) {
   EXPECT_EQ(files.closed, 3);
 }
 
-TEST(WholeFile, ThatGrowsOrShrinksMeanwhileIsRefused) {
+TEST(WholeFile, IsRefusedWhenItGrowsOrShrinksMeanwhile) {
   ScriptedFiles files;
   files.text = "text";
   files.told_size = 3;
@@ -114,7 +114,7 @@ TEST(WholeFile, ThatGrowsOrShrinksMeanwhileIsRefused) {
   EXPECT_EQ(CauseOf(files), "it is being written: it changed each time while it was read");
 }
 
-TEST(WholeFile, AFailureAtAnyCallIsToldAndClosesTheFile) {
+TEST(WholeFile, AFailureAtAnyCallIsReportedAndClosesTheFile) {
   for (int call = 1; call <= 5; ++call) {
     ScriptedFiles files;
     files.text = "text";
@@ -155,20 +155,20 @@ TEST_F(WholeFileOnDisk, HasAllItsBytes) {
   EXPECT_EQ(ReadWholeFile(Put("empty", "")), "");
 }
 
-TEST_F(WholeFileOnDisk, SaysWhyThereIsNone) {
+TEST_F(WholeFileOnDisk, SaysWhyItCannotBeRead) {
   EXPECT_EQ(Cause(folder_ / "none"), "No such file or directory");
   EXPECT_EQ(Cause(folder_), "Is a directory");
 }
 
 // As sparse as can be: nothing of it is on the disk, and nothing of it is read.
-TEST_F(WholeFileOnDisk, OfAHundredMegabytesIsRefused) {
+TEST_F(WholeFileOnDisk, IsRefusedWithAHundredMegabytes) {
   fs::resize_file(Put("large", ""), 100'000'000);
   EXPECT_EQ(Cause(folder_ / "large"), "it has 100,000,000 bytes; at most 16,777,216 are taken");
 }
 
 #ifndef _WIN32
 
-TEST_F(WholeFileOnDisk, ThatNeverEndsOrNeverBeginsIsRefused) {
+TEST_F(WholeFileOnDisk, IsRefusedWhenItNeverEndsOrNeverBegins) {
   EXPECT_EQ(Cause("/dev/zero"), "it is a pipe or a device, not an ordinary file");
   const fs::path pipe = folder_ / "pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

@@ -55,7 +55,7 @@ TEST_F(FormTest, TabGoesForwardInTabOrderAndWraps) {
   EXPECT_EQ(Focused(), "cmdB");
 }
 
-TEST_F(FormTest, TabPassesOverWhatIsHiddenDisabledOrNoStop) {
+TEST_F(FormTest, TabSkipsControlsThatAreHiddenDisabledOrNoTabStop) {
   Button("cmdA");
   Button("cmdHidden");
   Button("cmdDisabled").SetEnabled(false);
@@ -68,7 +68,7 @@ TEST_F(FormTest, TabPassesOverWhatIsHiddenDisabledOrNoStop) {
   EXPECT_EQ(Focused(), "cmdB");
 }
 
-TEST_F(FormTest, TabRaisesNoKeyDownOrKeyPressButTheUpReachesTheNewFocus) {
+TEST_F(FormTest, TabRaisesOnlyKeyUpAtTheNewFocus) {
   auto& a = Button("cmdA");
   auto& b = Button("cmdB");
   Hosted(a).SetFocus();
@@ -105,7 +105,7 @@ TEST_F(FormTest, ShowingAFormFocusesTheFirstInTabOrder) {
   EXPECT_EQ(Focused(), "cmdB");
 }
 
-TEST_F(FormTest, AFocusAskedForBeforeShowingIsGivenWhenShown) {
+TEST_F(FormTest, AFocusSetBeforeTheFormIsShownIsGivenWhenItIsShown) {
   MakeForm({});
   TheForm().Hide();
   Driver().Settle();
@@ -116,7 +116,7 @@ TEST_F(FormTest, AFocusAskedForBeforeShowingIsGivenWhenShown) {
   EXPECT_EQ(Focused(), "cmdB");
 }
 
-TEST_F(FormTest, SetFocusOnWhatCannotTakeItRaises5) {
+TEST_F(FormTest, SetFocusOnAHiddenOrDisabledControlRaises5) {
   Button("cmdA").SetEnabled(false);
   try {
     TheForm().Find("cmdA")->SetFocus();
@@ -191,7 +191,7 @@ TEST_F(FormTest, AnAccessKeyThatTwoShareGoesToTheNextInTabOrder) {
   EXPECT_THAT(TakeClicks(), ElementsAre("cmdB", "cmdA"));
 }
 
-TEST_F(FormTest, AnAccessKeyOfAHiddenOrDisabledControlIsNone) {
+TEST_F(FormTest, TheAccessKeyOfAHiddenOrDisabledControlDoesNothing) {
   Button("cmdA");
   auto& b = Button("cmdB");
   auto& c = Button("cmdC");
@@ -322,7 +322,7 @@ TEST_F(FormTest, ARemovedOrHiddenControlUncoversTheForm) {
   EXPECT_EQ(Driver().PixelAt(at), Concrete(TheForm().BackColor()));
 }
 
-TEST_F(FormTest, AControlThatItsListenerRemovesRaisesNoMore) {
+TEST_F(FormTest, AControlThatItsListenerRemovesRaisesNoFurtherEvent) {
   auto& a = Button("cmdA");
   CountClicks(a);
   int others = 0;
@@ -334,7 +334,7 @@ TEST_F(FormTest, AControlThatItsListenerRemovesRaisesNoMore) {
   EXPECT_EQ(Windows().GetCapture(), WindowHandle{});
 }
 
-TEST_F(FormTest, LengthsThatNoWindowHasAreRefusedAndChangeNothing) {
+TEST_F(FormTest, LengthsBeyondAnyWindowAreRefusedAndChangeNothing) {
   HostedControl& a = Hosted(Button("cmdA"));
   const auto before = std::tuple(a.Left(), a.Top(), a.Width(), a.Height());
   for (const float length : {1e30F, std::numeric_limits<float>::infinity(), 3e10F}) {
@@ -372,7 +372,7 @@ TEST_F(FormTest, ResizingTheWindowChangesTheInnerSizeAndRaisesResize) {
   EXPECT_EQ(TheForm().Width(), Twips(7650));
 }
 
-TEST_F(FormTest, AnInnerSizeThatIsNoWholePixelIsKept) {
+TEST_F(FormTest, AnInnerSizeOfAFractionOfAPixelIsKept) {
   TheForm().SetWidth(Twips(6007));
   EXPECT_EQ(TheForm().Width(), Twips(6007));
 }
@@ -388,7 +388,7 @@ TEST_F(FormTest, UnloadMayBeCancelled) {
   EXPECT_TRUE(TheForm().Close());
 }
 
-TEST_F(FormTest, ActivationIsToldToBothForms) {
+TEST_F(FormTest, BothFormsAreNotifiedOfAnActivation) {
   std::vector<std::string> told;
   TheForm().Activate += [&] { told.push_back("first active"); };
   TheForm().Deactivate += [&] { told.push_back("first inactive"); };

@@ -1,4 +1,4 @@
-// What is told of form files that are wrong, and that nothing of them is left.
+// What is reported about form files that are wrong, and that nothing of them is left.
 #include <filesystem>
 #include <fstream>
 
@@ -47,7 +47,7 @@ const std::string kButton = "[form]\n[[control]]\nClass = \"FlatButton\"\nName =
 
 // --- The text ------------------------------------------------------------------------------------------
 
-TEST_F(BadFormFile, AStringWithoutItsEndIsToldWithWhatIsMissing) {
+TEST_F(BadFormFile, AStringWithoutItsEndIsReportedWithWhatIsMissing) {
   const std::string missing =
       "; the string has no closing quote, or is one of several lines, which stands in three quotes\n";
   EXPECT_THAT(Errors("[form]\nName = \"a\n"),
@@ -57,7 +57,7 @@ TEST_F(BadFormFile, AStringWithoutItsEndIsToldWithWhatIsMissing) {
   EXPECT_THAT(Errors("[form]\nName = \"\"\"a\nb\n"), EndsWith(missing));
 }
 
-TEST_F(BadFormFile, TheUsualSlipsAreToldWithWhatIsRight) {
+TEST_F(BadFormFile, CommonMistakesAreReportedWithWhatWouldBeRight) {
   EXPECT_EQ(Errors("[form]\nName = abc\n"),
             "f:2:8: syntax error in a value: could not determine value type; a text stands in quotes, other "
             "values are a number, true, false, a date, a list or a { table }\n");
@@ -74,7 +74,7 @@ TEST_F(BadFormFile, TheUsualSlipsAreToldWithWhatIsRight) {
             "f:1:1: syntax error in the file: expected keys, tables, whitespace or comments, saw '<'\n");
 }
 
-TEST_F(BadFormFile, KeysAndTablesTwiceAreTold) {
+TEST_F(BadFormFile, DuplicateKeysAndTablesAreReported) {
   const std::string once = "; a key or table stands once, each control has a [[control]]\n";
   EXPECT_EQ(Errors("[form]\nName = \"a\"\nName = \"b\"\n"),
             "f:3:8: syntax error in a key-value pair: cannot redefine existing string 'Name'" + once);
@@ -82,13 +82,13 @@ TEST_F(BadFormFile, KeysAndTablesTwiceAreTold) {
             "f:2:1: syntax error in a table header: cannot redefine existing table 'form'" + once);
 }
 
-TEST_F(BadFormFile, ANulCharacterIsTold) {
+TEST_F(BadFormFile, ANulCharacterIsReported) {
   const std::string nul = "; there is a NUL character here, which no text has\n";
   EXPECT_THAT(Errors(std::string("[form]\n\0\0", 9)), AllOf(::testing::StartsWith("f:2:1: "), EndsWith(nul)));
   EXPECT_THAT(Errors(std::string("[form]\nName = \"a\0\"\n", 20)), EndsWith(nul));
 }
 
-TEST_F(BadFormFile, BytesThatAreNoUtf8AreToldWithTheirOffset) {
+TEST_F(BadFormFile, BytesThatAreNotUtf8AreReportedWithTheirOffset) {
   EXPECT_EQ(Errors("[form]\n\tCaption = \"\xC3\xA4\xFF\"\n"),
             "f:2:14: the text is not UTF-8: the byte 0xFF at offset 21 is no character\n");
   EXPECT_EQ(Errors(std::string("\xFF\xFE[\0f\0", 6)), "f:1:1: the text is UTF-16; a form file is UTF-8\n");
@@ -114,7 +114,7 @@ TEST_F(BadFormFile, MessagesAreOneShortLineWhateverTheKeys) {
   EXPECT_LT(Errors("[form]\n\"" + std::string(1'000'000, 'k') + "\" = 1 2\n").size(), 600u);
 }
 
-TEST_F(BadFormFile, OfThousandsOfErrorsTheFirstThousandAreTold) {
+TEST_F(BadFormFile, OfThousandsOfErrorsTheFirstThousandAreReported) {
   std::string text = "[form]\n";
   for (int i = 0; i < 1500; ++i) text += "k" + std::to_string(i) + " = 1\n";
   text += "[[control]]\n";
@@ -124,13 +124,13 @@ TEST_F(BadFormFile, OfThousandsOfErrorsTheFirstThousandAreTold) {
   EXPECT_EQ(loaded.diagnostics.back().ToString(), "f: and 2 more errors and 500 more warnings");
 }
 
-TEST_F(BadFormFile, NestingWithoutEndIsRefused) {
+TEST_F(BadFormFile, EndlessNestingIsRefused) {
   std::string open;
   for (int i = 0; i < 1'000'000; ++i) open += i % 2 == 0 ? "{a=" : "[";
   EXPECT_THAT(Errors("[form]\nx = " + open), EndsWith("values are nested more than 64 deep\n"));
 }
 
-TEST_F(BadFormFile, DottedKeysWithoutEndAreRefusedInSaneTime) {
+TEST_F(BadFormFile, EndlessDottedKeysAreRefusedQuickly) {
   std::string keys = "[form]\n";
   std::string tables = "[form]\n";
   for (int i = 0; i < 300'000; ++i) {
@@ -143,7 +143,7 @@ TEST_F(BadFormFile, DottedKeysWithoutEndAreRefusedInSaneTime) {
 
 // --- Values ----------------------------------------------------------------------------------------------
 
-TEST_F(BadFormFile, NumbersOutsideTheirRangeAreToldAndNeverCut) {
+TEST_F(BadFormFile, NumbersOutsideTheirRangeAreReportedAndNeverCut) {
   EXPECT_EQ(Errors(kButton + "TabIndex = 2147483648\nLeft = 1e39\nTop = nan\nWidth = inf\nHeight = -0.5\n"),
             "f:5:12: TabIndex is a whole number from -2147483648 to 2147483647; 2147483648 is out of range\n"
             "f:6:8: Left is a length in twips, a number; 1e39 is out of range\n"
@@ -158,7 +158,7 @@ TEST_F(BadFormFile, NumbersOutsideTheirRangeAreToldAndNeverCut) {
       "f:5:35: Min is a whole number from -32768 to 32767; 1.5 is a number with a fraction\n");
 }
 
-TEST_F(BadFormFile, PlacesBeyondAnyScreenAreTold) {
+TEST_F(BadFormFile, PlacesBeyondAnyScreenAreReported) {
   EXPECT_EQ(Errors("[form]\nWidth = 1e30\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\nLeft = -2e9\n"
                    "Height = 1000000100\n"),
             "f:2:9: Width is at most 1000000000 twips; 1e30 is too far\n"
@@ -169,7 +169,7 @@ TEST_F(BadFormFile, PlacesBeyondAnyScreenAreTold) {
             "");
 }
 
-TEST_F(BadFormFile, ColoursAreToldThatNeedMoreThan32Bits) {
+TEST_F(BadFormFile, ColoursOfMoreThan32BitsAreReported) {
   EXPECT_EQ(Errors("[form]\nBackColor = 0x100000000\n"),
             "f:2:13: BackColor is a colour, 0x00BBGGRR or 0x80000000 plus the index of a system colour; "
             "0x100000000 is out of range\n");
@@ -180,7 +180,7 @@ TEST_F(BadFormFile, ColoursAreToldThatNeedMoreThan32Bits) {
   EXPECT_EQ(Warnings("[form]\nBackColor = -2147483633\n"), "");
 }
 
-TEST_F(BadFormFile, DatesThatNoCalendarHasAreTold) {
+TEST_F(BadFormFile, DatesThatDoNotExistAreReported) {
   EXPECT_THAT(Errors("[form]\nX = 2024-02-30\n"),
               HasSubstr("expected day between 1 and 29 (inclusive), saw 30"));
   EXPECT_THAT(Errors("[form]\nX = 2024-13-01\n"), ::testing::StartsWith("f:2:12: syntax error in a date: "));
@@ -188,7 +188,7 @@ TEST_F(BadFormFile, DatesThatNoCalendarHasAreTold) {
             "f:2:11: Caption is a string; 2024-05-31T10:00:00Z is a date with a time zone\n");
 }
 
-TEST_F(BadFormFile, WrongFontsAreTold) {
+TEST_F(BadFormFile, WrongFontsAreReported) {
   EXPECT_EQ(Errors("[form]\nFont = { Name = 1, Bold = 1, Charset = 99999, Bald = true }\n"
                    "[[control]]\nClass = \"FlatButton\"\nName = \"a\"\n"
                    "Properties = { Font = { Name = \"Arial\", Size = -1 } }\n"
@@ -204,13 +204,13 @@ TEST_F(BadFormFile, WrongFontsAreTold) {
             "f:14:19: Font is a font, such as { Name = \"Tahoma\", Size = 8.25 }; { Null = true } is Null\n");
 }
 
-TEST_F(BadFormFile, NullWhereItIsRefusedIsTold) {
+TEST_F(BadFormFile, NullIsReportedWhereItIsRefused) {
   EXPECT_EQ(Errors("[form]\nCaption = { Null = true }\nWidth = { Null = true }\n"),
             "f:2:11: Caption is a string; { Null = true } is Null\n"
             "f:3:9: Width is a length in twips, a number; { Null = true } is Null\n");
 }
 
-TEST_F(BadFormFile, NamesThatNoScriptCanUseAreTold) {
+TEST_F(BadFormFile, NamesThatNoScriptCanUseAreReported) {
   EXPECT_EQ(
       Warnings("[form]\nName = \"My form\"\n"),
       "f:2:8: warning: no handler can be named after \"My form\": a name that a script can use is a letter "
@@ -236,7 +236,7 @@ TEST_F(BadFormFile, UnknownKeysSurviveASave) {
       "1\n");
 }
 
-TEST_F(BadFormFile, OfAFormWithOneErrorInItsLastControlNothingIsLeft) {
+TEST_F(BadFormFile, NothingIsLeftOfAFormWithOneErrorInItsLastControl) {
   const auto counts = [this] {
     return std::vector{Driver().LiveWindows(), Driver().LiveTimers(), Driver().LiveObjects()};
   };
@@ -285,7 +285,7 @@ class BadFormFileOnDisk : public BadFormFile {
   fs::path folder_;
 };
 
-TEST_F(BadFormFileOnDisk, AnEmptyFileIsTold) {
+TEST_F(BadFormFileOnDisk, AnEmptyFileIsReported) {
   Put("f", "");
   EXPECT_EQ(ToldOf(folder_ / "f"), "f: the file is empty: a form file begins with a [form] table\n");
 }
@@ -305,7 +305,7 @@ TEST_F(BadFormFileOnDisk, AHugeScriptIsRefusedUnread) {
             "f:2:10: the script \"huge.lua\" has 100000000 bytes; at most 16777216 are taken\n");
 }
 
-TEST_F(BadFormFileOnDisk, AScriptWhoseNameIsCutByANulCharacterIsNone) {
+TEST_F(BadFormFileOnDisk, AScriptNameWithANulCharacterIsRefused) {
   Put("a", "");
   Put("f", "[form]\nScript = \"a\\u0000.lua\"\n");
   EXPECT_EQ(ToldOf(folder_ / "f"),

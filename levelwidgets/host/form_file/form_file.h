@@ -34,8 +34,8 @@ struct LoadedForm {
   bool HasErrors() const;
 };
 
-// Reads the form file at `path` and builds its form. Everything wrong is reported in one go (of a text that
-// is no TOML, the first place), and nothing of a broken form is left.
+// Reads the form file at `path` and builds its form. Reports everything that is wrong in one go (only the
+// first place when the text is no TOML), and leaves nothing of a broken form.
 LoadedForm LoadForm(Platform& platform, const std::string& path);
 // The same from a text; `file` is the name in the diagnostics, and the folder of its script.
 LoadedForm LoadFormText(Platform& platform, std::string text, const std::string& file);

@@ -7,7 +7,7 @@
 namespace levelwidgets {
 
 // `text` on one line that a terminal shows as it is: control characters are written as escapes, and of one
-// with more than `longest` bytes the middle is left out.
+// with more than `longest` bytes loses its middle.
 std::string Printable(std::string_view text, std::size_t longest = 500);
 
 class FormReport {

@@ -230,7 +230,7 @@ TEST_F(FormTextTest, DottedKeysInAnInlineTableSurviveAChange) {
                          "Properties = { Font = { Name = \"Arial\", Size = 9 }, Caption = \"b\" }\n");
 }
 
-TEST_F(FormTextTest, AFontThatReturnsToTheFormsGoes) {
+TEST_F(FormTextTest, AFontThatEqualsTheFormsAgainIsRemoved) {
   Load(std::string("[form]\n") + kButton +
        "[control.Properties]\nCaption = \"a\"\n"
        "[control.Properties.Font]\nName = \"Arial\"\nSize = 9\n\n[other]\n");

@@ -7,7 +7,7 @@
 namespace levelwidgets::monkey {
 namespace {
 
-TEST(MonkeyEvent, PrintsAsALineOfAScript) {
+TEST(MonkeyEvent, IsPrintedAsALineOfAScript) {
   EXPECT_EQ(ToLua(Event{.kind = EventKind::kMoveTo, .control = "cmdSave", .numbers = {120, -15}}),
             "d:move_to(f.cmdSave, 120, -15)");
   EXPECT_EQ(ToLua(Event{.kind = EventKind::kMoveTo, .numbers = {1, 2}}), "d:move_to(f, 1, 2)");

@@ -11,7 +11,7 @@
 
 namespace levelwidgets::monkey {
 
-// `form` may be closed. Checks of one control, and that of two, hold of none where there is none.
+// `form` may be closed. A check that needs a control, or two, holds when they are missing.
 struct Subject {
   memory::Desktop& desktop;
   Form& form;

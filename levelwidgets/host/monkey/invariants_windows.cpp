@@ -31,7 +31,7 @@ std::string CheckFocus(const Subject& subject) {
   WindowApi& windows = subject.desktop.Windows();
   const WindowHandle focus = windows.GetFocus();
   if (!focus) return "";
-  if (!windows.IsWindow(focus)) return "the window that has it is no more";
+  if (!windows.IsWindow(focus)) return "the window that has it no longer exists";
   return windows.IsWindowVisible(focus) ? "" : "the window that has it is hidden";
 }
 
@@ -39,7 +39,7 @@ std::string CheckFocus(const Subject& subject) {
 std::string CheckCapture(const Subject& subject) {
   WindowApi& windows = subject.desktop.Windows();
   const WindowHandle capture = windows.GetCapture();
-  return !capture || windows.IsWindow(capture) ? "" : "the window that has it is no more";
+  return !capture || windows.IsWindow(capture) ? "" : "the window that has it no longer exists";
 }
 
 std::string CheckActive(const Subject& subject) {
@@ -47,7 +47,7 @@ std::string CheckActive(const Subject& subject) {
   if (!active) return "";
   memory::WindowTree& tree = subject.desktop.Windows().Tree();
   const memory::Window* window = tree.Find(active);
-  if (!window) return "the active window is no more";
+  if (!window) return "the active window no longer exists";
   if (!tree.IsTopLevel(*window)) return "the active window is inside another";
   return window->Shown() ? "" : "the active window is hidden";
 }
@@ -68,7 +68,8 @@ std::string CheckWindows(const Subject& subject) {
   return "";
 }
 
-// Those that show themselves so before were left behind by what took the pointer from them; they count not.
+// Those that show themselves so before were left behind by what took the pointer from them; they do not
+// count.
 std::string CheckHover(const Subject& subject) {
   if (!subject.control || !subject.other) return "";
   if (!subject.desktop.Windows().IsWindowVisible(subject.form.hWnd())) return "";

@@ -14,7 +14,7 @@ namespace levelwidgets::monkey {
 
 namespace {
 
-// What a process tells of itself, readable when it is gone.
+// What a process reports about itself, readable after its end.
 struct Report {
   bool ended;          // it came to its end by itself
   std::size_t form;    // the one that is open

@@ -40,8 +40,8 @@ std::string NameOf(const std::string& broken);
 // The seed of the form that is number `form` in a run.
 std::uint64_t SeedOfForm(std::uint64_t seed, std::size_t form);
 
-// Runs the events of one form, in a process of its own, from its stage to its end. `shown`: what the process
-// tells on standard error is told (a sanitizer's report).
+// Runs the events of one form, in a process of its own, from its stage to its end. `shown`: whether
+// the standard error of the process (a sanitizer's report) appears on this one's.
 struct FormResult {
   std::string broken;      // "" for none
   std::size_t events = 0;  // performed before it, or in all
@@ -51,7 +51,7 @@ FormResult RunForm(const StageFactory& stage, const std::vector<Event>& events, 
                    bool shown);
 
 // What `work` returns, done in a process of its own whose standard error is not shown; "crash: ..." or
-// "hang: ..." when it does not come to its end.
+// "hang: ..." when it does not finish.
 std::string InOwnProcess(int milliseconds, const std::function<std::string()>& work);
 
 // The whole run; a failure is shrunk to the fewest events found that break the same.

@@ -150,7 +150,7 @@ TEST(Monkey, AForeignExceptionIsShrunkToTheEventsThatMatter) {
   ExpectShrunk([](Form&) { throw std::runtime_error("foreign"); }, "error: foreign");
 }
 
-TEST(Monkey, AnEndOfTheProcessIsShrunkToTheEventsThatMatter) {
+TEST(Monkey, AnEarlyExitIsShrunkToTheEventsThatMatter) {
   ExpectShrunk([](Form&) { std::_Exit(3); }, "crash: the process ended with status 3");
 }
 
@@ -177,7 +177,7 @@ TEST(Monkey, AnEventThatNeverEndsIsAFailure) {
   EXPECT_THAT(RunForm(stage, events, {.ms_per_event = 200}, false).broken, StartsWith("hang"));
 }
 
-TEST(Monkey, WhatIsLeftWhenTheFormIsClosedIsAFailure) {
+TEST(Monkey, AnythingLeftWhenTheFormIsClosedIsAFailure) {
   const auto stage = StageOf([](Platform& platform) {
     platform.Drawing().CreateSolidBrush(ColorRef{0});
     return Form::Create(platform, {});
@@ -185,7 +185,7 @@ TEST(Monkey, WhatIsLeftWhenTheFormIsClosedIsAFailure) {
   EXPECT_THAT(RunForm(stage, {}, {}, false).broken, HasSubstr("1 drawing object"));
 }
 
-TEST(Monkey, AFailureIsToldByItsPlaceInTheWholeRun) {
+TEST(Monkey, AFailureIsReportedWithItsPlaceInTheWholeRun) {
   const RunResult result = monkey::Run(Faulty([](Form&) { throw std::runtime_error("foreign"); }), Options());
   ASSERT_TRUE(result.failure);
   RunOptions shorter = Options();

@@ -18,7 +18,7 @@ class Stage {
   virtual ~Stage() = default;
   virtual memory::Desktop& GetDesktop() = 0;
   virtual const std::shared_ptr<Form>& GetForm() = 0;
-  // What the form's own code complains of by now: a failure. "" for nothing.
+  // A failure that the form's own code has reported by now; "" for no failure.
   virtual std::string Complaint() { return ""; }
 };
 using StageFactory = std::function<std::unique_ptr<Stage>()>;
@@ -30,7 +30,7 @@ struct Tally {
   std::size_t events = 0;
   std::size_t refused = 0;      // documented errors
   std::size_t thrown = 0;       // on purpose
-  std::size_t void_events = 0;  // for controls that are no more
+  std::size_t void_events = 0;  // for controls that no longer exist
 };
 
 // What one event did.
@@ -48,7 +48,7 @@ class Session {
 
   // Performs the event, does all that it makes pending and checks what holds always.
   Outcome Perform(const Event& event);
-  // Closes all forms: what must be gone then and is not, "" for nothing.
+  // Closes all forms; returns what is then left and must not be, "" for nothing.
   std::string Finish();
   const Tally& Counts() const { return tally_; }
 
@@ -71,7 +71,7 @@ class Session {
   std::string CheckRemoved();
   void Settle();
 
-  // Null when it is no more.
+  // Null when it no longer exists.
   ObjectRef Resolve(const Event& event) const;
   Form& Which(const Event& event) const { return event.numbers[0] == 0 ? *form_ : *other_; }
 

@@ -34,7 +34,7 @@ TEST_F(Interrupt, EndsALoopAndNamesItsLine) {
               StartsWith("program.lua:2: interrupted\nstack traceback:"));
 }
 
-TEST_F(Interrupt, IsHeldUpByNoProtectedCall) {
+TEST_F(Interrupt, IsNotStoppedByAProtectedCall) {
   EXPECT_THAT(InterruptionOf("raising.Width = 3000\n"
                              "while true do pcall(function() while true do end end) end"),
               HasSubstr("interrupted"));

@@ -87,7 +87,7 @@ TEST_F(Memory, AScriptCatchesTheErrorAndGoesOn) {
             "");
 }
 
-TEST_F(Memory, AFormWithoutAnyLeftGoesOnWithoutItsHandlers) {
+TEST_F(Memory, AFormWithoutMemoryGoesOnWithoutItsHandlers) {
   Restart(LittleMemory());
   const auto form = Load(
       "function form_Resize() cmdOK.Tag = 'heard' end\n"
@@ -102,13 +102,13 @@ TEST_F(Memory, AFormWithoutAnyLeftGoesOnWithoutItsHandlers) {
   EXPECT_EQ(FailureOf(""), "");
 }
 
-TEST_F(Memory, IsThatOfAllFormsTogether) {
+TEST_F(Memory, LimitCountsAllFormsTogether) {
   Restart(LittleMemory());
   Load("kept = ('x'):rep(3000000)", "first");
   EXPECT_THAT(FailureOf("kept = ('x'):rep(3000000)"), HasSubstr("not enough memory"));
 }
 
-TEST_F(Memory, OfClosedFormsIsFreeAgain) {
+TEST_F(Memory, OfClosedFormsIsFreed) {
   Restart(LittleMemory());
   for (int i = 0; i < 5; ++i) {
     const auto form = Load("kept = ('x'):rep(3000000)");
@@ -116,7 +116,7 @@ TEST_F(Memory, OfClosedFormsIsFreeAgain) {
   }
 }
 
-TEST_F(Memory, ThousandFormsOfASandboxAreOpenAtMost) {
+TEST_F(Memory, AllowsASandboxAThousandOpenForms) {
   File("other.form.toml", "[form]\nName = \"frmOther\"\n");
   EXPECT_EQ(
       FailureOf("local forms = {}\n"
@@ -144,7 +144,7 @@ TEST_F(Memory, OfControlsIsLimitedByTheGrowthOfTheProcess) {
 
 #endif
 
-TEST_F(Memory, FormsWithoutEndAreRefused) {
+TEST_F(Memory, EndlesslyManyFormsAreRefused) {
   Restart(LittleMemory());
   EXPECT_THAT(FailureOf("local forms = {}\nwhile true do forms[#forms + 1] = lw.load('other.form.toml') end"),
               HasSubstr("other.form.toml"));
@@ -278,7 +278,7 @@ TEST_F(Time, LimitsHandlersAfterTheScriptHasEnded) {
   ASSERT_EQ(Host().HandlerErrors().size(), 1u);
   EXPECT_THAT(Host().HandlerErrors()[0].message, HasSubstr("have run for longer than"));
   EXPECT_EQ(form->Width(), Twips(3000));
-  // No handler runs any more, which has been told once.
+  // No handler runs any more, which has been reported once.
   for (int i = 0; i < 10; ++i) form->SetWidth(Twips(static_cast<float>(4000 + 15 * i)));
   EXPECT_EQ(Host().HandlerErrors().size(), 1u);
   EXPECT_TRUE(form->Close());
@@ -309,7 +309,7 @@ TEST_F(Time, AHandlerOfTheProgramIsNotLimitedByAFormThatIs) {
             "");
 }
 
-TEST_F(Time, FunctionsOfTheLibrariesThatWouldTakeForeverOnNothingAreRefused) {
+TEST_F(Time, LibraryCallsThatWouldTakeForeverAreRefused) {
   Restart(LittleTime());
   EXPECT_EQ(FailureOf(R"(
     assert(("").rep("", math.maxinteger) == "" and ("").rep("", 1e15, "") == "")
@@ -373,7 +373,7 @@ TEST_F(Nesting, AnEventThatRaisesItselfEndsInOneError) {
   EXPECT_EQ(Host().HandlerErrors().size(), 2u);
 }
 
-TEST_F(Nesting, AnEventThatRaisesItselfTwiceEndsAsSoon) {
+TEST_F(Nesting, AnEventThatRaisesItselfTwiceEndsAtTheSameDepth) {
   ScriptOptions options = LittleTime();
   options.time_limit = std::chrono::seconds(10);  // real windows take their time
   Restart(options);
@@ -437,7 +437,7 @@ TEST_F(Nesting, AFormWhoseScriptClosesItAndMakesOthersGoesOnWhileItRuns) {
       "");
 }
 
-TEST_F(Nesting, ErrorsWithoutEndAreReportedButNotAllKept) {
+TEST_F(Nesting, EndlessErrorsAreReportedAndNotAllKept) {
   const auto form = Load("function form_Resize() error('again') end");
   for (int i = 0; i < 1500; ++i) form->SetWidth(Twips(static_cast<float>(3000 + 15 * (i % 2))));
   EXPECT_EQ(Host().HandlerErrors().size(), 1000u);

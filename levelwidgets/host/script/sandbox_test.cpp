@@ -26,7 +26,7 @@ TEST_F(Sandbox, HasTheLibrariesOfValues) {
             "");
 }
 
-TEST_F(Sandbox, CoroutinesWorkAsEver) {
+TEST_F(Sandbox, CoroutinesWorkAsInPlainLua) {
   EXPECT_EQ(FailureOf(R"(
     local next_value = coroutine.wrap(function(first) local second = coroutine.yield(first + 1) return second, 7 end)
     assert(next_value(1) == 2)
@@ -47,7 +47,7 @@ TEST_F(Sandbox, CoroutinesWorkAsEver) {
             "");
 }
 
-TEST_F(Sandbox, ProtectedCallsWorkAsEver) {
+TEST_F(Sandbox, ProtectedCallsWorkAsInPlainLua) {
   EXPECT_EQ(FailureOf(R"(
     local ok, a, b = xpcall(function(...) return ... end, error, 1, 2)
     assert(ok and a == 1 and b == 2)
@@ -170,7 +170,7 @@ TEST_F(Sandbox, LoadedTextSeesWhatTheScriptSees) {
             "");
 }
 
-TEST_F(Sandbox, RequireLeadsNowhereElse) {
+TEST_F(Sandbox, RequireFindsNothingOutsideTheFolder) {
   const std::string outside = ::testing::UnitTest::GetInstance()->current_test_info()->name();
   const std::filesystem::path secret = std::filesystem::temp_directory_path() / (outside + ".lua");
   std::ofstream(secret) << "return 'secret'";
@@ -224,7 +224,7 @@ TEST_F(Sandbox, AFormLoadsNoFormsElsewhere) {
   EXPECT_TRUE(Host().LoadForm(inside));
 }
 
-TEST_F(Sandbox, TheNameOfAChunkLeadsNoFormsElsewhere) {
+TEST_F(Sandbox, TheNameOfAChunkLoadsNoFormsFromElsewhere) {
   FormFile("outside", "");
   const std::string inside = FormFile("in/form", "");
   File("in/form.lua", "local load_form = load([[return pcall(lw.load, 'outside.form.toml')]], '@" +

@@ -21,8 +21,8 @@ class ScriptHost {
   // Forms are made on `platform`, in native windows for instance, and there is no desktop for scripts to
   // drive. It must outlive the host.
   explicit ScriptHost(Platform& platform, Report report = {});
-  // Forms are made on the desktop that `desktop` drives, and so is it that scripts drive. It stays as it is:
-  // they may ask for it at any time, and cannot set its size and the like.
+  // Forms are made on the desktop that `desktop` drives, and scripts drive it too. They may ask for it at any
+  // time, and cannot change its settings.
   explicit ScriptHost(std::shared_ptr<DesktopDriver> desktop, Report report = {});
   explicit ScriptHost(ScriptOptions options);
   ScriptHost(const ScriptHost&) = delete;
@@ -47,8 +47,8 @@ class ScriptHost {
   // ScriptFailure.
   std::shared_ptr<Form> LoadForm(const std::string& path);
 
-  // Makes the desktop; raises 5 when there is one, or a platform in its place, or none in memory in this
-  // build.
+  // Makes the desktop; raises 5 when there is a desktop already or a platform in its place, and in a build
+  // without a desktop in memory.
   void MakeDesktop(const DesktopSettings& settings);
   // The desktop, made by default settings when there is none. Raises 5 as MakeDesktop does.
   DesktopDriver& Desktop();

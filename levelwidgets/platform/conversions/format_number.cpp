@@ -41,7 +41,7 @@ class NumberWriter {
     }
   }
   void WritePoint() {
-    // Without placeholders in front of the point the whole part stands there nevertheless.
+    // Without placeholders in front of the point the whole part is shown nevertheless.
     if (layout_.whole_digits == 0 && !in_decimals_) WritePlaces(number_.point - 1, 0);
     in_decimals_ = true;
     out_.Append(locale_.decimal);

@@ -16,7 +16,7 @@ TEST(CodePageTest, EveryByteReturnsFromUtf8) {
   }
 }
 
-TEST(CodePageTest, CharactersOfEachPage) {
+TEST(CodePageTest, EachPageHasItsCharacters) {
   EXPECT_EQ(CodePage(1250).ToBytes("\xC5\x99"), "\xF8");      // r with caron
   EXPECT_EQ(CodePage(1251).ToBytes("\xD0\x96"), "\xC6");      // Cyrillic zhe
   EXPECT_EQ(CodePage(1252).ToBytes("\xE2\x82\xAC"), "\x80");  // euro
@@ -26,7 +26,7 @@ TEST(CodePageTest, CharactersOfEachPage) {
   EXPECT_EQ(CodePage(850).ToBytes("\xC3\x98"), "\x9D");       // O with stroke
 }
 
-TEST(CodePageTest, AnythingElseBecomesAQuestionMark) {
+TEST(CodePageTest, ACharacterOutsideThePageBecomesAQuestionMark) {
   const CodePage page(1252);
   EXPECT_EQ(page.ToBytes("a\xD0\x96\xF0\x9F\x98\x80z"), "a??z");
 }

@@ -122,14 +122,14 @@ TEST_F(Fonts, CharactersFollowTheCodePage) {
   EXPECT_NE(Coverage(*cache.Get(Request("Tahoma", -20)), '\xD9'), Coverage(*cache.Get(request), '\xD9'));
 }
 
-TEST_F(Fonts, ExtremeRequestsAreServed) {
+TEST_F(Fonts, ExtremeSizesAndWeightsAreServed) {
   for (const int height :
        {1, -1, 5000, -5000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
     EXPECT_GE(cache.Get(Request("Tahoma", height))->Metrics().text.height, 1) << height;
   }
 }
 
-TEST(FontCacheTest, OneFontForOneDescription) {
+TEST(FontCacheTest, EqualDescriptionsShareOneFont) {
   FontCache cache{FontSources{{}, false}, 1.0, 1252};
   const auto one = cache.Get(Request("a", 10));
   EXPECT_EQ(cache.Get(Request("a", 10)), one);
@@ -154,7 +154,7 @@ TEST(FontCacheTest, WithoutFontsTheBuiltInFaceServes) {
   EXPECT_EQ(Coverage(*font, ' '), 0);
 }
 
-TEST(FontCacheTest, AFolderWithoutFontsIsAsGoodAsNone) {
+TEST(FontCacheTest, AFolderWithoutFontsCountsAsMissing) {
   FontCache cache{FontSources{{"/nonexistent"}, false}, 1.0, 1252};
   EXPECT_EQ(cache.Get(Request("Tahoma", 20))->Width("abc"), 36);
 }
@@ -183,7 +183,7 @@ TEST(BuiltInFaceTest, HeightsFollowTheMeaningOfCreateFont) {
   EXPECT_EQ(BuiltInFace(Request("", -11, kFontWeightBold))->Render('x').advance, 7);
 }
 
-TEST(BuiltInArrowsTest, EachPointsItsWay) {
+TEST(BuiltInArrowsTest, EachArrowPointsInItsDirection) {
   const auto arrows = BuiltInArrows(Request("Marlett", 12));
   auto dots = [&](char c) {
     const GlyphImage image = arrows->Render(static_cast<std::uint8_t>(c));

@@ -12,10 +12,10 @@
 
 namespace levelwidgets::memory {
 
-// Time stands still but for Advance and Run.
+// Time stands still except in Advance and Run.
 class MemoryClock final : public ClockApi {
  public:
-  // `paint` does the paints that are pending and tells whether there was one.
+  // `paint` does the paints that are pending and returns whether there was one.
   explicit MemoryClock(Date now, std::function<bool()> paint = {});
 
   // --- For the desktop -----------------------------------------------------------------------

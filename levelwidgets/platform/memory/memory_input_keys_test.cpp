@@ -72,7 +72,7 @@ TEST_F(MemoryInputKeysTest, TypingGoesThroughTheCodePage) {
                                    "left KeyDown 13", "left Char 13", "left KeyUp 13"));
 }
 
-TEST_F(MemoryInputKeysTest, GetKeyStateIsThatOfTheMessage) {
+TEST_F(MemoryInputKeysTest, GetKeyStateAnswersForTheMomentOfTheMessage) {
   windows.SetFocus(left);
   std::vector<bool> held;
   const auto look = [&](WindowHandle, WParam, LParam) -> LResult {
@@ -103,7 +103,7 @@ TEST_F(MemoryInputKeysTest, HeldKeysShowInPointerMessages) {
   EXPECT_EQ(lines.back(), "left LButtonUp 8 5,5");
 }
 
-TEST_F(MemoryInputKeysTest, RepeatedKeysTellThatTheyWereDown) {
+TEST_F(MemoryInputKeysTest, RepeatedKeysReportThatTheyWereDown) {
   windows.SetFocus(left);
   std::vector<LParam> bits;
   client.On(kWmKeyDown, [&](WindowHandle, WParam, LParam lparam) -> LResult {
@@ -140,7 +140,7 @@ TEST_F(MemoryInputKeysTest, AltMakesSystemKeysOfANativeKeyboard) {
               ElementsAre("left SysKeyDown 88", "left SysChar 120", "left KeyDown 81", "left Char 64"));
 }
 
-TEST_F(MemoryInputKeysTest, EnteredTextIsCharactersWithoutKeys) {
+TEST_F(MemoryInputKeysTest, EnteredTextArrivesAsCharactersWithoutKeys) {
   windows.SetFocus(left);
   Begin();
   desktop.EnterText("a\xC3\xA9");
@@ -202,7 +202,7 @@ TEST_F(MemoryInputKeysTest, AnExceptionFromAHandlerLeavesTheDriverUsable) {
   EXPECT_THAT(Input(), ElementsAre("left CaptureChanged none", "left LButtonUp 0 5,5"));
 }
 
-TEST_F(MemoryInputKeysTest, DestroyedByItsPressTheWindowGetsNothingMore) {
+TEST_F(MemoryInputKeysTest, AWindowDestroyedByItsPressGetsNoFurtherMessage) {
   client.On(kWmLButtonDown,
             [&](WindowHandle window, WParam, LParam) -> LResult { return windows.DestroyWindow(window); });
   Begin();

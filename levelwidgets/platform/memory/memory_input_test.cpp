@@ -105,7 +105,7 @@ TEST_F(MemoryInputTest, AReleasedPressCaptureLetsTheReleaseGoWhereThePointerIs) 
   EXPECT_THAT(Input(), ElementsAre("right LButtonUp 0 5,5"));
 }
 
-TEST_F(MemoryInputTest, ButtonsThatAreAlreadyThereDoNothing) {
+TEST_F(MemoryInputTest, PressingAPressedButtonOrReleasingAReleasedOneDoesNothing) {
   desktop.MovePointer({115, 115});
   Begin();
   desktop.Release(kLeftButton);
@@ -186,7 +186,7 @@ TEST_F(MemoryInputTest, AWindowMayRefuseActivationOrEatThePress) {
   EXPECT_EQ(press(0), std::pair(true, true));
 }
 
-TEST_F(MemoryInputTest, APressOnTheBareScreenIsAnotherProgram) {
+TEST_F(MemoryInputTest, APressOnTheBareScreenDeactivatesTheProgram) {
   windows.SetFocus(left);
   desktop.MovePointer({900, 700});
   Begin();
@@ -230,7 +230,7 @@ TEST_F(MemoryInputTest, OverlappingSiblingsGiveThePointerToTheFrontOne) {
   EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,5", "behind MouseMove 0 5,5"));
 }
 
-TEST_F(MemoryInputTest, PartsOutsideTheParentAreNotHit) {
+TEST_F(MemoryInputTest, PartsOutsideTheParentGetNoPointer) {
   MakeChild("wide", form, {150, 70, 400, 400});
   Begin();
   desktop.MovePointer({310, 180});
@@ -247,7 +247,7 @@ TEST_F(MemoryInputTest, TheWheelGoesToTheFocusWithScreenPixels) {
   EXPECT_THAT(Input(), ElementsAre("right MouseWheel 120 115,116", "right MouseWheel -240 115,116"));
 }
 
-TEST_F(MemoryInputTest, AnUnhandledWheelGoesUp) {
+TEST_F(MemoryInputTest, AnUnhandledWheelGoesToTheParent) {
   windows.SetFocus(right);
   Begin();
   desktop.Wheel(1);

@@ -20,7 +20,7 @@ TEST(MemoryKeysTest, CtrlGivesControlCharacters) {
   EXPECT_EQ(CharacterOfKey('A', kCtrlMask | kAltMask), std::nullopt);
 }
 
-TEST(MemoryKeysTest, EditingKeysThatHaveACharacter) {
+TEST(MemoryKeysTest, EditingKeysTypeTheirControlCharacters) {
   EXPECT_EQ(CharacterOfKey(kKeyEnter, 0), char{13});
   EXPECT_EQ(CharacterOfKey(kKeyEscape, 0), char{27});
   EXPECT_EQ(CharacterOfKey(kKeyBackspace, 0), char{8});
@@ -28,7 +28,7 @@ TEST(MemoryKeysTest, EditingKeysThatHaveACharacter) {
   EXPECT_EQ(CharacterOfKey(kKeySpace, 0), ' ');
 }
 
-TEST(MemoryKeysTest, KeysWithoutACharacter) {
+TEST(MemoryKeysTest, OtherKeysTypeNoCharacter) {
   for (const int code : {int{kKeyDelete}, int{kKeyLeft}, int{kKeyHome}, int{kKeyF4}, int{kKeyShift}}) {
     EXPECT_EQ(CharacterOfKey(code, 0), std::nullopt) << code;
   }

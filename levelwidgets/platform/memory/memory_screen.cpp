@@ -17,7 +17,7 @@ void FillBackground(Picture& picture, const PixelRect& part, ColorRef color) {
   }
 }
 
-// `place` is the store's rectangle on the screen, `part` what of the screen is wanted of it.
+// `place` is the store's rectangle on the screen, `part` the wanted part of the screen.
 void CopyStore(Picture& picture, PixelPoint origin, PixelStore& store, const PixelRect& place,
                const PixelRect& part) {
   for (int y = part.top; y < part.bottom; ++y) {

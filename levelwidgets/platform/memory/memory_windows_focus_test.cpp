@@ -47,7 +47,7 @@ TEST_F(WindowFocusTest, ActivationGivesTheFocusToTheWindowItself) {
   EXPECT_EQ(windows.GetActiveWindow(), form);
 }
 
-TEST_F(WindowFocusTest, AFocusSetDuringActivationStays) {
+TEST_F(WindowFocusTest, AFocusThatAHandlerSetsDuringActivationStays) {
   client.On(kWmActivate, [&](WindowHandle window, WParam state, LParam) -> LResult {
     if (window == form && state != 0) windows.SetFocus(second);
     return 0;
@@ -143,7 +143,7 @@ TEST_F(WindowFocusTest, AnExceptionWhileTheFocusMovesLeavesOneFocus) {
   EXPECT_THAT(Take(), ElementsAre("second KillFocus first", "first SetFocus second"));
 }
 
-TEST_F(WindowFocusTest, TheCaptureTellsOnlyADifferentWindow) {
+TEST_F(WindowFocusTest, OnlyADifferentWindowIsNotifiedOfALostCapture) {
   Begin();
   EXPECT_FALSE(windows.SetCapture(first));
   EXPECT_EQ(windows.SetCapture(first), first);

@@ -120,7 +120,7 @@ TEST_F(WindowPaintTest, RaisingInvalidatesOnlyWhatWasCovered) {
   EXPECT_TRUE(windows.PendingPaint(form).Empty());
 }
 
-TEST_F(WindowPaintTest, DestroyingUncovers) {
+TEST_F(WindowPaintTest, DestroyingAWindowInvalidatesWhatItCovered) {
   const WindowHandle child = MakeChild("child", form, {0, 0, 50, 50});
   Begin();
   windows.DestroyWindow(child);
@@ -311,7 +311,7 @@ TEST_F(WindowPaintTest, CaptureIsBlackOutsideTheScreen) {
   EXPECT_EQ(desktop.PixelAt({1024, 0}), kInvalidColorRef);
 }
 
-TEST_F(WindowPaintTest, AWindowPartlyOffTheScreenIsCut) {
+TEST_F(WindowPaintTest, AWindowPartlyOffTheScreenIsClipped) {
   PaintWith(client, kGreen);
   windows.SetWindowPos(form, {}, {-50, 700, 0, 0}, kSwpNoSize | kSwpNoZOrder);
   EXPECT_EQ(desktop.PixelAt({0, 767}), kGreen);
@@ -330,7 +330,7 @@ TEST_F(WindowPaintTest, ABorderIsOnePixelOutsideTheClientArea) {
   EXPECT_EQ(desktop.PixelAt({438, 138}), kRed);
 }
 
-TEST_F(WindowPaintTest, TheCaptionTellsTheActiveWindow) {
+TEST_F(WindowPaintTest, TheCaptionShowsWhichWindowIsActive) {
   const WindowHandle framed = MakeTop("", {400, 100, 600, 300}, kPopup | kWsCaption | kWsSysMenu);
   const ColorRef active = desktop.Drawing().GetSysColor(kColorHighlight);
   const ColorRef inactive = desktop.Drawing().GetSysColor(kColorButtonFace);

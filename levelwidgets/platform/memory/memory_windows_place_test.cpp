@@ -47,7 +47,7 @@ TEST_F(WindowPlaceTest, AWindowSmallerThanItsFrameHasNoClientArea) {
   EXPECT_EQ(RectOf(inverted), (PixelRect{50, 50, 50, 50}));
 }
 
-TEST_F(WindowPlaceTest, AdjustingGivesTheOuterRectangle) {
+TEST_F(WindowPlaceTest, AdjustWindowRectGivesTheOuterRectangle) {
   for (const std::uint32_t style : {kWsPopup | kWsCaption | kWsSysMenu, kWsPopup | kWsBorder, kWsPopup, 0u}) {
     const PixelRect outer = windows.AdjustWindowRectEx({50, 60, 150, 130}, style, 0);
     const WindowHandle form = MakeTop("form", outer, style);
@@ -60,7 +60,7 @@ TEST_F(WindowPlaceTest, AdjustingGivesTheOuterRectangle) {
   EXPECT_EQ(windows.AdjustWindowRectEx({0, 0, 10, 10}, kWsPopup | kWsBorder, 0), (PixelRect{-1, -1, 11, 11}));
 }
 
-TEST_F(WindowPlaceTest, MoveAndSizeAreToldWhenTheyChange) {
+TEST_F(WindowPlaceTest, MoveAndSizeMessagesComeOnlyWithAChange) {
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100});
   const WindowHandle child = MakeChild("child", form, {0, 0, 20, 20});
   Begin();
@@ -164,7 +164,7 @@ TEST_F(WindowPlaceTest, SetParentKeepsTheNumbersAndGoesBack) {
   EXPECT_FALSE(windows.GetParent(form));
 }
 
-TEST_F(WindowPlaceTest, ShowingTellsOnceAndActivates) {
+TEST_F(WindowPlaceTest, ShowingSendsOneMessageAndActivates) {
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100}, kWsPopup);
   Begin();
   EXPECT_FALSE(windows.ShowWindow(form, kSwShowNoActivate));
@@ -177,7 +177,7 @@ TEST_F(WindowPlaceTest, ShowingTellsOnceAndActivates) {
   EXPECT_THAT(Take(), IsEmpty());
 }
 
-TEST_F(WindowPlaceTest, VisibleMeansWithAllAncestors) {
+TEST_F(WindowPlaceTest, AWindowIsVisibleOnlyWithAllItsAncestors) {
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100}, kWsPopup);
   const WindowHandle child = MakeChild("child", form, {0, 0, 10, 10});
   EXPECT_FALSE(windows.IsWindowVisible(child));

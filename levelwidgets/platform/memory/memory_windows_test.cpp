@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 class MemoryWindowsTest : public DesktopTest {};
 
-TEST_F(MemoryWindowsTest, CreatingAShownTopLevelWindowTellsAndActivatesIt) {
+TEST_F(MemoryWindowsTest, CreatingAShownTopLevelWindowSendsMessagesAndActivatesIt) {
   MakeTop("form", {10, 20, 110, 80});
   EXPECT_THAT(Take(), ElementsAre("new Create", "new Size 100,60", "new Move 10,20", "new ShowWindow 1",
                                   "new Activate 1 none", "new SetFocus none"));
@@ -87,7 +87,7 @@ TEST_F(MemoryWindowsTest, UnknownWindowsAreRefusedEverywhere) {
 
 // --- Destruction -----------------------------------------------------------------------------
 
-TEST_F(MemoryWindowsTest, DestroyTellsTheWindowThenItsChildren) {
+TEST_F(MemoryWindowsTest, DestroyNotifiesTheWindowThenItsChildren) {
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100}, kWsPopup);
   const WindowHandle first = MakeChild("first", form, {0, 0, 50, 50});
   MakeChild("inner", first, {0, 0, 10, 10});
@@ -143,7 +143,7 @@ TEST_F(MemoryWindowsTest, DestroyInsideDestroyIsRefused) {
   EXPECT_FALSE(windows.DestroyWindow(form));
 }
 
-TEST_F(MemoryWindowsTest, AChildsEndMayEndItsParent) {
+TEST_F(MemoryWindowsTest, AChildsDestructionMayDestroyItsParent) {
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100}, kWsPopup);
   const WindowHandle child = MakeChild("child", form, {0, 0, 50, 50});
   MakeChild("sibling", form, {50, 0, 60, 50});
@@ -189,7 +189,7 @@ TEST_F(MemoryWindowsTest, AnyMessageMayDestroyItsWindow) {
   EXPECT_EQ(desktop.LiveWindows(), 0u);
 }
 
-TEST_F(MemoryWindowsTest, NothingIsSentToAClientThatIsGone) {
+TEST_F(MemoryWindowsTest, NothingIsSentToTheClientOfADestroyedWindow) {
   auto gone = std::make_unique<Recorder>(desktop, log);
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100});
   const WindowHandle child = Make("child", gone.get(), form, {0, 0, 50, 50}, kChild);
@@ -287,7 +287,7 @@ TEST_F(MemoryWindowsTest, AWindowProcedureStandsBeforeTheClient) {
   EXPECT_EQ(seen.size(), 1u);
 }
 
-TEST_F(MemoryWindowsTest, APostedMessageComesLaterOrNeverWhenItsWindowIsGone) {
+TEST_F(MemoryWindowsTest, APostedMessageComesLaterUnlessItsWindowWasDestroyed) {
   const WindowHandle form = MakeTop("form", {0, 0, 100, 100});
   const WindowHandle child = MakeChild("child", form, {0, 0, 10, 10});
   Begin();

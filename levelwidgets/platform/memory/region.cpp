@@ -6,7 +6,7 @@ namespace levelwidgets::memory {
 
 namespace {
 
-// Appends what of `rect` lies outside `hole`, which overlaps it.
+// Appends the parts of `rect` that lie outside `hole`, which overlaps it.
 void AppendAround(const PixelRect& rect, const PixelRect& hole, std::vector<PixelRect>& rects) {
   const PixelRect inner = Intersect(rect, hole);
   const PixelRect parts[] = {{rect.left, rect.top, rect.right, inner.top},

@@ -51,14 +51,14 @@ INSTANTIATE_TEST_SUITE_P(All, Palettes, testing::ValuesIn(PaletteNames().begin()
                            return text;
                          });
 
-TEST(PaletteNamesTest, FourInTheOrderInWhichTheyAreOffered) {
+TEST(PaletteNamesTest, AreFourInTheOrderInWhichTheyAreOffered) {
   EXPECT_EQ(std::vector(PaletteNames().begin(), PaletteNames().end()),
             (std::vector<std::string_view>{"light", "classic", "dark", "high-contrast"}));
   EXPECT_EQ(FindPalette("mauve"), std::nullopt);
   EXPECT_EQ(FindPalette("light"), StandardPalette());
 }
 
-TEST(PaletteNamesTest, ColorsAreRedInTheLowByte) {
+TEST(PaletteNamesTest, PaletteColorsHaveRedInTheLowByte) {
   EXPECT_EQ(StandardPalette().At(kColorHighlight).value, 0xD77800u);
 }
 

@@ -1,4 +1,4 @@
-// The windows of the desktop in memory: who is inside whom, in which order, and what of each can be
+// The windows of the desktop in memory: who is inside whom, in which order, and which part of each can be
 // seen. Knows neither messages nor input.
 #pragma once
 

@@ -21,7 +21,7 @@ class WindowTreeTest : public testing::Test {
   Window& top = Make(tree.Desktop(), {100, 100, 300, 200});
 };
 
-TEST_F(WindowTreeTest, AHandleOfARemovedWindowIsNeverThatOfItsSuccessor) {
+TEST_F(WindowTreeTest, ANewWindowNeverGetsTheHandleOfARemovedOne) {
   const WindowHandle first = Make(top, {0, 0, 1, 1}).handle;
   tree.Remove(*tree.Find(first));
   const WindowHandle second = Make(top, {0, 0, 1, 1}).handle;
@@ -89,7 +89,7 @@ TEST_F(WindowTreeTest, ChildrenAreCutOutOnlyWithClipChildren) {
   EXPECT_EQ(tree.Clip(top), Region(PixelRect{0, 0, 200, 100}));
 }
 
-TEST_F(WindowTreeTest, WhatIsKnownIsKeptUntilTheTreeChanges) {
+TEST_F(WindowTreeTest, AVisiblePartIsComputedOnceUntilTheTreeChanges) {
   Window& child = Make(top, {0, 0, 50, 50});
   const PixelRect* before = tree.Clip(child).Rects().data();
   EXPECT_EQ(tree.Clip(child).Rects().data(), before);
@@ -103,7 +103,7 @@ TEST_F(WindowTreeTest, WhatIsKnownIsKeptUntilTheTreeChanges) {
   EXPECT_NE(child.seen_at, seen);
 }
 
-TEST_F(WindowTreeTest, APartIsSeenInClientPixels) {
+TEST_F(WindowTreeTest, VisiblePartsAreInClientPixels) {
   Window& child = Make(top, {20, 10, 60, 50});
   Make(child, {0, 0, 5, 5});
   Region expected(PixelRect{0, 0, 10, 10});

@@ -88,7 +88,7 @@ TEST_F(Win32ClockTest, TheTickCountGoesOn) {
   EXPECT_GE(clock.GetTickCount(), before + 20);
 }
 
-TEST_F(Win32ClockTest, NowIsADayOfOurTime) {
+TEST_F(Win32ClockTest, NowIsARecentDate) {
   EXPECT_GT(clock.Now().days, 44000) << "2020";
   EXPECT_LT(clock.Now().days, 110000) << "2201";
 }
@@ -126,7 +126,7 @@ TEST_F(Win32ExceptionTest, ReachesTheCallThatSentTheMessage) {
   EXPECT_FALSE(windows.IsWindow(form)) << "destroyed all the same";
 }
 
-TEST_F(Win32ExceptionTest, OfTheFocusReachesSetFocus) {
+TEST_F(Win32ExceptionTest, OfAFocusHandlerReachesSetFocus) {
   const WindowHandle form = MakeForm(client);
   const WindowHandle child = MakeChild(form, client, {0, 0, 20, 20});
   windows.SetFocus(form);
@@ -135,7 +135,7 @@ TEST_F(Win32ExceptionTest, OfTheFocusReachesSetFocus) {
   client.on_message = nullptr;
 }
 
-TEST_F(Win32ExceptionTest, OfInputReachesTheDriver) {
+TEST_F(Win32ExceptionTest, OfAnInputHandlerReachesTheDriver) {
   MakeForm(client);
   ThrowAt(kWmLButtonDown);
   driver.MovePointer({110, 110});

@@ -100,7 +100,7 @@ void Win32Driver::Type(std::string_view text) {
 }
 
 void Win32Driver::Advance(std::uint32_t ms) {
-  // Longer than any of the system's timers is late.
+  // No timer of the system is later than this.
   constexpr std::uint64_t kPatience = 100;
   const std::uint64_t end = ::GetTickCount64() + ms;
   for (;;) {

@@ -125,7 +125,7 @@ TEST_F(Win32DriverTest, StockObjectsAreNotCounted) {
   EXPECT_EQ(driver.LiveObjects(), before);
 }
 
-TEST_F(Win32DriverTest, APlatformThatEndsTakesItsWindowsAlongSilently) {
+TEST_F(Win32DriverTest, APlatformDestroysItsWindowsWithoutMessages) {
   std::size_t told = 0;
   {
     Win32Platform other;

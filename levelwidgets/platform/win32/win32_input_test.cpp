@@ -105,7 +105,7 @@ TEST_F(Win32InputTest, ACaptureSetAtTheReleaseLasts) {
   EXPECT_TRUE(windows.ReleaseCapture());
 }
 
-TEST_F(Win32InputTest, OnlyADifferentWindowIsToldThatItLostTheCapture) {
+TEST_F(Win32InputTest, OnlyADifferentWindowIsNotifiedOfALostCapture) {
   const WindowHandle child = MakeChild(form, client, {0, 0, 50, 50});
   client.messages.clear();
   EXPECT_FALSE(windows.SetCapture(form));

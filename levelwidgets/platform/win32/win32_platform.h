@@ -8,8 +8,8 @@
 
 namespace levelwidgets::win32 {
 
-// Belongs to the thread that makes it. Windows that are left when it ends are destroyed, and their clients
-// are not told. No header of this folder includes one of the system's.
+// Belongs to the thread that makes it. Windows that are left when it ends are destroyed without a message to
+// their clients. No header of this folder includes one of the system's.
 class Win32Platform final : public Platform {
  public:
   Win32Platform();

@@ -61,7 +61,7 @@ TEST_F(Win32WindowsTest, AChangedSizeInvalidatesTheWholeWindow) {
   EXPECT_GT(client.Count(kWmPaint), before);
 }
 
-TEST_F(Win32WindowsTest, DestructionTellsTheWindowThenItsChildrenAndThenNothing) {
+TEST_F(Win32WindowsTest, DestructionNotifiesTheWindowThenItsChildrenAndThenNobody) {
   const WindowHandle form = MakeForm(client);
   const WindowHandle child = MakeChild(form, client, {0, 0, 10, 10});
   client.messages.clear();
@@ -141,7 +141,7 @@ LResult Refuse(WindowApi& windows, WindowHandle window, std::uint32_t message, W
   return windows.CallWindowProcA(former_procedure, window, message, wparam, lparam);
 }
 
-// Two for each other message, so that what reaches it can be told.
+// Two for each other message, so that a test can see what reaches it.
 class AnsweringClient : public WindowClient {
  public:
   explicit AnsweringClient(WindowApi& windows) : windows_(windows) {}
@@ -163,7 +163,7 @@ class Win32SubclassTest : public testing::Test, protected TestDesktop {
   AnsweringClient answering{windows};
 };
 
-TEST_F(Win32SubclassTest, AProcedureReplacesTheClientAndGoesAgain) {
+TEST_F(Win32SubclassTest, AProcedureReplacesTheClientUntilItIsTakenOff) {
   const WindowHandle form = MakeForm(answering);
   EXPECT_EQ(Ask(form), 2);
   former_procedure = Install(form, &AddTen);
@@ -175,7 +175,7 @@ TEST_F(Win32SubclassTest, AProcedureReplacesTheClientAndGoesAgain) {
   EXPECT_EQ(Ask(form), 2);
 }
 
-TEST_F(Win32SubclassTest, ProceduresStack) {
+TEST_F(Win32SubclassTest, LaterProceduresStandInFrontOfEarlierOnes) {
   const WindowHandle form = MakeForm(answering);
   former_procedure = Install(form, &AddTen);
   former_of_second = Install(form, &AddHundred);
@@ -212,7 +212,7 @@ TEST_F(Win32SubclassTest, ThePlainEditBoxCanBeSubclassed) {
   EXPECT_EQ(driver.LiveWindows(), 0u);
 }
 
-TEST_F(Win32SubclassTest, AnEditBoxDiesWithItsParentUnobserved) {
+TEST_F(Win32SubclassTest, AnEditBoxIsDestroyedWithItsParentWithoutAMessage) {
   const WindowHandle form = MakeForm(client);
   windows.CreateWindowExA({.class_name = "EDIT", .style = kWsChild, .rect = {0, 0, 9, 9}, .parent = form});
   EXPECT_EQ(driver.LiveWindows(), 2u);

@@ -12,8 +12,8 @@ void OpenDesktop(lua_State* L);
 ScriptDesktop& CheckScriptDesktop(lua_State* L);
 
 // lw.desktop{ width=1024, height=768, dpi=96, locale="en-US", today="2024-05-15T10:30:00" }
-// Raises 5 when there is a desktop already (a form makes one), or for a value without sense. One that the run
-// was given is had by an empty table at any time.
+// Raises 5 when there is a desktop already (a form makes one), or for a value without sense. A desktop that
+// the run was given is returned for an empty table at any time.
 int NewDesktop(lua_State* L);
 
 }  // namespace levelwidgets

@@ -42,7 +42,7 @@ std::string CauseOf(const Picture& picture, const std::string& path) {
   }
 }
 
-TEST(PngFile, ThatCannotBeWrittenLeavesTheOldOne) {
+TEST(PngFile, LeavesTheOldFileWhenItCannotBeWritten) {
   const auto folder = std::filesystem::temp_directory_path() / "levelwidgets_png_folder";
   std::filesystem::create_directories(folder);
   const std::string path = (folder / "old.png").string();
@@ -55,7 +55,7 @@ TEST(PngFile, ThatCannotBeWrittenLeavesTheOldOne) {
   std::filesystem::remove_all(folder);
 }
 
-TEST(PngFile, AFullDeviceIsTold) {
+TEST(PngFile, AFullDeviceIsReported) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "there is no /dev/full";
   EXPECT_EQ(CauseOf({{1, 1}, {0}}, "/dev/full"),
             "The picture \"/dev/full\" cannot be written: No space left on device");

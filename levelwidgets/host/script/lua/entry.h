@@ -8,8 +8,8 @@
 
 namespace levelwidgets {
 
-// Runs `body` in `realm` with room on the stack. Whatever goes wrong in it, in C++, in the script or for want
-// of memory, is in `failure`, and the result is false.
+// Runs `body` in `realm` with room on the stack. Whatever goes wrong in it, in C++, in the script or because
+// memory is lacking, is in `failure`, and the result is false.
 bool EnterRealm(const std::shared_ptr<ScriptRealm>& realm, CallFailure& failure,
                 const std::function<void(lua_State*)>& body);
 

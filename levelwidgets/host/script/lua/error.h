@@ -21,7 +21,7 @@ void PushCurrentException(lua_State* L);
 void NoteCall(lua_State* L);
 
 // Every function that scripts call is one of these: exceptions of the library become errors of the script.
-// Those that tell errors and call scripts count as no use of the library.
+// Functions that print errors or call scripts do not count as a use of the library.
 template <int (*Function)(lua_State*), bool kIsUse = true>
 int Guarded(lua_State* L) {
   const RunningThread running(L);
@@ -40,7 +40,7 @@ inline constexpr std::string_view kNoMemory = "not enough memory";
 struct CallFailure {
   std::string message;    // with its place in front, where that is known
   std::string traceback;  // "stack traceback:" and a line each
-  bool told = false;      // it follows from one that has been told already
+  bool told = false;      // it follows from a failure that has been reported already
 };
 
 // Raises a ScriptFailure, or a ScriptInterruption where it is one.

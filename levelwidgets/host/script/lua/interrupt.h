@@ -17,7 +17,7 @@ class ScriptInterruptSignal {
 // What a program's exit status is after an interrupt.
 inline constexpr int kInterruptedStatus = 130;
 
-// Whether a script was told to end since the last ScriptInterruptSignal came into being.
+// Whether a script was asked to end since the last ScriptInterruptSignal was made.
 bool ScriptInterrupted();
 
 // Says that a script runs, for as long as it lives; may be nested.

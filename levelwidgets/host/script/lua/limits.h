@@ -1,4 +1,4 @@
-// What scripts that nobody vouches for may use: memory and time, all of a run together.
+// What scripts that nobody vouches for may use: memory and time, for all of them in a run together.
 #pragma once
 
 #include <chrono>
@@ -34,7 +34,7 @@ class ScriptLimits {
 
   // What the library makes for scripts (controls and their texts) is not Lua's, and is seen in the growth of
   // the process. Each call of the library says about how many bytes it has taken over; raises 7 when the
-  // process has grown by four times the limit, where the system tells.
+  // process has grown by four times the limit, where the system reports its size.
   void NoteUse(std::size_t bytes);
 
   // --- Time -------------------------------------------------------------------------------------

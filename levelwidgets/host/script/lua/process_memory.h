@@ -5,7 +5,7 @@
 
 namespace levelwidgets {
 
-// Bytes that are resident; 0 where the system does not tell.
+// Bytes that are resident; 0 where the system does not report them.
 std::size_t ProcessMemory();
 
 }  // namespace levelwidgets

@@ -13,8 +13,8 @@ namespace levelwidgets {
 
 class ScriptRealm;
 
-// Events raise events. A script that is this deep in calls of the library's that call scripts is refused
-// more: it is an event that raises itself.
+// Events raise events. A script that is this deep in calls of the library that call scripts is refused
+// further calls: it is an event that raises itself.
 inline constexpr int kMostNestedEntries = 30;
 
 class ScriptRun {
@@ -57,7 +57,7 @@ class ScriptNesting {
   ScriptNesting& operator=(const ScriptNesting&) = delete;
   ~ScriptNesting();
 
-  // Not too deep. What has been too deep once is refused more until it is all over.
+  // Not too deep. After a first refusal all further calls are refused until the outermost one has returned.
   bool Allowed() const { return allowed_; }
   // Whether another one has been refused before.
   bool Told() const { return told_; }

@@ -16,13 +16,13 @@ void PushUserdata(lua_State* L, const char* type, T value, int user_values = 0) 
   luaL_setmetatable(L, type);
 }
 
-// The value at `index`; an error of the script when it is none of `type`.
+// The value at `index`; an error of the script when it is not of `type`.
 template <typename T>
 T& CheckUserdata(lua_State* L, int index, const char* type) {
   return *static_cast<T*>(luaL_checkudata(L, index, type));
 }
 
-// Null when the value at `index` is none of `type`.
+// Null when the value at `index` is not of `type`.
 template <typename T>
 T* TestUserdata(lua_State* L, int index, const char* type) {
   return static_cast<T*>(luaL_testudata(L, index, type));

@@ -12,14 +12,14 @@ void OpenObjects(lua_State* L);
 
 // The same control is the same value each time.
 void PushControl(lua_State* L, const std::shared_ptr<HostedControl>& control);
-// The control at `index`; an error of the script for anything else. Raises 5 when it is on no form any more.
+// The control at `index`; an error of the script for anything else. Raises 5 when it is no longer on a form.
 std::shared_ptr<HostedControl> CheckControl(lua_State* L, int index);
 // Null when the value at `index` is no control. The control may have been removed.
 const std::shared_ptr<HostedControl>* ControlAt(lua_State* L, int index);
 
 // nil for null.
 void PushObject(lua_State* L, const ObjectRef& object);
-// Null when the value at `index` is none; raises 5 for a removed control.
+// Null when the value at `index` is no object; raises 5 for a removed control.
 ObjectRef ObjectAt(lua_State* L, int index);
 
 // --- For types with members by name ----------------------------------------------------------------

@@ -25,7 +25,7 @@ int ShiftElements(lua_State* L) {
   return CallOriginal(L);
 }
 
-// Of nothing, any number is nothing.
+// Any number of empty texts is an empty text.
 int Repeat(lua_State* L) {
   std::size_t length = 0;
   std::size_t separator_length = 0;

@@ -96,7 +96,7 @@ TEST_F(EditBoxMemoryTest, TheParentIsAskedForColoursAtEveryPaint) {
   EXPECT_EQ(asked[0].lparam, static_cast<LParam>(edit.value));
 }
 
-TEST_F(EditBoxMemoryTest, ADisabledOrReadOnlyBoxAsksAsALabelDoes) {
+TEST_F(EditBoxMemoryTest, ADisabledOrReadOnlyBoxAsksForTheColoursOfALabel) {
   Make(kEsMultiLine);
   windows.EnableWindow(edit, false);
   desktop.Settle();
@@ -124,14 +124,14 @@ TEST_F(EditBoxMemoryTest, TheParentsBrushAndColoursAreUsed) {
   desktop.Drawing().DeleteObject(brush);
 }
 
-TEST_F(EditBoxMemoryTest, WithoutABrushItIsTheWindowColour) {
+TEST_F(EditBoxMemoryTest, WithoutAParentsBrushTheBoxIsFilledInTheWindowColour) {
   Make(0);
   EXPECT_EQ(Shown().At({50, 30}), kWhite);
   windows.EnableWindow(edit, false);
   EXPECT_EQ(Shown().At({50, 30}), desktop.Drawing().GetSysColor(kColorButtonFace));
 }
 
-TEST_F(EditBoxMemoryTest, APaintThatThrowsLeavesTheBoxInOrder) {
+TEST_F(EditBoxMemoryTest, APaintThatThrowsLeavesTheBoxUsable) {
   Make(0);
   throws = true;
   windows.InvalidateRect(edit);
@@ -213,7 +213,7 @@ TEST_F(EditBoxMemoryTest, ASelectionIsKeptInSightByItsStyle) {
   EXPECT_EQ(Shown().At({1, 1}), desktop.Drawing().GetSysColor(kColorHighlight));
 }
 
-TEST_F(EditBoxMemoryTest, APasswordShowsNothingOfItself) {
+TEST_F(EditBoxMemoryTest, APasswordIsNotShown) {
   Make(kEsPassword);
   Set("abc");
   const Picture first = Shown();
@@ -270,7 +270,7 @@ TEST_F(EditBoxMemoryTest, ABusyClipboardPastesNothing) {
   EXPECT_EQ(Text(), "newbc");
 }
 
-TEST_F(EditBoxMemoryTest, TheClipboardIsOneForAllAndHoldsUtf8) {
+TEST_F(EditBoxMemoryTest, AllBoxesShareOneClipboardOfUtf8) {
   Make(0);
   desktop.SetClipboard("\xE2\x82\xAC\xD0\x96");
   Send(kWmPaste);
@@ -314,7 +314,7 @@ TEST_F(EditBoxMemoryTest, TheLoopEndsWhileACaretBlinks) {
   EXPECT_EQ(desktop.Clock().Run(), 0);
 }
 
-TEST_F(EditBoxMemoryTest, TheTitleIsTheFirstText) {
+TEST_F(EditBoxMemoryTest, TheWindowTitleBecomesTheText) {
   edit = windows.CreateWindowExA(
       {"EDIT", "caf\xC3\xA9", kWsChild | kEsUpperCase, 0, {0, 0, 90, 20}, parent, nullptr});
   EXPECT_EQ(Text(), "CAF\xC3\x89");

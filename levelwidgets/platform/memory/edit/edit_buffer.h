@@ -1,4 +1,4 @@
-// The contents of an edit box: its text in lines, what of it is selected, and what can be undone.
+// The contents of an edit box: its text in lines, the selected part of it, and what can be undone.
 #pragma once
 
 #include <algorithm>

@@ -45,7 +45,7 @@ TEST_F(LineLayoutTest, AnEmptyTextIsOneLine) {
   EXPECT_EQ(lines.LineOf(0), 0u);
 }
 
-TEST_F(LineLayoutTest, OnlyReturnAndFeedTogetherEndALine) {
+TEST_F(LineLayoutTest, OnlyCarriageReturnAndLineFeedTogetherEndALine) {
   Set("a\nb\rc\r\nd\r\r\ne\r\n");
   EXPECT_EQ(Lines(), (Texts{"a\nb\rc\r\n", "d\r\r\n", "e\r\n", ""}));
   EXPECT_EQ(lines.End(0), 5u);

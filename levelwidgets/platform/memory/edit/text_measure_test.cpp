@@ -47,7 +47,7 @@ TEST_F(TextMeasureTest, ATabReachesToTheNextStop) {
   EXPECT_EQ(measure.XOf(0, 3), 14);
 }
 
-TEST_F(TextMeasureTest, ANearestPlaceIsDecidedByTheMiddle) {
+TEST_F(TextMeasureTest, TheMiddleOfACharacterDecidesTheNearestPlace) {
   text.Assign("mmm");
   EXPECT_EQ(measure.Nearest(0, 3, 2), 0u);
   EXPECT_EQ(measure.Nearest(0, 3, 3), 1u);
@@ -56,14 +56,14 @@ TEST_F(TextMeasureTest, ANearestPlaceIsDecidedByTheMiddle) {
   EXPECT_EQ(measure.Nearest(0, 2, 99), 2u);
 }
 
-TEST_F(TextMeasureTest, BeforeIsTheLastPlaceNotBeyond) {
+TEST_F(TextMeasureTest, FindsTheLastPlaceThatIsNotBeyondAWidth) {
   text.Assign("mmm");
   EXPECT_EQ(measure.Before(0, 3, 5), 0u);
   EXPECT_EQ(measure.Before(0, 3, 6), 1u);
   EXPECT_EQ(measure.Before(0, 3, 18), 3u);
 }
 
-TEST_F(TextMeasureTest, AMaskGivesAllOneWidth) {
+TEST_F(TextMeasureTest, AMaskGivesEveryCharacterOneWidth) {
   text.Assign("im");
   measure.SetMask('m');
   EXPECT_EQ(measure.XOf(0, 2), 12);
@@ -71,7 +71,7 @@ TEST_F(TextMeasureTest, AMaskGivesAllOneWidth) {
   EXPECT_EQ(measure.XOf(0, 2), 8);
 }
 
-TEST_F(TextMeasureTest, WhatItRemembersNeverShows) {
+TEST_F(TextMeasureTest, RemembersWidthsWithoutChangingResults) {
   std::mt19937 random(3);
   text.Assign("");
   for (int i = 0; i < 2000; ++i) {
