@@ -1,4 +1,5 @@
 # How every folder of the tree becomes a target.
+include(${CMAKE_CURRENT_LIST_DIR}/Systems.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/Export.cmake)
 
 # Designated initializers leave members to their defaults on purpose. In inlined std::string operations
@@ -53,15 +54,28 @@ endfunction()
 
 # levelwidgets_library(frame DEPENDS platform): the folder's sources (and SOURCES) as target levelwidgets_frame,
 # for others LevelWidgets::Frame. *_test.cpp files beside them go into the test program, and each *_fuzz.cpp is a
-# fuzzer, which may need FUZZ_DEPENDS besides. EXCLUDE names sources that are for other systems. It is installed, and
-# the headers of PUBLIC_HEADERS with it (all but the tests' where none are named; none with NO_PUBLIC_HEADERS), unless
-# it is INTERNAL.
+# fuzzer, which may need FUZZ_DEPENDS besides. The line is there on every system; the target only where the system has all
+# that the folder NEEDS. It links to the folders of DEPENDS, and to those of OPTIONAL_DEPENDS that are there; its tests may
+# use those of TEST_DEPENDS, too. What it may include follows from the same line (levelwidgets_write_folders). It is
+# installed, and the headers of PUBLIC_HEADERS with it (all except the tests' where none are named; none with
+# NO_PUBLIC_HEADERS), unless it is INTERNAL.
 function(levelwidgets_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;NO_PUBLIC_HEADERS" ""
-                        "DEPENDS;PRIVATE_DEPENDS;FUZZ_DEPENDS;EXCLUDE;SOURCES;PUBLIC_HEADERS")
+                        "NEEDS;DEPENDS;OPTIONAL_DEPENDS;TEST_DEPENDS;PRIVATE_DEPENDS;FUZZ_DEPENDS;SOURCES;PUBLIC_HEADERS")
+  levelwidgets_note_folder(${name} "${arg_DEPENDS};${arg_OPTIONAL_DEPENDS}" "${arg_TEST_DEPENDS};${arg_FUZZ_DEPENDS}"
+                           "${arg_PUBLIC_HEADERS}")
+  levelwidgets_has_all(can_be_built ${arg_NEEDS})
+  if(NOT can_be_built)
+    return()
+  endif()
+  foreach(other ${arg_OPTIONAL_DEPENDS})
+    if(TARGET levelwidgets_${other})
+      list(APPEND arg_DEPENDS ${other})
+    endif()
+  endforeach()
   file(GLOB sources CONFIGURE_DEPENDS *.cpp parts/*.cpp)
-  list(TRANSFORM arg_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-  list(REMOVE_ITEM sources ${arg_EXCLUDE})
+  get_property(left_out GLOBAL PROPERTY LEVELWIDGETS_LEFT_OUT)
+  list(REMOVE_ITEM sources ${left_out})
   set(tests ${sources})
   set(fuzzers ${sources})
   list(FILTER fuzzers INCLUDE REGEX "_fuzz\\.cpp$")
@@ -69,6 +83,7 @@ function(levelwidgets_library name)
   list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
   set_property(GLOBAL APPEND PROPERTY LEVELWIDGETS_NAMES ${name})
   set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_TESTS ${tests})
+  set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_TEST_DEPENDS ${arg_TEST_DEPENDS})
   list(TRANSFORM arg_FUZZ_DEPENDS PREPEND levelwidgets_)
   set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_FUZZERS ${fuzzers})
   set_property(GLOBAL PROPERTY LEVELWIDGETS_${name}_FUZZ_LIBRARIES levelwidgets_${name} ${arg_FUZZ_DEPENDS})
@@ -95,6 +110,25 @@ function(levelwidgets_library name)
     levelwidgets_export(${name} DEPENDS ${arg_DEPENDS} PRIVATE_DEPENDS ${arg_PRIVATE_DEPENDS}
                         PUBLIC_HEADERS ${arg_PUBLIC_HEADERS})
   endif()
+endfunction()
+
+# Each line is a folder: its path, its name, the names of the folders that it links to, those that its tests use besides, and
+# its public headers ("*" for all), separated by tabs. tools/check reads which includes are right from here.
+function(levelwidgets_note_folder name depends test_depends public_headers)
+  file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+  set(line ${folder} ${name})
+  foreach(column depends test_depends public_headers)
+    list(REMOVE_ITEM ${column} "")
+    list(JOIN ${column} " " ${column})
+    string(APPEND line "\t${${column}}")
+  endforeach()
+  string(REPLACE ";" "\t" line "${line}")
+  set_property(GLOBAL APPEND_STRING PROPERTY LEVELWIDGETS_FOLDERS "${line}\n")
+endfunction()
+
+function(levelwidgets_write_folders)
+  get_property(folders GLOBAL PROPERTY LEVELWIDGETS_FOLDERS)
+  file(WRITE ${PROJECT_BINARY_DIR}/folders.tsv "${folders}")
 endfunction()
 
 # Makes GoogleTest known as levelwidgets_gtest; cross builds compile it from its source package.
@@ -148,7 +182,7 @@ function(levelwidgets_test_program name)
     target_compile_options(${name} PRIVATE -Wa,-mbig-obj)
   endif()
   set_source_files_properties(${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc PROPERTIES
-    COMPILE_DEFINITIONS LEVELWIDGETS_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    COMPILE_DEFINITIONS "LEVELWIDGETS_SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";LEVELWIDGETS_BUILD_DIR=\"${PROJECT_BINARY_DIR}\"")
   target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array>
     <cmath> <functional> <map> <memory> <optional> <string> <string_view> <variant> <vector>)
 endfunction()
@@ -163,12 +197,14 @@ function(levelwidgets_add_tests)
     list(APPEND all_sources ${sources})
     list(APPEND libraries levelwidgets_${name})
     if(sources)
-      set(testing)
-      if(TARGET levelwidgets_testing)
-        set(testing levelwidgets_testing)
-      endif()
-      levelwidgets_test_program(levelwidgets_${name}_tests SOURCES ${sources}
-                                LIBRARIES levelwidgets_${name} ${testing})
+      set(used levelwidgets_${name})
+      get_property(test_depends GLOBAL PROPERTY LEVELWIDGETS_${name}_TEST_DEPENDS)
+      foreach(other testing ${test_depends})
+        if(TARGET levelwidgets_${other})
+          list(APPEND used levelwidgets_${other})
+        endif()
+      endforeach()
+      levelwidgets_test_program(levelwidgets_${name}_tests SOURCES ${sources} LIBRARIES ${used})
       set_target_properties(levelwidgets_${name}_tests PROPERTIES EXCLUDE_FROM_ALL ON)
     endif()
   endforeach()

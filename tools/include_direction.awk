@@ -1,39 +1,67 @@
-# Reads "file:line:#include ..." lines of the library's sources and prints those that point upward in the
-# folder picture of docs/architecture.md. Ends with 1 when there is one.
-BEGIN {
-  # Each folder may include itself and these; a folder's name does not stand for those inside it.
-  allowed["platform"] = ""
-  allowed["platform/memory"] = allowed["platform/win32"] = allowed["platform/tracing"] = "platform"
-  allowed["native"] = "platform platform/memory platform/win32"
-  allowed["frame"] = "platform"
-  allowed["controls"] = "platform frame"
-  allowed["pages"] = "platform frame controls"
-  allowed["host"] = "platform platform/memory platform/win32 platform/tracing frame controls pages"
-  allowed["presenter"] = "platform platform/memory"
-  allowed["testing"] = allowed["host"] " host"
-  # What a test may include besides.
-  for_tests = "testing platform/memory platform/win32 platform/tracing"
+# Reads the table of folders that CMake has written (folders.tsv) and then "file:line:#include ..." lines of sources, and
+# prints those that include what their folder does not link to. Ends with 1 when there is one.
+#
+# A folder may include itself and all folders that it builds on, directly or through others; its tests, besides, what
+# the tests use, and the folder `testing`, which hides from them what it builds on.
+BEGIN { FS = "\t" }
 
-  # In the order in which they build on each other.
-  count = split("button label scroll tabstrip textbox dropdown calculator calendar grid", names, " ")
-  for (i = 1; i <= count; ++i) place[names[i]] = i
+# --- The table -------------------------------------------------------------------------------------------
+
+FNR == NR {
+  folder_of[$2] = $1
+  name_of[$1] = $2
+  depends[$2] = $3
+  test_depends[$2] = $4
+  public_headers[$2] = $5
+  next
 }
 
-function Folder(path) {
-  sub(/^levelwidgets\//, "", path)
-  return match(path, /^platform\/(memory|win32|tracing)\//) ? substr(path, 1, RLENGTH - 1) : \
-         substr(path, 1, index(path, "/") - 1)
+# Adds `name` and all that it builds on to set[from, ...].
+function Add(from, name,    list, count, i) {
+  if ((from, name) in set) return
+  set[from, name] = 1
+  count = split(depends[name], list, " ")
+  for (i = 1; i <= count; ++i) Add(from, list[i])
 }
 
-function Control(path) {
-  split(path, steps, "/")
-  return steps[3]
+function AddAll(from, names,    list, count, i) {
+  count = split(names, list, " ")
+  for (i = 1; i <= count; ++i) Add(from, list[i])
 }
 
-function Has(list, word) { return index(" " list " ", " " word " ") > 0 }
+# What the folder `name`, or its tests, may include.
+function MayInclude(name, is_test, other,    from) {
+  from = name (is_test ? " tests" : "")
+  if (!(from in known)) {
+    known[from] = 1
+    Add(from, name)
+    if (is_test) {
+      AddAll(from, test_depends[name])
+      set[from, "testing"] = 1
+    }
+  }
+  return (from, other) in set
+}
 
-# A control's public classes have headers of their own.
-function IsPublic(path) { return path ~ /\/(flat|ksx)_[a-z_]*\.h$/ && path !~ /_(layout|paint|parts)\.h$/ }
+# --- Files -----------------------------------------------------------------------------------------------
+
+# The name of the nearest folder of the table that holds the file; "" for none.
+function Owner(path) {
+  while (sub(/\/[^\/]*$/, "", path)) {
+    if (path in name_of) return name_of[path]
+  }
+  return ""
+}
+
+function IsControl(name) { return folder_of[name] ~ /^levelwidgets\/controls\// }
+
+function IsPublic(name, path,    list, count, i) {
+  count = split(public_headers[name], list, " ")
+  for (i = 1; i <= count; ++i) {
+    if (path == folder_of[name] "/" list[i]) return 1
+  }
+  return 0
+}
 
 function Refuse(reason) {
   print file ":" line ": " reason ": " target
@@ -52,14 +80,15 @@ function Refuse(reason) {
 $0 ~ /include *"/ { Refuse("not included as <levelwidgets/...>"); next }
 
 {
-  from = Folder(file)
-  to = Folder(target)
+  from = Owner(file)
+  to = Owner(target)
   is_test = file ~ /_((test|fuzz)\.cpp|fixture\.h)$/
-  if (from == "controls" && to == "controls" && Control(file) != Control(target)) {
-    if (!IsPublic(target)) Refuse("a private header of another control")
-    else if (place[Control(target)] > place[Control(file)]) Refuse("upward")
-  } else if (from != to && !Has(allowed[from], to) && !(is_test && Has(for_tests, to))) {
-    Refuse("upward")
+  if (from == "" || to == "") {
+    Refuse((from == "" ? file : target) " is in no folder of the build")
+  } else if (!MayInclude(from, is_test, to)) {
+    Refuse(folder_of[from] (is_test ? "'s tests do" : " does") " not build on " folder_of[to])
+  } else if (from != to && IsControl(from) && IsControl(to) && !IsPublic(to, target)) {
+    Refuse("a private header of another control")
   }
 }
 

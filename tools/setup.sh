@@ -126,14 +126,18 @@ is_configured() {
     grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt"
 }
 
-# build PRESET TARGET: quiet when it works; when it does not, prints its first errors and returns 1.
+# build PRESET TARGET...: quiet when it works; when it does not, prints its first errors and returns 1.
 build() {
-  local preset=$1 target=$2 log=build/$1.log
+  local preset=$1 log=build/$1.log
+  shift
   mkdir -p build
   if ! { is_configured "$preset" || cmake --fresh --preset "$preset"; } >"$log" 2>&1 ||
-    ! ninja -C "build/$preset" -j "$(nproc)" "$target" >>"$log" 2>&1; then
+    ! ninja -C "build/$preset" -j "$(nproc)" "$@" >>"$log" 2>&1; then
     sed -n '/^FAILED:\|^CMake Error\|^ninja: error/,$p' "$log" | head -n 60 >&2
     echo "$preset: the build failed (whole log: $log)" >&2
     return 1
   fi
 }
+
+# configure PRESET: writes what CMake writes, and nothing where that is up to date.
+configure() { build "$1" build.ninja; }

@@ -110,16 +110,26 @@ ColorRef VirtualScreen::At(int x, int y) const {
   return {static_cast<std::uint32_t>(pixel[0]) << 16 | static_cast<std::uint32_t>(pixel[1]) << 8 | pixel[2]};
 }
 
-PixelRect VirtualScreen::Find(ColorRef color) const {
+template <typename Wanted>
+PixelRect VirtualScreen::FindIn(const PixelRect& area, const Wanted& is_wanted) const {
   PixelRect found{size_.width, size_.height, 0, 0};
-  for (int y = 0; y < size_.height; ++y) {
-    for (int x = 0; x < size_.width; ++x) {
-      if (At(x, y) != color) continue;
+  for (int y = area.top; y < area.bottom; ++y) {
+    for (int x = area.left; x < area.right; ++x) {
+      if (!is_wanted(At(x, y))) continue;
       found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1),
                std::max(found.bottom, y + 1)};
     }
   }
   return found.empty() ? PixelRect{} : found;
+}
+
+PixelRect VirtualScreen::Find(ColorRef color) const {
+  return FindIn({0, 0, size_.width, size_.height}, [&](ColorRef pixel) { return pixel == color; });
+}
+
+PixelRect VirtualScreen::FindDrawn(const PixelRect& area) const {
+  const ColorRef background = At(area.left, area.top);
+  return FindIn(area, [&](ColorRef pixel) { return pixel != background; });
 }
 
 PixelRect VirtualScreen::WaitFor(ColorRef color) const {

@@ -33,10 +33,14 @@ class VirtualScreen {
   PixelRect Find(ColorRef color) const;
   // The same as soon as there are any; empty when none come in time.
   PixelRect WaitFor(ColorRef color) const;
+  // What surrounds the pixels in `area` that are not of the colour of its first one; empty when all are.
+  PixelRect FindDrawn(const PixelRect& area) const;
   bool WaitWithout(ColorRef color) const;
 
  private:
   bool Try(const std::string& words) const;
+  template <typename Wanted>
+  PixelRect FindIn(const PixelRect& area, const Wanted& is_wanted) const;
   ColorRef At(int x, int y) const;
 
   std::filesystem::path folder_;

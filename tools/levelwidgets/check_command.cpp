@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/native/hidden_platform.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
@@ -13,7 +14,7 @@ std::string ErrorInScript(const std::string& path) {
 }
 
 bool IsGood(const std::string& path) {
-  const auto platform = MakePlatform();
+  const auto platform = MakeHiddenPlatform();
   const LoadedForm loaded = LoadForm(*platform, path);
   PrintDiagnostics(loaded.diagnostics);
   const std::string in_script = ErrorInScript(loaded.script);

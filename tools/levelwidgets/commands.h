@@ -7,7 +7,6 @@
 #include <CLI/CLI.hpp>
 
 #include <levelwidgets/host/form_file/form_file.h>
-#include <levelwidgets/native/native.h>
 
 namespace levelwidgets {
 

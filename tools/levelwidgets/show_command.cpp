@@ -2,9 +2,9 @@
 
 #include <levelwidgets/host/script/lua/interrupt.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/native/native_windows.h>
 #include <tools/levelwidgets/commands.h>
 #include <tools/levelwidgets/file_watch.h>
-#include <tools/levelwidgets/native_windows.h>
 
 namespace levelwidgets {
 
@@ -71,16 +71,8 @@ class ShownForm {
   std::shared_ptr<Form> form_;
 };
 
-int TellThereIsNoDisplay(const std::string& form, const std::string& why) {
-  std::cerr << "There is no display here to show a form on (" << why << "). A picture of it:\n"
-            << "  levelwidgets render " << form << " -o form.png\n";
-  return kNoDisplay;
-}
-
 int Show(const ShowArguments& arguments) {
-  std::string why;
-  const auto windows = NativeWindows::Open({.scale = arguments.scale, .palette = arguments.palette}, why);
-  if (!windows) return TellThereIsNoDisplay(arguments.form, why);
+  const auto windows = NativeWindows::Open({.scale = arguments.scale, .palette = arguments.palette});
   Platform& platform = windows->GetPlatform();
   FileWatch watch(arguments.form);
   ShownForm shown(platform, arguments.form, arguments.trust);
@@ -93,6 +85,16 @@ int Show(const ShowArguments& arguments) {
   }
   windows->Run();
   return 0;
+}
+
+int ShowOrSuggestPicture(const ShowArguments& arguments) {
+  try {
+    return Show(arguments);
+  } catch (const NoDisplay& error) {
+    std::cerr << "There is no display here to show a form on (" << error.what() << "). A picture of it:\n"
+              << "  levelwidgets render " << arguments.form << " -o form.png\n";
+    return kNoDisplay;
+  }
 }
 
 }  // namespace
@@ -114,7 +116,8 @@ void AddShowCommand(CLI::App& program, int& status) {
       ->envname("LEVELWIDGETS_SCALE");
   AddPaletteOption(*command, given->palette);
 #endif
-  command->callback([given, &status] { status = RunInterruptibly([&] { return Show(*given); }); });
+  command->callback(
+      [given, &status] { status = RunInterruptibly([&] { return ShowOrSuggestPicture(*given); }); });
 }
 
 }  // namespace levelwidgets

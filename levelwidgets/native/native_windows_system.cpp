@@ -1,8 +1,9 @@
 #include <windows.h>
 
+#include <levelwidgets/native/native_windows.h>
 #include <levelwidgets/platform/win32/native.h>
+#include <levelwidgets/platform/win32/win32_driver.h>
 #include <levelwidgets/platform/win32/win32_platform.h>
-#include <tools/levelwidgets/native_windows.h>
 
 namespace levelwidgets {
 
@@ -27,14 +28,17 @@ class SystemWindows final : public NativeWindows {
  public:
   Platform& GetPlatform() override { return platform_; }
 
-  void Run() override {
+  int Run() override {
     ClockApi& clock = platform_.Clock();
     const TimerHandle look = clock.SetTimer(kLookAfterForms, [&clock] {
       if (!AnyFormIsShown()) clock.Quit(0);
     });
-    clock.Run();
+    const int status = clock.Run();
     clock.KillTimer(look);
+    return status;
   }
+
+  std::shared_ptr<DesktopDriver> Driver() override { return std::make_shared<win32::Win32Driver>(platform_); }
 
  private:
   win32::Win32Platform platform_;
@@ -42,7 +46,7 @@ class SystemWindows final : public NativeWindows {
 
 }  // namespace
 
-std::unique_ptr<NativeWindows> NativeWindows::Open(const NativeWindowOptions&, std::string&) {
+std::unique_ptr<NativeWindows> NativeWindows::Open(const NativeWindowOptions&) {
   return std::make_unique<SystemWindows>();
 }
 

@@ -1,5 +1,5 @@
+#include <levelwidgets/native/native_windows.h>
 #include <levelwidgets/presenter/presenter.h>
-#include <tools/levelwidgets/native_windows.h>
 
 namespace levelwidgets {
 
@@ -14,7 +14,9 @@ class PresentedWindows final : public NativeWindows {
       : display_(std::move(display)), desktop_(display_->Fit(options)), presenter_(*display_, desktop_) {}
 
   Platform& GetPlatform() override { return desktop_; }
-  void Run() override { presenter_.Run(); }
+  int Run() override { return presenter_.Run(); }
+  // The desktop is its own driver, and ends with this.
+  std::shared_ptr<DesktopDriver> Driver() override { return {std::shared_ptr<void>(), &desktop_}; }
 
  private:
   std::unique_ptr<NativeDisplay> display_;
@@ -24,9 +26,10 @@ class PresentedWindows final : public NativeWindows {
 
 }  // namespace
 
-std::unique_ptr<NativeWindows> NativeWindows::Open(const NativeWindowOptions& options, std::string& why) {
+std::unique_ptr<NativeWindows> NativeWindows::Open(const NativeWindowOptions& options) {
+  std::string why;
   auto display = NativeDisplay::Open(options.scale, why);
-  if (!display) return nullptr;
+  if (!display) throw NoDisplay(why);
   memory::DesktopOptions desktop;
   desktop.palette = memory::FindPalette(options.palette).value_or(memory::StandardPalette());
   return std::make_unique<PresentedWindows>(std::move(display), desktop);

@@ -1,0 +1,15 @@
+#include <levelwidgets/native/native_windows.h>
+
+namespace levelwidgets {
+
+TEST(NativeWindowsTest, TheDriverActsOnThePlatformOfTheWindows) {
+  const auto windows = NativeWindows::Open();
+  const auto driver = windows->Driver();
+  EXPECT_EQ(&driver->GetPlatform(), &windows->GetPlatform());
+  driver->MovePointer({40, 50});
+  PixelPoint pointer;
+  windows->GetPlatform().Windows().GetCursorPos(pointer);
+  EXPECT_EQ(pointer, (PixelPoint{40, 50}));
+}
+
+}  // namespace levelwidgets
