@@ -236,6 +236,7 @@ inline constexpr std::int16_t kCtrlMask = 2;
 inline constexpr std::int16_t kAltMask = 4;
 
 // Key codes.
+inline constexpr std::int16_t kKeyLeftButton = 1;  // the pointer's, to ask for its state
 inline constexpr std::int16_t kKeyBackspace = 8;
 inline constexpr std::int16_t kKeyTab = 9;
 inline constexpr std::int16_t kKeyEnter = 13;

@@ -126,6 +126,9 @@ class WindowApi {
   virtual bool GetCursorPos(PixelPoint& point) = 0;
   // Negative while the key `code` is down, as of the message being handled.
   virtual std::int16_t GetKeyState(int code) = 0;
+  // Negative while the key or pointer button `code` is down at this moment, whoever hears of its release. The
+  // left button is the one that presses, also for a person who has swapped the two.
+  virtual std::int16_t GetAsyncKeyState(int code) = 0;
 
   // --- Messages ------------------------------------------------------------------------------
 

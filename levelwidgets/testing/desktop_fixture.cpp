@@ -155,4 +155,11 @@ Journal DesktopTest::DrawingCalls(const Control& control) {
   return journal;
 }
 
+std::vector<TracedCall> DesktopTest::CallsNamed(const std::vector<std::string>& names) {
+  std::vector<TracedCall> calls = tracer_->TakeCalls();
+  std::erase_if(calls,
+                [&](const TracedCall& call) { return std::ranges::find(names, call.name) == names.end(); });
+  return calls;
+}
+
 }  // namespace levelwidgets::testing

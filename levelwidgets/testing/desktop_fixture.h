@@ -68,11 +68,20 @@ class DesktopTest : public ::testing::Test {
     action();
     return DrawingCalls(control);
   }
+  // The calls of these names that are made while `action` runs, in order.
+  template <typename Action>
+  std::vector<TracedCall> CallsNamed(const std::vector<std::string>& names, Action action) {
+    Tracer().Start();
+    Tracer().TakeCalls();
+    action();
+    return CallsNamed(names);
+  }
 
  private:
   Control& Place(const ClassInfo& control_class, const std::string& name, const PropertyBag* saved,
                  TwipPoint at, TwipSize size);
   Journal DrawingCalls(const Control& control);
+  std::vector<TracedCall> CallsNamed(const std::vector<std::string>& names);
 
   std::shared_ptr<DesktopDriver> driver_;
   std::unique_ptr<TracingPlatform> tracer_;

@@ -56,6 +56,12 @@ void FlatScroll::Repeat(Action action) {
 }
 
 void FlatScroll::Tick() {
+  // The bar does not hear of a release after the pointer has left it, or after it has been disabled.
+  if (GetSurface().Windows().GetAsyncKeyState(kKeyLeftButton) >= 0) {
+    action_ = Action::kNone;
+    timScroll_.SetEnabled(false);
+    return;
+  }
   timScroll_.SetInterval(kRepeatInterval);
   const Twips pointer = PointerAlong();
   switch (action_) {

@@ -297,21 +297,6 @@ TEST_F(FlatScrollInputTest, ThePointerOverTheTrackAloneCapturesNothing) {
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseMove(0, 0, 120, 900)"));
 }
 
-// Leaving gives up the capture of the press too, so that the bar never hears of a release elsewhere.
-TEST_F(FlatScrollInputTest, APressedButtonThatThePointerLeavesGoesOnRepeatingAfterAReleaseElsewhere) {
-  PressAt(5);
-  MoveTo(40, 5);
-  EXPECT_FALSE(HoldsCapture());
-  Driver().Release(kLeftButton);
-  const std::int32_t value = Bar().Value();
-  EXPECT_TRUE(ComesTo(value - 2));
-  MoveTo(8, 60);
-  Bar().OnMouseUp({kLeftButton, 0, {Twips(120), Twips(900)}});
-  const std::int32_t stopped = Bar().Value();
-  Driver().Advance(300);
-  EXPECT_EQ(Bar().Value(), stopped);
-}
-
 TEST_F(FlatScrollInputTest, ABarOfNoSizeTakesAPressAsOneOnItsSecondButton) {
   auto& bar = AddNew<FlatScroll>("scrNone", {Twips(1200), Twips(300)}, {Twips(0), Twips(0)});
   bar.OnMouseDown({kLeftButton, 0, {}});

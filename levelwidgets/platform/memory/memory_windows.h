@@ -107,6 +107,7 @@ class MemoryWindows final : public WindowApi {
   WindowHandle GetCapture() override { return capture_; }
   bool GetCursorPos(PixelPoint& point) override;
   std::int16_t GetKeyState(int code) override;
+  std::int16_t GetAsyncKeyState(int code) override { return GetKeyState(code); }
 
   LResult SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
   bool PostMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;

@@ -73,6 +73,7 @@ class FakeWindows : public WindowApi {
   MOCK_METHOD(WindowHandle, GetCapture, (), (override));
   MOCK_METHOD(bool, GetCursorPos, (PixelPoint&), (override));
   MOCK_METHOD(std::int16_t, GetKeyState, (int), (override));
+  MOCK_METHOD(std::int16_t, GetAsyncKeyState, (int), (override));
   MOCK_METHOD(LResult, SendMessageA, (WindowHandle, std::uint32_t, WParam, LParam), (override));
   MOCK_METHOD(bool, PostMessageA, (WindowHandle, std::uint32_t, WParam, LParam), (override));
   MOCK_METHOD(LResult, CallWindowProcA, (std::intptr_t, WindowHandle, std::uint32_t, WParam, LParam),

@@ -102,6 +102,9 @@ class TracingWindows final : public WindowApi {
   std::int16_t GetKeyState(int code) override {
     return log_.Pass("GetKeyState", target_, &WindowApi::GetKeyState, code);
   }
+  std::int16_t GetAsyncKeyState(int code) override {
+    return log_.Pass("GetAsyncKeyState", target_, &WindowApi::GetAsyncKeyState, code);
+  }
 
   LResult SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override {
     return log_.Pass("SendMessageA", target_, &WindowApi::SendMessageA, window, message, wparam, lparam);

@@ -155,6 +155,13 @@ bool Win32Windows::GetCursorPos(PixelPoint& point) {
 
 std::int16_t Win32Windows::GetKeyState(int code) { return ::GetKeyState(code); }
 
+std::int16_t Win32Windows::GetAsyncKeyState(int code) {
+  // The system answers for the buttons of the device, whatever they have been swapped to.
+  const bool swapped = (code == VK_LBUTTON || code == VK_RBUTTON) && ::GetSystemMetrics(SM_SWAPBUTTON) != 0;
+  if (swapped) code = code == VK_LBUTTON ? VK_RBUTTON : VK_LBUTTON;
+  return ::GetAsyncKeyState(code);
+}
+
 // --- Messages --------------------------------------------------------------------------------
 
 LResult Win32Windows::SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {

@@ -48,6 +48,7 @@ class Win32Windows final : public WindowApi {
   WindowHandle GetCapture() override;
   bool GetCursorPos(PixelPoint& point) override;
   std::int16_t GetKeyState(int code) override;
+  std::int16_t GetAsyncKeyState(int code) override;
 
   LResult SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
   bool PostMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
