@@ -77,6 +77,7 @@ void FlatButton::SetForeColor(Color color) {
 }
 
 void FlatButton::SetEnabled(bool enabled) {
+  if (!enabled) EndFeedback();
   GetSurface().SetEnabled(enabled);
   OnPaint();
   PropertyChanged("Enabled");

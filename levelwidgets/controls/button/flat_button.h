@@ -26,7 +26,7 @@ class FlatButton : public Control {
   // Repaints, then notifies.
   void SetForeColor(Color color);
   bool Enabled() const { return GetSurface().Enabled(); }
-  // Repaints, then notifies.
+  // Disabling ends what the pointer has brought about. Repaints, then notifies.
   void SetEnabled(bool enabled);
   FontRef GetFont() const { return GetSurface().GetFont(); }
   // Shares the font; repaints, then notifies.
@@ -65,6 +65,7 @@ class FlatButton : public Control {
 
   // --- Painting ---------------------------------------------------------------------------------
 
+  void EndFeedback();
   bool DisplaysAsDefault() const;
   void ShowBackColor(Color color);
 

@@ -36,6 +36,12 @@ void FlatButton::OnClick() {
   Click.Raise();
 }
 
+// A disabled button hears of no move that would restore its colour.
+void FlatButton::EndFeedback() {
+  GetSurface().SetBackColor(back_color_);
+  hover_.Release();
+}
+
 void FlatButton::OnAccessKeyPress(std::int16_t) { Click.Raise(); }
 
 void FlatButton::OnEnterFocus() {
