@@ -81,7 +81,7 @@ FlatLabel::FlatLabel(std::shared_ptr<ControlSite> site)
       fore_color_(kNewForeColor) {}
 
 void FlatLabel::OnInitProperties() {
-  GetSurface().SetFont(Site().AmbientFont());
+  ShareFont(Site().AmbientFont());
   back_color_mouse_over_ = kNewBackColorMouseOver;
   back_color_pushed_ = kNewBackColorPushed;
   fore_color_mouse_over_ = kNewForeColorMouseOver;
@@ -111,10 +111,14 @@ void FlatLabel::SetEnabled(bool enabled) {
 }
 
 void FlatLabel::SetFont(FontRef font) {
-  GetSurface().SetFont(std::move(font));
-  font_underline_ = GetSurface().GetFont()->Underline();
+  ShareFont(std::move(font));
   OnPaint();
   PropertyChanged("Font");
+}
+
+void FlatLabel::ShareFont(FontRef font) {
+  font_underline_ = font->Underline();
+  GetSurface().SetFont(std::move(font));
 }
 
 void FlatLabel::SetCaption(std::string caption) {

@@ -75,6 +75,7 @@ class FlatLabel : public Control {
  private:
   // --- Painting ---------------------------------------------------------------------------------
 
+  void ShareFont(FontRef font);
   void ShowColors(Color back, Color fore);
   void StoreAndShow(Color& member, Color color, std::string_view name);
   void RestoreUnderline();
