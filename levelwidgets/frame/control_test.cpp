@@ -201,6 +201,34 @@ TEST_F(ControlTest, AReleaseElsewhereIsNoClickAndOnlyTheLeftButtonClicks) {
   EXPECT_EQ(std::ranges::count(notes, "Click"), 0);
 }
 
+TEST_F(ControlTest, APressThatLosesTheCaptureIsNoClickAndANewOneIs) {
+  auto& probe = AddNew<Probe>("prb");
+  Driver().MovePointer(ScreenPoint(probe, PixelPoint{5, 5}));
+  Driver().Press(kLeftButton);
+  Windows().ReleaseCapture();
+  TakeNotes();
+  Driver().Release(kLeftButton);
+  EXPECT_THAT(TakeNotes(), ElementsAre("MouseUp 1"));
+  Driver().Advance(1000);
+  Driver().Press(kLeftButton);
+  TakeNotes();
+  Driver().Release(kLeftButton);
+  EXPECT_THAT(TakeNotes(), ElementsAre("MouseUp 1", "Click"));
+}
+
+TEST_F(ControlTest, APointerButtonsStateIsKnownToWhoeverAsksAlsoWhenTheReleaseGoesElsewhere) {
+  auto& probe = AddNew<Probe>("prb");
+  EXPECT_GE(Windows().GetAsyncKeyState(kKeyLeftButton), 0);
+  Driver().MovePointer(ScreenPoint(probe, PixelPoint{5, 5}));
+  Driver().Press(kLeftButton);
+  EXPECT_LT(Windows().GetAsyncKeyState(kKeyLeftButton), 0);
+  Windows().ReleaseCapture();
+  Driver().MovePointer({1000, 750});  // over no form
+  EXPECT_LT(Windows().GetAsyncKeyState(kKeyLeftButton), 0);
+  Driver().Release(kLeftButton);
+  EXPECT_GE(Windows().GetAsyncKeyState(kKeyLeftButton), 0);
+}
+
 TEST_F(ControlTest, TheSecondClickOfADoubleClickArrivesOnlyAsDoubleClick) {
   auto& probe = AddNew<Probe>("prb");
   Hosted(probe).SetFocus();

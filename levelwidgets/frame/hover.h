@@ -35,6 +35,11 @@ class CaptureHover {
   }
 
   void Capture() { surface_.Windows().SetCapture(surface_.hWnd()); }
+  // Gives up the capture if this control holds it.
+  void Release() {
+    WindowApi& windows = surface_.Windows();
+    if (windows.GetCapture() == surface_.hWnd()) windows.ReleaseCapture();
+  }
 
  private:
   Surface& surface_;

@@ -34,8 +34,11 @@ std::optional<KeyMessage> KeyMessageOf(WindowApi& windows, std::uint32_t message
 class ClickTracker {
  public:
   void Press(std::uint32_t message) { pressed_ = pressed_ || message == kWmLButtonDown; }
-  // The press became something else.
-  void Cancel() { pressed_ = false; }
+  // The window has lost the capture. While the button is still down, nobody tells the window of its release
+  // any more, so the press is over; at a release the capture ends before the release is delivered.
+  void CaptureLost(WindowApi& windows) {
+    if (windows.GetKeyState(kKeyLeftButton) < 0) pressed_ = false;
+  }
   // Whether this release completes a click in a window with this client area.
   bool Release(std::uint32_t message, LParam lparam, const PixelRect& client) {
     if (message != kWmLButtonUp) return false;

@@ -22,6 +22,7 @@ LResult SurfaceWindow::OnMessage(WindowHandle window, std::uint32_t message, WPa
     case kWmSize:
       if (keep) OnWindowSize();
       return 0;
+    case kWmCaptureChanged: click_.CaptureLost(windows); break;
     case kWmCommand:
     case kWmCtlColorEdit:
     case kWmCtlColorStatic:

@@ -24,18 +24,21 @@ LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) 
     return subclass_->Pass(message, wparam, lparam);
   }
   const auto keep = owner_.Reference();
-  if (!keep || !owner_.Site().UserMode()) return Pass(message, wparam, lparam);
+  if (!keep) return Pass(message, wparam, lparam);
+  const PointerAction action = PointerActionOf(message);
+  const auto key = KeyMessageOf(Windows(), message, wparam);
+  if (!owner_.Site().UserMode()) {
+    // The form's designer has the input; everything else is the edit box's as ever.
+    return action != PointerAction::kNone || key ? 0 : Pass(message, wparam, lparam);
+  }
+  if (message == kWmCaptureChanged) click_.CaptureLost(Windows());
   if (message == kWmSetFocus || message == kWmKillFocus) {
     const LResult result = Pass(message, wparam, lparam);
     owner_.PartFocus(message == kWmSetFocus, {static_cast<std::uint32_t>(wparam)});
     return result;
   }
-  if (const PointerAction action = PointerActionOf(message); action != PointerAction::kNone) {
-    return PointerMessage(action, message, wparam, lparam);
-  }
-  if (const auto key = KeyMessageOf(Windows(), message, wparam)) {
-    return KeyPressed(*key, message, wparam, lparam);
-  }
+  if (action != PointerAction::kNone) return PointerMessage(action, message, wparam, lparam);
+  if (key) return KeyPressed(*key, message, wparam, lparam);
   return Pass(message, wparam, lparam);
 }
 

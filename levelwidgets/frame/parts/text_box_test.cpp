@@ -127,6 +127,15 @@ TEST_F(TextBoxPartTest, ClicksArriveAsFromAnyControl) {
   EXPECT_THAT(TakeLog(), ElementsAre("MouseDown 1", "MouseUp 1", "Click", "DblClick", "MouseUp 1"));
 }
 
+TEST_F(TextBoxPartTest, APressThatLosesTheCaptureIsNoClick) {
+  Field& field = TheField();
+  Driver().MovePointer(ScreenPoint(field, PixelPoint{20, 10}));
+  Driver().Press(kLeftButton);
+  Windows().ReleaseCapture();
+  Driver().Release(kLeftButton);
+  EXPECT_THAT(TakeLog(), ElementsAre("MouseDown 1", "MouseUp 1"));
+}
+
 TEST_F(TextBoxPartTest, ColoursAreThoseOfThePart) {
   Field& field = TheField();
   field.txtMain.SetBackColor(Color(0x0000FF00));
