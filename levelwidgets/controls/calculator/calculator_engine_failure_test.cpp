@@ -93,6 +93,39 @@ TEST_F(CalculatorEngineTest, AClearKeyEndsAPointAlone) {
   }
 }
 
+TEST_F(CalculatorEngineTest, ADigitThatFailsKeepsTheEntryAsItWas) {
+  OpenOver("0");
+  for (int i = 0; i < 308; ++i) Press("9");
+  const double entry = engine_.CurrentEntry();
+  ASSERT_GT(entry, 9e307);
+  EXPECT_EQ(ErrorOf([&] { Press("9"); }), kOverflow);
+  EXPECT_EQ(engine_.CurrentEntry(), entry);
+  OpenOver("0");
+  Press("1 2");
+  display_.text = "abc";  // assigned by the form
+  EXPECT_EQ(ErrorOf([&] { Press("3"); }), 13);
+  EXPECT_EQ(display_.text, "abc3");
+  EXPECT_EQ(engine_.CurrentEntry(), 12);
+  display_.text = "45";
+  Press("6");
+  EXPECT_EQ(display_.text, "456") << "no fresh entry";
+}
+
+TEST_F(CalculatorEngineTest, AFormatStringThatFailsMakesAnOperatorShowErrorAndClose) {
+  for (const std::string key : {"+", "-", "*", "/", "="}) {
+    engine_.SetFormatString("");
+    OpenOver("0");
+    Press("8 + 2");
+    engine_.SetFormatString("0;0;0;0;0");  // a section too many
+    display_.calls.clear();
+    EXPECT_EQ(Press(key), KeypadRequest::kClose) << key;
+    EXPECT_THAT(display_.calls, ElementsAre("show Error")) << key;
+    EXPECT_EQ(engine_.Accumulator(), 0) << key;
+    EXPECT_EQ(engine_.CurrentEntry(), 0) << key;
+    EXPECT_EQ(engine_.PendingOperator(), CalculatorOperator::kEquals) << key;
+  }
+}
+
 // --- Others look on ----------------------------------------------------------------------------
 
 TEST_F(CalculatorEngineTest, ANumberThatAListenerShowsInsteadIsTheEntry) {

@@ -134,6 +134,15 @@ TEST_F(MonthModelTest, ACellsTagIsItsDateAsText) {
   EXPECT_EQ(ErrorOf([&] { model_.Tag(-1); }), 9);
 }
 
+TEST_F(MonthModelTest, TheTagOfDay0IsItsTimeBecauseDatesOfThatDayAreTimes) {
+  model_.FillMonth(12, 1899);
+  EXPECT_EQ(Cell(33).date, Date{-1});
+  EXPECT_EQ(model_.Tag(33), "12/29/1899");
+  EXPECT_EQ(Cell(34).date, Date{0});
+  EXPECT_EQ(model_.Tag(34), "12:00:00 AM");
+  EXPECT_EQ(model_.Tag(35), "12/31/1899");
+}
+
 TEST_F(MonthModelTest, PickingACellsTagSelectsItsDate) {
   model_.FillMonth(5, 2024);
   value_.Assign(model_.Tag(0));

@@ -35,6 +35,35 @@ class ConversionsTest : public testing::Test {
   Conversions conversions = Of("en-US");
 };
 
+// --- Formats of halves of the day and of texts -----------------------------------------------
+
+TEST_F(ConversionsTest, AmPmIsWrittenInLatinLettersOnEveryLocaleAndAMPMInTheLocalesWords) {
+  const Date morning = On(2024, 5, 15, 10, 30);
+  const Date evening = On(2024, 5, 15, 22, 30);
+  const std::tuple<std::string_view, std::string_view, std::string_view> rows[] = {
+      {"en-US", "AM", "PM"}, {"en-GB", "AM", "PM"}, {"de-DE", "AM", "PM"},
+      {"fr-FR", "AM", "PM"}, {"sv-SE", "fm", "em"}, {"ja-JP", "午前", "午後"}};
+  for (const auto& [name, am, pm] : rows) {
+    const auto of_locale = [&, name = name](Date date, std::string_view format) {
+      return Of(name).Format(date, format).value;
+    };
+    EXPECT_EQ(of_locale(morning, "h AM/PM"), "10 AM") << name;
+    EXPECT_EQ(of_locale(evening, "h AM/PM"), "10 PM") << name;
+    EXPECT_EQ(of_locale(evening, "h am/pm"), "10 pm") << name;
+    EXPECT_EQ(of_locale(morning, "h A/P"), "10 A") << name;
+    EXPECT_EQ(of_locale(evening, "h a/p"), "10 p") << name;
+    EXPECT_EQ(of_locale(morning, "AMPM"), am) << name;
+    EXPECT_EQ(of_locale(evening, "AMPM"), pm) << name;
+  }
+}
+
+TEST_F(ConversionsTest, AnExclamationMarkFillsFromTheLeftWhereverItStands) {
+  EXPECT_EQ(Format(std::string_view("ab"), "@@@@"), "  ab");
+  for (const std::string_view format : {"!@@@@", "@@@@!", "@@!@@"}) {
+    EXPECT_EQ(Format(std::string_view("ab"), format), "ab  ") << format;
+  }
+}
+
 // --- Types -----------------------------------------------------------------------------------
 
 TEST_F(ConversionsTest, ValuesThatAreNoTextConvertByTheirType) {
