@@ -20,8 +20,8 @@ class SiteWithoutDefault : public ControlSite {
   Color AmbientBackColor() override { return Color(0x00FFFFFF); }
   Color AmbientForeColor() override { return Color(0); }
   void PropertyChanged(std::string_view) override {}
-  void FocusChanged(bool) override {}
-  bool TakeKey(const KeyMessage&) override { return false; }
+  void FocusChanged(bool, WindowHandle) override {}
+  bool TakeKey(KeyMessage&) override { return false; }
 
  private:
   Form& form_;
