@@ -3,7 +3,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/Systems.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/Export.cmake)
 
 # Designated initializers leave members to their defaults on purpose. In inlined std::string operations
-# GCC 12 sees overlaps and overflows that there are not; the sanitizers see the real ones.
+# GCC 12 sees overlaps and overflows that do not exist; the sanitizers see the real ones.
 set(LEVELWIDGETS_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     -Wno-missing-field-initializers -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow)
 

@@ -33,7 +33,7 @@ python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms 
 clang-format         | clang-format                        | checks the layout of the sources'
 
 install_packages='
-file                 | file                                | tells programs from other files in Debian packages'
+file                 | file                                | recognises programs among the files of Debian packages'
 
 fuzz_packages='
 clang                | clang++                             | the compiler with the fuzzer

@@ -14,8 +14,8 @@ inline bool IsOutside(const Surface& surface, TwipPoint at) {
   return at.x < Twips() || at.x > surface.ScaleWidth() || at.y < Twips() || at.y > surface.ScaleHeight();
 }
 
-// Keeps the pointer captured while the control shows that it is under the pointer, so that the move that
-// leaves is still delivered to it. Whether it shows so is the control's to say: the state is not kept here.
+// Keeps the pointer captured while the control shows that it is under the pointer, so that it still
+// gets the move that leaves. The control knows whether it shows that: the state is not kept here.
 class CaptureHover {
  public:
   explicit CaptureHover(Surface& surface) : surface_(surface) {}

@@ -79,7 +79,7 @@ VirtualScreen::VirtualScreen() : folder_(NewFolder()) {
 
   manager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox"},
                                             ChildProcess::Options{.environment = {{"DISPLAY", name_}}});
-  DoAtLast("get_num_desktops");  // which the window manager tells
+  DoAtLast("get_num_desktops");  // which the window manager answers
 }
 
 VirtualScreen::~VirtualScreen() {

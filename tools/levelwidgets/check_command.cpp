@@ -33,7 +33,7 @@ int Check(const std::vector<std::string>& forms) {
 void AddCheckCommand(CLI::App& program, int& status) {
   CLI::App* command = program.add_subcommand("check", "Tells everything that is wrong with form files");
   command->footer(
-      "Errors and warnings are told as file:line:column: message; the exit status is 1 on an error.\n\n"
+      "Errors and warnings are printed as file:line:column: message; the exit status is 1 on an error.\n\n"
       "Example:\n  levelwidgets check *.form.toml");
   const auto forms = std::make_shared<std::vector<std::string>>();
   command->add_option("FORM", *forms, "The form files")->required();

@@ -11,7 +11,7 @@
 namespace levelwidgets {
 
 // Each adds its command to `program`. The command leaves its exit status in `status` when it has run, or
-// throws what is to be told on standard error.
+// throws what is to be reported on standard error.
 void AddShowCommand(CLI::App& program, int& status);
 void AddCheckCommand(CLI::App& program, int& status);
 void AddDescribeCommand(CLI::App& program, int& status);
@@ -21,8 +21,8 @@ void AddRenderCommand(CLI::App& program, int& status);
 void AddMonkeyCommand(CLI::App& program, int& status);
 #endif
 
-// The exit status of `body`, during which an interrupt (Ctrl+C) ends the script that runs: it is then told on
-// standard error, and the status is 130.
+// The exit status of `body`, during which an interrupt (Ctrl+C) ends the script that runs: that is then
+// reported on standard error, and the status is 130.
 int RunInterruptibly(const std::function<int()>& body);
 
 // The option --trust, which leaves in `trusted` whether it is given.

@@ -38,7 +38,7 @@ TEST_F(CalculatorEngineTest, AFailedOperatorShowsErrorAndCloses) {
   }
 }
 
-TEST_F(CalculatorEngineTest, AnOperatorOnTextThatIsNoNumberShowsError) {
+TEST_F(CalculatorEngineTest, AnOperatorShowsErrorWhenTheTextIsNoNumber) {
   for (const std::string text : {"Error", "abc", "", ".", "1.2.3"}) {
     for (const std::string key : {"=", "+", "-", "*", "/"}) {
       OpenOver("5");
@@ -49,7 +49,7 @@ TEST_F(CalculatorEngineTest, AnOperatorOnTextThatIsNoNumberShowsError) {
   }
 }
 
-TEST_F(CalculatorEngineTest, AfterErrorADigitBeginsAnewAndAnOperatorFailsAgain) {
+TEST_F(CalculatorEngineTest, AfterAnErrorADigitBeginsAFreshEntryAndAnOperatorFailsAgain) {
   EXPECT_EQ(After("0", "9 / 0 = 5"), "5");
   EXPECT_EQ(After("0", "9 / 0 = 5 + 2 ="), "7") << "the division is forgotten";
   EXPECT_EQ(After("0", "9 / 0 = +"), "Error");
@@ -84,7 +84,7 @@ TEST_F(CalculatorEngineTest, AResultWhoseFormatIsNoNumberFailsAsAnOperand) {
   EXPECT_EQ(display_.text, "Error");
 }
 
-TEST_F(CalculatorEngineTest, AClearKeyEndsAPointAlone) {
+TEST_F(CalculatorEngineTest, AClearKeyRemovesALoneDecimalPoint) {
   for (const std::string key : {"C", "<-"}) {
     OpenOver("5");
     EXPECT_EQ(ErrorOf([&] { Press("."); }), 13);
@@ -135,7 +135,7 @@ TEST_F(CalculatorEngineTest, ANumberThatAListenerShowsInsteadIsTheEntry) {
   EXPECT_EQ(engine_.CurrentEntry(), 42);
 }
 
-TEST_F(CalculatorEngineTest, AnExceptionOfAListenerIsNotTakenForAFailure) {
+TEST_F(CalculatorEngineTest, AnExceptionOfAListenerDoesNotCountAsAFailedCalculation) {
   OpenOver("0");
   Press("8 + 2");
   display_.on_change = [] { throw Error(kInvalidCall); };

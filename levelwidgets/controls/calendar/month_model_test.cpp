@@ -65,7 +65,7 @@ class MonthModelTest : public ::testing::Test {
 
 // --- Days of a month ---------------------------------------------------------------------------
 
-TEST(DaysInMonth, KnowsNoCenturies) {
+TEST(DaysInMonth, TakesEveryFourthYearForALeapYearEvenAtCenturies) {
   const std::tuple<int, int, int> rows[] = {
       {1, 2023, 31},  {3, 2023, 31},  {5, 2023, 31}, {7, 2023, 31}, {8, 2023, 31},  {10, 2023, 31},
       {12, 2023, 31}, {4, 2023, 30},  {6, 2023, 30}, {9, 2023, 30}, {11, 2023, 30}, {2, 2023, 28},
@@ -108,7 +108,7 @@ TEST_F(MonthModelTest, TheFirstDayStandsUnderItsWeekday) {
   }
 }
 
-TEST_F(MonthModelTest, SixRowsAreFilledAlways) {
+TEST_F(MonthModelTest, AMonthAlwaysFillsSixRows) {
   model_.FillMonth(2, 2015);  // 28 days from a Sunday on: fourteen days of the next month
   EXPECT_EQ(CellsOfShownMonth(), 28);
   EXPECT_EQ(Captions(28, 14), "1 2 3 4 5 6 7 8 9 10 11 12 13 14");

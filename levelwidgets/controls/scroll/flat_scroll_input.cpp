@@ -107,7 +107,7 @@ void FlatScroll::Drag(const PointerInput& input) {
   }
   const Twips along = layout_.Along(input.at);
   const std::int32_t value = layout_.DragValue(along, drag_anchor_, range_);
-  drag_anchor_ = along;  // before listeners are told: one may see the release
+  drag_anchor_ = along;  // before listeners are notified: one may see the release
   WriteWhenDifferent(value);
 }
 

@@ -56,7 +56,7 @@ TEST_F(FlatScrollInputTest, TheSecondButtonStepsForward) {
   Driver().Release(kLeftButton);
 }
 
-TEST_F(FlatScrollInputTest, TheTrackPages) {
+TEST_F(FlatScrollInputTest, APressOnTheTrackPages) {
   PressAt(50);
   EXPECT_THAT(TakeJournal(),
               ElementsAre("paint", "PropertyChanged(Value)", "Change()", "MouseDown(1, 0, 120, 750)"));
@@ -86,7 +86,7 @@ TEST_F(FlatScrollInputTest, PressingTheThumbCapturesAndRaisesNothing) {
   EXPECT_EQ(Bar().Value(), 50);
 }
 
-TEST_F(FlatScrollInputTest, ACaptureThatIsThereIsNotRenewed) {
+TEST_F(FlatScrollInputTest, APressDoesNotSetACaptureThatTheBarHas) {
   Bar();
   MoveTo(8, 100);
   Windows().SetCapture(Bar().hWnd());
@@ -95,7 +95,7 @@ TEST_F(FlatScrollInputTest, ACaptureThatIsThereIsNotRenewed) {
   EXPECT_THAT(TakeJournal(), IsEmpty());
 }
 
-TEST_F(FlatScrollInputTest, OtherButtonsOnlyRaise) {
+TEST_F(FlatScrollInputTest, OtherMouseButtonsOnlyRaiseTheirEvents) {
   Bar().OnMouseDown({kRightButton, 0, {Twips(120), Twips(75)}});
   Bar().OnMouseDown({3, 0, {Twips(120), Twips(75)}});
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseDown(2, 0, 120, 75)", "MouseDown(3, 0, 120, 75)"));
@@ -215,7 +215,7 @@ TEST_F(FlatScrollInputTest, DraggingToTheEndsGivesMinAndMax) {
   Driver().Release(kLeftButton);
 }
 
-TEST_F(FlatScrollInputTest, TheFirstStepOfAHorizontalDragIsMeasuredFromTheY) {
+TEST_F(FlatScrollInputTest, TheFirstStepOfAHorizontalDragIsMeasuredFromThePointersY) {
   auto& bar = AddNew<FlatScroll>("scrWide", {Twips(1200), Twips(300)}, {Twips(3000), Twips(255)});
   bar.SetOrientation(ksxOrientationHorizontal);
   bar.SetValue(50);
@@ -297,7 +297,7 @@ TEST_F(FlatScrollInputTest, ThePointerOverTheTrackAloneCapturesNothing) {
   EXPECT_THAT(TakeJournal(), ElementsAre("MouseMove(0, 0, 120, 900)"));
 }
 
-TEST_F(FlatScrollInputTest, ABarOfNoSizeTakesAPressAsOneOnItsSecondButton) {
+TEST_F(FlatScrollInputTest, APressOnABarOfNoSizeCountsAsOneOnItsSecondButton) {
   auto& bar = AddNew<FlatScroll>("scrNone", {Twips(1200), Twips(300)}, {Twips(0), Twips(0)});
   bar.OnMouseDown({kLeftButton, 0, {}});
   EXPECT_EQ(bar.Value(), 2);
@@ -318,7 +318,7 @@ TEST_F(FlatScrollInputTest, APushedButtonKeepsItsColourAfterTheReleaseUntilThePo
   EXPECT_EQ(PixelAt(Bar(), {2, 2}), ColorRef{0x00DEE7EF});
 }
 
-TEST_F(FlatScrollInputTest, AnyButtonsReleaseEndsWhatWasUnderWay) {
+TEST_F(FlatScrollInputTest, TheReleaseOfAnyMouseButtonEndsTheActionUnderWay) {
   PressAt(5);
   Bar().OnMouseUp({kRightButton, 0, {Twips(120), Twips(75)}});
   const std::int32_t value = Bar().Value();
