@@ -14,7 +14,9 @@ target_compile_options(levelwidgets_options INTERFACE ${LEVELWIDGETS_WARNINGS})
 if(LEVELWIDGETS_SANITIZE)
   # The sanitizers' instructions hide from GCC that a variant's member is written before it is read.
   target_compile_options(levelwidgets_options INTERFACE -Wno-maybe-uninitialized)
-  target_compile_options(levelwidgets_options INTERFACE -fsanitize=address,undefined
+  # Checks of each pointer for null and alignment take half of the time to compile, and find little: a null pointer that
+  # is used ends in the address sanitizer all the same.
+  target_compile_options(levelwidgets_options INTERFACE -fsanitize=address,undefined -fno-sanitize=null,alignment
                          -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(levelwidgets_options INTERFACE -fsanitize=address,undefined)
 endif()
