@@ -86,6 +86,28 @@ void Control::Detached() {
   GetSurface().SetVisible(false);
 }
 
+// The system takes the focus only from the window that is disabled, not from one inside it.
+void Control::Enable(bool enabled) {
+  WindowApi& windows = GetSurface().Windows();
+  GetSurface().SetEnabled(enabled);
+  if (!enabled && Holds(windows.GetFocus())) windows.SetFocus({});
+}
+
+void Control::Finish(std::string_view name, Then then) {
+  const auto keep = Reference();  // a listener may drop the container's before the repaint
+  if (then == Then::kRepaint || then == Then::kRepaintThenNotify) OnPaint();
+  if (then != Then::kRepaint) PropertyChanged(name);
+  if (then == Then::kNotifyThenRepaint) OnPaint();
+}
+
+bool Control::TakeKey(KeyMessage& key) {
+  if (site_->LastUsedKey().Takes(key)) return true;
+  const KeyMessage pressed = key;
+  const bool used = OnKeyPreview(key) || site_->TakeKey(key) || (key.code == 0 && pressed.code != 0);
+  if (used && pressed.kind == KeyMessage::Kind::kDown) site_->LastUsedKey().Use(pressed.code);
+  return used;
+}
+
 void Control::PartFocus(bool has_focus, WindowHandle other) {
   if (has_focus == focused_ || (!has_focus && Holds(other))) return;
   const auto keep = Reference();

@@ -3,11 +3,11 @@
 
 #include <memory>
 #include <string_view>
+#include <type_traits>
 
 #include <levelwidgets/frame/class_table.h>
 #include <levelwidgets/frame/control_site.h>
 #include <levelwidgets/frame/error.h>
-#include <levelwidgets/frame/event.h>
 #include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/property_bag.h>
 #include <levelwidgets/frame/surface_window.h>
@@ -29,24 +29,15 @@ class PropertyRefused : public Error {
   std::string property_;
 };
 
+// What follows when a property has got its value, in this order.
+enum class Then { kNotify, kRepaint, kRepaintThenNotify, kNotifyThenRepaint };
+
 // Controls are shared: the container holds one reference, and whatever is running a control's code (a
 // message, a timer tick, a call by name) holds another, so that a listener which removes the control destroys
 // it only after the control's own code has returned. Terminate runs when the last reference goes.
 class Control : public Object, public SurfaceWindow, public std::enable_shared_from_this<Control> {
  public:
   ~Control() override = default;
-
-  // --- Standard events --------------------------------------------------------------------------
-  // Each control's table says which of these it has, under which number.
-
-  Event<> Click;
-  Event<> DblClick;
-  Event<std::int16_t, std::int16_t> KeyDown;
-  Event<std::int16_t&> KeyPress;
-  Event<std::int16_t, std::int16_t> KeyUp;
-  Event<std::int16_t, std::int16_t, Twips, Twips> MouseDown;
-  Event<std::int16_t, std::int16_t, Twips, Twips> MouseMove;
-  Event<std::int16_t, std::int16_t, Twips, Twips> MouseUp;
 
   // --- For the container ------------------------------------------------------------------------
 
@@ -66,8 +57,8 @@ class Control : public Object, public SurfaceWindow, public std::enable_shared_f
   void Detached();
 
   // --- Notifications ----------------------------------------------------------------------------
-  // The defaults do what every control does: persist by the class table, raise the standard event of the
-  // same name. Destruction is the last notification: OnTerminate.
+  // Besides those of its window. The defaults do what every control does: persist by the class table.
+  // Destruction is the last notification: OnTerminate.
 
   virtual void OnInitialize() {}
   virtual void OnInitProperties() {}
@@ -78,35 +69,47 @@ class Control : public Object, public SurfaceWindow, public std::enable_shared_f
   virtual void OnEnterFocus() {}
   virtual void OnExitFocus() {}
   virtual void OnAccessKeyPress(std::int16_t /*key_ascii*/) {}
-  void OnClick() override { Click.Raise(); }
-  void OnDblClick() override { DblClick.Raise(); }
-  void OnKeyDown(std::int16_t code, std::int16_t shift) override { KeyDown.Raise(code, shift); }
-  void OnKeyPress(std::int16_t& key_ascii) override { KeyPress.Raise(key_ascii); }
-  void OnKeyUp(std::int16_t code, std::int16_t shift) override { KeyUp.Raise(code, shift); }
-  void OnMouseDown(const PointerInput& input) override { Raise(MouseDown, input); }
-  void OnMouseMove(const PointerInput& input) override { Raise(MouseMove, input); }
-  void OnMouseUp(const PointerInput& input) override { Raise(MouseUp, input); }
+  // A key on its way to the control or to a part of it, before its container and the part see it. The control
+  // may change it; true when it has used it: nobody else sees it then, nor the character that a key down
+  // types.
+  virtual bool OnKeyPreview(KeyMessage&) { return false; }
   virtual void OnTerminate() {}
-
-  static void Raise(const Event<std::int16_t, std::int16_t, Twips, Twips>& event, const PointerInput& input) {
-    event.Raise(input.button, input.shift, input.at.x, input.at.y);
-  }
 
   // --- For the parts of a composed control --------------------------------------------------------
 
   // The focus moving from one window of the control to another is neither entering nor leaving it.
   void PartFocus(bool has_focus, WindowHandle other) final;
-  bool TakeKey(KeyMessage& key) final { return site_->TakeKey(key); }
+  // The control sees the key first, then its container.
+  bool TakeKey(KeyMessage& key) final;
 
  protected:
   Control(std::shared_ptr<ControlSite> site, SurfaceLook look);
 
-  // Tells the container that the persisted property `name` changed. A listener may destroy the control.
+  // Notifies the container that the persisted property `name` changed. A listener may destroy the control.
   void PropertyChanged(std::string_view name) { site_->PropertyChanged(name); }
+
+  // The steps of a setter after its checks: `apply` stores the value and hands it on, then comes what `then`
+  // says.
+  template <typename Apply>
+  void Assign(std::string_view name, Then then, Apply apply) {
+    const auto keep = Reference();
+    apply();
+    Finish(name, then);
+  }
+  // For a value that is only stored.
+  template <typename T>
+  void Store(std::string_view name, Then then, T& member, std::type_identity_t<T> value) {
+    member = std::move(value);
+    Finish(name, then);
+  }
+  // Enables or disables the surface. A disabled control has no focus, its parts included.
+  void Enable(bool enabled);
 
   bool FocusByPress() const override { return site_->FocusByPress(); }
 
  private:
+  void Finish(std::string_view name, Then then);
+
   std::shared_ptr<ControlSite> site_;
   bool started_ = false;
   bool focused_ = false;

@@ -19,6 +19,21 @@ struct KeyMessage {
   std::int16_t shift = 0;  // kShiftMask, kCtrlMask, kAltMask
 };
 
+// Remembers the key down that somebody has used, so that the characters which the key types go with it.
+class UsedKey {
+ public:
+  void Use(std::int16_t code) { code_ = code; }
+  // To be asked about each key message in turn: whether it is such a character.
+  bool Takes(const KeyMessage& key) {
+    if (key.kind == KeyMessage::Kind::kCharacter) return code_ != 0;
+    if (key.kind == KeyMessage::Kind::kDown || key.code == code_) code_ = 0;
+    return false;
+  }
+
+ private:
+  std::int16_t code_ = 0;  // 0: none
+};
+
 class ControlSite {
  public:
   virtual ~ControlSite() = default;
@@ -55,6 +70,8 @@ class ControlSite {
   // Offers a key to the container before the control acts on it. The container may change it; true when it
   // has used it.
   virtual bool TakeKey(KeyMessage& key) = 0;
+  // One for all controls of the outermost container, because a used key may move the focus before it types.
+  virtual UsedKey& LastUsedKey() = 0;
 };
 
 }  // namespace levelwidgets

@@ -1,5 +1,5 @@
 // The host contract, on a control made for the test.
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/control_with.h>
 #include <levelwidgets/frame/hover.h>
 #include <levelwidgets/frame/paint.h>
 #include <levelwidgets/testing/desktop_fixture.h>
@@ -11,7 +11,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // Writes every notification down.
-class Probe : public Control {
+class Probe : public ControlWith<ClickEvents> {
  public:
   static const ClassInfo& Table() {
     static const ClassInfo info =
@@ -27,8 +27,8 @@ class Probe : public Control {
   static inline std::vector<std::string> notes;
 
   explicit Probe(std::shared_ptr<ControlSite> site)
-      : Control(std::move(site),
-                {.back_color = Color(0x00FF0000), .fore_color = Color(0x000000FF), .font = {}}) {}
+      : ControlWith(std::move(site),
+                    {.back_color = Color(0x00FF0000), .fore_color = Color(0x000000FF), .font = {}}) {}
 
   std::int32_t Level() const { return level_; }
   void SetLevel(std::int32_t level) {

@@ -50,7 +50,7 @@ const ClassInfo& FlatButton::Table() {
 }
 
 FlatButton::FlatButton(std::shared_ptr<ControlSite> site)
-    : Control(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
+    : ControlWith(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
       back_color_(kBackColor),
       fore_color_(kForeColor) {}
 
@@ -64,52 +64,47 @@ void FlatButton::OnInitProperties() {
 }
 
 void FlatButton::SetBackColor(Color color) {
-  back_color_ = color;
-  ShowBackColor(color);
-  PropertyChanged("BackColor");
+  Assign("BackColor", Then::kRepaintThenNotify, [&] {
+    back_color_ = color;
+    GetSurface().SetBackColor(color);
+  });
 }
 
 void FlatButton::SetForeColor(Color color) {
-  fore_color_ = color;
-  GetSurface().SetForeColor(color);
-  OnPaint();
-  PropertyChanged("ForeColor");
+  Assign("ForeColor", Then::kRepaintThenNotify, [&] {
+    fore_color_ = color;
+    GetSurface().SetForeColor(color);
+  });
 }
 
 void FlatButton::SetEnabled(bool enabled) {
-  if (!enabled) EndFeedback();
-  GetSurface().SetEnabled(enabled);
-  OnPaint();
-  PropertyChanged("Enabled");
+  Assign("Enabled", Then::kRepaintThenNotify, [&] {
+    if (!enabled) EndFeedback();
+    Enable(enabled);
+  });
 }
 
 void FlatButton::SetFont(FontRef font) {
-  GetSurface().SetFont(std::move(font));
-  OnPaint();
-  PropertyChanged("Font");
+  Assign("Font", Then::kRepaintThenNotify, [&] { GetSurface().SetFont(std::move(font)); });
 }
 
 void FlatButton::SetCaption(std::string caption) {
-  const auto keep = Reference();  // the notice comes before the repaint
-  caption_ = std::move(caption);
-  GetSurface().SetAccessKeys(AccessKeyOf(caption_));
-  PropertyChanged("Caption");
-  OnPaint();
+  Assign("Caption", Then::kNotifyThenRepaint, [&] {
+    caption_ = std::move(caption);
+    GetSurface().SetAccessKeys(AccessKeyOf(caption_));
+  });
 }
 
 void FlatButton::SetBackColorMouseOver(Color color) {
-  back_color_mouse_over_ = color;
-  PropertyChanged("BackColorMouseOver");
+  Store("BackColorMouseOver", Then::kNotify, back_color_mouse_over_, color);
 }
 
 void FlatButton::SetBackColorPushed(Color color) {
-  back_color_pushed_ = color;
-  PropertyChanged("BackColorPushed");
+  Store("BackColorPushed", Then::kNotify, back_color_pushed_, color);
 }
 
 void FlatButton::SetForeColorDisabled(Color color) {
-  fore_color_disabled_ = color;
-  PropertyChanged("ForeColorDisabled");
+  Store("ForeColorDisabled", Then::kNotify, fore_color_disabled_, color);
 }
 
 }  // namespace levelwidgets

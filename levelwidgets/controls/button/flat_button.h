@@ -3,14 +3,14 @@
 
 #include <string>
 
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/control_with.h>
 #include <levelwidgets/frame/hover.h>
 
 namespace levelwidgets {
 
 // Shows the pointer over it by BackColorMouseOver, a press by BackColorPushed, the container's default button
 // by a two-pixel frame and the focus by a dotted frame. No property is validated: every value is accepted.
-class FlatButton : public Control {
+class FlatButton : public ControlWith<ClickEvents, KeyEvents, PointerEvents, FocusFlag> {
  public:
   static const ClassInfo& Table();
   explicit FlatButton(std::shared_ptr<ControlSite> site);
@@ -50,19 +50,13 @@ class FlatButton : public Control {
   void OnResize() override { client_ = GetSurface().ClientPixels(); }
   void OnPaint() override;
   void OnAmbientChanged(std::string_view name) override;
-  void OnEnterFocus() override;
-  void OnExitFocus() override;
   void OnAccessKeyPress(std::int16_t key_ascii) override;
   void OnClick() override;
-  // The second click of a double click is no event of a button.
-  void OnDblClick() override {}
   void OnMouseDown(const PointerInput& input) override;
   void OnMouseMove(const PointerInput& input) override;
   void OnMouseUp(const PointerInput& input) override;
 
  private:
-  using Control::DblClick;
-
   // --- Painting ---------------------------------------------------------------------------------
 
   void EndFeedback();
@@ -78,7 +72,6 @@ class FlatButton : public Control {
   Color back_color_pushed_;
   Color fore_color_disabled_;
   PixelRect client_;
-  bool has_focus_ = false;
   CaptureHover hover_{GetSurface()};
 };
 

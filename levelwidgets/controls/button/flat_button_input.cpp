@@ -44,16 +44,6 @@ void FlatButton::EndFeedback() {
 
 void FlatButton::OnAccessKeyPress(std::int16_t) { Click.Raise(); }
 
-void FlatButton::OnEnterFocus() {
-  has_focus_ = true;
-  OnPaint();
-}
-
-void FlatButton::OnExitFocus() {
-  has_focus_ = false;
-  OnPaint();
-}
-
 void FlatButton::OnAmbientChanged(std::string_view name) {
   if (name == "DisplayAsDefault") OnPaint();
 }

@@ -76,7 +76,7 @@ const ClassInfo& FlatLabel::Table() {
 }
 
 FlatLabel::FlatLabel(std::shared_ptr<ControlSite> site)
-    : Control(std::move(site), {.back_color = kNewBackColor, .fore_color = kNewForeColor, .font = {}}),
+    : ControlWith(std::move(site), {.back_color = kNewBackColor, .fore_color = kNewForeColor, .font = {}}),
       back_color_(kNewBackColor),
       fore_color_(kNewForeColor) {}
 
@@ -93,27 +93,25 @@ void FlatLabel::OnInitProperties() {
 }
 
 void FlatLabel::SetBackColor(Color color) {
-  back_color_ = color;
-  GetSurface().SetBackColor(color);
-  OnPaint();
-  PropertyChanged("BackColor");
+  Assign("BackColor", Then::kRepaintThenNotify, [&] {
+    back_color_ = color;
+    GetSurface().SetBackColor(color);
+  });
 }
 
 void FlatLabel::SetForeColor(Color color) {
-  fore_color_ = color;
-  GetSurface().SetForeColor(color);
-  PropertyChanged("ForeColor");
+  Assign("ForeColor", Then::kNotify, [&] {
+    fore_color_ = color;
+    GetSurface().SetForeColor(color);
+  });
 }
 
 void FlatLabel::SetEnabled(bool enabled) {
-  GetSurface().SetEnabled(enabled);
-  PropertyChanged("Enabled");
+  Assign("Enabled", Then::kNotify, [&] { Enable(enabled); });
 }
 
 void FlatLabel::SetFont(FontRef font) {
-  ShareFont(std::move(font));
-  OnPaint();
-  PropertyChanged("Font");
+  Assign("Font", Then::kRepaintThenNotify, [&] { ShareFont(std::move(font)); });
 }
 
 void FlatLabel::ShareFont(FontRef font) {
@@ -122,37 +120,30 @@ void FlatLabel::ShareFont(FontRef font) {
 }
 
 void FlatLabel::SetCaption(std::string caption) {
-  caption_ = std::move(caption);
-  GetSurface().SetAccessKeys(AccessKeyOf(caption_));
-  OnPaint();
-  PropertyChanged("Caption");
+  Assign("Caption", Then::kRepaintThenNotify, [&] {
+    caption_ = std::move(caption);
+    GetSurface().SetAccessKeys(AccessKeyOf(caption_));
+  });
 }
 
 void FlatLabel::SetAlignment(ksxAlignmentConstants alignment) {
-  alignment_ = alignment;
-  OnPaint();
-}
-
-void FlatLabel::StoreAndShow(Color& member, Color color, std::string_view name) {
-  member = color;
-  OnPaint();
-  PropertyChanged(name);
+  Store("Alignment", Then::kRepaint, alignment_, alignment);
 }
 
 void FlatLabel::SetBackColorMouseOver(Color color) {
-  StoreAndShow(back_color_mouse_over_, color, "BackColorMouseOver");
+  Store("BackColorMouseOver", Then::kRepaintThenNotify, back_color_mouse_over_, color);
 }
 void FlatLabel::SetBackColorPushed(Color color) {
-  StoreAndShow(back_color_pushed_, color, "BackColorPushed");
+  Store("BackColorPushed", Then::kRepaintThenNotify, back_color_pushed_, color);
 }
 void FlatLabel::SetForeColorDisabled(Color color) {
-  StoreAndShow(fore_color_disabled_, color, "ForeColorDisabled");
+  Store("ForeColorDisabled", Then::kRepaintThenNotify, fore_color_disabled_, color);
 }
 void FlatLabel::SetForeColorMouseOver(Color color) {
-  StoreAndShow(fore_color_mouse_over_, color, "ForeColorMouseOver");
+  Store("ForeColorMouseOver", Then::kRepaintThenNotify, fore_color_mouse_over_, color);
 }
 void FlatLabel::SetForeColorPushed(Color color) {
-  StoreAndShow(fore_color_pushed_, color, "ForeColorPushed");
+  Store("ForeColorPushed", Then::kRepaintThenNotify, fore_color_pushed_, color);
 }
 
 Variant FlatLabel::Refresh() {

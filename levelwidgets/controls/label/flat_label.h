@@ -4,14 +4,14 @@
 #include <string>
 
 #include <levelwidgets/frame/alignment.h>
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/control_with.h>
 #include <levelwidgets/frame/hover.h>
 
 namespace levelwidgets {
 
 // Under the pointer it changes both colours and, if MouseUnderline is set, underlines its text; while the
 // left button is held on it, it shows pushed colours. No frame, no focus frame. No property is validated.
-class FlatLabel : public Control {
+class FlatLabel : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, PointerEvents, FocusFlag> {
  public:
   static const ClassInfo& Table();
   explicit FlatLabel(std::shared_ptr<ControlSite> site);
@@ -65,8 +65,6 @@ class FlatLabel : public Control {
   void OnInitProperties() override;
   void OnResize() override;
   void OnPaint() override;
-  void OnEnterFocus() override;
-  void OnExitFocus() override;
   void OnAccessKeyPress(std::int16_t key_ascii) override;
   void OnMouseDown(const PointerInput& input) override;
   void OnMouseMove(const PointerInput& input) override;
@@ -77,7 +75,6 @@ class FlatLabel : public Control {
 
   void ShareFont(FontRef font);
   void ShowColors(Color back, Color fore);
-  void StoreAndShow(Color& member, Color color, std::string_view name);
   void RestoreUnderline();
   void PointerLeft();
 
@@ -95,7 +92,6 @@ class FlatLabel : public Control {
   Color fore_color_disabled_;
   bool font_underline_ = false;  // of the font when it was assigned
   PixelRect client_;
-  bool has_focus_ = false;
   PollingHover hover_{*this, [this] { PointerLeft(); }};
 };
 

@@ -47,16 +47,6 @@ void FlatLabel::RestoreUnderline() {
 
 void FlatLabel::OnAccessKeyPress(std::int16_t) { Click.Raise(); }
 
-void FlatLabel::OnEnterFocus() {
-  has_focus_ = true;
-  OnPaint();
-}
-
-void FlatLabel::OnExitFocus() {
-  has_focus_ = false;
-  OnPaint();
-}
-
 void FlatLabel::OnResize() {
   client_ = GetSurface().ClientPixels();
   OnPaint();

@@ -85,9 +85,9 @@ const ClassInfo& FlatScroll::Table() {
 }
 
 FlatScroll::FlatScroll(std::shared_ptr<ControlSite> site)
-    : Control(std::move(site), {.back_color = kBackColor,
-                                .fore_color = kForeColor,
-                                .font = {.name = "Marlett", .size = 9.75, .charset = kSymbolCharset}}),
+    : ControlWith(std::move(site), {.back_color = kBackColor,
+                                    .fore_color = kForeColor,
+                                    .font = {.name = "Marlett", .size = 9.75, .charset = kSymbolCharset}}),
       timScroll_(*this, 0, [this] { Tick(); }) {}
 
 void FlatScroll::OnInitProperties() {
@@ -130,10 +130,10 @@ Twips FlatScroll::CheckedPosition(std::int32_t value) const {
 
 void FlatScroll::WriteValue(std::int32_t value, Twips position) {
   const auto keep = Reference();
-  layout_.SetThumbPosition(position);
-  value_ = value;
-  OnPaint();
-  PropertyChanged("Value");
+  Assign("Value", Then::kRepaintThenNotify, [&] {
+    layout_.SetThumbPosition(position);
+    value_ = value;
+  });
   Change.Raise();
 }
 
@@ -162,65 +162,48 @@ void FlatScroll::OnResize() {
 }
 
 void FlatScroll::SetOrientation(ksxOrientationConstants orientation) {
-  const auto keep = Reference();
-  orientation_ = orientation;
-  OnResize();
-  OnPaint();
-  PropertyChanged("Orientation");
+  Assign("Orientation", Then::kRepaintThenNotify, [&] {
+    orientation_ = orientation;
+    OnResize();
+  });
 }
 
 void FlatScroll::SetLargeChange(std::int32_t change) {
-  large_change_ = change;
-  PropertyChanged("LargeChange");
+  Store("LargeChange", Then::kNotify, large_change_, change);
 }
 
 void FlatScroll::SetSmallChange(std::int32_t change) {
-  small_change_ = change;
-  PropertyChanged("SmallChange");
+  Store("SmallChange", Then::kNotify, small_change_, change);
 }
 
 // --- Looks -----------------------------------------------------------------------------------------------
 
 void FlatScroll::SetBackColor(Color color) {
-  GetSurface().SetBackColor(color);
-  OnPaint();
-  PropertyChanged("BackColor");
+  Assign("BackColor", Then::kRepaintThenNotify, [&] { GetSurface().SetBackColor(color); });
 }
 
 void FlatScroll::SetForeColor(Color color) {
-  GetSurface().SetForeColor(color);
-  OnPaint();
-  PropertyChanged("ForeColor");
+  Assign("ForeColor", Then::kRepaintThenNotify, [&] { GetSurface().SetForeColor(color); });
 }
 
 void FlatScroll::SetEnabled(bool enabled) {
-  GetSurface().SetEnabled(enabled);
-  PropertyChanged("Enabled");
+  Assign("Enabled", Then::kNotify, [&] { Enable(enabled); });
 }
 
 void FlatScroll::SetButtonColor(Color color) {
-  const auto keep = Reference();  // the notice comes before the repaint
-  button_color_ = color;
-  PropertyChanged("ButtonColor");
-  OnPaint();
+  Store("ButtonColor", Then::kNotifyThenRepaint, button_color_, color);
 }
-
-void FlatScroll::StoreAndNotify(Color& member, Color color, std::string_view name) {
-  member = color;
-  PropertyChanged(name);
-}
-
 void FlatScroll::SetButtonColorMouseOver(Color color) {
-  StoreAndNotify(button_color_mouse_over_, color, "ButtonColorMouseOver");
+  Store("ButtonColorMouseOver", Then::kNotify, button_color_mouse_over_, color);
 }
 void FlatScroll::SetButtonColorPushed(Color color) {
-  StoreAndNotify(button_color_pushed_, color, "ButtonColorPushed");
+  Store("ButtonColorPushed", Then::kNotify, button_color_pushed_, color);
 }
 void FlatScroll::SetForeColorMouseOver(Color color) {
-  StoreAndNotify(fore_color_mouse_over_, color, "ForeColorMouseOver");
+  Store("ForeColorMouseOver", Then::kNotify, fore_color_mouse_over_, color);
 }
 void FlatScroll::SetForeColorPushed(Color color) {
-  StoreAndNotify(fore_color_pushed_, color, "ForeColorPushed");
+  Store("ForeColorPushed", Then::kNotify, fore_color_pushed_, color);
 }
 
 Variant FlatScroll::Refresh() {

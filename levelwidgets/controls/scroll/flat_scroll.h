@@ -2,7 +2,7 @@
 #pragma once
 
 #include <levelwidgets/controls/scroll/flat_scroll_layout.h>
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/control_with.h>
 #include <levelwidgets/frame/hover.h>
 #include <levelwidgets/frame/parts/timer.h>
 
@@ -19,7 +19,7 @@ const EnumerationInfo& EnumerationOf<ksxOrientationConstants>();
 //
 // Only Value is validated. Min, Max and the steps take any 32-bit value; where their sums do not fit 32 bits,
 // 6 (overflow) is raised. They are saved as 16-bit integers.
-class FlatScroll : public Control {
+class FlatScroll : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, PointerEvents> {
  public:
   static const ClassInfo& Table();
   explicit FlatScroll(std::shared_ptr<ControlSite> site);
@@ -94,7 +94,6 @@ class FlatScroll : public Control {
   // --- Painting ---------------------------------------------------------------------------------
 
   void PaintButton(PixelRect box, std::string_view glyph, ButtonState mouse_over, ButtonState pushed);
-  void StoreAndNotify(Color& member, Color color, std::string_view name);
 
   // --- Input ------------------------------------------------------------------------------------
 

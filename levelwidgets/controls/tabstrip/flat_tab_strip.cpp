@@ -82,7 +82,7 @@ const ClassInfo& FlatTabStrip::Table() {
 }
 
 FlatTabStrip::FlatTabStrip(std::shared_ptr<ControlSite> site)
-    : Control(site, LookOf(*site)),
+    : ControlWith(site, LookOf(*site)),
       tab_color_(kTabColor),
       inactive_tab_color_(kInactiveTabColor),
       border_color_(kBorderColor),
@@ -110,49 +110,43 @@ void FlatTabStrip::SetSelectedTab(std::int16_t tab) {
 }
 
 void FlatTabStrip::SetOrientation(ksxTabOrientationConstants orientation) {
-  orientation_ = static_cast<ksxTabOrientationConstants>(ToInt16(std::int32_t{orientation}));
-  OnPaint();
-  PropertyChanged("Orientation");
+  const auto stored = static_cast<ksxTabOrientationConstants>(ToInt16(std::int32_t{orientation}));
+  Store("Orientation", Then::kRepaintThenNotify, orientation_, stored);
 }
 
 void FlatTabStrip::SetBackColor(Color color) {
-  GetSurface().SetBackColor(color);
-  back_brush_ = BrushOf(color);
-  OnPaint();
-  PropertyChanged("BackColor");
+  Assign("BackColor", Then::kRepaintThenNotify, [&] {
+    GetSurface().SetBackColor(color);
+    back_brush_ = BrushOf(color);
+  });
 }
 
 void FlatTabStrip::SetForeColor(Color color) {
-  GetSurface().SetForeColor(color);
-  OnPaint();
-  PropertyChanged("ForeColor");
+  Assign("ForeColor", Then::kRepaintThenNotify, [&] { GetSurface().SetForeColor(color); });
 }
 
 void FlatTabStrip::SetEnabled(bool enabled) {
-  GetSurface().SetEnabled(enabled);
-  OnPaint();
-  PropertyChanged("Enabled");
+  Assign("Enabled", Then::kRepaintThenNotify, [&] { Enable(enabled); });
 }
 
 void FlatTabStrip::SetFont(FontRef font) {
-  GetSurface().SetFont(std::move(font));
-  RebuildFont();
-  OnPaint();
-  PropertyChanged("Font");
+  Assign("Font", Then::kRepaintThenNotify, [&] {
+    GetSurface().SetFont(std::move(font));
+    RebuildFont();
+  });
 }
 
 void FlatTabStrip::SetTabWidth(Twips width) {
-  tab_width_ = width;
-  OnPaint();
-  PropertyChanged("TabWidth");
+  Store("TabWidth", Then::kRepaintThenNotify, tab_width_, width);
 }
 
 void FlatTabStrip::SetTabCount(std::int16_t count) {
   if (count < 0) Refuse("Invalid TabCount");
-  const auto captions = static_cast<std::size_t>(count);
-  if (captions_.size() < captions) captions_.resize(captions);
-  tab_count_ = count;
-  PropertyChanged("TabCount");
+  Assign("TabCount", Then::kNotify, [&] {
+    const auto captions = static_cast<std::size_t>(count);
+    if (captions_.size() < captions) captions_.resize(captions);
+    tab_count_ = count;
+  });
 }
 
 const std::string& FlatTabStrip::TabCaption(std::int16_t index) const {
@@ -162,30 +156,29 @@ const std::string& FlatTabStrip::TabCaption(std::int16_t index) const {
 
 void FlatTabStrip::SetTabCaption(std::int16_t index, std::string caption) {
   if (index < 1 || index > tab_count_) Refuse("Invalid TabIndex");
-  captions_[static_cast<std::size_t>(index) - 1] = std::move(caption);
-  if (Layout().CanSee(index)) OnPaint();
-  PropertyChanged("TabCaption");
+  const Then then = Layout().CanSee(index) ? Then::kRepaintThenNotify : Then::kNotify;
+  Store("TabCaption", then, captions_[static_cast<std::size_t>(index) - 1], std::move(caption));
 }
 
 void FlatTabStrip::SetTabColor(Color color) {
-  tab_color_ = color;
-  selected_brush_ = BrushOf(color);
-  OnPaint();
-  PropertyChanged("TabColor");
+  Assign("TabColor", Then::kRepaintThenNotify, [&] {
+    tab_color_ = color;
+    selected_brush_ = BrushOf(color);
+  });
 }
 
 void FlatTabStrip::SetInactiveTabColor(Color color) {
-  inactive_tab_color_ = color;
-  inactive_brush_ = BrushOf(color);
-  OnPaint();
-  PropertyChanged("InactiveTabColor");
+  Assign("InactiveTabColor", Then::kRepaintThenNotify, [&] {
+    inactive_tab_color_ = color;
+    inactive_brush_ = BrushOf(color);
+  });
 }
 
 void FlatTabStrip::SetBorderColor(Color color) {
-  border_color_ = color;
-  pen_ = BorderPen();
-  OnPaint();
-  PropertyChanged("BorderColor");
+  Assign("BorderColor", Then::kRepaintThenNotify, [&] {
+    border_color_ = color;
+    pen_ = BorderPen();
+  });
 }
 
 }  // namespace levelwidgets

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include <levelwidgets/controls/tabstrip/flat_tab_strip_layout.h>
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/control_with.h>
 
 namespace levelwidgets {
 
@@ -20,7 +20,7 @@ const EnumerationInfo& EnumerationOf<ksxTabOrientationConstants>();
 //
 // Tabs count from 1. Only those that can be seen are drawn. Captions belong to the tabs 1 to TabCount; those
 // of tabs taken away come back with them, and new tabs have empty ones.
-class FlatTabStrip : public Control {
+class FlatTabStrip : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, PointerEvents, FocusFlag> {
  public:
   static const ClassInfo& Table();
   explicit FlatTabStrip(std::shared_ptr<ControlSite> site);
@@ -76,8 +76,6 @@ class FlatTabStrip : public Control {
   void OnInitProperties() override;
   void OnResize() override;
   void OnPaint() override;
-  void OnEnterFocus() override;
-  void OnExitFocus() override;
   void OnKeyDown(std::int16_t code, std::int16_t shift) override;
   void OnMouseDown(const PointerInput& input) override;
 
@@ -113,7 +111,6 @@ class FlatTabStrip : public Control {
   Color inactive_tab_color_;
   Color border_color_;
   PixelRect surface_;
-  bool has_focus_ = false;
   DrawingObject font_;
   DrawingObject pen_;
   DrawingObject back_brush_;

@@ -45,14 +45,4 @@ std::int16_t FlatTabStrip::PreviousTab() const {
   return std::min(static_cast<std::int16_t>(selected_tab_ - 1), tab_count_);
 }
 
-void FlatTabStrip::OnEnterFocus() {
-  has_focus_ = true;
-  OnPaint();
-}
-
-void FlatTabStrip::OnExitFocus() {
-  has_focus_ = false;
-  OnPaint();
-}
-
 }  // namespace levelwidgets

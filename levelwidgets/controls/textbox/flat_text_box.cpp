@@ -65,12 +65,10 @@ const ClassInfo& FlatTextBox::Table() {
 }
 
 FlatTextBox::FlatTextBox(std::shared_ptr<ControlSite> site)
-    : Control(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
+    : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
       scrV_(*this, "scrV", kBarSize) {
-  for (TextBox* edit : {&txtSingle_, &txtMulti_}) {
-    edit->RelayInputTo(*this);
-    edit->Change += [this] { EditChanged(); };
-  }
+  Relay(txtSingle_);
+  Relay(txtMulti_);
   scrV_->Change += [this] { ScrollToBar(); };
 }
 
@@ -79,10 +77,11 @@ void FlatTextBox::OnInitialize() {
                     [this](std::uint32_t message, WParam wparam, LParam lparam) {
                       return HandleMessage(message, wparam, lparam);
                     });
+  // Both, so that neither has a font that nobody has chosen when MultiLine shows it.
+  txtSingle_.SetFont(Site().AmbientFont());
+  txtMulti_.SetFont(Site().AmbientFont());
   ShowMode();
 }
-
-void FlatTextBox::OnInitProperties() { txt_->SetFont(Site().AmbientFont()); }
 
 // --- Properties --------------------------------------------------------------------------------------
 
@@ -105,66 +104,54 @@ void FlatTextBox::ShowMode() {
 }
 
 void FlatTextBox::SetBackColor(Color color) {
-  txt_->SetBackColor(color);
-  PropertyChanged("BackColor");
+  Assign("BackColor", Then::kNotify, [&] { txt_->SetBackColor(color); });
 }
 
 void FlatTextBox::SetForeColor(Color color) {
-  txt_->SetForeColor(color);
-  PropertyChanged("ForeColor");
+  Assign("ForeColor", Then::kNotify, [&] { txt_->SetForeColor(color); });
 }
 
 void FlatTextBox::SetEnabled(bool enabled) {
-  GetSurface().SetEnabled(enabled);
-  PropertyChanged("Enabled");
+  Assign("Enabled", Then::kNotify, [&] { Enable(enabled); });
 }
 
 void FlatTextBox::SetFont(FontRef font) {
-  const auto keep = Reference();
-  txt_->SetFont(std::move(font));
-  SynchroniseBar();
-  PropertyChanged("Font");
+  Assign("Font", Then::kNotify, [&] {
+    txt_->SetFont(std::move(font));
+    SynchroniseBar();
+  });
 }
 
 void FlatTextBox::SetAlignment(ksxAlignmentConstants alignment) {
-  txt_->SetAlignment(alignment);
-  PropertyChanged("Alignment");
+  Assign("Alignment", Then::kNotify, [&] { txt_->SetAlignment(alignment); });
 }
 
 void FlatTextBox::SetMaxLength(std::int32_t length) {
-  txt_->SetMaxLength(length);
-  PropertyChanged("MaxLength");
+  Assign("MaxLength", Then::kNotify, [&] { txt_->SetMaxLength(length); });
 }
 
 void FlatTextBox::SetPasswordChar(std::string_view character) {
-  txt_->SetPasswordChar(character);
-  PropertyChanged("PasswordChar");
+  Assign("PasswordChar", Then::kNotify, [&] { txt_->SetPasswordChar(character); });
 }
 
 void FlatTextBox::SetText(std::string_view text) {
-  const auto keep = Reference();
-  txt_->SetText(text);
-  PropertyChanged("Text");
+  Assign("Text", Then::kNotify, [&] { txt_->SetText(text); });
 }
 
 void FlatTextBox::SetScrollBackColor(Color color) {
-  scrV_->SetBackColor(color);
-  PropertyChanged("ScrollBackColor");
+  Assign("ScrollBackColor", Then::kNotify, [&] { scrV_->SetBackColor(color); });
 }
 
 void FlatTextBox::SetScrollButtonColor(Color color) {
-  scrV_->SetButtonColor(color);
-  PropertyChanged("ScrollButtonColor");
+  Assign("ScrollButtonColor", Then::kNotify, [&] { scrV_->SetButtonColor(color); });
 }
 
 void FlatTextBox::SetScrollMouseOverColor(Color color) {
-  scrV_->SetButtonColorMouseOver(color);
-  PropertyChanged("ScrollMouseOverColor");
+  Assign("ScrollMouseOverColor", Then::kNotify, [&] { scrV_->SetButtonColorMouseOver(color); });
 }
 
 void FlatTextBox::SetScrollPushedColor(Color color) {
-  scrV_->SetButtonColorPushed(color);
-  PropertyChanged("ScrollPushedColor");
+  Assign("ScrollPushedColor", Then::kNotify, [&] { scrV_->SetButtonColorPushed(color); });
 }
 
 Variant FlatTextBox::Refresh() {
@@ -176,7 +163,7 @@ Variant FlatTextBox::Refresh() {
 
 void FlatTextBox::OnResize() { LayOut(); }
 
-void FlatTextBox::EditChanged() {
+void FlatTextBox::OnEditChange() {
   const auto keep = Reference();
   Change.Raise();
   SynchroniseBar();

@@ -6,11 +6,9 @@
 
 #include <levelwidgets/controls/scroll/flat_scroll.h>
 #include <levelwidgets/frame/alignment.h>
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/edit_control.h>
 #include <levelwidgets/frame/parts/child_control.h>
-#include <levelwidgets/frame/parts/edit_events.h>
 #include <levelwidgets/frame/parts/subclass.h>
-#include <levelwidgets/frame/parts/text_box.h>
 
 namespace levelwidgets {
 
@@ -18,7 +16,7 @@ namespace levelwidgets {
 // and the events are its. In multi-line mode a bar at the right edge mirrors where the text is scrolled to.
 // An edit box tells nobody that it has scrolled, but it asks its parent for colours whenever it paints: the
 // control's window procedure is replaced to hear that, and each time the bar is brought in step.
-class FlatTextBox : public Control, public EditEvents {
+class FlatTextBox : public EditControl {
  public:
   static const ClassInfo& Table();
   explicit FlatTextBox(std::shared_ptr<ControlSite> site);
@@ -65,34 +63,20 @@ class FlatTextBox : public Control, public EditEvents {
   // Repaints the text. Returns an empty value.
   Variant Refresh();
 
-  // --- Events -----------------------------------------------------------------------------------
-  // Those of the edit box that is shown.
-
-  using EditEvents::Change;
-  using EditEvents::Click;
-  using EditEvents::DblClick;
-  using EditEvents::KeyDown;
-  using EditEvents::KeyPress;
-  using EditEvents::KeyUp;
-  using EditEvents::MouseDown;
-  using EditEvents::MouseMove;
-  using EditEvents::MouseUp;
-
   // --- Notifications ----------------------------------------------------------------------------
 
   const ClassInfo& Class() const override { return Table(); }
   void OnInitialize() override;
-  void OnInitProperties() override;
   void OnResize() override;
   void OnPaint() override { GetSurface().Cls(); }
   void OnTerminate() override { subclass_.reset(); }
 
   // The parts, for tests and for whoever composes this control further.
-  TextBox& ActiveEdit() const { return *txt_; }
+  TextBox& ActiveEdit() const override { return *txt_; }
   const ChildControl<FlatScroll>& Bar() const { return scrV_; }
 
  protected:
-  WindowHandle FocusWindow() const override { return txt_->hWnd(); }
+  void OnEditChange() override;
 
  private:
   // The control's window procedure while it is replaced.
@@ -114,7 +98,6 @@ class FlatTextBox : public Control, public EditEvents {
 
   void ShowMode();
   void LayOut();
-  void EditChanged();
 
   TextBox txtSingle_{*this, false};
   TextBox txtMulti_{*this, true};

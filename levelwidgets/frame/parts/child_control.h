@@ -29,11 +29,13 @@ class ChildSite : public ControlSite {
   void PropertyChanged(std::string_view) override {}
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool TakeKey(KeyMessage& key) override { return owner_ && owner_->TakeKey(key); }
+  UsedKey& LastUsedKey() override { return owner_ ? owner_->Site().LastUsedKey() : used_key_; }
 
  private:
   Platform& platform_;
   PartHost* owner_;
   std::string name_;
+  UsedKey used_key_;  // of a part without an owner
 };
 
 // What ChildControl does whatever the class of the control is.

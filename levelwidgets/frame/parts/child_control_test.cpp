@@ -1,4 +1,5 @@
 // A control as a part of another one, with an owner and a part made for the test.
+#include <levelwidgets/frame/control_with.h>
 #include <levelwidgets/frame/parts/child_control.h>
 #include <levelwidgets/testing/desktop_fixture.h>
 
@@ -9,7 +10,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // Writes down what it is told.
-class Knob : public Control {
+class Knob : public ControlWith<ClickEvents, KeyEvents, PointerEvents> {
  public:
   static const ClassInfo& Table() {
     static const ClassInfo info =
@@ -21,7 +22,7 @@ class Knob : public Control {
     return info;
   }
   explicit Knob(std::shared_ptr<ControlSite> site)
-      : Control(std::move(site), {.back_color = Color(0x000000FF), .fore_color = Color(0), .font = {}}) {}
+      : ControlWith(std::move(site), {.back_color = Color(0x000000FF), .fore_color = Color(0), .font = {}}) {}
 
   std::int32_t Level() const { return level_; }
   void SetLevel(std::int32_t level) {

@@ -140,7 +140,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   std::unordered_map<std::string_view, HostedControl*>
       by_name_;                                  // of controls_; the keys are the controls' own
   std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
-  std::int16_t swallowed_character_ = 0;         // of a key that the form has used itself
+  UsedKey used_key_;                             // by the form or one of its controls
 };
 
 }  // namespace levelwidgets

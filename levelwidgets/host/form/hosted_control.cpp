@@ -172,4 +172,6 @@ bool HostedControl::TakeKey(KeyMessage& key) {
   return keep->TakeKey(key);
 }
 
+UsedKey& HostedControl::LastUsedKey() { return form_ ? form_->used_key_ : used_key_; }
+
 }  // namespace levelwidgets

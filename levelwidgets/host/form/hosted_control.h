@@ -90,6 +90,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void PropertyChanged(std::string_view name) override;
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool TakeKey(KeyMessage& key) override;
+  UsedKey& LastUsedKey() override;
 
  private:
   friend class Form;
@@ -112,6 +113,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   bool cancel_ = false;
   std::string tag_;
   std::string tool_tip_text_;
+  UsedKey used_key_;  // of a control that its form has given up
 };
 
 }  // namespace levelwidgets

@@ -37,16 +37,11 @@ std::vector<HostedControl*> Form::TabOrder() const {
 }
 
 bool Form::TakeKey(const KeyMessage& key) {
+  if (used_key_.Takes(key)) return true;
   const bool alt = (key.shift & kAltMask) != 0;
   const bool ctrl = (key.shift & kCtrlMask) != 0;
-  switch (key.kind) {
-    case KeyMessage::Kind::kUp: return false;
-    case KeyMessage::Kind::kCharacter:
-      if (alt && !ctrl) return PressAccessKey(key.code);
-      return std::exchange(swallowed_character_, std::int16_t{0}) == key.code;
-    case KeyMessage::Kind::kDown: break;
-  }
-  swallowed_character_ = 0;
+  if (key.kind == KeyMessage::Kind::kCharacter) return alt && !ctrl && PressAccessKey(key.code);
+  if (key.kind == KeyMessage::Kind::kUp) return false;
   if (alt || ctrl) return false;
   bool used = false;
   if (key.code == kKeyTab) {
@@ -56,7 +51,7 @@ bool Form::TakeKey(const KeyMessage& key) {
   } else if (key.code == kKeyEscape) {
     used = ForwardTo(&HostedControl::Cancel, key.code);
   }
-  swallowed_character_ = used ? key.code : std::int16_t{0};
+  if (used) used_key_.Use(key.code);
   return used;
 }
 
