@@ -56,6 +56,9 @@ struct WindowRequest {
 // - The second press within the double-click time and distance arrives as ...DblClk instead of ...Down.
 // - A press activates the top-level window under it, before it is delivered; it moves no focus but
 //   what activation implies.
+// - kWmKillFocus carries the handle of the window that gets the focus, kWmSetFocus that of the one that has
+//   lost it: in the low 32 bits of the first parameter, 0 when that is nobody, or no window of this program.
+//   The window that loses the focus hears of it first; GetFocus then gives the other one.
 // - Keys go to the focus window: kWmKeyDown, kWmChar (a character of the system's code page), kWmKeyUp;
 //   with Alt held kWmSysKeyDown, kWmSysChar, kWmSysKeyUp.
 // - A disabled window gets no pointer messages; they go to the nearest enabled ancestor.

@@ -157,6 +157,22 @@ TEST_F(FlatTextBoxTest, MultiLineSwitchesTheEditBoxesAndTheBarAtDesignTime) {
   EXPECT_FALSE(Windows().IsWindowVisible(box.Bar()->hWnd()));
 }
 
+TEST_F(FlatTextBoxTest, SwitchingMultiLineKeepsToTheAmbientFontAndSavesNone) {
+  FormOptions design;
+  design.design = true;
+  design.font = {.name = "Arial", .size = 12};
+  MakeForm(design);
+  const FontDescription ambient = TheForm().GetFont()->Description();
+  auto& fresh = AddNew<FlatTextBox>("txt", kAt, kSize);
+  auto& loaded = AddLoaded<FlatTextBox>("txtLoaded", {}, {Twips(600), Twips(2000)}, kSize);
+  for (FlatTextBox* box : {&fresh, &loaded}) {
+    EXPECT_EQ(box->GetFont()->Description(), ambient);
+    box->SetMultiLine(true);
+    EXPECT_EQ(box->GetFont()->Description(), ambient);
+    EXPECT_THAT(NamesIn(Hosted(*box).Properties()), ElementsAre("MultiLine"));
+  }
+}
+
 TEST_F(FlatTextBoxTest, APasswordCharacterThatTheEditBoxRefusesIsItsError) {
   auto& box = Single();
   box.SetPasswordChar("*");
@@ -246,6 +262,30 @@ TEST_F(FlatTextBoxTest, AListenerThatSetsTheTextInsideChangeEnds) {
   box.SetText("other");
   EXPECT_EQ(box.Text(), "fixed");
   EXPECT_EQ(changes, 2);
+}
+
+TEST_F(FlatTextBoxTest, ABoxThatIsDisabledWhileItHasTheFocusLosesItAndHearsNoKey) {
+  auto& box = Single();
+  box.SetText("text");
+  Hosted(box).SetFocus();
+  Driver().Settle();
+  const PixelPoint empty{180, 10};
+  const ColorRef looks = PixelAt(box, empty);
+  Watch(box);
+  box.SetEnabled(false);
+  Driver().Settle();
+  EXPECT_THAT(Windows().GetFocus(), ::testing::Ne(box.ActiveEdit().hWnd()));
+  EXPECT_THAT(TakeJournal(), ElementsAre("PropertyChanged(Enabled)"));
+  Driver().Key('A');
+  Driver().Key(kKeyBackspace);
+  EXPECT_THAT(TakeJournal(), IsEmpty());
+  EXPECT_EQ(box.Text(), "text");
+  EXPECT_EQ(PixelAt(box, empty), looks);
+  EXPECT_TRUE(Windows().IsWindowEnabled(box.ActiveEdit().hWnd()));  // itself, so that it is not greyed
+  box.SetEnabled(true);
+  Hosted(box).SetFocus();
+  Driver().Key('A');
+  EXPECT_NE(box.Text(), "text");
 }
 
 // --- The bar -----------------------------------------------------------------------------------------

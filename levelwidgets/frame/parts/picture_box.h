@@ -26,6 +26,10 @@ class PictureBox : public SurfaceWindow,
  public:
   // Colours are those of a button's face and text, the font is a copy of the owner's.
   explicit PictureBox(PartHost& owner);
+  // Inside another one. Without this, PictureBox(panel) would mean a copy.
+  explicit PictureBox(PictureBox& owner) : PictureBox(static_cast<PartHost&>(owner)) {}
+  PictureBox(const PictureBox&) = delete;
+  PictureBox& operator=(const PictureBox&) = delete;
   ~PictureBox() override;
 
   // --- Properties -------------------------------------------------------------------------------
