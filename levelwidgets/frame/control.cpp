@@ -101,6 +101,11 @@ void Control::Finish(std::string_view name, Then then) {
 }
 
 bool Control::TakeKey(KeyMessage& key) {
+  if (!GetSurface().Enabled()) {
+    // It hears no key, whatever window has got it; its container does.
+    site_->TakeKey(key);
+    return true;
+  }
   if (site_->LastUsedKey().Takes(key)) return true;
   const KeyMessage pressed = key;
   const bool used = OnKeyPreview(key) || site_->TakeKey(key) || (key.code == 0 && pressed.code != 0);

