@@ -36,8 +36,8 @@ class NativeWindows {
   // Forms that are made on it are in native windows once they are shown. They end before this.
   virtual Platform& GetPlatform() = 0;
 
-  // Handles what happens until no form is shown any more, or the program is told to end (0), or until Quit
-  // (its status). An exception from a handler passes through.
+  // Handles what happens until no form is shown any more, or somebody asks the program to end (0), or until
+  // Quit (its status). An exception from a handler passes through.
   virtual int Run() = 0;
 
   // Does what a person does. On Windows it moves the system's own pointer; only one at a time.

@@ -51,7 +51,7 @@ TEST(NativeWindowsTest, OneButtonShowsAWindowInWhichAClickOnTheButtonChangesTheL
   EXPECT_EQ(program.Ended(), 0);
 }
 
-TEST(NativeWindowsTest, OneButtonClicksItsOwnButtonWhenItIsTold) {
+TEST(NativeWindowsTest, OneButtonClicksItsOwnButtonWhenAskedTo) {
   const VirtualScreen screen;
   const auto printed = std::filesystem::temp_directory_path() / "levelwidgets_one_button.txt";
   ChildProcess program({"sh", "-c", "exec '" + OneButton() + "' --click >'" + printed.string() + "'"},

@@ -153,7 +153,7 @@ TEST_F(ComposedKeysTest, AKeyThatRepeatsIsUsedOrNotEachTime) {
   EXPECT_EQ(Inner().txtMain.Text(), "a");
 }
 
-TEST_F(ComposedKeysTest, APreviewMayChangeTheKeyAndZeroIsAUsedOne) {
+TEST_F(ComposedKeysTest, APreviewMayChangeAKeyAndZeroMarksItAsUsed) {
   user_ = "outer";
   also_ = [](KeyMessage& key) {
     if (key.kind == KeyMessage::Kind::kCharacter) key.code = 'Z';
@@ -295,12 +295,12 @@ TEST_F(ComposedOnFormTest, LeavingThePanelOnTheDesktopForAnotherControlIsTheExit
   Focus(other);
   EXPECT_THAT(cmp.notes, ElementsAre("enter", "exit"));
   EXPECT_THAT(other.notes, ElementsAre("enter"));
-  cmp.Close();  // has the focus no more, and gives it to nobody
+  cmp.Close();  // no longer has the focus, and gives it to nobody
   Driver().Settle();
   EXPECT_EQ(Windows().GetFocus(), other.txtMain.hWnd());
 }
 
-TEST_F(ComposedOnFormTest, AFocusThatNobodyGetsIsAnExit) {
+TEST_F(ComposedOnFormTest, TheControlIsLeftWhenNobodyGetsTheFocus) {
   Composed& cmp = Make();
   Focus(cmp);
   Windows().SetFocus({});
@@ -326,7 +326,7 @@ TEST_F(ComposedOnFormTest, TheControlAroundIsEnteredAndLeftWithTheOneInside) {
   EXPECT_EQ(inner.notes.back(), "exit");
 }
 
-TEST_F(ComposedOnFormTest, APanelTakesTheFocusByAPressOnlyWhenItIsToldTo) {
+TEST_F(ComposedOnFormTest, APanelTakesTheFocusByAPressOnlyWhenAskedTo) {
   Composed& cmp = Make();
   Focus(cmp);
   const PixelPoint at = Inside(cmp.picPanel.hWnd(), {3, 3});
@@ -383,7 +383,7 @@ TEST_F(ComposedOnFormTest, AClickReachesALabelInsideAFrameInsideAPanelOnTheDeskt
 
 // --- Life --------------------------------------------------------------------------------------------
 
-TEST_F(ComposedOnFormTest, APanelOnTheDesktopGoesWithItsControl) {
+TEST_F(ComposedOnFormTest, APanelOnTheDesktopIsDestroyedWithItsControl) {
   for (const bool closes : {false, true}) {
     Composed& cmp = Make();
     Focus(cmp);
@@ -400,7 +400,7 @@ TEST_F(ComposedOnFormTest, APanelOnTheDesktopGoesWithItsControl) {
   }
 }
 
-TEST_F(ComposedOnFormTest, APanelOnTheDesktopGoesAtOnceWhenItsOwnKeyRemovesTheControl) {
+TEST_F(ComposedOnFormTest, APanelOnTheDesktopIsDestroyedAtOnceWhenItsOwnKeyRemovesTheControl) {
   Composed& cmp = Make();
   cmp.Open();
   const WindowHandle panel = cmp.picPanel.hWnd();
@@ -414,7 +414,7 @@ TEST_F(ComposedOnFormTest, APanelOnTheDesktopGoesAtOnceWhenItsOwnKeyRemovesTheCo
   EXPECT_EQ(Windows().GetActiveWindow(), TheForm().hWnd());
 }
 
-TEST_F(ComposedOnFormTest, APanelInsideAControlInsideAnotherGoesToo) {
+TEST_F(ComposedOnFormTest, APanelOfAControlInsideAnotherIsDestroyedToo) {
   auto& outer = AddNew<Outer>("out", kAt, kSize);
   outer.cmpInner->Open();
   const WindowHandle panel = outer.cmpInner->picPanel.hWnd();

@@ -62,7 +62,7 @@ TEST_F(FocusMessagesTest, BothMessagesCarryTheOtherWindowAndTheLoserHearsFirst) 
                                    "second gets it from first, which has not"));
 }
 
-TEST_F(FocusMessagesTest, AFocusThatNobodyGetsIsLostToNone) {
+TEST_F(FocusMessagesTest, AFocusThatNobodyGetsNamesNoOtherWindow) {
   Api().SetFocus(first_);
   Heard();
   Api().SetFocus({});

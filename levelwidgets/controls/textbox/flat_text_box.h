@@ -12,10 +12,11 @@
 
 namespace levelwidgets {
 
-// Holds a single-line and a multi-line edit box, of which MultiLine chooses the one that is shown; the text
-// and the events are its. In multi-line mode a bar at the right edge mirrors where the text is scrolled to.
-// An edit box tells nobody that it has scrolled, but it asks its parent for colours whenever it paints: the
-// control's window procedure is replaced to hear that, and each time the bar is brought in step.
+// Holds a single-line and a multi-line edit box, and MultiLine chooses which of them is shown; the text
+// and the events are those of the shown one. In multi-line mode a bar at the right edge mirrors where the
+// text is scrolled to. An edit box notifies nobody when it scrolls, yet it asks its parent for colours
+// whenever it paints: a replaced window procedure of the control sees these requests and brings the bar in
+// step each time.
 class FlatTextBox : public EditControl {
  public:
   static const ClassInfo& Table();

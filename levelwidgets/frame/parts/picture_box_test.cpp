@@ -234,7 +234,7 @@ TEST_F(PictureBoxTest, APressKeepsThePointerWithItsPartUntilTheLastButtonIsUp) {
                                      "second move 480 75"));
 }
 
-TEST_F(PictureBoxTest, AReleaseElsewhereIsNoClickOfEither) {
+TEST_F(PictureBoxTest, AReleaseElsewhereClicksNeitherPart) {
   LogAll();
   Driver().MovePointer(OnScreen({15, 15}));
   Driver().Press(kLeftButton);
@@ -255,7 +255,7 @@ TEST_F(PictureBoxTest, TheSecondPressOfADoubleClickIsTheLabelsToo) {
                                        "first double click", "first up 1 75 75"));
 }
 
-TEST_F(PictureBoxTest, ALabelThatGoesInItsOwnEventHearsNoMore) {
+TEST_F(PictureBoxTest, ALabelDestroyedInItsOwnEventHearsNothingElse) {
   auto label = std::make_unique<TextLabel>(Panel());
   label->Move({Twips(1200), Twips(600)}, {Twips(150), Twips(150)});
   int clicks = 0;
