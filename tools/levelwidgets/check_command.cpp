@@ -30,14 +30,14 @@ int Check(const std::vector<std::string>& forms) {
 
 }  // namespace
 
-void AddCheckCommand(CLI::App& program, int& status) {
-  CLI::App* command = program.add_subcommand("check", "Tells everything that is wrong with form files");
-  command->footer(
+void AddCheckCommand(Program& program) {
+  Command& command = program.Add("check", "Tells everything that is wrong with form files");
+  command.SetFooter(
       "Errors and warnings are printed as file:line:column: message; the exit status is 1 on an error.\n\n"
       "Example:\n  levelwidgets check *.form.toml");
   const auto forms = std::make_shared<std::vector<std::string>>();
-  command->add_option("FORM", *forms, "The form files")->required();
-  command->callback([forms, &status] { status = Check(*forms); });
+  command.AddOption("FORM", forms.get(), "The form files", {.required = true});
+  command.SetBody([forms] { return Check(*forms); });
 }
 
 }  // namespace levelwidgets

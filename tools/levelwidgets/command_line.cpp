@@ -1,9 +1,12 @@
 #include <tools/levelwidgets/command_line.h>
 
+#include <deque>
 #include <iostream>
 
+#include <CLI/CLI.hpp>
+
 #include <tools/levelwidgets/commands.h>
-#include <tools/levelwidgets/help_formatter.h>
+#include <tools/levelwidgets/word_wrap.h>
 
 namespace levelwidgets {
 
@@ -11,6 +14,88 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
+
+constexpr std::size_t kHelpWidth = 90;
+constexpr std::size_t kNamesWidth = 26;
+
+// --- The parser, which no other source sees: its header takes long to compile ----------------------------
+
+// In words for people, in lines of limited length.
+class HelpFormatter : public CLI::Formatter {
+ public:
+  HelpFormatter() {
+    label("Positionals", "Arguments");
+    label("SUBCOMMAND", "COMMAND");
+    label("REQUIRED", "");
+    label("TEXT", "");
+    label("INT", "N");
+    label("UINT", "N");
+    column_width(kNamesWidth);
+  }
+
+  std::string make_footer(const CLI::App* app) const override {
+    return Wrapped(CLI::Formatter::make_footer(app), kHelpWidth) + "\n";
+  }
+  std::string make_option_desc(const CLI::Option* option) const override {
+    return Wrapped(CLI::Formatter::make_option_desc(option), kHelpWidth - kNamesWidth);
+  }
+};
+
+class ParsedCommand final : public Command {
+ public:
+  // Leaves in `status` what the command's body returns.
+  ParsedCommand(CLI::App& app, int& status) : app_(app), status_(status) {}
+
+  void SetFooter(const std::string& text) override { app_.footer(text); }
+
+  void AddOption(const std::string& names, OptionValue value, const std::string& help,
+                 const OptionRules& rules) override {
+    CLI::Option* option =
+        std::visit([&](auto* target) { return app_.add_option(names, *target, help); }, value);
+    option->required(rules.required);
+    if (rules.range) option->check(CLI::Range(rules.range->first, rules.range->second).description(""));
+    if (!rules.choices.empty()) option->check(CLI::IsMember(rules.choices).description(""));
+    if (!rules.value_name.empty()) option->type_name(rules.value_name);
+    if (!rules.environment.empty()) option->envname(rules.environment);
+    if (rules.shows_default) option->capture_default_str();
+  }
+
+  void AddFlag(const std::string& name, const std::function<void()>& on_given,
+               const std::string& help) override {
+    const auto take = [on_given] {
+      try {
+        on_given();
+      } catch (const FlagConflict& conflict) {
+        throw CLI::ExcludesError(conflict.flag, conflict.other);
+      }
+    };
+    app_.add_flag_callback(name, take, help);
+  }
+
+  void SetBody(std::function<int()> body) override {
+    app_.callback([this, body = std::move(body)] { status_ = body(); });
+  }
+
+ private:
+  CLI::App& app_;
+  int& status_;
+};
+
+class ParsedProgram final : public Program {
+ public:
+  ParsedProgram(CLI::App& app, int& status) : app_(app), status_(status) {}
+
+  Command& Add(const std::string& name, const std::string& description) override {
+    return commands_.emplace_back(*app_.add_subcommand(name, description), status_);
+  }
+
+ private:
+  CLI::App& app_;
+  int& status_;
+  std::deque<ParsedCommand> commands_;  // which stay where they are
+};
+
+// --- Arguments -------------------------------------------------------------------------------------
 
 // What follows the file of `run` belongs to the script, whatever it looks like.
 std::vector<std::string> WithScriptArgumentsApart(std::vector<std::string> arguments) {
@@ -66,37 +151,37 @@ void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics) {
   for (const Diagnostic& diagnostic : diagnostics) std::cerr << diagnostic.ToString() << "\n";
 }
 
-void AddTrustOption(CLI::App& command, bool& trusted) {
-  command.add_flag("--trust", trusted,
-                   "The scripts of forms have all of Lua: files, processes and no limits");
+void AddTrustOption(Command& command, bool& trusted) {
+  command.AddFlag("--trust", trusted, "The scripts of forms have all of Lua: files, processes and no limits");
 }
 
 int RunCommandLine(std::vector<std::string> arguments) {
   int status = 0;
-  CLI::App program("Works with forms: their files, their looks and their classes.", "levelwidgets");
-  program.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
-  program.allow_windows_style_options(false);  // a path may begin with a slash there, too
-  program.require_subcommand(1);
-  program.footer(
+  CLI::App app("Works with forms: their files, their looks and their classes.", "levelwidgets");
+  app.set_version_flag("--version", "levelwidgets " LEVELWIDGETS_VERSION);
+  app.allow_windows_style_options(false);  // a path may begin with a slash there, too
+  app.require_subcommand(1);
+  app.footer(
       "Each command has a --help with examples.\n\n"
       "Example:\n  levelwidgets render order.form.toml -o order.png");
-  program.formatter(std::make_shared<HelpFormatter>());  // and of the commands, added below
-  AddShowCommand(program, status);
+  app.formatter(std::make_shared<HelpFormatter>());  // and of the commands, added below
+  ParsedProgram program(app, status);
+  AddShowCommand(program);
 #ifndef _WIN32
-  AddRunCommand(program, status);
-  AddRenderCommand(program, status);
+  AddRunCommand(program);
+  AddRenderCommand(program);
 #endif
-  AddCheckCommand(program, status);
+  AddCheckCommand(program);
 #ifndef _WIN32
-  AddMonkeyCommand(program, status);
+  AddMonkeyCommand(program);
 #endif
-  AddDescribeCommand(program, status);
-  if (const std::string wrong = WrongCommand(program, arguments); !wrong.empty()) {
+  AddDescribeCommand(program);
+  if (const std::string wrong = WrongCommand(app, arguments); !wrong.empty()) {
     std::cerr << wrong << "\nRun with --help for more information.\n";
     return kUsage;
   }
   try {
-    return Parse(program, WithScriptArgumentsApart(std::move(arguments)), status);
+    return Parse(app, WithScriptArgumentsApart(std::move(arguments)), status);
   } catch (const Error& error) {
     std::cout.flush();
     std::cerr << error.Description() << "\n";

@@ -33,6 +33,13 @@ TEST_F(CommandLine, PrintsItsVersionAndItsCommands) {
     EXPECT_THAT(help.out, HasSubstr(command));
 }
 
+TEST_F(CommandLine, DescriptionsOfOptionsStandInTheirColumn) {
+  EXPECT_THAT(
+      Run("show --help").out,
+      HasSubstr("  --watch                 Load the form again whenever its file or a script beside it\n"
+                "                          changes\n"));
+}
+
 TEST_F(CommandLine, WrongArgumentsAreReportedOnStandardError) {
   for (const char* arguments : {"", "rnder", "render", "render x.form.toml", "describe --jsn",
                                 "describe --json --schema", "render x -o y --dpi 1", "monkey"}) {

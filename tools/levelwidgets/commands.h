@@ -3,22 +3,22 @@
 
 #include <functional>
 #include <memory>
-
-#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
 
 #include <levelwidgets/host/form_file/form_file.h>
+#include <tools/levelwidgets/command.h>
 
 namespace levelwidgets {
 
-// Each adds its command to `program`. The command leaves its exit status in `status` when it has run, or
-// throws what is to be reported on standard error.
-void AddShowCommand(CLI::App& program, int& status);
-void AddCheckCommand(CLI::App& program, int& status);
-void AddDescribeCommand(CLI::App& program, int& status);
+// Each adds its command to `program`.
+void AddShowCommand(Program& program);
+void AddCheckCommand(Program& program);
+void AddDescribeCommand(Program& program);
 #ifndef _WIN32
-void AddRunCommand(CLI::App& program, int& status);
-void AddRenderCommand(CLI::App& program, int& status);
-void AddMonkeyCommand(CLI::App& program, int& status);
+void AddRunCommand(Program& program);
+void AddRenderCommand(Program& program);
+void AddMonkeyCommand(Program& program);
 #endif
 
 // The exit status of `body`, during which an interrupt (Ctrl+C) ends the script that runs: that is then
@@ -26,11 +26,11 @@ void AddMonkeyCommand(CLI::App& program, int& status);
 int RunInterruptibly(const std::function<int()>& body);
 
 // The option --trust, which leaves in `trusted` whether it is given.
-void AddTrustOption(CLI::App& command, bool& trusted);
+void AddTrustOption(Command& command, bool& trusted);
 
 #ifndef _WIN32
 // The option --palette, which leaves one of the names of palettes in `palette`.
-void AddPaletteOption(CLI::App& command, std::string& palette);
+void AddPaletteOption(Command& command, std::string& palette);
 #endif
 
 // On standard error, a line each.

@@ -65,13 +65,13 @@ void DescribeAll(Format format) {
 
 }  // namespace
 
-void AddDescribeCommand(CLI::App& program, int& status) {
+void AddDescribeCommand(Program& program) {
   struct Arguments {
     std::string name;
     Format format = Format::kText;
   };
-  CLI::App* command = program.add_subcommand("describe", "Describes the members of a class, or of all");
-  command->footer(
+  Command& command = program.Add("describe", "Describes the members of a class, or of all");
+  command.SetFooter(
       "The schema without a class is that of form files, for editors that complete and check them; with "
       "a class it is that of the control's Properties.\n\n"
       "Examples:\n"
@@ -79,20 +79,20 @@ void AddDescribeCommand(CLI::App& program, int& status) {
       "  levelwidgets describe FlatButton --json\n"
       "  levelwidgets describe --schema > form.schema.json");
   const auto given = std::make_shared<Arguments>();
-  command->add_option("CLASS", given->name, "The class, as in a form file");
+  command.AddOption("CLASS", &given->name, "The class, as in a form file");
   const auto add_format = [&](const char* flag, Format format, const char* help) {
     const auto take = [given, flag, format] {
-      if (given->format != Format::kText) throw CLI::ExcludesError(flag, "another format");
+      if (given->format != Format::kText) throw FlagConflict{flag, "another format"};
       given->format = format;
     };
-    command->add_flag_callback(flag, take, help);
+    command.AddFlag(flag, take, help);
   };
   add_format("--json", Format::kJson, "In a stable format for programs");
   add_format("--markdown", Format::kMarkdown, "As a page");
   add_format("--schema", Format::kSchema, "As a JSON Schema");
-  command->callback([given, &status] {
+  command.SetBody([given] {
     given->name.empty() ? DescribeAll(given->format) : DescribeOne(given->name, given->format);
-    status = 0;
+    return 0;
   });
 }
 

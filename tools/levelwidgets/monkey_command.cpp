@@ -120,9 +120,9 @@ int Monkey(const MonkeyArguments& arguments) {
 
 }  // namespace
 
-void AddMonkeyCommand(CLI::App& program, int& status) {
-  CLI::App* command = program.add_subcommand("monkey", "Lets random input happen to a form");
-  command->footer(
+void AddMonkeyCommand(Program& program) {
+  Command& command = program.Add("monkey", "Lets random input happen to a form");
+  command.SetFooter(
       "Input, property writes, method calls, removals and more, as anybody could cause them; after each the\n"
       "form must be whole. The same seed does the same. What breaks something is shrunk to the few events "
       "that\n"
@@ -130,13 +130,13 @@ void AddMonkeyCommand(CLI::App& program, int& status) {
       "status is 1 then.\n\n"
       "Example:\n  levelwidgets monkey order.form.toml --seed 7 --events 100000");
   const auto given = std::make_shared<MonkeyArguments>();
-  command->add_option("FORM", given->form, "The form file")->required();
-  command->add_option("--seed", given->seed, "Which events: the same for the same number")
-      ->capture_default_str();
-  command->add_option("--events", given->events, "How many")->capture_default_str();
-  command->add_flag("--handlers", given->handlers,
-                    "An error in a handler of the form's script is a failure too");
-  command->callback([given, &status] { status = Monkey(*given); });
+  command.AddOption("FORM", &given->form, "The form file", {.required = true});
+  command.AddOption("--seed", &given->seed, "Which events: the same for the same number",
+                    {.shows_default = true});
+  command.AddOption("--events", &given->events, "How many", {.shows_default = true});
+  command.AddFlag("--handlers", given->handlers,
+                  "An error in a handler of the form's script is a failure too");
+  command.SetBody([given] { return Monkey(*given); });
 }
 
 }  // namespace levelwidgets

@@ -3,14 +3,13 @@
 
 namespace levelwidgets {
 
-void AddPaletteOption(CLI::App& command, std::string& palette) {
+void AddPaletteOption(Command& command, std::string& palette) {
   const auto names = memory::PaletteNames();
   const std::vector<std::string> palettes(names.begin(), names.end());
-  command
-      .add_option("--palette", palette, "The colours of the desktop: " + CLI::detail::join(palettes, ", "))
-      ->check(CLI::IsMember(palettes).description(""))
-      ->type_name("NAME")
-      ->capture_default_str();
+  std::string list;
+  for (const std::string& name : palettes) list += (list.empty() ? "" : ", ") + name;
+  command.AddOption("--palette", &palette, "The colours of the desktop: " + list,
+                    {.shows_default = true, .value_name = "NAME", .choices = palettes});
 }
 
 }  // namespace levelwidgets

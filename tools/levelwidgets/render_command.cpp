@@ -91,25 +91,23 @@ int Render(const RenderArguments& arguments) {
 
 }  // namespace
 
-void AddRenderCommand(CLI::App& program, int& status) {
-  CLI::App* command = program.add_subcommand("render", "Draws a form to a picture");
-  command->footer(
+void AddRenderCommand(Program& program) {
+  Command& command = program.Add("render", "Draws a form to a picture");
+  command.SetFooter(
       "The form's script is run, in a sandbox and for 10 s at most unless it is trusted. The picture shows "
       "the form's window with its frame.\n\n"
       "Example:\n  levelwidgets render order.form.toml -o order.png --hover cmdSave");
   const auto given = std::make_shared<RenderArguments>();
-  command->add_option("FORM", given->form, "The form file")->required();
-  command->add_option("-o,--output", given->picture, "The picture, in PNG format")
-      ->required()
-      ->type_name("FILE");
-  command->add_option("--dpi", given->dpi, "Pixels per inch, 24 to 960")
-      ->check(CLI::Range(24, 960).description(""))
-      ->capture_default_str();
-  AddPaletteOption(*command, given->palette);
-  command->add_option("--hover", given->hover, "A control for the pointer to be over")->type_name("NAME");
-  command->add_option("--open", given->open, "A control to open the drop-down of")->type_name("NAME");
-  AddTrustOption(*command, given->trust);
-  command->callback([given, &status] { status = RunInterruptibly([&] { return Render(*given); }); });
+  command.AddOption("FORM", &given->form, "The form file", {.required = true});
+  command.AddOption("-o,--output", &given->picture, "The picture, in PNG format",
+                    {.required = true, .value_name = "FILE"});
+  command.AddOption("--dpi", &given->dpi, "Pixels per inch, 24 to 960",
+                    {.shows_default = true, .range = {{24, 960}}});
+  AddPaletteOption(command, given->palette);
+  command.AddOption("--hover", &given->hover, "A control for the pointer to be over", {.value_name = "NAME"});
+  command.AddOption("--open", &given->open, "A control to open the drop-down of", {.value_name = "NAME"});
+  AddTrustOption(command, given->trust);
+  command.SetBody([given] { return RunInterruptibly([&] { return Render(*given); }); });
 }
 
 }  // namespace levelwidgets

@@ -99,25 +99,23 @@ int ShowOrSuggestPicture(const ShowArguments& arguments) {
 
 }  // namespace
 
-void AddShowCommand(CLI::App& program, int& status) {
-  CLI::App* command = program.add_subcommand("show", "Shows a form in native windows");
-  command->footer(
+void AddShowCommand(Program& program) {
+  Command& command = program.Add("show", "Shows a form in native windows");
+  command.SetFooter(
       "The form's script is run, in a sandbox unless it is trusted. The program ends when the last form is "
       "closed.\n\n"
       "Example:\n  levelwidgets show order.form.toml --watch");
   const auto given = std::make_shared<ShowArguments>();
-  command->add_option("FORM", given->form, "The form file")->required();
-  command->add_flag("--watch", given->watch,
-                    "Load the form again whenever its file or a script beside it changes");
-  AddTrustOption(*command, given->trust);
+  command.AddOption("FORM", &given->form, "The form file", {.required = true});
+  command.AddFlag("--watch", given->watch,
+                  "Load the form again whenever its file or a script beside it changes");
+  AddTrustOption(command, given->trust);
 #ifndef _WIN32
-  command->add_option("--scale", given->scale, "Pixels of the screen for each of the form's, 1 to 8")
-      ->check(CLI::Range(1, 8).description(""))
-      ->envname("LEVELWIDGETS_SCALE");
-  AddPaletteOption(*command, given->palette);
+  command.AddOption("--scale", &given->scale, "Pixels of the screen for each of the form's, 1 to 8",
+                    {.environment = "LEVELWIDGETS_SCALE", .range = {{1, 8}}});
+  AddPaletteOption(command, given->palette);
 #endif
-  command->callback(
-      [given, &status] { status = RunInterruptibly([&] { return ShowOrSuggestPicture(*given); }); });
+  command.SetBody([given] { return RunInterruptibly([&] { return ShowOrSuggestPicture(*given); }); });
 }
 
 }  // namespace levelwidgets

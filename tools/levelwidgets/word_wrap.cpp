@@ -1,13 +1,10 @@
-#include <tools/levelwidgets/help_formatter.h>
+#include <tools/levelwidgets/word_wrap.h>
 
 #include <sstream>
 
 namespace levelwidgets {
 
 namespace {
-
-constexpr std::size_t kWidth = 90;
-constexpr std::size_t kNamesWidth = 26;
 
 std::string WrappedLine(const std::string& line, std::size_t width) {
   if (line.starts_with("  ")) return line;
@@ -36,24 +33,6 @@ std::string Wrapped(const std::string& text, std::size_t width) {
     wrapped += (wrapped.empty() ? "" : "\n") + WrappedLine(line, width);
   }
   return wrapped;
-}
-
-HelpFormatter::HelpFormatter() {
-  label("Positionals", "Arguments");
-  label("SUBCOMMAND", "COMMAND");
-  label("REQUIRED", "");
-  label("TEXT", "");
-  label("INT", "N");
-  label("UINT", "N");
-  column_width(kNamesWidth);
-}
-
-std::string HelpFormatter::make_footer(const CLI::App* app) const {
-  return Wrapped(CLI::Formatter::make_footer(app), kWidth) + "\n";
-}
-
-std::string HelpFormatter::make_option_desc(const CLI::Option* option) const {
-  return Wrapped(CLI::Formatter::make_option_desc(option), kWidth - kNamesWidth);
 }
 
 }  // namespace levelwidgets
