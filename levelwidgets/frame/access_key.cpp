@@ -1,14 +1,21 @@
 #include <levelwidgets/frame/access_key.h>
 
+#include <levelwidgets/platform/text/letter_case.h>
+#include <levelwidgets/platform/text/utf8.h>
+
 namespace levelwidgets {
 
 std::string AccessKeyOf(std::string_view caption) {
   const std::size_t mark = caption.find('&');
-  if (mark == std::string_view::npos || mark + 1 == caption.size()) return {};
-  std::size_t end = mark + 2;
-  // The rest of a multi-byte character.
-  while (end < caption.size() && (static_cast<unsigned char>(caption[end]) & 0xC0) == 0x80) ++end;
-  return std::string(caption.substr(mark + 1, end - mark - 1));
+  if (mark == std::string_view::npos) return {};
+  return std::string(text::FirstCharacter(caption.substr(mark + 1)));
+}
+
+bool IsAccessKey(std::string_view keys, std::string_view character) {
+  for (; !keys.empty(); keys.remove_prefix(text::FirstCharacter(keys).size())) {
+    if (text::EqualIgnoringCase(text::FirstCharacter(keys), character)) return true;
+  }
+  return false;
 }
 
 }  // namespace levelwidgets

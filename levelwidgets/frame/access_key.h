@@ -10,4 +10,7 @@ namespace levelwidgets {
 // character or there is none.
 std::string AccessKeyOf(std::string_view caption);
 
+// Whether `character` is one of `keys` (both UTF-8) in either case.
+bool IsAccessKey(std::string_view keys, std::string_view character);
+
 }  // namespace levelwidgets

@@ -56,13 +56,13 @@ Variant ConvertedToObject(const TypeName& type, const Variant& value) {
   return converted;
 }
 
-Variant Converted(const ClassInfo& info, std::string_view member, const TypeName& type,
-                  const Variant& value) {
+Variant Converted(const ClassInfo& info, std::string_view member, const TypeName& type, const Variant& value,
+                  const TextConversions& texts) {
   if (type.type == VariantType::kEmpty) return value;  // takes any
   if (type.type == VariantType::kObject) {
     return NamingMember(info, member, type, value, [&] { return ConvertedToObject(type, value); });
   }
-  return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value); });
+  return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value, texts); });
 }
 
 const PropertyInfo& Known(const ClassInfo& info, std::string_view property) {
@@ -79,7 +79,7 @@ const PropertyInfo& Writable(const ClassInfo& info, std::string_view property) {
 }
 
 std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo& property,
-                                      std::span<const Variant> indices) {
+                                      std::span<const Variant> indices, const TextConversions& texts) {
   if (indices.size() != property.indices.size()) {
     throw Error(kWrongNumberOfArguments, info.QualifiedName(),
                 info.Name() + "." + property.name + " takes " + std::to_string(property.indices.size()) +
@@ -88,7 +88,7 @@ std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo&
   std::vector<Variant> converted;
   for (std::size_t i = 0; i < indices.size(); ++i) {
     const ArgumentInfo& index = property.indices[i];
-    converted.push_back(Converted(info, property.name + "'s " + index.name, index.type, indices[i]));
+    converted.push_back(Converted(info, property.name + "'s " + index.name, index.type, indices[i], texts));
   }
   return converted;
 }
@@ -175,25 +175,27 @@ Variant GetByName(const Object& object, std::string_view property) {
   return Known(object.Class(), property).get(object);
 }
 
-void SetByName(Object& object, std::string_view property, const Variant& value) {
+void SetByName(Object& object, std::string_view property, const Variant& value,
+               const TextConversions& texts) {
   const ClassInfo& info = object.Class();
   const PropertyInfo& found = Writable(info, property);
   if (found.Indexed()) RaiseNeedsIndices(object, property);
-  found.set(object, Converted(info, property, found.type, value));
+  found.set(object, Converted(info, property, found.type, value, texts));
 }
 
-Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices) {
+Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices,
+                         const TextConversions& texts) {
   const PropertyInfo& found = Known(object.Class(), property);
-  const std::vector<Variant> at = ConvertedIndices(object.Class(), found, indices);
+  const std::vector<Variant> at = ConvertedIndices(object.Class(), found, indices, texts);
   return found.Indexed() ? found.get_at(object, at) : found.get(object);
 }
 
 void SetIndexedByName(Object& object, std::string_view property, std::span<const Variant> indices,
-                      const Variant& value) {
+                      const Variant& value, const TextConversions& texts) {
   const ClassInfo& info = object.Class();
   const PropertyInfo& found = Writable(info, property);
-  const std::vector<Variant> at = ConvertedIndices(info, found, indices);
-  const Variant converted = Converted(info, property, found.type, value);
+  const std::vector<Variant> at = ConvertedIndices(info, found, indices, texts);
+  const Variant converted = Converted(info, property, found.type, value, texts);
   if (found.Indexed()) {
     found.set_at(object, at, converted);
   } else {
@@ -201,7 +203,8 @@ void SetIndexedByName(Object& object, std::string_view property, std::span<const
   }
 }
 
-Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments) {
+Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments,
+                     const TextConversions& texts) {
   const ClassInfo& info = object.Class();
   const MethodInfo* found = info.FindMethod(method);
   if (!found) RaiseNoSuchMember(info.Name(), method, info.MemberNames());
@@ -209,7 +212,7 @@ Variant InvokeByName(Object& object, std::string_view method, std::span<const Va
   for (std::size_t i = 0; i < found->arguments.size(); ++i) {
     const ArgumentInfo& argument = found->arguments[i];
     if (i < arguments.size() && !arguments[i].IsEmpty()) {
-      values.push_back(Converted(info, method, argument.type, arguments[i]));
+      values.push_back(Converted(info, method, argument.type, arguments[i], texts));
     } else if (argument.default_value) {
       values.push_back(*argument.default_value);
     } else {

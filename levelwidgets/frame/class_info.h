@@ -11,6 +11,7 @@
 
 #include <levelwidgets/frame/event.h>
 #include <levelwidgets/frame/object.h>
+#include <levelwidgets/frame/text_conversions.h>
 #include <levelwidgets/frame/units.h>
 #include <levelwidgets/frame/variant.h>
 
@@ -201,14 +202,18 @@ class ClassInfo {
 // An unknown name raises 438 with the class, the name and the nearest known one; assigning a read-only
 // property raises 383; a value that does not convert to the member's type raises 13 or 6, naming the member;
 // a wrong number of arguments raises 450. An object must be of the class that the member's type names, or
-// empty for none. What the member itself raises passes through.
+// empty for none. What the member itself raises passes through. `texts` convert between texts and other
+// values.
 Variant GetByName(const Object& object, std::string_view property);
-void SetByName(Object& object, std::string_view property, const Variant& value);
+void SetByName(Object& object, std::string_view property, const Variant& value,
+               const TextConversions& texts = {});
 // One value of an indexed property. Indices convert like values; a wrong number of them raises 450.
-Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices);
+Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices,
+                         const TextConversions& texts = {});
 void SetIndexedByName(Object& object, std::string_view property, std::span<const Variant> indices,
-                      const Variant& value);
-Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments);
+                      const Variant& value, const TextConversions& texts = {});
+Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments,
+                     const TextConversions& texts = {});
 Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener);
 // The items of a collection; raises 438 for an object that is none.
 std::shared_ptr<Enumerator> Enumerate(const Object& object);

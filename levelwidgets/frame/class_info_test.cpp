@@ -4,6 +4,7 @@
 #include <levelwidgets/frame/alignment.h>
 #include <levelwidgets/frame/class_table.h>
 #include <levelwidgets/frame/control.h>
+#include <levelwidgets/testing/driver.h>
 
 namespace levelwidgets {
 namespace {
@@ -75,13 +76,25 @@ TEST(ClassTable, KnowsTypesDefaultsAndPersistedOrder) {
   EXPECT_EQ(info.Enumerations()[0]->items[2].name, "ksxCenter");
 }
 
+ConversionApi& Platforms() {
+  static const auto driver = testing::TestDriver();
+  return driver->GetPlatform().Conversions();
+}
+
+TEST(ByName, WithoutConversionsATextIsNoNumberAndANumberNoText) {
+  Dial dial;
+  EXPECT_EQ(RaisedBy([&] { SetByName(dial, "Steps", "7"); }).Number(), kTypeMismatch);
+  EXPECT_EQ(RaisedBy([&] { SetByName(dial, "Title", 12); }).Number(), kTypeMismatch);
+  EXPECT_EQ(RaisedBy([&] { InvokeByName(dial, "Turn", std::vector<Variant>{"4"}); }).Number(), kTypeMismatch);
+}
+
 TEST(ByName, ReadsAndWritesWithConversionToThePropertysType) {
   Dial dial;
-  SetByName(dial, "Steps", "7");
+  SetByName(dial, "Steps", "7", Platforms());
   EXPECT_EQ(dial.Steps(), 7);
   SetByName(dial, "Side", 2.0);
   EXPECT_EQ(dial.Side(), ksxCenter);
-  SetByName(dial, "Title", 12);
+  SetByName(dial, "Title", 12, Platforms());
   EXPECT_EQ(dial.Title(), "12");
   SetByName(dial, "Ink", static_cast<std::int32_t>(0x80000012));
   EXPECT_EQ(dial.Ink(), Color(0x80000012));
@@ -118,7 +131,7 @@ TEST(ByName, AValueOfTheWrongTypeIsNamedWithItsProperty) {
 TEST(ByName, MethodsConvertTheirArgumentsAndFillInOptionalOnes) {
   Dial dial;
   const std::vector<Variant> one{Variant("4")};
-  EXPECT_EQ(InvokeByName(dial, "Turn", one), Variant(4));
+  EXPECT_EQ(InvokeByName(dial, "Turn", one, Platforms()), Variant(4));
   const std::vector<Variant> two{Variant(4), Variant(1)};
   EXPECT_EQ(InvokeByName(dial, "Turn", two), Variant(-4));
   const std::vector<Variant> three{Variant(4), Variant(1), Variant(1)};
@@ -133,7 +146,7 @@ TEST(ByName, ListenersGetArgumentsByNameAndHandReferencesBack) {
     for (const ArgumentInfo& argument : raised.info.arguments) {
       names.push_back(argument.name + ":" + argument.type.name + (argument.by_reference ? "&" : ""));
     }
-    raised.values[0] = "9";
+    raised.values[0] = 9.0;
     raised.values[1] = 1.0f;
   });
   std::int16_t by = 1;
@@ -198,10 +211,10 @@ TEST(IndexedProperties, TellTheirIndicesDefaultsAndTheDefaultMember) {
 
 TEST(IndexedProperties, AreReadAndWrittenByNameWithConversion) {
   Board board;
-  SetIndexedByName(board, "Title", std::vector<Variant>{"2"}, 17);
+  SetIndexedByName(board, "Title", std::vector<Variant>{"2"}, 17, Platforms());
   EXPECT_EQ(board.Title(2), "17");
   EXPECT_EQ(GetIndexedByName(board, "Title", std::vector<Variant>{2.0}), Variant("17"));
-  SetIndexedByName(board, "Cell", std::vector<Variant>{1, 2}, "110");
+  SetIndexedByName(board, "Cell", std::vector<Variant>{1, 2}, "110", Platforms());
   EXPECT_EQ(GetIndexedByName(board, "Cell", std::vector<Variant>{1, 5}), Variant(113));
   EXPECT_EQ(GetIndexedByName(board, "Size", std::vector<Variant>{1}), Variant(1.0));
   EXPECT_EQ(GetIndexedByName(board, "Rows", {}), Variant(2)) << "no index for none";

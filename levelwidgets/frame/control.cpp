@@ -27,9 +27,11 @@ std::array<Variant, 1> AtIndex(const PropertyInfo& property, std::int32_t index)
 }
 
 template <typename Assign>
-void AssignRead(const PropertyInfo& property, const std::string& key, Variant read, Assign assign) {
+void AssignRead(Control& control, const PropertyInfo& property, const std::string& key, Variant read,
+                Assign assign) {
+  const TextConversions texts(control.Site().GetPlatform().Conversions());
   try {
-    assign(ConvertTo(property.type.type, ConvertTo(property.stored_as, std::move(read))));
+    assign(ConvertTo(property.type.type, ConvertTo(property.stored_as, std::move(read), texts), texts));
   } catch (const Error& error) {
     throw PropertyRefused(key, error);
   }
@@ -39,7 +41,7 @@ void ReadIndexed(Control& control, const PropertyInfo& property, const PropertyB
   for (std::int32_t index = 1; index <= property.count(control); ++index) {
     const std::string key = property.KeyOf(index);
     const Variant otherwise = ResolveAt(property, property.defaults.when_read, index, control.Site());
-    AssignRead(property, key, bag.ReadProperty(key, otherwise),
+    AssignRead(control, property, key, bag.ReadProperty(key, otherwise),
                [&](const Variant& value) { property.set_at(control, AtIndex(property, index), value); });
   }
 }
@@ -132,7 +134,8 @@ void Control::OnReadProperties(const PropertyBag& bag) {
       continue;
     }
     const Variant* saved = bag.Find(property->name);
-    AssignRead(*property, property->name, saved ? *saved : Resolve(property->defaults.when_read, *site_),
+    AssignRead(*this, *property, property->name,
+               saved ? *saved : Resolve(property->defaults.when_read, *site_),
                [&](const Variant& value) { property->set(*this, value); });
   }
 }

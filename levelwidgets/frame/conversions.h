@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <levelwidgets/frame/error.h>
+#include <levelwidgets/frame/text_conversions.h>
 #include <levelwidgets/frame/variant.h>
 #include <levelwidgets/platform/conversion.h>
 

@@ -13,7 +13,8 @@
 
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/frame/variant.h>
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/letter_case.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets {
 
@@ -25,12 +26,11 @@ struct KeyHash {
     std::uint64_t hash = 0xCBF29CE484222325u;
     const auto mix = [&hash](char32_t unit) { hash = (hash ^ unit) * 0x100000001B3u; };
     for (; !key.empty() && static_cast<unsigned char>(key.front()) < 0x80; key.remove_prefix(1)) {
-      mix(static_cast<char32_t>(conversions::AsciiLower(key.front())));
+      mix(static_cast<char32_t>(text::AsciiLower(key.front())));
     }
     while (!key.empty()) {
-      const char32_t capital = conversions::UpperCase(conversions::TakeCharacter(key));
-      mix(capital < 0x80 ? static_cast<char32_t>(conversions::AsciiLower(static_cast<char>(capital)))
-                         : capital);
+      const char32_t capital = text::UpperCase(text::TakeCharacter(key));
+      mix(capital < 0x80 ? static_cast<char32_t>(text::AsciiLower(static_cast<char>(capital))) : capital);
     }
     return static_cast<std::size_t>(hash);
   }
@@ -41,11 +41,11 @@ struct KeyEqual {
   bool operator()(std::string_view a, std::string_view b) const {
     // Nearly all keys are ASCII to their end.
     while (!a.empty() && !b.empty() && static_cast<unsigned char>(a.front() | b.front()) < 0x80) {
-      if (conversions::AsciiLower(a.front()) != conversions::AsciiLower(b.front())) return false;
+      if (text::AsciiLower(a.front()) != text::AsciiLower(b.front())) return false;
       a.remove_prefix(1);
       b.remove_prefix(1);
     }
-    return conversions::EqualIgnoringCase(a, b);
+    return text::EqualIgnoringCase(a, b);
   }
 };
 

@@ -1,4 +1,3 @@
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -17,24 +16,14 @@ struct Overload : Functions... {
 template <typename... Functions>
 Overload(Functions...) -> Overload<Functions...>;
 
-std::string TextOf(double number) {
+// For messages: the same in every locale.
+std::string Rendered(double number, int digits) {
   char buffer[32];
-  std::snprintf(buffer, sizeof buffer, "%.15G", number);
+  std::snprintf(buffer, sizeof buffer, "%.*G", digits, number);
   return buffer;
 }
-
-double NumberOf(const std::string& text) {
-  const auto first = text.find_first_not_of(" \t");
-  const auto last = text.find_last_not_of(" \t");
-  if (first == std::string::npos) throw Error(kTypeMismatch);
-  const char* begin = text.data() + first + (text[first] == '+' ? 1 : 0);
-  const char* end = text.data() + last + 1;
-  double number = 0;
-  const auto [stop, status] = std::from_chars(begin, end, number);
-  if (status == std::errc::result_out_of_range) throw Error(kOverflow);
-  if (status != std::errc() || stop != end || !std::isfinite(number)) throw Error(kTypeMismatch);
-  return number;
-}
+constexpr int kSingleDigits = 7;
+constexpr int kDoubleDigits = 15;
 
 bool IsNumber(const Variant& value) {
   return value.Type() >= VariantType::kBoolean && value.Type() <= VariantType::kDouble;
@@ -80,14 +69,7 @@ bool operator==(const Variant& a, const Variant& b) {
   return a.value_ == b.value_;
 }
 
-bool ToBoolean(const Variant& value) {
-  if (value.Type() == VariantType::kString) {
-    const std::string& text = std::get<std::string>(value.Get());
-    if (text == "True" || text == "true") return true;
-    if (text == "False" || text == "false") return false;
-  }
-  return ToDouble(value) != 0;
-}
+bool ToBoolean(const Variant& value) { return ToDouble(value) != 0; }
 
 std::int16_t ToInt16(const Variant& value) { return ToInteger<std::int16_t>(value); }
 std::int32_t ToInt32(const Variant& value) { return ToInteger<std::int32_t>(value); }
@@ -99,31 +81,19 @@ float ToSingle(const Variant& value) {
 }
 
 double ToDouble(const Variant& value) {
-  return std::visit(
-      Overload{[](Empty) { return 0.0; }, [](bool truth) { return truth ? -1.0 : 0.0; },
-               [](std::int16_t number) { return static_cast<double>(number); },
-               [](std::int32_t number) { return static_cast<double>(number); },
-               [](float number) { return static_cast<double>(number); }, [](double number) { return number; },
-               [](Date date) { return date.days; }, [](const std::string& text) { return NumberOf(text); },
-               [](const auto&) -> double { throw Error(kTypeMismatch); }},
-      value.Get());
+  return std::visit(Overload{[](Empty) { return 0.0; }, [](bool truth) { return truth ? -1.0 : 0.0; },
+                             [](std::int16_t number) { return static_cast<double>(number); },
+                             [](std::int32_t number) { return static_cast<double>(number); },
+                             [](float number) { return static_cast<double>(number); },
+                             [](double number) { return number; }, [](Date date) { return date.days; },
+                             [](const auto&) -> double { throw Error(kTypeMismatch); }},
+                    value.Get());
 }
 
 std::string ToText(const Variant& value) {
-  return std::visit(
-      Overload{[](Empty) { return std::string(); },
-               [](bool truth) { return std::string(truth ? "True" : "False"); },
-               [](std::int16_t number) { return std::to_string(number); },
-               [](std::int32_t number) { return std::to_string(number); },
-               [](float number) {
-                 char buffer[32];
-                 std::snprintf(buffer, sizeof buffer, "%.7G", static_cast<double>(number));
-                 return std::string(buffer);
-               },
-               [](double number) { return TextOf(number); }, [](Date date) { return TextOf(date.days); },
-               [](const std::string& text) { return text; },
-               [](const auto&) -> std::string { throw Error(kTypeMismatch); }},
-      value.Get());
+  if (value.IsEmpty()) return {};
+  if (const auto* text = std::get_if<std::string>(&value.Get())) return *text;
+  throw Error(kTypeMismatch);
 }
 
 FontRef ToFont(const Variant& value) {
@@ -137,33 +107,22 @@ Date ToDate(const Variant& value) {
   return {ToDouble(value)};
 }
 
-Variant ConvertTo(VariantType type, Variant value) {
-  if (value.Type() == type || type == VariantType::kEmpty) return value;
-  switch (type) {
-    case VariantType::kBoolean: return ToBoolean(value);
-    case VariantType::kInt16: return ToInt16(value);
-    case VariantType::kInt32: return ToInt32(value);
-    case VariantType::kSingle: return ToSingle(value);
-    case VariantType::kDouble: return ToDouble(value);
-    case VariantType::kDate: return ToDate(value);
-    case VariantType::kString: return ToText(value);
-    case VariantType::kFont: return ToFont(value);
-    default: throw Error(kTypeMismatch);
-  }
-}
-
 std::string Describe(const Variant& value) {
-  switch (value.Type()) {
-    case VariantType::kEmpty: return "Empty";
-    case VariantType::kNull: return "Null";
-    case VariantType::kString: return '"' + ToText(value) + '"';
-    case VariantType::kFont: {
-      const FontRef& font = std::get<FontRef>(value.Get());
-      return font ? font->Description().name + " " + TextOf(font->Description().size) : "no font";
-    }
-    case VariantType::kObject: return "an object";
-    default: return ToText(value);
-  }
+  return std::visit(
+      Overload{[](Empty) { return std::string("Empty"); }, [](Null) { return std::string("Null"); },
+               [](bool truth) { return std::string(truth ? "True" : "False"); },
+               [](std::int16_t number) { return std::to_string(number); },
+               [](std::int32_t number) { return std::to_string(number); },
+               [](float number) { return Rendered(number, kSingleDigits); },
+               [](double number) { return Rendered(number, kDoubleDigits); },
+               [](Date date) { return Rendered(date.days, kDoubleDigits); },
+               [](const std::string& text) { return '"' + text + '"'; },
+               [](const FontRef& font) {
+                 if (!font) return std::string("no font");
+                 return font->Description().name + " " + Rendered(font->Description().size, kDoubleDigits);
+               },
+               [](const ObjectRef&) { return std::string("an object"); }},
+      value.Get());
 }
 
 }  // namespace levelwidgets

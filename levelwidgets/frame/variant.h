@@ -75,22 +75,22 @@ class Variant {
   Value value_;
 };
 
-// Conversions to a property's type. Each raises 13 (type mismatch) for what has no such value and
-// 6 (overflow) for a number outside the type's range. Fractions are rounded to the nearest whole number,
-// ties to even; true is -1; empty is 0, "" or false.
+// The value in another type, as far as no locale has a part in it: between numbers, booleans and dates. Each
+// raises 13 (type mismatch) for what has no such value, a text among them, and 6 (overflow) for a number
+// outside the type's range. Fractions are rounded to the nearest whole number, ties to even; true is -1;
+// empty is 0, "" or false. Between texts and all others the platform converts: ConvertTo in
+// frame/text_conversions.h.
 bool ToBoolean(const Variant& value);
 std::int16_t ToInt16(const Variant& value);
 std::int32_t ToInt32(const Variant& value);
 float ToSingle(const Variant& value);
 double ToDouble(const Variant& value);
-std::string ToText(const Variant& value);
 FontRef ToFont(const Variant& value);
 Date ToDate(const Variant& value);
+// Of texts and empty only.
+std::string ToText(const Variant& value);
 
-// `value` as one of `type`; kEmpty, the type of a property that takes any, leaves it as it is.
-Variant ConvertTo(VariantType type, Variant value);
-
-// A short rendering for messages: "Save", 12, True, Null, Tahoma 8.25.
+// A short rendering for messages, the same in every locale: "Save", 12.5, True, Null, Tahoma 8.25.
 std::string Describe(const Variant& value);
 
 }  // namespace levelwidgets

@@ -51,7 +51,7 @@ TEST(VariantConversion, WholeNumbersAreRoundedTiesToEven) {
   EXPECT_EQ(ToInt32(1.5), 2);
   EXPECT_EQ(ToInt32(2.5), 2);
   EXPECT_EQ(ToInt32(-1.5), -2);
-  EXPECT_EQ(ToInt16("12.5"), 12);
+  EXPECT_EQ(ToInt16(12.5f), 12);
   EXPECT_EQ(ToInt32(true), -1);
   EXPECT_EQ(ToInt32(Variant()), 0);
 }
@@ -64,39 +64,41 @@ TEST(VariantConversion, NumbersBeyondTheTypeRaise6) {
   EXPECT_EQ(NumberRaisedBy([] { ToSingle(1e39); }), kOverflow);
 }
 
-TEST(VariantConversion, WhatIsNoNumberRaises13) {
-  for (const Variant& value : {Variant("kg"), Variant(""), Variant("1 2"), Variant("0x"), Variant(Null{}),
-                               Variant(MakeFont()), Variant(ObjectRef())}) {
+TEST(VariantConversion, ATextIsNoNumberWithoutALocale) {
+  for (const Variant& value :
+       {Variant("12"), Variant(""), Variant(Null{}), Variant(MakeFont()), Variant(ObjectRef())}) {
     EXPECT_EQ(NumberRaisedBy([&] { ToDouble(value); }), kTypeMismatch) << Describe(value);
   }
 }
 
-TEST(VariantConversion, TextsOfNumbers) {
-  EXPECT_EQ(ToText(12), "12");
-  EXPECT_EQ(ToText(-1.5), "-1.5");
-  EXPECT_EQ(ToText(0.1f), "0.1");
-  EXPECT_EQ(ToText(true), "True");
+TEST(VariantConversion, OnlyTextsAreTextsWithoutALocale) {
+  EXPECT_EQ(ToText("kg"), "kg");
   EXPECT_EQ(ToText(Variant()), "");
-  EXPECT_EQ(NumberRaisedBy([] { ToText(Null{}); }), kTypeMismatch);
+  for (const Variant& value : {Variant(12), Variant(true), Variant(1.5), Variant(Date{1}), Variant(Null{})}) {
+    EXPECT_EQ(NumberRaisedBy([&] { ToText(value); }), kTypeMismatch) << Describe(value);
+  }
 }
 
-TEST(VariantConversion, Booleans) {
+TEST(VariantConversion, NumbersAreBooleansAndDates) {
   EXPECT_TRUE(ToBoolean(-1));
   EXPECT_TRUE(ToBoolean(0.5));
   EXPECT_FALSE(ToBoolean(0));
-  EXPECT_TRUE(ToBoolean("True"));
-  EXPECT_FALSE(ToBoolean("False"));
-  EXPECT_EQ(NumberRaisedBy([] { ToBoolean("yes"); }), kTypeMismatch);
+  EXPECT_EQ(ToDate(2.5), Date{2.5});
+  EXPECT_EQ(ToDouble(Date{2.5}), 2.5);
 }
 
-TEST(VariantConversion, ToATypeGivesThatType) {
-  for (const VariantType type :
-       {VariantType::kBoolean, VariantType::kInt16, VariantType::kInt32, VariantType::kSingle,
-        VariantType::kDouble, VariantType::kDate, VariantType::kString}) {
-    EXPECT_EQ(ConvertTo(type, Variant(1)).Type(), type);
-  }
-  EXPECT_EQ(NumberRaisedBy([] { ConvertTo(VariantType::kFont, 1); }), kTypeMismatch);
-  EXPECT_EQ(NumberRaisedBy([] { ConvertTo(VariantType::kFont, FontRef()); }), 0);
+TEST(Variant, MessagesShowValuesTheSameInEveryLocale) {
+  EXPECT_EQ(Describe(Variant()), "Empty");
+  EXPECT_EQ(Describe(Null{}), "Null");
+  EXPECT_EQ(Describe(true), "True");
+  EXPECT_EQ(Describe(std::int16_t{-3}), "-3");
+  EXPECT_EQ(Describe(0.1f), "0.1");
+  EXPECT_EQ(Describe(-1.5), "-1.5");
+  EXPECT_EQ(Describe(Date{2.25}), "2.25");
+  EXPECT_EQ(Describe("kg"), "\"kg\"");
+  EXPECT_EQ(Describe(MakeFont({.name = "Tahoma", .size = 8.25})), "Tahoma 8.25");
+  EXPECT_EQ(Describe(FontRef()), "no font");
+  EXPECT_EQ(Describe(ObjectRef()), "an object");
 }
 
 }  // namespace

@@ -80,6 +80,10 @@ class ConversionApi {
   // for null.
   virtual Converted<std::string> ToText(const ConversionValue& value) = 0;
 
+  // "True" and "False" in any case and with "#" around them; otherwise whether the number that ToDouble makes
+  // of it is not 0. Fails as that does.
+  virtual Converted<bool> ToBoolean(const ConversionValue& value) = 0;
+
   // Whether ToDouble can convert it; not for dates.
   virtual bool IsNumeric(const ConversionValue& value) = 0;
   // Dates, and texts that are one; not for numbers.
@@ -109,6 +113,11 @@ class ConversionApi {
 
   // Capital letters; a letter whose capital the code page lacks stays as it is.
   virtual std::string UpperCase(std::string_view text) = 0;
+
+  // The bytes of the system's code page, as messages of keys carry them, and back. A character outside the
+  // code page becomes "?".
+  virtual std::string ToCodePage(std::string_view text) = 0;
+  virtual std::string FromCodePage(std::string_view bytes) = 0;
 
   // --- Made of the above ---------------------------------------------------------------------
 

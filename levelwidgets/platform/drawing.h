@@ -110,8 +110,12 @@ class DrawingApi {
 
   // --- Colours -------------------------------------------------------------------------------
 
-  // The concrete colour of `color` in `result`: a system colour's current value, any other
-  // 0x00BBGGRR as it is. False, with `result` untouched, for anything else (0x80000100, 0x05000000).
+  // What `color` draws as, in `result`: a system colour's current value; 0x00BBGGRR as it is, and so is what
+  // has 0x01 or 0x02 in its top byte. False, with `result` untouched, for anything else (0x80000100,
+  // 0x05000000).
+  //
+  // Drawing operations take the two latter independently of any palette: 0x02BBGGRR draws as 0x00BBGGRR, and
+  // 0x0100iiii as colour i of the 20 that every display has, as its first (black) from 20 on.
   virtual bool OleTranslateColor(Color color, std::uint32_t palette, ColorRef& result) = 0;
   virtual ColorRef GetSysColor(int index) = 0;
 

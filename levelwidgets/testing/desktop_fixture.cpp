@@ -38,7 +38,7 @@ constexpr char kNoteMark = '!';
 }  // namespace
 
 void DesktopTest::SetUp() {
-  driver_ = TestDriver();
+  driver_ = MakeDriver();
   tracer_ = std::make_unique<TracingPlatform>(driver_->GetPlatform());
   driver_->MovePointer(kAway);
   driver_->Settle();
@@ -103,7 +103,9 @@ void DesktopTest::Watch(Control& control) {
     SubscribeByName(control, event.name, [this](RaisedEvent& raised) {
       if (IsModifierKey(raised)) return;
       std::vector<TraceArgument> values;
-      for (const Variant& value : raised.values) values.emplace_back(ToText(value));
+      for (const Variant& value : raised.values) {
+        values.emplace_back(value.Type() == VariantType::kString ? ToText(value) : Describe(value));
+      }
       tracer_->Note(kNoteMark + raised.info.name, std::move(values));
     });
   }

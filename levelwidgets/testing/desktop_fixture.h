@@ -23,6 +23,8 @@ class DesktopTest : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
+  // The desktop of each test.
+  virtual std::shared_ptr<DesktopDriver> MakeDriver() { return TestDriver(); }
 
   DesktopDriver& Driver() { return *driver_; }
   const std::shared_ptr<DesktopDriver>& SharedDriver() { return driver_; }

@@ -10,4 +10,7 @@ namespace levelwidgets::testing {
 // A fresh desktop in memory for each test; on Windows the one there is.
 std::shared_ptr<DesktopDriver> TestDriver();
 
+// A desktop with another code page; null where the system's is the only one.
+std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number);
+
 }  // namespace levelwidgets::testing

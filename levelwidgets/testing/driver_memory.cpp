@@ -5,4 +5,8 @@ namespace levelwidgets::testing {
 
 std::shared_ptr<DesktopDriver> TestDriver() { return std::make_shared<memory::Desktop>(); }
 
+std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number) {
+  return std::make_shared<memory::Desktop>(memory::DesktopOptions{.code_page = number});
+}
+
 }  // namespace levelwidgets::testing

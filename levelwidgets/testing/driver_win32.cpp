@@ -10,4 +10,6 @@ std::shared_ptr<DesktopDriver> TestDriver() {
   return driver;
 }
 
+std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int) { return nullptr; }
+
 }  // namespace levelwidgets::testing

@@ -1,9 +1,8 @@
 #include <levelwidgets/controls/calendar/month_model.h>
 
-#include <cmath>
-
 #include <levelwidgets/frame/conversions.h>
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets {
 
@@ -14,7 +13,7 @@ constexpr int kNameLength = 3;
 // The first `count` characters.
 std::string_view Left(std::string_view text, int count) {
   std::string_view rest = text;
-  while (count-- > 0 && !rest.empty()) conversions::TakeCharacter(rest);
+  while (count-- > 0 && !rest.empty()) text::TakeCharacter(rest);
   return text.substr(0, text.size() - rest.size());
 }
 
@@ -22,15 +21,12 @@ std::string_view Left(std::string_view text, int count) {
 std::string SpacedOut(std::string_view text) {
   std::string spaced;
   while (!text.empty()) {
-    const std::string_view character = Left(text, 1);
+    const std::string_view character = text::FirstCharacter(text);
     spaced.append(character) += ' ';
     text.remove_prefix(character.size());
   }
   return spaced;
 }
-
-// Midnight at the beginning of the day; before day 0 too, as the time of day always counts forward.
-Date DayOf(Date moment) { return {std::trunc(moment.days)}; }
 
 }  // namespace
 
@@ -71,7 +67,7 @@ void MonthModel::FillMonth(int month, int year) {
   const int lead = ResultOf(conversions_.Weekday(first, kSunday)) - 1;
   const int last = DaysInMonth(month_, year_) + lead - 1;
   const std::optional<Date> selected = value_.SelectedDate();
-  const Date today = DayOf(now_());
+  const Date today = calendar::DayOf(now_());
   std::string header = HeaderOf(first, "mmm yyyy");
   std::array<DayCell, kDayCells> days;
   for (int i = 0; i < kDayCells; ++i) {

@@ -299,7 +299,7 @@ TEST_F(FlatColumnsTest, AreUsableByName) {
     SubscribeByName(*columns_, event.name,
                     [&](RaisedEvent& raised) { numbers.push_back(raised.info.number); });
   }
-  InvokeByName(*columns_, "Add", std::vector<Variant>{"Qty", "900"});
+  InvokeByName(*columns_, "Add", std::vector<Variant>{"Qty", 900});
   const Variant added = InvokeByName(
       *columns_, "Add", std::vector<Variant>{"Price", 1440, {}, ksxRight, {}, true, {}, "price", 1});
   EXPECT_THAT(numbers, ElementsAre(2, 2, 2, 2, 2, 2, 1, 2, 2, 2, 2, 2, 2, 1));

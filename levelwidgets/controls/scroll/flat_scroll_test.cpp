@@ -17,7 +17,7 @@ class FlatScrollTest : public DesktopTest {
   FlatScroll& Bar(TwipSize size = kTall) { return AddNew<FlatScroll>("scr", kAt, size); }
   static std::vector<std::string> NamesIn(const PropertyBag& bag) {
     std::vector<std::string> names;
-    for (const auto& entry : bag.Entries()) names.push_back(entry.name + "=" + ToText(entry.value));
+    for (const auto& entry : bag.Entries()) names.push_back(entry.name + "=" + Describe(entry.value));
     return names;
   }
 };

@@ -17,16 +17,13 @@ std::uint32_t StyleOf(bool multi_line, ksxAlignmentConstants alignment) {
   return style;
 }
 
-// The code page's number of a password character, of which the western one has those below U+0100 at the same
-// numbers; 0 for none.
-WParam PasswordCode(std::string_view character) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+// The byte of a password character in the system's code page; 0 for none.
+WParam PasswordCode(std::string_view character, ConversionApi& conversions) {
   if (character.empty()) return 0;
-  if (character.size() == 1) return byte(0);
-  if (character.size() == 2 && (byte(0) == 0xC2 || byte(0) == 0xC3)) {
-    return static_cast<WParam>((byte(0) & 0x03) << 6 | (byte(1) & 0x3F));
-  }
-  throw Error(kInvalidPropertyValue);
+  const std::string bytes = conversions.ToCodePage(character);
+  const bool is_one_byte = bytes.size() == 1 && conversions.FromCodePage(bytes) == character;
+  if (!is_one_byte) throw Error(kInvalidPropertyValue);
+  return static_cast<unsigned char>(bytes[0]);
 }
 
 }  // namespace
@@ -133,7 +130,7 @@ void TextBox::SetMaxLength(std::int32_t length) {
 }
 
 void TextBox::SetPasswordChar(std::string_view character) {
-  const WParam code = PasswordCode(character);
+  const WParam code = PasswordCode(character, owner_.GetSurface().GetPlatform().Conversions());
   password_char_ = character;
   if (!multi_line_) Send(kEmSetPasswordChar, code);
   Refresh();

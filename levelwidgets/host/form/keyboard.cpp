@@ -1,6 +1,7 @@
 // What the keyboard does on a form before, or instead of, the control that has the focus.
 #include <algorithm>
 
+#include <levelwidgets/frame/access_key.h>
 #include <levelwidgets/host/form/form.h>
 
 namespace levelwidgets {
@@ -9,22 +10,6 @@ namespace {
 
 bool CanTakeInput(const HostedControl& control) {
   return control.GetControl() && control.Visible() && control.GetControl()->GetSurface().Enabled();
-}
-
-// Lower case of a character of the western single-byte code page.
-int Folded(int c) { return (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7) ? c + 32 : c; }
-
-// Whether `character`, as a key message carries it, is one of `keys` (UTF-8) in either case.
-bool IsAmong(std::string_view keys, std::int16_t character) {
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    int key = static_cast<unsigned char>(keys[i]);
-    if (key == 0xC2 || key == 0xC3) {  // two bytes: U+0080 to U+00FF
-      if (++i == keys.size()) break;
-      key = (key & 0x03) << 6 | (static_cast<unsigned char>(keys[i]) & 0x3F);
-    }
-    if (Folded(key) == Folded(character & 0xFF)) return true;
-  }
-  return false;
 }
 
 }  // namespace
@@ -84,13 +69,16 @@ bool Form::MoveFocus(bool forward) {
   return false;
 }
 
+// A key message carries a character as a byte of the system's code page.
 bool Form::PressAccessKey(std::int16_t character) {
+  const char byte = static_cast<char>(character);
+  const std::string pressed = platform_.Conversions().FromCodePage({&byte, 1});
   std::vector<HostedControl*> order = TabOrder();
   const auto present = std::ranges::find(order, ActiveControl().get());
   if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
   for (HostedControl* control : order) {
     if (!CanTakeInput(*control)) continue;
-    if (!IsAmong(control->GetControl()->GetSurface().AccessKeys(), character)) continue;
+    if (!IsAccessKey(control->GetControl()->GetSurface().AccessKeys(), pressed)) continue;
     const auto keep = control->GetControl();
     control->SetFocus();
     keep->OnAccessKeyPress(character);

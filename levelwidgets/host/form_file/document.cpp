@@ -2,36 +2,9 @@
 
 #include <algorithm>
 
+#include <levelwidgets/platform/text/utf8.h>
+
 namespace levelwidgets {
-
-namespace {
-
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
-
-// How many bytes the well-formed character at the start of `text` has; 0 when it is none.
-std::size_t CharacterLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text[0]);
-  if (lead < 0x80) return 1;
-  const std::size_t length = lead >= 0xC2 && lead < 0xE0 ? 2 : lead >= 0xE0 && lead < 0xF0 ? 3 : 4;
-  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
-  if (!std::ranges::all_of(text.substr(1, length - 1), IsContinuation)) return 0;
-  const auto second = static_cast<unsigned char>(text[1]);
-  const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-  const bool surrogate = lead == 0xED && second >= 0xA0;
-  const bool too_large = lead == 0xF4 && second >= 0x90;
-  return overlong || surrogate || too_large ? 0 : length;
-}
-
-}  // namespace
-
-std::optional<std::size_t> FindInvalidUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = CharacterLength(text.substr(at));
-    if (length == 0) return at;
-    at += length;
-  }
-  return std::nullopt;
-}
 
 const FormNode* FormNode::Find(std::string_view name) const {
   const auto found = std::ranges::find(children, name, &FormNode::key);
@@ -53,7 +26,7 @@ TextPosition FormDocument::PositionOf(std::size_t offset) const {
   const auto after = std::ranges::upper_bound(line_starts_, std::max(offset, line_starts_.front()));
   const std::size_t start = *std::prev(after);
   const std::string_view before = TextOf({start, std::max(start, offset)});
-  const auto continuations = std::ranges::count_if(before, IsContinuation);
+  const auto continuations = std::ranges::count_if(before, text::IsContinuation);
   return {static_cast<int>(after - line_starts_.begin()),
           static_cast<int>(before.size() - static_cast<std::size_t>(continuations)) + 1};
 }

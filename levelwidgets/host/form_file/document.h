@@ -83,7 +83,4 @@ struct RefusedKey {
 };
 std::optional<RefusedKey> FindRefusedKey(std::string_view text);
 
-// The offset of the first byte that does not belong to well-formed UTF-8.
-std::optional<std::size_t> FindInvalidUtf8(std::string_view text);
-
 }  // namespace levelwidgets

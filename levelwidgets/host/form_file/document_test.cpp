@@ -98,15 +98,5 @@ TEST(FormDocument, DotsInTextsAreNoKeys) {
             "");
 }
 
-TEST(FormDocument, FindsTheFirstInvalidByte) {
-  EXPECT_EQ(FindInvalidUtf8("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"), std::nullopt);
-  EXPECT_EQ(FindInvalidUtf8("ab\x80"), 2u);            // a continuation alone
-  EXPECT_EQ(FindInvalidUtf8("\xC0\xAF"), 0u);          // overlong
-  EXPECT_EQ(FindInvalidUtf8("\xE0\x80\x80"), 0u);      // overlong
-  EXPECT_EQ(FindInvalidUtf8("a\xED\xA0\x80"), 1u);     // a surrogate
-  EXPECT_EQ(FindInvalidUtf8("\xF4\x90\x80\x80"), 0u);  // above U+10FFFF
-  EXPECT_EQ(FindInvalidUtf8("abc\xE2\x82"), 3u);       // cut off
-}
-
 }  // namespace
 }  // namespace levelwidgets

@@ -1,10 +1,11 @@
 // The only file that sees the TOML library.
 #include <algorithm>
-#include <chrono>
 
 #include <levelwidgets/host/form_file/document.h>
 #include <levelwidgets/host/form_file/syntax_error.h>
 #include <levelwidgets/host/form_file/values_date.h>
+#include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 // An assertion of the library would end the program at "[=", which its parser then reports as it should.
 #define TOML_ASSERT(expression) static_assert(true)
@@ -46,7 +47,7 @@ class TextPlaces {
  private:
   void ListCharacters(const std::string& text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
-      if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80) characters_.push_back(at);
+      if (!text::IsContinuation(text[at])) characters_.push_back(at);
     }
     characters_.push_back(text.size());
   }
@@ -76,8 +77,7 @@ double TimeOfDay(const toml::time& time) {
 }
 
 Date DateOf(const toml::date& date, double time_of_day) {
-  return MakeDate({std::chrono::year(date.year), std::chrono::month(date.month), std::chrono::day(date.day)},
-                  time_of_day);
+  return calendar::DateOf(calendar::DayNumber(date.year, date.month, date.day), time_of_day);
 }
 
 class Converter {
@@ -147,7 +147,7 @@ class Converter {
 
 FormSyntaxError SyntaxError(const std::string& text, const toml::parse_error& error) {
   // The library notices bad bytes a block late.
-  if (const auto invalid = FindInvalidUtf8(text)) {
+  if (const auto invalid = text::FindIllFormed(text)) {
     return {FormDocument(text, {}).PositionOf(*invalid), ExplainInvalidUtf8(text, *invalid)};
   }
   const std::size_t offset = std::min(TextPlaces(text).SpanOf(error.source()).begin, text.size());

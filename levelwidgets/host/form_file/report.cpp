@@ -1,4 +1,5 @@
 #include <levelwidgets/host/form_file/report.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -35,14 +36,13 @@ std::vector<Diagnostic> FormReport::Diagnostics() const {
 namespace {
 
 bool IsControlCharacter(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 // The texts before and after the middle that is left out; neither cuts a character.
 std::pair<std::string_view, std::string_view> Ends(std::string_view text, std::size_t before,
                                                    std::size_t after) {
-  while (before > 0 && IsContinuation(text[before])) --before;
+  while (before > 0 && text::IsContinuation(text[before])) --before;
   std::size_t resume = text.size() - after;
-  while (resume < text.size() && IsContinuation(text[resume])) ++resume;
+  while (resume < text.size() && text::IsContinuation(text[resume])) ++resume;
   return {text.substr(0, before), text.substr(resume)};
 }
 

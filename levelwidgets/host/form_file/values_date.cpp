@@ -4,35 +4,31 @@
 #include <cstdio>
 
 #include <levelwidgets/frame/error.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 namespace levelwidgets {
 
 namespace {
 
-constexpr std::chrono::sys_days kFirstDay{std::chrono::year(1899) / 12 / 30};
 constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
 constexpr std::int64_t kNanosecondsPerDay = 86'400 * kNanosecondsPerSecond;
 
-// Days before the first one count down, their time of day still forward.
-Date Combine(double day, double time_of_day) { return {day < 0 ? day - time_of_day : day + time_of_day}; }
-
 struct DayAndTime {
-  std::int64_t day;
+  int day;
   std::int64_t nanoseconds;
 
   Date ToDate() const {
-    return Combine(static_cast<double>(day),
-                   static_cast<double>(nanoseconds) / static_cast<double>(kNanosecondsPerDay));
+    return calendar::DateOf(day, static_cast<double>(nanoseconds) / static_cast<double>(kNanosecondsPerDay));
   }
 };
 
 // The roundest time that is still this very date.
 DayAndTime Split(Date date) {
-  const double day = std::trunc(date.days);
+  const double day = calendar::DayOf(date).days;
   const double nanoseconds = std::fabs(date.days - day) * static_cast<double>(kNanosecondsPerDay);
   DayAndTime split{};
   for (const std::int64_t unit : {kNanosecondsPerSecond, std::int64_t{1'000'000}, std::int64_t{1}}) {
-    split = {static_cast<std::int64_t>(day), std::llround(nanoseconds / static_cast<double>(unit)) * unit};
+    split = {static_cast<int>(day), std::llround(nanoseconds / static_cast<double>(unit)) * unit};
     if (split.nanoseconds >= kNanosecondsPerDay) split = {split.day + 1, 0};
     if (split.ToDate() == date) break;
   }
@@ -56,18 +52,12 @@ double TimeFraction(int hour, int minute, int second, std::uint32_t nanosecond) 
          static_cast<double>(kNanosecondsPerDay);
 }
 
-Date MakeDate(std::chrono::year_month_day day, double time_of_day) {
-  const auto days = std::chrono::sys_days(day) - kFirstDay;
-  return Combine(static_cast<double>(days.count()), time_of_day);
-}
-
 std::string WriteDate(Date date) {
   if (!(date.days > -693'594 && date.days < 2'958'466)) throw Error(kOverflow);
   const DayAndTime split = Split(date);
-  const std::chrono::year_month_day day(kFirstDay + std::chrono::days(split.day));
+  const DateParts day = calendar::PartsOf(calendar::Moment{split.day, 0});
   char text[64];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02u", static_cast<int>(day.year()),
-                static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d", day.year, day.month, day.day);
   if (split.nanoseconds == 0) return text;
   std::string result = text;
   const int seconds = static_cast<int>(split.nanoseconds / kNanosecondsPerSecond);

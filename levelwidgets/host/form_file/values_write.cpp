@@ -5,6 +5,7 @@
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/form_file/values_date.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets {
 
@@ -69,7 +70,7 @@ void AppendEscaped(std::string& text, char c) {
 std::string WriteString(std::string_view text) {
   std::string written = "\"";
   while (!text.empty()) {
-    const std::size_t valid = FindInvalidUtf8(text).value_or(text.size());
+    const std::size_t valid = text::FindIllFormed(text).value_or(text.size());
     for (const char c : text.substr(0, valid)) AppendEscaped(written, c);
     text.remove_prefix(valid);
     if (text.empty()) break;

@@ -29,12 +29,12 @@ ObjectRef HeldBy(const ObjectRef& object, const PathStep& step) {
   return held.Type() == VariantType::kObject ? std::get<ObjectRef>(held.Get()) : nullptr;
 }
 
-void Assign(Object& object, const Event& event) {
+void Assign(Object& object, const Event& event, ConversionApi& conversions) {
   const std::span indices(event.values.data(), event.values.size() - 1);
   if (indices.empty()) {
-    SetByName(object, event.member, event.values.back());
+    SetByName(object, event.member, event.values.back(), conversions);
   } else {
-    SetIndexedByName(object, event.member, indices, event.values.back());
+    SetIndexedByName(object, event.member, indices, event.values.back(), conversions);
   }
 }
 
@@ -185,7 +185,7 @@ bool Session::DoPointer(const Event& event) {
 
 bool Session::DoMember(const Event& event) {
   if (event.control.empty()) {
-    if (event.kind == EventKind::kSet) Assign(*form_, event);
+    if (event.kind == EventKind::kSet) Assign(*form_, event, desktop_.Conversions());
     return event.kind == EventKind::kSet;
   }
   const auto hosted = form_->Find(event.control);
@@ -208,9 +208,9 @@ bool Session::DoMember(const Event& event) {
     object = held.get();
   }
   if (event.kind == EventKind::kSet) {
-    Assign(*object, event);
+    Assign(*object, event, desktop_.Conversions());
   } else {
-    InvokeByName(*object, event.member, event.values);
+    InvokeByName(*object, event.member, event.values, desktop_.Conversions());
   }
   return true;
 }
@@ -225,7 +225,7 @@ void Session::ChangeFont(Object& object, const Event& event) {
   if (!font) return;
   FontDescription changed = font->Description();
   const auto field = std::ranges::find(FontFields(), event.member, &FontField::name);
-  field->set(changed, ConvertTo(field->type.type, event.values[0]));
+  field->set(changed, ConvertTo(field->type.type, event.values[0], desktop_.Conversions()));
   font->SetDescription(changed);
 }
 

@@ -1,4 +1,5 @@
 #include <levelwidgets/host/monkey/run.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::monkey {
 
@@ -12,7 +13,7 @@ std::vector<Event> Without(const std::vector<Event>& events, std::size_t begin, 
 
 // The first character boundary of the UTF-8 text from `at` on.
 std::size_t Boundary(std::string_view text, std::size_t at) {
-  while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80) ++at;
+  while (at < text.size() && text::IsContinuation(text[at])) ++at;
   return at;
 }
 

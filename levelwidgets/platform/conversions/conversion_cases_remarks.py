@@ -22,7 +22,7 @@ REMARKS = {
     "empty-text": "an empty text is no date; Wine takes it for day 0",
     "null": "null takes the fourth section; Wine gives nothing",
     "boolean": "the general form of a boolean is True or False; Wine gives a number",
-    "left": "an exclamation mark fills from the left; Wine ignores it",
+    "left": "an exclamation mark fills from the left and keeps the last characters; Wine ignores it",
     "case": "a text format without < keeps capitals; Wine makes some of them small",
     "capitals": "letters with accents have capitals, too; Wine knows those of the alphabet only",
     "numeric-text": "a text with thousands separators or zeros in front is a number; Wine gives it as it is",
@@ -72,7 +72,7 @@ def number_remark(kind, text, name, loc):
     if kind == "e":
         return "empty"
     if kind == "d":
-        return "" if name == "General Number" else "date-number"
+        return "date-number"
     number = number_of(kind, text, loc)
     if number is None:
         return ""

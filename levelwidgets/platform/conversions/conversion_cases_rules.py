@@ -284,6 +284,8 @@ def format_text(text, picture):
     text = text.lower() if case == "<" else text.upper() if case == ">" else text
     places = sum(1 for _, _, c, _ in tokens if c and c in "@&")
     left = any(c == "!" for _, _, c, _ in tokens)
+    if left and places:  # no more than there are places for: the last ones
+        text = text[max(0, len(text) - places):]
     gap = max(0, places - len(text))
     cells = list(text[:places]) + [None] * gap if left else [None] * gap + list(text[:places])
     result = ""
@@ -357,8 +359,6 @@ def format_value(kind, text, name, loc, days):
         else:
             when = moment(float(number_of(kind, text, loc)) if kind != "d" else float(text))
         return format_date(when, picture, loc, *days) if when else general_value(kind, text, loc)
-    if name == "General Number" and kind == "d":
-        return general_value(kind, text, loc)
     number = number_of(kind, text, loc)
     if number is None:
         return general_value(kind, text, loc)

@@ -3,13 +3,14 @@
 #include <cmath>
 #include <optional>
 
-#include <levelwidgets/platform/conversions/calendar.h>
 #include <levelwidgets/platform/conversions/date_parse.h>
 #include <levelwidgets/platform/conversions/date_text.h>
 #include <levelwidgets/platform/conversions/format.h>
-#include <levelwidgets/platform/conversions/letter_case.h>
 #include <levelwidgets/platform/conversions/number_parse.h>
 #include <levelwidgets/platform/conversions/number_text.h>
+#include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/letter_case.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -32,8 +33,8 @@ bool IsWithin(int value, int least, int most) { return value >= least && value <
 
 }  // namespace
 
-Conversions::Conversions(Locale locale, std::function<Date()> now, std::function<bool(char32_t)> in_code_page)
-    : locale_(std::move(locale)), now_(std::move(now)), in_code_page_(std::move(in_code_page)) {}
+Conversions::Conversions(Locale locale, std::function<Date()> now, const CodePageCoder* code_page)
+    : locale_(std::move(locale)), now_(std::move(now)), code_page_(code_page) {}
 
 // --- Numbers and dates -----------------------------------------------------------------------
 
@@ -49,8 +50,8 @@ Converted<double> Conversions::ToDouble(const ConversionValue& value) {
 }
 
 Converted<Date> Conversions::TextToDate(std::string_view text) {
-  const std::optional<DateParts> today = PartsOf(now_());
-  return ParseDate(text, locale_, today ? today->year : kFirstYear);
+  const std::optional<DateParts> today = calendar::PartsOf(now_());
+  return ParseDate(text, locale_, today ? today->year : calendar::kFirstYear);
 }
 
 Converted<Date> Conversions::ToDate(const ConversionValue& value) {
@@ -59,7 +60,19 @@ Converted<Date> Conversions::ToDate(const ConversionValue& value) {
   }
   const Converted<double> days = ToDouble(value);
   if (!days) return days.status;
-  return MomentOf({days.value}) ? Converted<Date>(Date{days.value}) : kOutOfRange;
+  return calendar::MomentOf({days.value}) ? Converted<Date>(Date{days.value}) : kOutOfRange;
+}
+
+Converted<bool> Conversions::ToBoolean(const ConversionValue& value) {
+  if (const auto* text = std::get_if<std::string_view>(&value)) {
+    const auto is = [&](std::string_view word, std::string_view marked) {
+      return text::EqualIgnoringCase(*text, word) || text::EqualIgnoringCase(*text, marked);
+    };
+    if (is("True", "#TRUE#")) return true;
+    if (is("False", "#FALSE#")) return false;
+  }
+  const Converted<double> number = ToDouble(value);
+  return number ? Converted<bool>(number.value != 0) : number.status;
 }
 
 bool Conversions::IsNumeric(const ConversionValue& value) {
@@ -88,7 +101,7 @@ std::string Conversions::GeneralText(const ConversionValue& value) {
                       [&](float number) { AppendGeneral(number, locale_, out); },
                       [&](double number) { AppendGeneral(number, locale_, out); },
                       [&](Date date) {
-                        const std::optional<DateParts> parts = PartsOf(date);
+                        const std::optional<DateParts> parts = calendar::PartsOf(date);
                         if (parts) return AppendGeneralDate(*parts, locale_, out);
                         AppendGeneral(date.days, locale_, out);
                       },
@@ -123,13 +136,10 @@ bool Conversions::FormatAs(const ParsedFormat& format, const ConversionValue& va
   }
   if (format.kind == FormatKind::kDate) {
     const Converted<Date> date = ToDate(value);
-    if (date) FormatDate(*PartsOf(date.value), format, locale_, first_day, first_week, out);
+    if (date) FormatDate(*calendar::PartsOf(date.value), format, locale_, first_day, first_week, out);
     return static_cast<bool>(date);
   }
-  if (format.kind == FormatKind::kGeneral ||
-      (format.kind == FormatKind::kGeneralNumber && std::holds_alternative<Date>(value))) {
-    return false;
-  }
+  if (format.kind == FormatKind::kGeneral) return false;
   const Converted<Decimal> number = ToDecimal(value);
   if (!number) return false;
   if (format.kind == FormatKind::kNumber) {
@@ -166,18 +176,18 @@ Converted<std::string> Conversions::Format(const ConversionValue& value, std::st
 // --- The calendar ----------------------------------------------------------------------------
 
 Converted<Date> Conversions::DateAdd(std::string_view interval, double number, Date date) {
-  return AddToDate(interval, number, date);
+  return calendar::AddToDate(interval, number, date);
 }
 
 Converted<DateParts> Conversions::SplitDate(Date date) {
-  const std::optional<DateParts> parts = PartsOf(date);
+  const std::optional<DateParts> parts = calendar::PartsOf(date);
   return parts ? Converted<DateParts>(*parts) : kInvalid;
 }
 
 Converted<int> Conversions::Weekday(Date date, int first_day) {
-  const std::optional<Moment> moment = MomentOf(date);
+  const std::optional<calendar::Moment> moment = calendar::MomentOf(date);
   if (!moment || !IsWithin(first_day, kSystemDay, kSaturday)) return kInvalid;
-  return WeekdayOf(moment->day, first_day == kSystemDay ? locale_.first_day : first_day);
+  return calendar::WeekdayOf(moment->day, first_day == kSystemDay ? locale_.first_day : first_day);
 }
 
 Converted<std::string> Conversions::MonthName(int month, bool abbreviated) {
@@ -195,11 +205,25 @@ std::string Conversions::UpperCase(std::string_view text) {
   std::string upper;
   upper.reserve(text.size());
   while (!text.empty()) {
-    const char32_t character = TakeCharacter(text);
-    const char32_t capital = conversions::UpperCase(character);
-    AppendCharacter(in_code_page_ && !in_code_page_(capital) ? character : capital, upper);
+    const char32_t character = text::TakeCharacter(text);
+    const char32_t capital = text::UpperCase(character);
+    text::AppendCharacter(capital == character || IsInCodePage(capital) ? capital : character, upper);
   }
   return upper;
+}
+
+bool Conversions::IsInCodePage(char32_t character) {
+  std::string text;
+  text::AppendCharacter(character, text);
+  return FromCodePage(ToCodePage(text)) == text;
+}
+
+std::string Conversions::ToCodePage(std::string_view text) {
+  return code_page_ ? code_page_->ToCodePage(text) : std::string(text);
+}
+
+std::string Conversions::FromCodePage(std::string_view bytes) {
+  return code_page_ ? code_page_->FromCodePage(bytes) : std::string(bytes);
 }
 
 }  // namespace levelwidgets::conversions

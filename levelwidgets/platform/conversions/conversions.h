@@ -14,11 +14,19 @@
 
 namespace levelwidgets::conversions {
 
+// The bytes of a code page and their texts; "?" for a character outside it. Outlives the conversions.
+class CodePageCoder {
+ public:
+  virtual ~CodePageCoder() = default;
+  virtual std::string ToCodePage(std::string_view text) const = 0;
+  virtual std::string FromCodePage(std::string_view bytes) const = 0;
+};
+
 // Keeps the formats it has taken apart, so one thread at a time.
 class Conversions final : public ConversionApi {
  public:
-  // `now` tells the year of dates without one; `in_code_page` which characters the code page has (all).
-  Conversions(Locale locale, std::function<Date()> now, std::function<bool(char32_t)> in_code_page = {});
+  // `now` gives the year of dates without one. Null for a system whose code page is UTF-8.
+  Conversions(Locale locale, std::function<Date()> now, const CodePageCoder* code_page = nullptr);
 
   const Locale& GetLocale() const { return locale_; }
 
@@ -26,6 +34,7 @@ class Conversions final : public ConversionApi {
   Converted<double> ToDouble(const ConversionValue& value) override;
   Converted<Date> ToDate(const ConversionValue& value) override;
   Converted<std::string> ToText(const ConversionValue& value) override;
+  Converted<bool> ToBoolean(const ConversionValue& value) override;
   bool IsNumeric(const ConversionValue& value) override;
   bool IsDate(const ConversionValue& value) override;
   Converted<std::string> Format(const ConversionValue& value, std::string_view format,
@@ -36,6 +45,8 @@ class Conversions final : public ConversionApi {
   Converted<std::string> MonthName(int month, bool abbreviated = false) override;
   Converted<std::string> WeekdayName(int weekday, bool abbreviated = false, int first_day = kSunday) override;
   std::string UpperCase(std::string_view text) override;
+  std::string ToCodePage(std::string_view text) override;
+  std::string FromCodePage(std::string_view bytes) override;
 
  private:
   struct KnownFormat {
@@ -50,10 +61,11 @@ class Conversions final : public ConversionApi {
   bool FormatAs(const ParsedFormat& format, const ConversionValue& value, int first_day, int first_week,
                 TextBuilder& out);
   std::string GeneralText(const ConversionValue& value);
+  bool IsInCodePage(char32_t character);
 
   Locale locale_;
   std::function<Date()> now_;
-  std::function<bool(char32_t)> in_code_page_;
+  const CodePageCoder* code_page_;
   std::array<KnownFormat, 32> known_formats_;
 };
 

@@ -6,7 +6,8 @@
 #include <limits>
 #include <random>
 
-#include <levelwidgets/platform/conversions/calendar.h>
+#include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -18,7 +19,7 @@ Conversions Of(std::string_view locale) {
 }
 
 Date On(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
-  return DateOf(DateParts{year, month, day, hour, minute, second}).value();
+  return calendar::DateOf(DateParts{year, month, day, hour, minute, second}).value();
 }
 
 class ConversionsTest : public testing::Test {
@@ -260,11 +261,53 @@ TEST_F(ConversionsTest, EachBuiltInLocaleIsComplete) {
   EXPECT_EQ(LocaleOrDefault("xx-XX").name, "en-US");
 }
 
+// A code page of the characters below U+0100.
+class Latin1 final : public CodePageCoder {
+ public:
+  std::string ToCodePage(std::string_view text) const override {
+    std::string bytes;
+    while (!text.empty()) {
+      const char32_t character = text::TakeCharacter(text);
+      bytes += character < 0x100 ? static_cast<char>(character) : '?';
+    }
+    return bytes;
+  }
+  std::string FromCodePage(std::string_view bytes) const override {
+    std::string text;
+    for (const char byte : bytes) text::AppendCharacter(static_cast<unsigned char>(byte), text);
+    return text;
+  }
+};
+
+TEST_F(ConversionsTest, TextsGoThroughTheCodePageAndBack) {
+  const Latin1 latin1;
+  Conversions narrow(
+      LocaleOrDefault("fr-FR"), [] { return kToday; }, &latin1);
+  EXPECT_EQ(narrow.ToCodePage("\xC3\xA9\xC5\x93"), "\xE9?");
+  EXPECT_EQ(narrow.FromCodePage("\xE9"), "\xC3\xA9");
+  EXPECT_EQ(conversions.ToCodePage("\xC5\x93"), "\xC5\x93") << "UTF-8 where there is no other";
+}
+
+TEST_F(ConversionsTest, TextsOfBooleansCountInAnyCaseAndNumbersByWhetherTheyAreZero) {
+  const auto boolean = [&](const ConversionValue& value) { return conversions.ToBoolean(value); };
+  for (std::string_view text : {"True", "TRUE", "true", "#TRUE#", "1", "-0.5", "&H10"}) {
+    EXPECT_EQ(boolean(text), Converted<bool>(true)) << text;
+  }
+  for (std::string_view text : {"False", "FALSE", "#false#", "0", "0.0"}) {
+    EXPECT_EQ(boolean(text), Converted<bool>(false)) << text;
+  }
+  EXPECT_EQ(boolean(std::string_view("yes")).status, ConversionStatus::kMismatch);
+  EXPECT_EQ(boolean(std::string_view("")).status, ConversionStatus::kMismatch);
+  EXPECT_EQ(boolean(NullValue{}).status, ConversionStatus::kMismatch);
+  EXPECT_EQ(boolean(2.5), Converted<bool>(true));
+  EXPECT_EQ(boolean(EmptyValue{}), Converted<bool>(false));
+}
+
 TEST_F(ConversionsTest, CapitalsKeepWhatHasNoneInTheCodePage) {
   EXPECT_EQ(conversions.UpperCase("May 2024, août straße ÿ"), "MAY 2024, AOÛT STRAßE Ÿ");
-  const auto latin1 = [](char32_t c) { return c < 0x100; };
+  const Latin1 latin1;
   Conversions narrow(
-      LocaleOrDefault("fr-FR"), [] { return kToday; }, latin1);
+      LocaleOrDefault("fr-FR"), [] { return kToday; }, &latin1);
   EXPECT_EQ(narrow.UpperCase("éÿœ"), "Éÿœ");
   EXPECT_EQ(conversions.UpperCase("\xE9 \xC3"), "\xE9 \xC3") << "ill-formed bytes stay";
 }
@@ -293,11 +336,11 @@ TEST_F(ConversionsTest, ANumbersTextConvertsBackToItsFifteenDigits) {
 TEST_F(ConversionsTest, AGeneralDateConvertsBack) {
   std::mt19937_64 random(2);
   std::uniform_int_distribution<int> days(-657434, 2958465);
-  std::uniform_int_distribution<int> seconds(0, kSecondsPerDay - 1);
+  std::uniform_int_distribution<int> seconds(0, calendar::kSecondsPerDay - 1);
   for (std::string_view name : {"en-US", "en-GB", "de-DE", "fr-FR", "sv-SE", "ja-JP"}) {
     Conversions local = Of(name);
     for (int i = 0; i < 2000; ++i) {
-      const Date date = DateOf(Moment{days(random), i % 3 == 0 ? 0 : seconds(random)});
+      const Date date = calendar::DateOf(calendar::Moment{days(random), i % 3 == 0 ? 0 : seconds(random)});
       const std::string text = local.ToText(date).value;
       // Years below 100 do not exist, those of two digits are never written.
       EXPECT_EQ(local.ToDate(std::string_view(text)).value, date) << text;
@@ -308,8 +351,9 @@ TEST_F(ConversionsTest, AGeneralDateConvertsBack) {
 
 TEST_F(ConversionsTest, EverySecondOfADayIsItself) {
   for (int day : {-657434, -1, 0, 1, 45427, 2958465}) {
-    for (int second = 0; second < kSecondsPerDay; second += 7) {
-      const std::optional<Moment> moment = MomentOf(DateOf(Moment{day, second}));
+    for (int second = 0; second < calendar::kSecondsPerDay; second += 7) {
+      const std::optional<calendar::Moment> moment =
+          calendar::MomentOf(calendar::DateOf(calendar::Moment{day, second}));
       ASSERT_TRUE(moment);
       ASSERT_EQ(moment->day, day);
       ASSERT_EQ(moment->second, second);

@@ -4,9 +4,10 @@
 #include <array>
 #include <optional>
 
-#include <levelwidgets/platform/conversions/calendar.h>
 #include <levelwidgets/platform/conversions/date_resolve.h>
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/letter_case.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -32,8 +33,8 @@ std::string_view TakePatternWord(std::string_view& pattern) {
 
 bool BeginsWithLetter(std::string_view text) {
   if (text.empty()) return false;
-  const char32_t c = TakeCharacter(text);
-  return UpperCase(c) != c || LowerCase(c) != c;
+  const char32_t c = text::TakeCharacter(text);
+  return text::UpperCase(c) != c || text::LowerCase(c) != c;
 }
 
 class DateReader {
@@ -68,7 +69,7 @@ class DateReader {
   }
   // A word that no letter follows.
   bool TakeWord(std::string_view word) {
-    const std::size_t length = MatchIgnoringCase(rest_, word);
+    const std::size_t length = text::MatchIgnoringCase(rest_, word);
     if (length == 0 || BeginsWithLetter(rest_.substr(length))) return false;
     rest_.remove_prefix(length);
     return true;
@@ -180,7 +181,7 @@ class DateReader {
     parts.hour = time_[0];
     parts.minute = time_[1];
     parts.second = time_[2];
-    const std::optional<Date> date = DateOf(parts);
+    const std::optional<Date> date = calendar::DateOf(parts);
     return date ? Converted<Date>(*date) : kMismatch;
   }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include <levelwidgets/platform/conversions/calendar.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -23,7 +23,7 @@ std::optional<DateParts> TakeAs(Elements elements, std::string_view order, int y
       default: parts.year = FullYear(element.value);
     }
   }
-  return DateOf(parts) ? std::optional(parts) : std::nullopt;
+  return calendar::DateOf(parts) ? std::optional(parts) : std::nullopt;
 }
 
 std::optional<DateParts> TakeAsFirst(Elements elements, std::initializer_list<std::string_view> orders,

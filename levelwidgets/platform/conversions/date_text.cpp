@@ -53,7 +53,8 @@ class PatternWriter {
   }
 
   void WriteDay(bool abbreviated) {
-    const int weekday = WeekdayOf(DayNumber(parts_.year, parts_.month, parts_.day), kSunday);
+    const int weekday =
+        calendar::WeekdayOf(calendar::DayNumber(parts_.year, parts_.month, parts_.day), kSunday);
     out_.Append(DayNameOf(locale_, weekday, abbreviated));
   }
 

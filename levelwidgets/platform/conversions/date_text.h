@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include <levelwidgets/platform/conversions/calendar.h>
 #include <levelwidgets/platform/conversions/locale.h>
 #include <levelwidgets/platform/conversions/text_builder.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 namespace levelwidgets::conversions {
 

@@ -4,11 +4,11 @@
 #include <optional>
 #include <string_view>
 
-#include <levelwidgets/platform/conversions/calendar.h>
 #include <levelwidgets/platform/conversions/decimal.h>
 #include <levelwidgets/platform/conversions/format_parse.h>
 #include <levelwidgets/platform/conversions/locale.h>
 #include <levelwidgets/platform/conversions/text_builder.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 namespace levelwidgets::conversions {
 

@@ -16,7 +16,7 @@ class DateWriter {
       switch (token.kind) {
         case TokenKind::kLiteral: out_.Append(format.LiteralOf(token)); break;
         case TokenKind::kWeekday: out_.AppendNumber(Weekday(first_day)); break;
-        case TokenKind::kWeek: out_.AppendNumber(WeekOfYear(date_, first_day, first_week)); break;
+        case TokenKind::kWeek: out_.AppendNumber(calendar::WeekOfYear(date_, first_day, first_week)); break;
         default: WriteDay(token.kind);
       }
     }
@@ -24,7 +24,7 @@ class DateWriter {
 
  private:
   int Weekday(int first_day) const {
-    return WeekdayOf(DayNumber(date_.year, date_.month, date_.day), first_day);
+    return calendar::WeekdayOf(calendar::DayNumber(date_.year, date_.month, date_.day), first_day);
   }
 
   void WriteDay(TokenKind kind) {
@@ -38,7 +38,8 @@ class DateWriter {
       case TokenKind::kMonthShort: return out_.Append(MonthNameOf(locale_, date_.month, true));
       case TokenKind::kMonthLong: return out_.Append(MonthNameOf(locale_, date_.month, false));
       case TokenKind::kQuarter: return out_.AppendNumber((date_.month + 2) / 3);
-      case TokenKind::kDayOfYear: return out_.AppendNumber(DayOfYear(date_.year, date_.month, date_.day));
+      case TokenKind::kDayOfYear:
+        return out_.AppendNumber(calendar::DayOfYear(date_.year, date_.month, date_.day));
       case TokenKind::kYear2: return out_.AppendNumber(date_.year % 100, 2);
       case TokenKind::kYear4: return out_.AppendNumber(date_.year);
       default: WriteTime(kind);

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include <levelwidgets/platform/conversions/date_text.h>
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/letter_case.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -105,7 +106,7 @@ class FormatReader {
 
   std::string_view TakeFront() {
     const std::string_view before = rest_;
-    TakeCharacter(rest_);
+    text::TakeCharacter(rest_);
     return before.substr(0, before.size() - rest_.size());
   }
 
@@ -174,7 +175,7 @@ class FormatReader {
   // E+, E-, e+ or e- behind a placeholder, with the placeholders that follow it.
   bool ReadExponent() {
     NumberLayout& number = Number();
-    if (AsciiLower(rest_.front()) != 'e' || rest_.size() < 2 || (rest_[1] != '+' && rest_[1] != '-') ||
+    if (text::AsciiLower(rest_.front()) != 'e' || rest_.size() < 2 || (rest_[1] != '+' && rest_[1] != '-') ||
         !number.HasDigits() || number.scientific) {
       return false;
     }
@@ -213,7 +214,7 @@ class FormatReader {
 
   bool ReadDateToken() {
     for (const DateWord& word : kDateWords) {
-      if (MatchIgnoringCase(rest_, word.word) == 0) continue;
+      if (text::MatchIgnoringCase(rest_, word.word) == 0) continue;
       if (!Decide(FormatKind::kDate)) return false;
       const bool capital = rest_.front() == 'A';
       rest_.remove_prefix(word.word.size());
@@ -266,16 +267,16 @@ class FormatReader {
 ParsedFormat ParseFormat(std::string_view format) {
   ParsedFormat parsed;
   if (format.empty()) return parsed;
-  if (EqualIgnoringCase(format, "General Number")) {
+  if (text::EqualIgnoringCase(format, "General Number")) {
     parsed.kind = FormatKind::kGeneralNumber;
     return parsed;
   }
-  if (EqualIgnoringCase(format, "Currency")) {
+  if (text::EqualIgnoringCase(format, "Currency")) {
     parsed.kind = FormatKind::kCurrency;
     return parsed;
   }
   const auto named = std::ranges::find_if(kNamedFormats, [format](const NamedFormat& candidate) {
-    return EqualIgnoringCase(format, candidate.name);
+    return text::EqualIgnoringCase(format, candidate.name);
   });
   return FormatReader(named == std::end(kNamedFormats) ? format : named->meaning).Read();
 }

@@ -1,6 +1,6 @@
 #include <levelwidgets/platform/conversions/locale.h>
 
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/letter_case.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -123,7 +123,7 @@ const Locale* FindLocale(std::string_view name) {
   static const std::array<Locale, 6> kLocales = {English(), British(), German(),
                                                  French(),  Swedish(), Japanese()};
   for (const Locale& locale : kLocales) {
-    if (EqualIgnoringCase(locale.name, name)) return &locale;
+    if (text::EqualIgnoringCase(locale.name, name)) return &locale;
   }
   return nullptr;
 }

@@ -4,7 +4,8 @@
 #include <charconv>
 #include <string>
 
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/letter_case.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::conversions {
 namespace {
@@ -16,7 +17,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 // -1 for what is no digit of a base up to 16.
 int DigitValue(char c) {
   if (IsDigit(c)) return c - '0';
-  const char letter = AsciiLower(c);
+  const char letter = text::AsciiLower(c);
   return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
 }
 
@@ -43,7 +44,7 @@ class NumberReader {
  public:
   NumberReader(std::string_view text, const Locale& locale) : rest_(text), locale_(locale) {
     std::string_view thousands = locale.thousands;
-    if (!thousands.empty()) TakeCharacter(thousands);
+    if (!thousands.empty()) text::TakeCharacter(thousands);
     // Only the separator's first character counts.
     thousands_ = std::string_view(locale.thousands).substr(0, locale.thousands.size() - thousands.size());
   }
@@ -116,7 +117,8 @@ class NumberReader {
   }
 
   void ReadExponent() {
-    if (rest_.empty() || (AsciiLower(rest_.front()) != 'e' && AsciiLower(rest_.front()) != 'd')) return;
+    if (rest_.empty() || (text::AsciiLower(rest_.front()) != 'e' && text::AsciiLower(rest_.front()) != 'd'))
+      return;
     std::size_t end = 1;
     const bool has_sign = rest_.size() > 1 && (rest_[1] == '+' || rest_[1] == '-');
     if (has_sign) ++end;
@@ -171,7 +173,7 @@ class NumberReader {
 
   Converted<double> ReadBits() {
     if (rest_.empty()) return kMismatch;
-    const char letter = AsciiLower(rest_.front());
+    const char letter = text::AsciiLower(rest_.front());
     if (letter != 'h' && letter != 'o') return kMismatch;
     rest_.remove_prefix(1);
     const int shift = letter == 'h' ? 4 : 3;

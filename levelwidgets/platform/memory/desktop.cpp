@@ -1,6 +1,5 @@
 #include <levelwidgets/platform/memory/desktop.h>
 
-#include <levelwidgets/platform/memory/code_page.h>
 #include <levelwidgets/platform/memory/edit/edit_box.h>
 
 namespace levelwidgets::memory {
@@ -21,13 +20,6 @@ DrawingOptions DrawingOptionsOf(const DesktopOptions& options) {
   return drawing;
 }
 
-// Which characters a code page has.
-std::function<bool(char32_t)> CharactersOf(int code_page) {
-  return [page = CodePage(code_page)](char32_t character) {
-    return character == U'?' || page.Byte(character) != '?';
-  };
-}
-
 }  // namespace
 
 Desktop::Desktop(const DesktopOptions& options)
@@ -38,9 +30,9 @@ Desktop::Desktop(const DesktopOptions& options)
       windows_(options.screen, options.dpi_x, options.dpi_y, drawing_, clock_),
       screen_(options.screen, options.dpi_x, options.dpi_y),
       input_(windows_, clock_, drawing_),
+      code_page_(drawing_),
       conversions_(
-          conversions::LocaleOrDefault(options.locale), [this] { return clock_.Now(); },
-          CharactersOf(options.code_page)) {
+          conversions::LocaleOrDefault(options.locale), [this] { return clock_.Now(); }, &code_page_) {
   windows_.RegisterClass("EDIT", [this] { return std::make_unique<EditBox>(edit_host_); });
 }
 

@@ -32,6 +32,17 @@ struct DesktopOptions {
   FontSources fonts;
 };
 
+// The code page of the desktop's texts, for its conversions.
+class DesktopCodePage final : public conversions::CodePageCoder {
+ public:
+  explicit DesktopCodePage(const MemoryDrawing& drawing) : drawing_(drawing) {}
+  std::string ToCodePage(std::string_view text) const override { return drawing_.ToCodePage(text); }
+  std::string FromCodePage(std::string_view bytes) const override { return drawing_.FromCodePage(bytes); }
+
+ private:
+  const MemoryDrawing& drawing_;
+};
+
 // As a Platform it serves the controls, as a DesktopDriver the person who uses them. Must outlive every
 // window client and everything made on it.
 class Desktop final : public Platform, public DesktopDriver {
@@ -102,6 +113,7 @@ class Desktop final : public Platform, public DesktopDriver {
   MemoryWindows windows_;
   MemoryScreen screen_;
   MemoryInput input_;
+  DesktopCodePage code_page_;
   conversions::Conversions conversions_;
   Platform* outward_ = nullptr;
 };

@@ -1,8 +1,8 @@
 #include <levelwidgets/platform/memory/desktop_edit_host.h>
 
-#include <levelwidgets/platform/memory/code_page.h>
-#include <levelwidgets/platform/memory/edit/letter_case.h>
 #include <levelwidgets/platform/memory/raster.h>
+#include <levelwidgets/platform/text/code_page.h>
+#include <levelwidgets/platform/text/letter_case.h>
 
 namespace levelwidgets::memory {
 
@@ -11,7 +11,7 @@ namespace {
 constexpr std::uint32_t kAllColors = 0xFFFFFF;
 
 // Itself when the other case is not in the code page.
-char InCodePage(const CodePage& code_page, std::uint8_t byte, char32_t other_case) {
+char InCodePage(const text::CodePage& code_page, std::uint8_t byte, char32_t other_case) {
   const std::uint8_t other = code_page.Byte(other_case);
   return static_cast<char>(code_page.Unicode(other) == other_case ? other : byte);
 }
@@ -21,11 +21,11 @@ char InCodePage(const CodePage& code_page, std::uint8_t byte, char32_t other_cas
 DesktopEditHost::DesktopEditHost(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing,
                                  ClipboardState& clipboard, int code_page)
     : windows_(windows), clock_(clock), drawing_(drawing), clipboard_(clipboard) {
-  const CodePage page(code_page);
+  const text::CodePage page(code_page);
   for (std::size_t i = 0; i < upper_.size(); ++i) {
     const auto byte = static_cast<std::uint8_t>(i);
-    upper_[i] = InCodePage(page, byte, UpperCase(page.Unicode(byte)));
-    lower_[i] = InCodePage(page, byte, LowerCase(page.Unicode(byte)));
+    upper_[i] = InCodePage(page, byte, text::UpperCase(page.Unicode(byte)));
+    lower_[i] = InCodePage(page, byte, text::LowerCase(page.Unicode(byte)));
   }
 }
 
@@ -41,6 +41,11 @@ void DesktopEditHost::Invert(WindowHandle window, PixelRect area) {
 
 TimerHandle DesktopEditHost::StartTimer(std::uint32_t interval_ms, std::function<void()> tick) {
   return clock_.SetBackgroundTimer(interval_ms, std::move(tick));
+}
+
+PixelSize DesktopEditHost::ScreenSize() {
+  const PixelRect& screen = windows_.Tree().Desktop().rect;
+  return {screen.width(), screen.height()};
 }
 
 std::optional<std::string> DesktopEditHost::ClipboardBytes() {

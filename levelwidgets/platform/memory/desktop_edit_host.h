@@ -30,6 +30,10 @@ class DesktopEditHost final : public EditHost {
   std::optional<std::string> ClipboardBytes() override;
   bool SetClipboardBytes(std::string_view bytes) override;
 
+  PixelSize ScreenSize() override;
+  void SetMenu(WindowHandle menu) override { windows_.Input().menu = menu; }
+  std::uint64_t Ticks() override { return clock_.GetTickCount(); }
+
   std::string ToUtf8(std::string_view bytes) override { return drawing_.FromCodePage(bytes); }
   char UpperCaseOf(char byte) override { return upper_[static_cast<std::uint8_t>(byte)]; }
   char LowerCaseOf(char byte) override { return lower_[static_cast<std::uint8_t>(byte)]; }

@@ -21,6 +21,16 @@ TEST_F(DesktopTest, TheScreenIsAsTheOptionsSay) {
   EXPECT_EQ(oblong.PixelAt({800, 0}), kInvalidColorRef);
 }
 
+TEST_F(DesktopTest, TheScreenHandsOutWholeTwipsToThePixel) {
+  const std::map<int, float> twips_at = {{72, 20}, {96, 15}, {120, 12}, {144, 10}, {168, 9}, {192, 8},
+                                         {216, 7}, {240, 6}, {576, 2},  {1500, 1}, {5000, 1}};
+  for (const auto& [dpi, twips] : twips_at) {
+    Desktop one({.dpi_x = dpi, .dpi_y = 96});
+    EXPECT_EQ(one.Screen().TwipsPerPixelX(), twips) << dpi;
+    EXPECT_EQ(one.Screen().TwipsPerPixelY(), 15.0F) << dpi;
+  }
+}
+
 TEST_F(DesktopTest, TheClipboardIsOneForAll) {
   EXPECT_EQ(desktop.Clipboard(), "");
   desktop.SetClipboard("text");

@@ -8,6 +8,7 @@
 
 #include <levelwidgets/platform/drawing.h>
 #include <levelwidgets/platform/memory/font_cache.h>
+#include <levelwidgets/platform/memory/system_colors.h>
 #include <levelwidgets/platform/memory/target.h>
 
 namespace levelwidgets::memory {
@@ -124,7 +125,10 @@ struct Context {
   const DrawingTarget& Target() { return source ? source->Target() : bitmap_target; }
 };
 
-// What is drawn for a colour: whatever its high byte says, its lower three bytes.
-constexpr std::uint32_t Drawable(ColorRef color) { return color.value & 0xFFFFFF; }
+// What is drawn for a colour (0x00BBGGRR): the display's colour for a palette index, otherwise the lower
+// three bytes whatever the top one says.
+constexpr std::uint32_t Drawable(ColorRef color) {
+  return color.value >> 24 == kPaletteIndex ? DisplayColor(color.value & 0xFFFF) : color.value & 0xFFFFFF;
+}
 
 }  // namespace levelwidgets::memory

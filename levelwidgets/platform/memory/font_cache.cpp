@@ -40,8 +40,8 @@ void FontCache::DropUnused() {
   while (count-- >= kKept) fonts_.erase(std::find_if(fonts_.begin(), fonts_.end(), unused));
 }
 
-const CodePage& FontCache::CodePageOf(const FontRequest& request) {
-  const int number = CodePageOfCharset(request.charset, system_code_page_);
+const text::CodePage& FontCache::CodePageOf(const FontRequest& request) {
+  const int number = text::CodePageOfCharset(request.charset, system_code_page_);
   return code_pages_.try_emplace(number, number).first->second;
 }
 

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include <levelwidgets/platform/memory/code_page.h>
 #include <levelwidgets/platform/memory/font_freetype.h>
 #include <levelwidgets/platform/memory/font_glyphs.h>
 #include <levelwidgets/platform/memory/font_search.h>
+#include <levelwidgets/platform/text/code_page.h>
 
 namespace levelwidgets::memory {
 
@@ -73,13 +73,13 @@ class FontCache {
 
  private:
   void DropUnused();
-  const CodePage& CodePageOf(const FontRequest& request);
+  const text::CodePage& CodePageOf(const FontRequest& request);
 
   FontSearch search_;
   FontLibrary library_;
   double aspect_;
   int system_code_page_;
-  std::map<int, CodePage> code_pages_;
+  std::map<int, text::CodePage> code_pages_;
   std::vector<std::shared_ptr<Font>> fonts_;  // the one asked for last at the end
 };
 

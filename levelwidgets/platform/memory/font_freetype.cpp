@@ -91,7 +91,7 @@ bool HasBoldOutlines(FT_Face face) {
 class FreeTypeFace final : public GlyphSource {
  public:
   FreeTypeFace(std::shared_ptr<Face> face, const FontRequest& request, double aspect,
-               const CodePage& code_page)
+               const text::CodePage& code_page)
       : face_(std::move(face)), code_page_(code_page) {
     FT_Face ft = face_->handle;
     units_ = UnitsOf(ft);
@@ -184,7 +184,7 @@ class FreeTypeFace final : public GlyphSource {
   }
 
   std::shared_ptr<Face> face_;
-  const CodePage& code_page_;
+  const text::CodePage& code_page_;
   LineUnits units_;
   int size_x_ = 1;  // pixels per em
   int size_y_ = 1;
@@ -206,7 +206,7 @@ FontLibrary::FontLibrary() : faces_(std::make_unique<Faces>()) {}
 FontLibrary::~FontLibrary() = default;
 
 std::unique_ptr<GlyphSource> FontLibrary::Open(const FontFile& file, const FontRequest& request,
-                                               double aspect, const CodePage& code_page) {
+                                               double aspect, const text::CodePage& code_page) {
   if (file.path.empty()) return nullptr;
   if (!faces_->library) faces_->library = std::make_shared<Library>();
   std::weak_ptr<Face>& known = faces_->open[{file.path, file.index}];

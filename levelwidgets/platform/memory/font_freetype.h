@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include <levelwidgets/platform/memory/code_page.h>
 #include <levelwidgets/platform/memory/font_glyphs.h>
 #include <levelwidgets/platform/memory/font_search.h>
+#include <levelwidgets/platform/text/code_page.h>
 
 namespace levelwidgets::memory {
 
@@ -18,7 +18,7 @@ class FontLibrary {
   // Null for a file that holds no outlines. `aspect` is a pixel's height divided by its width. Text is
   // never rotated: escapement and orientation are ignored.
   std::unique_ptr<GlyphSource> Open(const FontFile& file, const FontRequest& request, double aspect,
-                                    const CodePage& code_page);
+                                    const text::CodePage& code_page);
 
  private:
   struct Faces;

@@ -96,7 +96,7 @@ int MemoryDrawing::GetDeviceCaps(DcHandle dc, int index) {
 
 bool MemoryDrawing::OleTranslateColor(Color color, std::uint32_t, ColorRef& result) {
   const std::uint32_t bits = color.bits();
-  if (bits <= 0xFFFFFF) {
+  if (bits >> 24 <= kPaletteRgb) {
     result = {bits};
     return true;
   }

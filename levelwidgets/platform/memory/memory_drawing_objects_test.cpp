@@ -168,10 +168,34 @@ TEST_F(MemoryDrawingObjects, OleTranslateColorKnowsConcreteAndSystemColours) {
   EXPECT_EQ(result, drawing.GetSysColor(kColorButtonFace));
   EXPECT_TRUE(drawing.OleTranslateColor(Color(0x8000001Eu), 0, result));
   result = {0x55};
-  for (const std::uint32_t bits : {0x80000100u, 0x05000000u, 0x8000001Fu, 0xFFFFFFFFu, 0x01000000u}) {
+  for (const std::uint32_t bits :
+       {0x80000100u, 0x05000000u, 0x8000001Fu, 0xFFFFFFFFu, 0x03000000u, 0x81000005u}) {
     EXPECT_FALSE(drawing.OleTranslateColor(Color(bits), 0, result)) << bits;
   }
   EXPECT_EQ(result, (ColorRef{0x55}));
+}
+
+TEST_F(MemoryDrawingObjects, OleTranslateColorLeavesPaletteColoursAsTheyAre) {
+  for (const std::uint32_t bits : {0x01000000u, 0x0100000Du, 0x0100FFFFu, 0x02ABCDEFu}) {
+    ColorRef result{0x55};
+    EXPECT_TRUE(drawing.OleTranslateColor(Color(bits), 0, result)) << bits;
+    EXPECT_EQ(result, ColorRef{bits});
+  }
+}
+
+TEST_F(MemoryDrawingObjects, PaletteColoursDrawAsTheDisplaysOwn) {
+  const auto drawn = [&](std::uint32_t bits) {
+    const ObjectHandle brush = drawing.CreateSolidBrush({bits});
+    drawing.FillRect(dc, {0, 0, 1, 1}, brush);
+    drawing.DeleteObject(brush);
+    return drawing.GetPixel(dc, {0, 0}).value;
+  };
+  EXPECT_EQ(drawn(0x02ABCDEF), 0xABCDEFu);
+  EXPECT_EQ(drawn(0x0100000D), 0x0000FFu);  // red
+  EXPECT_EQ(drawn(0x01000009), 0xF0CAA6u);
+  EXPECT_EQ(drawn(0x01000013), 0xFFFFFFu);
+  EXPECT_EQ(drawn(0x01000014), 0x000000u);  // beyond the last one
+  EXPECT_EQ(drawn(0x01AB000D), 0x0000FFu);  // the index has 16 bits
 }
 
 TEST_F(MemoryDrawingObjects, ThePaletteIsReplacedAsAWhole) {

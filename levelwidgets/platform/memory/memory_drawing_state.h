@@ -29,7 +29,7 @@ struct MemoryDrawing::State {
   ObjectHandle SelectBitmap(Context& context, ObjectHandle handle, const DrawingObject& object);
 
   DrawingOptions options;
-  CodePage code_page;
+  text::CodePage code_page;
   FontCache fonts;
   SlotTable<DrawingObject> objects;
   SlotTable<Context> contexts;

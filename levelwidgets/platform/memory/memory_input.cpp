@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include <levelwidgets/platform/memory/edit/edit_host.h>
 #include <levelwidgets/platform/memory/finally.h>
 #include <levelwidgets/platform/memory/memory_keys.h>
 
@@ -10,8 +11,6 @@ namespace levelwidgets::memory {
 
 namespace {
 
-constexpr std::uint64_t kDoubleClickMs = 500;
-constexpr int kDoubleClickDistance = 4;
 constexpr int kWheelDelta = 120;
 
 constexpr int kKeyF10 = 121;
@@ -71,6 +70,7 @@ WParam MemoryInput::PointerBits() const {
 }
 
 WindowHandle MemoryInput::PointerTarget() {
+  if (const WindowHandle menu = windows_.Input().menu) return menu;
   if (const WindowHandle capture = windows_.GetCapture()) return capture;
   return windows_.WindowAt(windows_.Input().pointer).window;
 }
@@ -99,6 +99,7 @@ void MemoryInput::Press(int button) {
   if (!messages || IsDown(messages->key)) return;
   const bool first = !AnyButton();
   SetDown(messages->key, true);
+  if (PressMenu(messages->down)) return;
   const WindowHandle target = first ? PressTarget(messages->down) : PointerTarget();
   if (!windows_.IsWindow(target)) {
     last_press_.reset();
@@ -108,6 +109,19 @@ void MemoryInput::Press(int button) {
   press_capture_ = true;
   const bool second = IsSecondPress(button, target);
   SendPointer(target, second ? messages->double_click : messages->down);
+}
+
+// A press beside the open menu closes it and is a press on what is there.
+bool MemoryInput::PressMenu(std::uint32_t message) {
+  const WindowHandle menu = windows_.Input().menu;
+  if (!menu) return false;
+  last_press_.reset();
+  if (windows_.WindowAt(windows_.Input().pointer).top_level == menu) {
+    SendPointer(menu, message);
+    return true;
+  }
+  windows_.EndMenu();
+  return false;
 }
 
 // Activates what is under the pointer. A null window when the press is for none of ours.
@@ -162,6 +176,7 @@ void MemoryInput::EndPressCapture() {
 }
 
 void MemoryInput::Wheel(int notches) {
+  if (windows_.Input().menu) return;
   const PixelPoint pointer = windows_.Input().pointer;
   WindowHandle target = windows_.GetFocus();
   if (!target) target = windows_.WindowAt(pointer).window;
@@ -199,8 +214,9 @@ void MemoryInput::ReleaseFrame() {
 
 // --- Keys ------------------------------------------------------------------------------------
 
-// The focus window; without one the active window gets every key as a system key.
+// The open menu or the focus window; without one the active window gets every key as a system key.
 WindowHandle MemoryInput::KeyTarget(bool& system) const {
+  if (const WindowHandle menu = windows_.Input().menu) return menu;
   if (const WindowHandle focus = windows_.GetFocus()) return focus;
   system = true;
   return windows_.GetActiveWindow();

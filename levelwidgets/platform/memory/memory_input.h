@@ -62,6 +62,7 @@ class MemoryInput {
 
   WindowHandle PointerTarget();
   void SendPointer(WindowHandle window, std::uint32_t message);
+  bool PressMenu(std::uint32_t message);
   WindowHandle PressTarget(std::uint32_t message);
   bool PressFrame(const PointerHit& hit);
   void DragFrame();

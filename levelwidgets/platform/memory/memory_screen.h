@@ -12,8 +12,8 @@ class MemoryScreen final : public ScreenApi {
   MemoryScreen(PixelSize size, int dpi_x, int dpi_y) : size_(size), dpi_x_(dpi_x), dpi_y_(dpi_y) {}
 
   PixelSize Size() override { return size_; }
-  float TwipsPerPixelX() override { return 1440.0F / static_cast<float>(dpi_x_); }
-  float TwipsPerPixelY() override { return 1440.0F / static_cast<float>(dpi_y_); }
+  float TwipsPerPixelX() override { return WholeTwipsPerPixel(dpi_x_); }
+  float TwipsPerPixelY() override { return WholeTwipsPerPixel(dpi_y_); }
 
  private:
   PixelSize size_;

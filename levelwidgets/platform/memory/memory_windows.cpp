@@ -3,10 +3,10 @@
 #include <levelwidgets/platform/memory/memory_windows.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstring>
 
 #include <levelwidgets/platform/memory/finally.h>
+#include <levelwidgets/platform/text/letter_case.h>
 
 namespace levelwidgets::memory {
 
@@ -22,12 +22,6 @@ constexpr LResult kMaActivate = 1;
 // In a key message: Alt is held.
 constexpr LParam kAltContext = LParam{1} << 29;
 
-std::string UpperCase(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return result;
-}
-
 }  // namespace
 
 MemoryWindows::MemoryWindows(PixelSize screen, int dpi_x, int dpi_y, MemoryDrawing& drawing,
@@ -37,7 +31,7 @@ MemoryWindows::MemoryWindows(PixelSize screen, int dpi_x, int dpi_y, MemoryDrawi
 MemoryWindows::~MemoryWindows() = default;
 
 void MemoryWindows::RegisterClass(std::string_view name, ClassFactory factory) {
-  classes_[UpperCase(name)] = std::move(factory);
+  classes_[text::UpperCase(name)] = std::move(factory);
 }
 
 // --- Life ------------------------------------------------------------------------------------
@@ -68,7 +62,7 @@ WindowHandle MemoryWindows::CreateWindowExA(const WindowRequest& request) {
 bool MemoryWindows::Prepare(Window& window, const WindowRequest& request) {
   window.client = request.client;
   if (!request.class_name.empty()) {
-    const auto factory = classes_.find(UpperCase(request.class_name));
+    const auto factory = classes_.find(text::UpperCase(request.class_name));
     if (factory == classes_.end()) return false;
     window.class_part = factory->second();
     window.client = window.class_part.get();

@@ -24,6 +24,7 @@ using ClassFactory = std::function<std::unique_ptr<WindowClient>()>;
 struct InputState {
   PixelPoint pointer;
   std::array<bool, 256> down{};
+  WindowHandle menu;  // the open menu, to which all input goes
 };
 
 // Which window the pointer is over: the deepest enabled one, or none.
@@ -60,6 +61,8 @@ class MemoryWindows final : public WindowApi {
   // As a press does it: asks `hit` whether to activate its top-level window. False: no message for the
   // press is wanted.
   bool ActivateByPress(WindowHandle hit, WindowHandle top_level, std::uint32_t message);
+  // Destroys the open menu.
+  void EndMenu();
   // Another program is active.
   void Deactivate() { Activate({}, false, true); }
 

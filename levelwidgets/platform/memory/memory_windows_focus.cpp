@@ -83,7 +83,12 @@ WindowHandle MemoryWindows::SetActiveWindow(WindowHandle window) {
 
 // A null window leaves none of ours active. False when the window cannot become active, or a handler
 // has turned it elsewhere.
+void MemoryWindows::EndMenu() {
+  if (const WindowHandle menu = std::exchange(input_.menu, {})) DestroyWindow(menu);
+}
+
 bool MemoryWindows::Activate(WindowHandle window, bool by_press, bool move_focus) {
+  if (window != active_) EndMenu();
   Window* found = tree_.Find(window);
   if (window && (!found || !TakesFocus(*found))) return false;
   if (window) Raise(*found);

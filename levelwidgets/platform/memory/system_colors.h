@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -10,6 +12,18 @@
 #include <levelwidgets/platform/types.h>
 
 namespace levelwidgets::memory {
+
+// What the top byte of a colour says that is none of its own and no system colour's.
+inline constexpr std::uint32_t kPaletteIndex = 0x01;
+inline constexpr std::uint32_t kPaletteRgb = 0x02;
+
+// The 20 colours (0x00BBGGRR) that every display has, whatever its palette; the first one from 20 on.
+constexpr std::uint32_t DisplayColor(std::uint32_t index) {
+  constexpr std::uint32_t kColors[] = {0x000000, 0x000080, 0x008000, 0x008080, 0x800000, 0x800080, 0x808000,
+                                       0xC0C0C0, 0xC0DCC0, 0xF0CAA6, 0xF0FBFF, 0xA4A0A0, 0x808080, 0x0000FF,
+                                       0x00FF00, 0x00FFFF, 0xFF0000, 0xFF00FF, 0xFFFF00, 0xFFFFFF};
+  return kColors[index < std::size(kColors) ? index : 0];
+}
 
 // One value for each system colour index, 0 to 30.
 struct SystemPalette {

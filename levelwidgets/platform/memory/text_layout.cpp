@@ -12,8 +12,8 @@ bool IsBreak(char c) { return c == '\r' || c == '\n'; }
 
 }  // namespace
 
-const std::vector<TextLine>& TextLayout::Break(std::string_view utf8, const CodePage& code_page, Font& font,
-                                               int width, std::uint32_t format) {
+const std::vector<TextLine>& TextLayout::Break(std::string_view utf8, const text::CodePage& code_page,
+                                               Font& font, int width, std::uint32_t format) {
   bytes_.clear();
   marks_.clear();
   lines_.clear();

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include <levelwidgets/platform/memory/code_page.h>
 #include <levelwidgets/platform/memory/font_cache.h>
+#include <levelwidgets/platform/text/code_page.h>
 
 namespace levelwidgets::memory {
 
@@ -22,8 +22,8 @@ class TextLayout {
  public:
   // `format` of DrawTextA; a line is broken at `width` pixels with kDtWordBreak. The lines are valid
   // until the next call.
-  const std::vector<TextLine>& Break(std::string_view utf8, const CodePage& code_page, Font& font, int width,
-                                     std::uint32_t format);
+  const std::vector<TextLine>& Break(std::string_view utf8, const text::CodePage& code_page, Font& font,
+                                     int width, std::uint32_t format);
 
  private:
   void TakePrefixes();

@@ -17,6 +17,9 @@ class TracingConversions final : public ConversionApi {
   Converted<std::string> ToText(const ConversionValue& value) override {
     return log_.Pass("ToText", target_, &ConversionApi::ToText, value);
   }
+  Converted<bool> ToBoolean(const ConversionValue& value) override {
+    return log_.Pass("ToBoolean", target_, &ConversionApi::ToBoolean, value);
+  }
   bool IsNumeric(const ConversionValue& value) override {
     return log_.Pass("IsNumeric", target_, &ConversionApi::IsNumeric, value);
   }
@@ -44,6 +47,12 @@ class TracingConversions final : public ConversionApi {
   }
   std::string UpperCase(std::string_view text) override {
     return log_.Pass("UpperCase", target_, &ConversionApi::UpperCase, text);
+  }
+  std::string ToCodePage(std::string_view text) override {
+    return log_.Pass("ToCodePage", target_, &ConversionApi::ToCodePage, text);
+  }
+  std::string FromCodePage(std::string_view bytes) override {
+    return log_.Pass("FromCodePage", target_, &ConversionApi::FromCodePage, bytes);
   }
 
  private:

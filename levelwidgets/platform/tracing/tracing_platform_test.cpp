@@ -113,6 +113,7 @@ class FakeConversions : public ConversionApi {
   MOCK_METHOD(Converted<double>, ToDouble, (const ConversionValue&), (override));
   MOCK_METHOD(Converted<Date>, ToDate, (const ConversionValue&), (override));
   MOCK_METHOD(Converted<std::string>, ToText, (const ConversionValue&), (override));
+  MOCK_METHOD(Converted<bool>, ToBoolean, (const ConversionValue&), (override));
   MOCK_METHOD(bool, IsNumeric, (const ConversionValue&), (override));
   MOCK_METHOD(bool, IsDate, (const ConversionValue&), (override));
   MOCK_METHOD(Converted<std::string>, Format, (const ConversionValue&, std::string_view, int, int),
@@ -123,6 +124,8 @@ class FakeConversions : public ConversionApi {
   MOCK_METHOD(Converted<std::string>, MonthName, (int, bool), (override));
   MOCK_METHOD(Converted<std::string>, WeekdayName, (int, bool, int), (override));
   MOCK_METHOD(std::string, UpperCase, (std::string_view), (override));
+  MOCK_METHOD(std::string, ToCodePage, (std::string_view), (override));
+  MOCK_METHOD(std::string, FromCodePage, (std::string_view), (override));
 };
 
 class FakePlatform : public Platform {

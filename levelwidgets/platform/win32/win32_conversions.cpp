@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include <levelwidgets/platform/conversions/calendar.h>
+#include <levelwidgets/platform/text/calendar.h>
 #include <levelwidgets/platform/win32/win32_text.h>
 
 namespace levelwidgets::win32 {
@@ -137,6 +137,13 @@ Converted<std::string> Win32Conversions::ToText(const ConversionValue& value) {
   return FromWide({V_BSTR(address), ::SysStringLen(V_BSTR(address))});
 }
 
+Converted<bool> Win32Conversions::ToBoolean(const ConversionValue& value) {
+  OwnedVariant variant(value);
+  VARIANT* const address = variant.Address();
+  const HRESULT result = ::VariantChangeTypeEx(address, address, locale_id_, 0, VT_BOOL);
+  return SUCCEEDED(result) ? Converted<bool>(V_BOOL(address) != VARIANT_FALSE) : StatusOf(result);
+}
+
 bool Win32Conversions::IsNumeric(const ConversionValue& value) {
   return !std::holds_alternative<Date>(value) && ToDouble(value);
 }
@@ -163,7 +170,7 @@ Converted<std::string> Win32Conversions::Format(const ConversionValue& value, st
 
 // The automation layer adds no dates: its clients always did so themselves.
 Converted<Date> Win32Conversions::DateAdd(std::string_view interval, double number, Date date) {
-  return conversions::AddToDate(interval, number, date);
+  return calendar::AddToDate(interval, number, date);
 }
 
 Converted<DateParts> Win32Conversions::SplitDate(Date date) {
@@ -176,8 +183,8 @@ Converted<DateParts> Win32Conversions::SplitDate(Date date) {
 Converted<int> Win32Conversions::Weekday(Date date, int first_day) {
   const Converted<DateParts> parts = SplitDate(date);
   if (!parts || first_day < kSystemDay || first_day > kSaturday) return kInvalid;
-  const int number = conversions::DayNumber(parts.value.year, parts.value.month, parts.value.day);
-  return conversions::WeekdayOf(number, first_day == kSystemDay ? FirstDayOf(locale_id_) : first_day);
+  const int number = calendar::DayNumber(parts.value.year, parts.value.month, parts.value.day);
+  return calendar::WeekdayOf(number, first_day == kSystemDay ? FirstDayOf(locale_id_) : first_day);
 }
 
 Converted<std::string> Win32Conversions::MonthName(int month, bool abbreviated) {
@@ -198,9 +205,13 @@ std::string Win32Conversions::UpperCase(std::string_view text) {
   ::LCMapStringW(locale_id_, LCMAP_UPPERCASE, wide.data(), length, upper.data(), length);
   for (std::size_t i = 0; i < upper.size(); ++i) {
     const std::string capital = FromWide({&upper[i], 1});
-    if (upper[i] != wide[i] && FromCodePage(ToCodePage(capital)) != capital) upper[i] = wide[i];
+    if (upper[i] != wide[i] && win32::FromCodePage(win32::ToCodePage(capital)) != capital) upper[i] = wide[i];
   }
   return FromWide(upper);
 }
+
+std::string Win32Conversions::ToCodePage(std::string_view text) { return win32::ToCodePage(text); }
+
+std::string Win32Conversions::FromCodePage(std::string_view bytes) { return win32::FromCodePage(bytes); }
 
 }  // namespace levelwidgets::win32

@@ -18,6 +18,7 @@ class Win32Conversions final : public ConversionApi {
   Converted<double> ToDouble(const ConversionValue& value) override;
   Converted<Date> ToDate(const ConversionValue& value) override;
   Converted<std::string> ToText(const ConversionValue& value) override;
+  Converted<bool> ToBoolean(const ConversionValue& value) override;
   bool IsNumeric(const ConversionValue& value) override;
   bool IsDate(const ConversionValue& value) override;
   Converted<std::string> Format(const ConversionValue& value, std::string_view format,
@@ -28,6 +29,8 @@ class Win32Conversions final : public ConversionApi {
   Converted<std::string> MonthName(int month, bool abbreviated = false) override;
   Converted<std::string> WeekdayName(int weekday, bool abbreviated = false, int first_day = kSunday) override;
   std::string UpperCase(std::string_view text) override;
+  std::string ToCodePage(std::string_view text) override;
+  std::string FromCodePage(std::string_view bytes) override;
 
  private:
   Converted<Date> TextToDate(std::string_view text);

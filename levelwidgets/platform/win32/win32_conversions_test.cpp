@@ -6,9 +6,9 @@
 
 #include <cmath>
 
-#include <levelwidgets/platform/conversions/calendar.h>
 #include <levelwidgets/platform/conversions/conversion_cases.h>
 #include <levelwidgets/platform/conversions/conversions.h>
+#include <levelwidgets/platform/text/calendar.h>
 #include <levelwidgets/platform/win32/win32_text.h>
 #include <levelwidgets/testing/source_dir.h>
 
@@ -61,7 +61,7 @@ Locale SystemLocale(LCID id, const std::string& name) {
 Date Today() {
   SYSTEMTIME now;
   ::GetLocalTime(&now);
-  return *conversions::DateOf(DateParts{now.wYear, now.wMonth, now.wDay});
+  return *calendar::DateOf(DateParts{now.wYear, now.wMonth, now.wDay});
 }
 
 // A locale with both conversions.
@@ -127,6 +127,17 @@ TEST(Win32ConversionsTest, TheCalendarIsTheSame) {
     EXPECT_EQ(system.DateAdd("m", 1, {days}), own.DateAdd("m", 1, {days})) << days;
   }
   EXPECT_EQ(system.LocaleName(), "en-US");
+}
+
+TEST(Win32ConversionsTest, TextsOfBooleansCountInAnyCase) {
+  Win32Conversions system(MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT));
+  Conversions own(conversions::LocaleOrDefault("en-US"), &Today);
+  for (std::string_view text :
+       {"True", "TRUE", "true", "#TRUE#", "1", "-0.5", "False", "#FALSE#", "0", "yes", ""}) {
+    EXPECT_EQ(system.ToBoolean(text), own.ToBoolean(text)) << text;
+  }
+  EXPECT_EQ(system.ToBoolean(2.5), own.ToBoolean(2.5));
+  EXPECT_EQ(system.ToBoolean(NullValue{}), own.ToBoolean(NullValue{}));
 }
 
 TEST(Win32ConversionsTest, NamesAndCapitalsAreTheUsersLocales) {

@@ -147,6 +147,23 @@ TEST_F(Win32DrawingTest, TranslatesSystemColorsAndRefusesWhatIsNone) {
   EXPECT_EQ(result, ColorRef{0x123456});
 }
 
+TEST_F(Win32DrawingTest, PaletteColorsAreLeftAsTheyAreAndDrawAsTheDisplaysOwn) {
+  const auto drawn = [&](std::uint32_t bits) {
+    ColorRef result{7};
+    EXPECT_TRUE(drawing.OleTranslateColor(Color(bits), 0, result)) << bits;
+    EXPECT_EQ(result, ColorRef{bits});
+    const ObjectHandle brush = drawing.CreateSolidBrush(result);
+    drawing.FillRect(dc, {0, 0, 1, 1}, brush);
+    drawing.DeleteObject(brush);
+    return drawing.GetPixel(dc, {0, 0}).value;
+  };
+  EXPECT_EQ(drawn(0x02ABCDEF), 0xABCDEFu);
+  EXPECT_EQ(drawn(0x0100000D), 0x0000FFu);
+  EXPECT_EQ(drawn(0x01000009), 0xF0CAA6u);
+  EXPECT_EQ(drawn(0x01000013), 0xFFFFFFu);
+  EXPECT_EQ(drawn(0x01000014), 0x000000u);
+}
+
 TEST_F(Win32DrawingTest, MulDivRoundsHalfAwayFromZero) {
   EXPECT_EQ(drawing.MulDiv(1, 1, 2), 1);
   EXPECT_EQ(drawing.MulDiv(-1, 1, 2), -1);

@@ -6,11 +6,10 @@ namespace levelwidgets::win32 {
 namespace {
 
 float TwipsPerPixel(int dots_per_inch_index) {
-  constexpr float kTwipsPerInch = 1440;
   const HDC screen = ::GetDC(nullptr);
   const int dots_per_inch = ::GetDeviceCaps(screen, dots_per_inch_index);
   ::ReleaseDC(nullptr, screen);
-  return kTwipsPerInch / static_cast<float>(dots_per_inch);
+  return WholeTwipsPerPixel(dots_per_inch);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <levelwidgets/host/script/forms/events.h>
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/option_table.h>
 #include <levelwidgets/host/script/values/values.h>
 
@@ -68,17 +69,18 @@ Placement PlaceOf(const ClassInfo& info, const OptionTable& values) {
           TwipSize{values.Length("Width", size.width), values.Length("Height", size.height)}};
 }
 
-void AssignList(Object& object, const PropertyInfo& property, const std::vector<Variant>& list) {
+void AssignList(Object& object, const PropertyInfo& property, const std::vector<Variant>& list,
+                const TextConversions& texts) {
   std::array<Variant, 1> index;
   for (std::size_t i = 0; i < list.size(); ++i) {
     index[0] = static_cast<std::int32_t>(i + 1);
-    SetIndexedByName(object, property.name, index, list[i]);
+    SetIndexedByName(object, property.name, index, list[i], texts);
   }
 }
 
 // The control's own properties, then what is left of the container's: each in the order of its class table.
 // An indexed property takes a list of its values from index 1.
-void Assign(HostedControl& hosted, const OptionTable& values) {
+void Assign(HostedControl& hosted, const OptionTable& values, const TextConversions& texts) {
   const auto keep = hosted.shared_from_this();
   for (const bool containers : {false, true}) {
     const auto control = hosted.GetControl();
@@ -90,9 +92,9 @@ void Assign(HostedControl& hosted, const OptionTable& values) {
       const bool is_containers = HostedControl::Table().FindProperty(property.name) != nullptr;
       if (is_place || is_containers != containers || !values.Has(property.name)) continue;
       if (property.Indexed()) {
-        AssignList(object, property, values.List(property.name, property.type));
+        AssignList(object, property, values.List(property.name, property.type), texts);
       } else {
-        SetByName(object, property.name, values.Value(property.name, property.type));
+        SetByName(object, property.name, values.Value(property.name, property.type), texts);
       }
     }
   }
@@ -105,11 +107,11 @@ int AddControl(lua_State* L) {
   const ClassInfo& info = FindClass(luaL_checkstring(L, 2));
   const std::string name = luaL_checkstring(L, 3);
   const int table = lua_isnoneornil(L, 4) ? 0 : 4;
-  const OptionTable values(L, 4, info.Name(), AssignableNames(info));
+  const OptionTable values(L, 4, info.Name(), AssignableNames(info), TextsOf(L));
   const auto control = Create(L, *form->form, info, name, table, PlaceOf(info, values)).shared_from_this();
   try {
     ConnectControl(form, *control);
-    Assign(*control, values);
+    Assign(*control, values, TextsOf(L));
   } catch (const Error&) {
     form->form->Remove(name);
     throw;

@@ -8,6 +8,7 @@
 #include <levelwidgets/host/script/sandbox/sandbox.h>
 #include <levelwidgets/host/script/values/dates.h>
 #include <levelwidgets/host/script/values/option_table.h>
+#include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
 
@@ -21,8 +22,6 @@ WindowApi& CheckWindows(lua_State* L) { return CheckScriptDesktop(L).platform->W
 ScreenApi& CheckScreen(lua_State* L) { return CheckScriptDesktop(L).platform->Screen(); }
 TracingPlatform& CheckTracing(lua_State* L) { return *CheckScriptDesktop(L).tracing; }
 
-int WholeAt(lua_State* L, int index) { return static_cast<int>(luaL_checkinteger(L, index)); }
-
 // The point at `index`; where there is none, the pointer's position.
 PixelPoint PointAt(lua_State* L, int index) {
   PixelPoint point;
@@ -30,7 +29,7 @@ PixelPoint PointAt(lua_State* L, int index) {
     CheckWindows(L).GetCursorPos(point);
     return point;
   }
-  return {WholeAt(L, index), WholeAt(L, index + 1)};
+  return {IntegerAt(L, index), IntegerAt(L, index + 1)};
 }
 
 // The window of the control or form at `index`.
@@ -42,7 +41,7 @@ WindowHandle WindowAt(lua_State* L, int index) {
 // --- Pointer ---------------------------------------------------------------------------------------
 
 int Move(lua_State* L) {
-  CheckDesktop(L).MovePointer({WholeAt(L, 2), WholeAt(L, 3)});
+  CheckDesktop(L).MovePointer({IntegerAt(L, 2), IntegerAt(L, 3)});
   return 0;
 }
 
@@ -58,7 +57,7 @@ int MoveTo(lua_State* L) {
 }
 
 int ButtonAt(lua_State* L, int index) {
-  const int button = static_cast<int>(luaL_optinteger(L, index, kLeftButton));
+  const int button = OptionalIntegerAt(L, index, kLeftButton);
   if (button != kLeftButton && button != kRightButton && button != kMiddleButton) {
     throw Error(kInvalidCall, "LevelWidgets.Desktop", "A button is 1 (left), 2 (right) or 4 (middle)");
   }
@@ -86,26 +85,26 @@ int DoubleClick(lua_State* L) {
 }
 
 int Wheel(lua_State* L) {
-  CheckDesktop(L).Wheel(WholeAt(L, 2));
+  CheckDesktop(L).Wheel(IntegerAt(L, 2));
   return 0;
 }
 
 // --- Keys and time ---------------------------------------------------------------------------------
 
-int ShiftAt(lua_State* L, int index) { return static_cast<int>(luaL_optinteger(L, index, 0)); }
+int ShiftAt(lua_State* L, int index) { return OptionalIntegerAt(L, index, 0); }
 
 int Key(lua_State* L) {
-  CheckDesktop(L).Key(WholeAt(L, 2), ShiftAt(L, 3));
+  CheckDesktop(L).Key(IntegerAt(L, 2), ShiftAt(L, 3));
   return 0;
 }
 
 int KeyDown(lua_State* L) {
-  CheckDesktop(L).KeyDown(WholeAt(L, 2), ShiftAt(L, 3));
+  CheckDesktop(L).KeyDown(IntegerAt(L, 2), ShiftAt(L, 3));
   return 0;
 }
 
 int KeyUp(lua_State* L) {
-  CheckDesktop(L).KeyUp(WholeAt(L, 2), ShiftAt(L, 3));
+  CheckDesktop(L).KeyUp(IntegerAt(L, 2), ShiftAt(L, 3));
   return 0;
 }
 
@@ -128,7 +127,7 @@ int Advance(lua_State* L) {
 int Pixel(lua_State* L) {
   DesktopDriver& desktop = CheckDesktop(L);
   desktop.Settle();
-  const ColorRef color = desktop.PixelAt({WholeAt(L, 2), WholeAt(L, 3)});
+  const ColorRef color = desktop.PixelAt({IntegerAt(L, 2), IntegerAt(L, 3)});
   if (color == kInvalidColorRef) return 0;
   lua_pushinteger(L, color.value);
   return 1;
@@ -152,8 +151,8 @@ PixelRect AreaAt(lua_State* L, int index) {
                   "A screenshot is of x, y, width, height: the last two up to 16384 pixels");
     }
   }
-  const PixelPoint at{WholeAt(L, index), WholeAt(L, index + 1)};
-  return {at.x, at.y, at.x + WholeAt(L, index + 2), at.y + WholeAt(L, index + 3)};
+  const PixelPoint at{IntegerAt(L, index), IntegerAt(L, index + 1)};
+  return {at.x, at.y, at.x + IntegerAt(L, index + 2), at.y + IntegerAt(L, index + 3)};
 }
 
 int Screenshot(lua_State* L) {

@@ -6,6 +6,7 @@
 #include <levelwidgets/host/script/members/objects.h>
 #include <levelwidgets/host/script/sandbox/folder.h>
 #include <levelwidgets/host/script/sandbox/sandbox.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/fonts.h>
 #include <levelwidgets/host/script/values/option_table.h>
 #include <levelwidgets/host/script/values/values.h>
@@ -157,8 +158,8 @@ FormRef CheckForm(lua_State* L, int index) {
 }
 
 int NewForm(lua_State* L) {
-  const OptionTable table(L, 1, "Form",
-                          {"Name", "Caption", "Width", "Height", "Font", "BackColor", "Design"});
+  const OptionTable table(L, 1, "Form", {"Name", "Caption", "Width", "Height", "Font", "BackColor", "Design"},
+                          TextsOf(L));
   FormOptions options;
   options.name = table.Text("Name", options.name);
   options.caption = table.Text("Caption", options.caption);

@@ -2,6 +2,7 @@
 
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
@@ -43,7 +44,7 @@ ObjectRef OwnerOf(lua_State* L) {
 int ReadIndexed(lua_State* L) {
   IndexedAccess access = AccessAtKey(L);
   if (access.IsComplete()) {
-    PushVariant(L, GetIndexedByName(*OwnerOf(L), access.property->name, access.indices),
+    PushVariant(L, GetIndexedByName(*OwnerOf(L), access.property->name, access.indices, TextsOf(L)),
                 access.property->type);
   } else {
     lua_getiuservalue(L, 1, 1);
@@ -55,7 +56,8 @@ int ReadIndexed(lua_State* L) {
 int WriteIndexed(lua_State* L) {
   const IndexedAccess access = AccessAtKey(L);
   const ObjectRef object = OwnerOf(L);
-  SetIndexedByName(*object, access.property->name, access.indices, ToVariant(L, 3, access.property->type));
+  SetIndexedByName(*object, access.property->name, access.indices, ToVariant(L, 3, access.property->type),
+                   TextsOf(L));
   return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <levelwidgets/host/form/form.h>
 #include <levelwidgets/host/script/lua/entry.h>
 #include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
@@ -26,8 +27,9 @@ void ReadBack(lua_State* L, RaisedEvent& raised) {
     const Variant value = ToVariant(L, -1, argument.type);
     lua_pop(L, 1);
     try {
-      raised.values[i] =
-          argument.type.type == VariantType::kEmpty ? value : ConvertTo(argument.type.type, value);
+      raised.values[i] = argument.type.type == VariantType::kEmpty
+                             ? value
+                             : ConvertTo(argument.type.type, value, TextsOf(L));
     } catch (const Error& error) {
       throw Error(error.Number(), error.Source(),
                   "e." + argument.name + " is of type " + argument.type.name + "; " + Describe(value) +

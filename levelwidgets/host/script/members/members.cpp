@@ -2,6 +2,7 @@
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/members/indexed.h>
 #include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
@@ -57,7 +58,7 @@ bool PushProperty(lua_State* L, const Object& object, std::string_view name) {
 
 bool AssignProperty(lua_State* L, Object& object, std::string_view name, int value) {
   const PropertyInfo* property = object.Class().FindProperty(name);
-  if (property) SetByName(object, name, ToVariant(L, value, property->type));
+  if (property) SetByName(object, name, ToVariant(L, value, property->type), TextsOf(L));
   return property != nullptr;
 }
 

@@ -5,6 +5,7 @@
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/members/indexed.h>
 #include <levelwidgets/host/script/members/listeners.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
@@ -65,7 +66,7 @@ int CallControl(lua_State* L) {
   Object& object = control->Class().FindMethod(name) ? static_cast<Object&>(*control) : *hosted;
   const MethodInfo* method = object.Class().FindMethod(name);
   if (!method) RaiseNoSuchControlMember(L, *hosted, name);
-  PushVariant(L, InvokeByName(object, name, ArgumentsOf(L, *method)), method->result);
+  PushVariant(L, InvokeByName(object, name, ArgumentsOf(L, *method), TextsOf(L)), method->result);
   return 1;
 }
 
@@ -161,7 +162,7 @@ int CallObject(lua_State* L) {
   const std::string name = lua_tostring(L, lua_upvalueindex(1));
   const MethodInfo* method = object->Class().FindMethod(name);
   if (!method) RaiseNoSuchObjectMember(L, object->Class(), name);
-  PushVariant(L, InvokeByName(*object, name, ArgumentsOf(L, *method)), method->result);
+  PushVariant(L, InvokeByName(*object, name, ArgumentsOf(L, *method), TextsOf(L)), method->result);
   return 1;
 }
 

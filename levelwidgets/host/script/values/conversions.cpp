@@ -10,10 +10,6 @@ namespace {
 
 ConversionApi& Conversions(lua_State* L) { return RealmOf(L).Run().FormPlatform().Conversions(); }
 
-int OptionalInteger(lua_State* L, int index, int default_value) {
-  return static_cast<int>(luaL_optinteger(L, index, default_value));
-}
-
 // Refers to the text of `value`, which must outlive it.
 Date DateAt(lua_State* L, int index) {
   const Variant value = ToVariant(L, index);
@@ -28,9 +24,9 @@ int Push(lua_State* L, const Variant& value) {
 int Format(lua_State* L) {
   const Variant value = ToVariant(L, 1);
   const std::string format = luaL_optstring(L, 2, "");
-  return Push(L,
-              ResultOf(Conversions(L).Format(ToConversionValue(value), format, OptionalInteger(L, 3, kSunday),
-                                             OptionalInteger(L, 4, kWeekOfJanuary1))));
+  return Push(
+      L, ResultOf(Conversions(L).Format(ToConversionValue(value), format, OptionalIntegerAt(L, 3, kSunday),
+                                        OptionalIntegerAt(L, 4, kWeekOfJanuary1))));
 }
 
 int IsNumeric(lua_State* L) {
@@ -52,12 +48,12 @@ int IsDate(lua_State* L) {
 int ToDate(lua_State* L) { return Push(L, DateAt(L, 1)); }
 
 int MonthName(lua_State* L) {
-  const int month = static_cast<int>(luaL_checkinteger(L, 1));
+  const int month = IntegerAt(L, 1);
   return Push(L, ResultOf(Conversions(L).MonthName(month, lua_toboolean(L, 2) != 0)));
 }
 
 int Weekday(lua_State* L) {
-  return Push(L, ResultOf(Conversions(L).Weekday(DateAt(L, 1), OptionalInteger(L, 2, kSunday))));
+  return Push(L, ResultOf(Conversions(L).Weekday(DateAt(L, 1), OptionalIntegerAt(L, 2, kSunday))));
 }
 
 }  // namespace
@@ -66,5 +62,9 @@ const luaL_Reg kConversionFunctions[] = {{"format", Guarded<Format>},      {"is_
                                          {"to_number", Guarded<ToNumber>}, {"is_date", Guarded<IsDate>},
                                          {"to_date", Guarded<ToDate>},     {"month_name", Guarded<MonthName>},
                                          {"weekday", Guarded<Weekday>},    {nullptr, nullptr}};
+
+TextConversions TextsOf(lua_State* L) {
+  return TextConversions([L]() -> ConversionApi& { return Conversions(L); });
+}
 
 }  // namespace levelwidgets

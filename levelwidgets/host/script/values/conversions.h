@@ -3,6 +3,8 @@
 
 #include <lua.hpp>
 
+#include <levelwidgets/frame/text_conversions.h>
+
 namespace levelwidgets {
 
 // What the module has of them, by the names of its functions; a null name ends it:
@@ -14,5 +16,9 @@ namespace levelwidgets {
 // Each raises the number of the conversion that fails: 5, 6 or 13. They are the desktop's, which is made by
 // the first call when there is none.
 extern const luaL_Reg kConversionFunctions[];
+
+// The same for values that members and options take. They are looked for with the first value that needs
+// them, so that a script may still make its desktop after its first object.
+TextConversions TextsOf(lua_State* L);
 
 }  // namespace levelwidgets

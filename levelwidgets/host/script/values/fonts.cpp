@@ -3,6 +3,7 @@
 #include <levelwidgets/frame/class_info.h>
 #include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/script/lua/userdata.h>
+#include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
@@ -24,7 +25,7 @@ void SetField(lua_State* L, FontDescription& font, std::string_view name, int va
   const FontField& field = FindField(name);
   const Variant given = ToVariant(L, value);
   try {
-    field.set(font, ConvertTo(field.type.type, given));
+    field.set(font, ConvertTo(field.type.type, given, TextsOf(L)));
   } catch (const Error& error) {
     throw Error(error.Number(), "LevelWidgets.Font",
                 "Font." + std::string(name) + " cannot be " + Describe(given) + ": " + error.Description());

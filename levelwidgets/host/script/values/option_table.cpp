@@ -21,8 +21,12 @@ std::vector<std::string> KeysOfTable(lua_State* L, int index, std::string_view o
   return keys;
 }
 
-OptionTable::OptionTable(lua_State* L, int index, std::string_view owner, std::vector<std::string_view> names)
-    : lua_(L), table_(lua_isnoneornil(L, index) ? 0 : lua_absindex(L, index)), owner_(owner) {
+OptionTable::OptionTable(lua_State* L, int index, std::string_view owner, std::vector<std::string_view> names,
+                         TextConversions texts)
+    : lua_(L),
+      table_(lua_isnoneornil(L, index) ? 0 : lua_absindex(L, index)),
+      owner_(owner),
+      texts_(std::move(texts)) {
   if (table_ == 0) return;
   luaL_checktype(L, table_, LUA_TTABLE);
   for (const std::string& key : KeysOfTable(L, table_, owner)) {
@@ -61,12 +65,11 @@ std::vector<Variant> OptionTable::List(std::string_view name, const TypeName& ty
   return values;
 }
 
-template <typename T>
-T OptionTable::Converted(std::string_view name, T (*convert)(const Variant&), T otherwise) const {
+Variant OptionTable::Converted(std::string_view name, VariantType type) const {
   const Variant value = Value(name);
-  if (value.IsEmpty()) return otherwise;
+  if (value.IsEmpty()) return value;
   try {
-    return convert(value);
+    return ConvertTo(type, value, texts_);
   } catch (const Error& error) {
     throw Error(
         error.Number(), "LevelWidgets." + owner_,
@@ -75,19 +78,23 @@ T OptionTable::Converted(std::string_view name, T (*convert)(const Variant&), T 
 }
 
 std::string OptionTable::Text(std::string_view name, std::string otherwise) const {
-  return Converted<std::string>(name, &ToText, std::move(otherwise));
+  const Variant value = Converted(name, VariantType::kString);
+  return value.IsEmpty() ? otherwise : ToText(value);
 }
 
 std::int32_t OptionTable::Whole(std::string_view name, std::int32_t otherwise) const {
-  return Converted<std::int32_t>(name, &ToInt32, otherwise);
+  const Variant value = Converted(name, VariantType::kInt32);
+  return value.IsEmpty() ? otherwise : ToInt32(value);
 }
 
 Twips OptionTable::Length(std::string_view name, Twips otherwise) const {
-  return Twips(Converted<float>(name, &ToSingle, otherwise.value));
+  const Variant value = Converted(name, VariantType::kSingle);
+  return value.IsEmpty() ? otherwise : Twips(ToSingle(value));
 }
 
 bool OptionTable::Truth(std::string_view name, bool otherwise) const {
-  return Converted<bool>(name, &ToBoolean, otherwise);
+  const Variant value = Converted(name, VariantType::kBoolean);
+  return value.IsEmpty() ? otherwise : ToBoolean(value);
 }
 
 }  // namespace levelwidgets

@@ -15,7 +15,8 @@ namespace levelwidgets {
 class OptionTable {
  public:
   // Raises 438, with `owner` in the message, for a key that is not among `names`.
-  OptionTable(lua_State* L, int index, std::string_view owner, std::vector<std::string_view> names);
+  OptionTable(lua_State* L, int index, std::string_view owner, std::vector<std::string_view> names,
+              TextConversions texts = {});
 
   bool Has(std::string_view name) const;
   std::string Text(std::string_view name, std::string otherwise) const;
@@ -27,12 +28,13 @@ class OptionTable {
   std::vector<Variant> List(std::string_view name, const TypeName& type) const;
 
  private:
-  template <typename T>
-  T Converted(std::string_view name, T (*convert)(const Variant&), T otherwise) const;
+  // The value as one of `type`; empty where there is none.
+  Variant Converted(std::string_view name, VariantType type) const;
 
   lua_State* lua_;
   int table_;  // 0 for none
   std::string owner_;
+  TextConversions texts_;
 };
 
 // The keys of the table at `index`, sorted; raises 13 when one is no text.

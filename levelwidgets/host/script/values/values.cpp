@@ -4,8 +4,8 @@
 
 #include <levelwidgets/host/form_file/values_date.h>
 #include <levelwidgets/host/script/lua/userdata.h>
-#include <levelwidgets/host/script/values/dates.h>
 #include <levelwidgets/host/script/values/fonts.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 namespace levelwidgets {
 
@@ -45,20 +45,23 @@ int DatesEqual(lua_State* L) {
 }
 
 int DateIsBefore(lua_State* L) {
-  lua_pushboolean(L, IsBefore(CheckUserdata<Date>(L, 1, kDateType), CheckUserdata<Date>(L, 2, kDateType)));
+  lua_pushboolean(
+      L, calendar::IsBefore(CheckUserdata<Date>(L, 1, kDateType), CheckUserdata<Date>(L, 2, kDateType)));
   return 1;
 }
 
 int DateIsNotAfter(lua_State* L) {
-  lua_pushboolean(L, !IsBefore(CheckUserdata<Date>(L, 2, kDateType), CheckUserdata<Date>(L, 1, kDateType)));
+  lua_pushboolean(
+      L, !calendar::IsBefore(CheckUserdata<Date>(L, 2, kDateType), CheckUserdata<Date>(L, 1, kDateType)));
   return 1;
 }
 
 int ReadDate(lua_State* L) {
-  const CalendarTime time = CalendarTimeOf(CheckUserdata<Date>(L, 1, kDateType));
+  const std::optional<DateParts> parts = calendar::PartsOf(CheckUserdata<Date>(L, 1, kDateType));
+  if (!parts) throw Error(kOverflow);
   const std::string_view name = luaL_checkstring(L, 2);
   static constexpr std::string_view kFields[] = {"year", "month", "day", "hour", "minute", "second"};
-  const int values[] = {time.year, time.month, time.day, time.hour, time.minute, time.second};
+  const int values[] = {parts->year, parts->month, parts->day, parts->hour, parts->minute, parts->second};
   const auto found = std::ranges::find(kFields, name);
   if (found == std::end(kFields)) RaiseNoSuchMember("Date", name, kFields);
   lua_pushinteger(L, values[found - std::begin(kFields)]);
@@ -158,10 +161,24 @@ Variant ToVariant(lua_State* L, int index, const TypeName& type) {
   }
 }
 
+std::int32_t IntegerAt(lua_State* L, int index) {
+  const lua_Integer number = luaL_checkinteger(L, index);
+  if (number < std::numeric_limits<std::int32_t>::min() ||
+      number > std::numeric_limits<std::int32_t>::max()) {
+    throw Error(kOverflow);
+  }
+  return static_cast<std::int32_t>(number);
+}
+
+std::int32_t OptionalIntegerAt(lua_State* L, int index, std::int32_t otherwise) {
+  return lua_isnoneornil(L, index) ? otherwise : IntegerAt(L, index);
+}
+
 int NewDate(lua_State* L) {
-  const auto needed = [L](int index) { return static_cast<int>(luaL_checkinteger(L, index)); };
-  const auto optional = [L](int index) { return static_cast<int>(luaL_optinteger(L, index, 0)); };
-  const auto date = DateOf({needed(1), needed(2), needed(3), optional(4), optional(5), optional(6)});
+  const auto needed = [L](int index) { return IntegerAt(L, index); };
+  const auto optional = [L](int index) { return OptionalIntegerAt(L, index, 0); };
+  const auto date =
+      calendar::DateOf(DateParts{needed(1), needed(2), needed(3), optional(4), optional(5), optional(6)});
   if (!date) throw Error(kInvalidCall, "LevelWidgets.Date", "There is no such day or time");
   PushUserdata(L, kDateType, *date);
   return 1;

@@ -25,6 +25,11 @@ void PushVariant(lua_State* L, const Variant& value, const TypeName& type = {});
 // is no value of a property (a function).
 Variant ToVariant(lua_State* L, int index, const TypeName& type = {});
 
+// The whole number at `index`; raises 6 for one that no property or argument can have (beyond 32 bits).
+std::int32_t IntegerAt(lua_State* L, int index);
+// `otherwise` where there is none.
+std::int32_t OptionalIntegerAt(lua_State* L, int index, std::int32_t otherwise);
+
 // lw.date(year, month, day [, hour, minute, second]). Raises 5 for a day or time that there is not.
 int NewDate(lua_State* L);
 

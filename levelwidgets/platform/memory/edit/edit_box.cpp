@@ -12,6 +12,8 @@ namespace {
 constexpr std::size_t kFirstLimit = 30000;
 constexpr char kDefaultPassword = '*';
 
+constexpr int kKeyF10 = 121;
+
 // Answers of kWmGetDlgCode.
 constexpr LResult kWantsArrows = 0x0001;
 constexpr LResult kWantsAllKeys = 0x0004;
@@ -52,6 +54,7 @@ LResult EditBox::Create(WindowHandle window) {
 }
 
 void EditBox::Destroy() {
+  if (menu_) menu_->Close();
   StopDrag();
   caret_.Hide();
   window_ = {};
@@ -122,12 +125,17 @@ LResult EditBox::OnInputMessage(std::uint32_t message, WParam wparam, LParam lpa
   switch (message) {
     case kWmKeyDown: KeyDown(static_cast<int>(wparam)); return 0;
     case kWmSysKeyDown:
+      if (static_cast<int>(wparam) == kKeyF10 && IsDown(kKeyShift)) {
+        OpenMenu(view_.CaretPoint());
+        return 0;
+      }
       if (static_cast<int>(wparam) != kKeyBackspace || !IsDown(kKeyAlt)) break;
       Undo();
       return 0;
     case kWmChar: Character(static_cast<char>(wparam)); return 1;
     case kWmLButtonDown: Press(PointOfLParam(lparam), (wparam & kMkShift) != 0); return 0;
-    case kWmLButtonDblClk: DoubleClick(); return 0;
+    case kWmLButtonDblClk: DoubleClick(PointOfLParam(lparam)); return 0;
+    case kWmRButtonUp: OpenMenu(PointOfLParam(lparam)); return 0;
     case kWmMouseMove: Drag(PointOfLParam(lparam)); return 0;
     case kWmLButtonUp:
     case kWmCaptureChanged: StopDrag(); return 0;

@@ -1,6 +1,7 @@
 // The plain edit box of the desktop in memory: what answers the messages of a window of class "EDIT".
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,14 +9,18 @@
 #include <levelwidgets/platform/memory/edit/edit_buffer.h>
 #include <levelwidgets/platform/memory/edit/edit_caret.h>
 #include <levelwidgets/platform/memory/edit/edit_host.h>
+#include <levelwidgets/platform/memory/edit/edit_menu.h>
 #include <levelwidgets/platform/memory/edit/edit_view.h>
+#include <levelwidgets/platform/memory/edit/words.h>
 #include <levelwidgets/platform/window.h>
 
 namespace levelwidgets::memory {
 
-// Does what the operating system's edit box does, but that it undoes and redoes many steps: kEmUndo goes
-// one back each time, Ctrl+Y one forward. Whether it has many lines is settled when it is made; its other
-// styles count from the next message on.
+// Does what the operating system's edit box does, except that it undoes and redoes many steps (kEmUndo goes
+// one back each time, Ctrl+Y one forward), drags by words after a double click, selects the line at a third
+// click and erases the word by Ctrl+Backspace. Its menu waits for nobody: what is raised by the release that
+// opens it is raised at once. Whether it has many lines is settled when it is made; its other styles count
+// from the next message on.
 class EditBox final : public WindowClient {
  public:
   // `host` must outlive it.
@@ -33,6 +38,8 @@ class EditBox final : public WindowClient {
     EditRun run = EditRun::kNone;
     bool limited = true;
   };
+  // What the pointer selects by.
+  enum class DragUnit { kCharacter, kWord, kLine };
 
   // Life and state (edit_box.cpp)
   LResult Create(WindowHandle window);
@@ -103,6 +110,9 @@ class EditBox final : public WindowClient {
   void ControlCharacter(char byte);
   void EnterKey();
   void Backspace();
+  void EraseWord();
+  std::size_t WordStart(std::size_t offset) const;
+  std::size_t WordEnd(std::size_t offset) const;
   std::size_t Previous(std::size_t offset) const;
   std::size_t Next(std::size_t offset) const;
   void MoveByLines(int lines, bool extend);
@@ -110,12 +120,21 @@ class EditBox final : public WindowClient {
 
   // Pointer (edit_box_mouse.cpp)
   void Press(PixelPoint point, bool extend);
-  void DoubleClick();
+  void DoubleClick(PixelPoint point);
+  bool IsThirdPress(PixelPoint point);
+  void BeginDrag(PixelPoint point);
+  void SelectUnit(DragUnit unit);
+  WordRange RangeAround(std::size_t offset) const;
   void Drag(PixelPoint point);
   void DragOn();
+  void DragTo(EditView::Hit hit);
   void StopDrag();
   void StopDragTimer();
   void Wheel(int delta);
+
+  // The menu (edit_box_menu.cpp)
+  void OpenMenu(PixelPoint at);
+  void Run(EditCommand command);
 
   // Painting (edit_box_paint.cpp)
   void Paint();
@@ -148,7 +167,15 @@ class EditBox final : public WindowClient {
   bool dragging_ = false;
   PixelPoint drag_point_;
   TimerHandle drag_timer_;
+  DragUnit drag_unit_ = DragUnit::kCharacter;
+  WordRange drag_anchor_;  // stays selected while the pointer selects by more than characters
+  struct {
+    PixelPoint at;
+    std::uint64_t time = 0;
+    bool any = false;
+  } double_click_;
   int wheel_rest_ = 0;
+  std::unique_ptr<EditMenu> menu_;
 };
 
 }  // namespace levelwidgets::memory

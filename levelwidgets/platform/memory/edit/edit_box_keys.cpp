@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include <levelwidgets/platform/memory/edit/edit_box.h>
-#include <levelwidgets/platform/memory/edit/words.h>
 
 namespace levelwidgets::memory {
 
@@ -11,7 +10,9 @@ namespace {
 // The characters of Ctrl with a letter.
 constexpr char Ctrl(char letter) { return static_cast<char>(letter - 'A' + 1); }
 
-constexpr char kDeleteCharacter = 127;
+constexpr char kDeleteCharacter = 127;  // of Ctrl+Backspace
+
+constexpr int kKeyMenu = 93;  // the key with the picture of a menu
 
 bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
@@ -25,16 +26,16 @@ void EditBox::KeyDown(int key) {
   const bool ctrl = IsDown(kKeyControl);
   if (key == kKeyDelete) return DeleteKey(shift, ctrl);
   if (key == kKeyInsert) return InsertKey(shift, ctrl);
+  if (key == kKeyTab && ctrl && !shift) return ControlCharacter('\t');
+  if (key == kKeyMenu) return OpenMenu(view_.CaretPoint());
   MoveByKey(key, shift, ctrl);
 }
 
 bool EditBox::MoveByKey(int key, bool extend, bool ctrl) {
   const std::size_t caret = buffer_.Selected().caret;
-  const TextStore& text = buffer_.Text();
-  const LineLayout& lines = buffer_.Lines();
   switch (key) {
-    case kKeyLeft: MoveTo(ctrl ? WordLeftInText(text, lines, caret) : Previous(caret), extend); return true;
-    case kKeyRight: MoveTo(ctrl ? WordRightInText(text, lines, caret) : Next(caret), extend); return true;
+    case kKeyLeft: MoveTo(ctrl ? WordStart(caret) : Previous(caret), extend); return true;
+    case kKeyRight: MoveTo(ctrl ? WordEnd(caret) : Next(caret), extend); return true;
     case kKeyUp: multi_line_ ? MoveByLines(-1, extend) : MoveTo(Previous(caret), extend); return true;
     case kKeyDown: multi_line_ ? MoveByLines(1, extend) : MoveTo(Next(caret), extend); return true;
     case kKeyHome: MoveToEdge(false, extend, ctrl); return true;
@@ -66,6 +67,15 @@ void EditBox::InsertKey(bool shift, bool ctrl) {
 }
 
 // --- Where keys lead -------------------------------------------------------------------------
+
+// A password is one word: nobody learns where its blanks are.
+std::size_t EditBox::WordStart(std::size_t offset) const {
+  return password_ != 0 ? 0 : WordLeftInText(buffer_.Text(), buffer_.Lines(), offset);
+}
+
+std::size_t EditBox::WordEnd(std::size_t offset) const {
+  return password_ != 0 ? buffer_.Size() : WordRightInText(buffer_.Text(), buffer_.Lines(), offset);
+}
 
 // A line break is passed in one step.
 std::size_t EditBox::Previous(std::size_t offset) const {
@@ -101,7 +111,8 @@ void EditBox::MoveToEdge(bool end, bool extend, bool ctrl) {
 void EditBox::Character(char byte) {
   const auto code = static_cast<std::uint8_t>(byte);
   if (code < ' ') return ControlCharacter(byte);
-  if (Has(kEsReadOnly) || byte == kDeleteCharacter || (Has(kEsNumber) && !IsDigit(byte))) return;
+  if (byte == kDeleteCharacter) return EraseWord();
+  if (Has(kEsReadOnly) || (Has(kEsNumber) && !IsDigit(byte))) return;
   Replace({&byte, 1}, {.run = EditRun::kTyping});
 }
 
@@ -137,6 +148,14 @@ void EditBox::Backspace() {
     buffer_.Select({caret, Previous(caret)});
     return Erase(EditRun::kErasing);
   }
+  Erase(EditRun::kNone);
+}
+
+// From the start of the word, with what is selected where anything is.
+void EditBox::EraseWord() {
+  if (Has(kEsReadOnly)) return;
+  const std::size_t caret = buffer_.Selected().caret;
+  if (buffer_.Selected().Empty()) buffer_.Select({caret, WordStart(caret)});
   Erase(EditRun::kNone);
 }
 

@@ -1,8 +1,9 @@
 // The pointer in an edit box.
 #include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 #include <levelwidgets/platform/memory/edit/edit_box.h>
-#include <levelwidgets/platform/memory/edit/words.h>
 
 namespace levelwidgets::memory {
 
@@ -15,24 +16,55 @@ constexpr int kLinesPerNotch = 3;
 }  // namespace
 
 void EditBox::Press(PixelPoint point, bool extend) {
-  WindowApi& windows = host_.Windows();
-  if (!focused_) windows.SetFocus(window_);
+  if (!focused_) host_.Windows().SetFocus(window_);
   if (!window_) return;
+  BeginDrag(point);
+  const EditView::Hit hit = view_.At(point);
+  buffer_.EndRun();
+  const bool third = IsThirdPress(point);
+  MoveTo(hit.offset, extend, hit.after_wrap);
+  if (third && !extend && window_) SelectUnit(DragUnit::kLine);
+}
+
+void EditBox::BeginDrag(PixelPoint point) {
+  WindowApi& windows = host_.Windows();
   if (windows.GetCapture() != window_) windows.SetCapture(window_);
   StopDrag();
   dragging_ = true;
+  drag_unit_ = DragUnit::kCharacter;
   drag_point_ = point;
   drag_timer_ = host_.StartTimer(kDragScrollMs, [this] { DragOn(); });
-  const EditView::Hit hit = view_.At(point);
-  buffer_.EndRun();
-  MoveTo(hit.offset, extend, hit.after_wrap);
 }
 
 // The first click of the two has put the caret there.
-void EditBox::DoubleClick() {
-  const WordRange word = WordAround(buffer_.Text(), buffer_.Lines(), buffer_.Selected().caret);
-  Select({word.start, word.end});
+void EditBox::DoubleClick(PixelPoint point) {
+  BeginDrag(point);
+  double_click_ = {point, host_.Ticks(), true};
+  SelectUnit(DragUnit::kWord);
+}
+
+// Soon after a double click, at its place.
+bool EditBox::IsThirdPress(PixelPoint point) {
+  const bool after_two = std::exchange(double_click_.any, false);
+  return after_two && host_.Ticks() - double_click_.time <= kDoubleClickMs &&
+         std::abs(point.x - double_click_.at.x) <= kDoubleClickDistance &&
+         std::abs(point.y - double_click_.at.y) <= kDoubleClickDistance;
+}
+
+// All around the caret; dragging goes on by as much.
+void EditBox::SelectUnit(DragUnit unit) {
+  drag_unit_ = unit;
+  drag_anchor_ = RangeAround(buffer_.Selected().caret);
+  Select({drag_anchor_.start, drag_anchor_.end});
   ScrollToCaret();
+}
+
+WordRange EditBox::RangeAround(std::size_t offset) const {
+  const LineLayout& lines = buffer_.Lines();
+  if (password_ != 0) return {0, buffer_.Size()};
+  if (drag_unit_ == DragUnit::kWord) return WordAround(buffer_.Text(), lines, offset);
+  const std::size_t line = lines.LineOf(offset);
+  return {lines.Start(line), lines.End(line)};
 }
 
 // Outside the rectangle it selects up to the edge; scrolling is the timer's.
@@ -42,8 +74,7 @@ void EditBox::Drag(PixelPoint point) {
   const PixelRect& rect = view_.Format().rect;
   const PixelPoint inside{std::clamp(point.x, rect.left, rect.right - 1),
                           std::clamp(point.y, rect.top, rect.bottom - 1)};
-  const EditView::Hit hit = view_.At(inside);
-  MoveTo(hit.offset, true, hit.after_wrap);
+  DragTo(view_.At(inside));
 }
 
 // One line, or a few characters, further in the pointer's direction.
@@ -53,8 +84,19 @@ void EditBox::DragOn() {
   const int dx = 2 * metrics_.average_char_width;
   const PixelPoint beyond{std::clamp(drag_point_.x, rect.left - dx, rect.right + dx),
                           std::clamp(drag_point_.y, rect.top - 1, rect.bottom)};
-  const EditView::Hit hit = view_.At(beyond);
-  MoveTo(hit.offset, true, hit.after_wrap);
+  DragTo(view_.At(beyond));
+}
+
+// What the drag began with stays selected.
+void EditBox::DragTo(EditView::Hit hit) {
+  if (drag_unit_ == DragUnit::kCharacter) return MoveTo(hit.offset, true, hit.after_wrap);
+  const WordRange range = RangeAround(hit.offset);
+  if (range.start < drag_anchor_.start) {
+    Select({drag_anchor_.end, range.start});
+  } else {
+    Select({drag_anchor_.start, std::max(range.end, drag_anchor_.end)});
+  }
+  ScrollToCaret();
 }
 
 void EditBox::StopDragTimer() {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <levelwidgets/platform/memory/edit/letter_case.h>
 #include <levelwidgets/platform/memory/edit/words.h>
 
 namespace levelwidgets::memory {
@@ -129,27 +128,6 @@ TEST_F(EditBufferTest, TheWordAroundAPlace) {
   EXPECT_EQ(around(4), "two  ");
   EXPECT_EQ(around(8), "two  ");
   EXPECT_EQ(around(14), "three");
-}
-
-TEST(LetterCaseTest, KnowsTheAlphabetsOfCodePages) {
-  EXPECT_EQ(UpperCase(U'a'), U'A');
-  EXPECT_EQ(UpperCase(U'\u00E9'), U'\u00C9');
-  EXPECT_EQ(UpperCase(U'\u00F7'), U'\u00F7');
-  EXPECT_EQ(UpperCase(U'\u00FF'), U'\u0178');
-  EXPECT_EQ(LowerCase(U'\u0178'), U'\u00FF');
-  EXPECT_EQ(UpperCase(U'\u0161'), U'\u0160');
-  EXPECT_EQ(LowerCase(U'\u017D'), U'\u017E');
-  EXPECT_EQ(UpperCase(U'\u03B1'), U'\u0391');
-  EXPECT_EQ(LowerCase(U'\u0416'), U'\u0436');
-  EXPECT_EQ(LowerCase(U'1'), U'1');
-}
-
-TEST(LetterCaseTest, ThereAndBack) {
-  for (char32_t character = 0; character < 0x500; ++character) {
-    const char32_t lower = LowerCase(character);
-    if (lower == character) continue;
-    EXPECT_EQ(UpperCase(lower), character) << static_cast<unsigned>(character);
-  }
 }
 
 }  // namespace

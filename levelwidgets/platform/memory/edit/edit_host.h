@@ -12,6 +12,10 @@
 
 namespace levelwidgets::memory {
 
+// How soon and how near the next press is one of the same click.
+inline constexpr std::uint64_t kDoubleClickMs = 500;
+inline constexpr int kDoubleClickDistance = 4;
+
 // Rectangles are client pixels, texts in bytes those of the system's code page.
 class EditHost {
  public:
@@ -35,6 +39,13 @@ class EditHost {
   virtual std::optional<std::string> ClipboardBytes() = 0;
   // False when it could not be had.
   virtual bool SetClipboardBytes(std::string_view bytes) = 0;
+
+  virtual PixelSize ScreenSize() = 0;
+  // From now on all input goes to `menu`; null ends that. A press elsewhere, and another active window,
+  // destroy it.
+  virtual void SetMenu(WindowHandle menu) = 0;
+  // Milliseconds, as ClockApi's.
+  virtual std::uint64_t Ticks() = 0;
 
   virtual std::string ToUtf8(std::string_view bytes) = 0;
   // In the other case, where a byte's character has one in the code page.

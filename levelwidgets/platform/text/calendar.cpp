@@ -1,12 +1,12 @@
-#include <levelwidgets/platform/conversions/calendar.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 
-#include <levelwidgets/platform/conversions/letter_case.h>
+#include <levelwidgets/platform/text/letter_case.h>
 
-namespace levelwidgets::conversions {
+namespace levelwidgets::calendar {
 namespace {
 
 namespace chrono = std::chrono;
@@ -54,9 +54,18 @@ std::optional<Moment> MomentOf(Date date) {
   return moment;
 }
 
-Date DateOf(Moment moment) {
-  const double time = static_cast<double>(moment.second) / kSecondsPerDay;
-  return {moment.day < 0 ? moment.day - time : moment.day + time};
+Date DateOf(Moment moment) { return DateOf(moment.day, static_cast<double>(moment.second) / kSecondsPerDay); }
+
+Date DateOf(int day_number, double time_of_day) {
+  return {day_number < 0 ? day_number - time_of_day : day_number + time_of_day};
+}
+
+Date DayOf(Date date) { return {std::trunc(date.days)}; }
+
+bool IsBefore(Date a, Date b) {
+  const double day_a = DayOf(a).days;
+  const double day_b = DayOf(b).days;
+  return day_a != day_b ? day_a < day_b : std::fabs(a.days - day_a) < std::fabs(b.days - day_b);
 }
 
 DateParts PartsOf(Moment moment) {
@@ -149,7 +158,7 @@ Converted<Date> AddSeconds(Date date, double seconds) {
 Converted<Date> AddToDate(std::string_view interval, double number, Date date) {
   if (!MomentOf(date)) return kInvalid;
   const double whole = std::nearbyint(number);
-  const auto is = [interval](std::string_view name) { return EqualIgnoringCase(interval, name); };
+  const auto is = [interval](std::string_view name) { return text::EqualIgnoringCase(interval, name); };
   if (is("yyyy")) return AddMonths(date, whole * 12);
   if (is("q")) return AddMonths(date, whole * 3);
   if (is("m")) return AddMonths(date, whole);
@@ -161,4 +170,4 @@ Converted<Date> AddToDate(std::string_view interval, double number, Date date) {
   return kInvalid;
 }
 
-}  // namespace levelwidgets::conversions
+}  // namespace levelwidgets::calendar

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <levelwidgets/platform/memory/code_page.h>
+#include <levelwidgets/platform/text/code_page.h>
 
-namespace levelwidgets::memory {
+namespace levelwidgets::text {
 namespace {
 
 TEST(CodePageTest, EveryByteReturnsFromUtf8) {
@@ -53,4 +53,4 @@ TEST(CodePageTest, CharsetsOfOneScriptHaveTheirOwnPage) {
 }
 
 }  // namespace
-}  // namespace levelwidgets::memory
+}  // namespace levelwidgets::text

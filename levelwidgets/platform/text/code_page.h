@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace levelwidgets::memory {
+namespace levelwidgets::text {
 
 class CodePage {
  public:
@@ -43,4 +43,4 @@ class CodePage {
 // The code page whose bytes a font of `charset` shows; `system` for the sets that follow the system.
 int CodePageOfCharset(int charset, int system);
 
-}  // namespace levelwidgets::memory
+}  // namespace levelwidgets::text

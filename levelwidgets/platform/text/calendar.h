@@ -6,7 +6,7 @@
 
 #include <levelwidgets/platform/conversion.h>
 
-namespace levelwidgets::conversions {
+namespace levelwidgets::calendar {
 
 inline constexpr int kFirstYear = 100;
 inline constexpr int kLastYear = 9999;
@@ -22,9 +22,16 @@ bool IsLeapYear(int year);
 int DaysInMonth(int year, int month);
 int DayNumber(int year, int month, int day);
 
+// Midnight at the beginning of the day.
+Date DayOf(Date date);
+// Whether `a` is the earlier one: on days before day 0 the later time has the smaller number.
+bool IsBefore(Date a, Date b);
+
 // To the nearest second; nothing outside the years 100 to 9999.
 std::optional<Moment> MomentOf(Date date);
 Date DateOf(Moment moment);
+// The day with the part of it that has passed, 0 to below 1; in front of day 0 the time counts forward, too.
+Date DateOf(int day_number, double time_of_day);
 DateParts PartsOf(Moment moment);
 // Nothing unless there is such a day and time in the years 100 to 9999.
 std::optional<Date> DateOf(const DateParts& parts);
@@ -38,4 +45,4 @@ int WeekOfYear(const DateParts& parts, int first_day, int first_week);
 
 Converted<Date> AddToDate(std::string_view interval, double number, Date date);
 
-}  // namespace levelwidgets::conversions
+}  // namespace levelwidgets::calendar

@@ -1,10 +1,12 @@
-#include <levelwidgets/platform/memory/code_page.h>
+#include <levelwidgets/platform/text/code_page.h>
 
 #include <iconv.h>
 
 #include <algorithm>
 
-namespace levelwidgets::memory {
+#include <levelwidgets/platform/text/utf8.h>
+
+namespace levelwidgets::text {
 
 namespace {
 
@@ -67,45 +69,6 @@ bool FillTable(int number, std::array<char32_t, 256>& table) {
   return true;
 }
 
-constexpr char32_t kIllFormed = 0xFFFFFFFF;
-
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-
-// The character at `position`, which moves behind it; behind one byte when it is ill-formed.
-char32_t NextCharacter(std::string_view text, std::size_t& position) {
-  const auto lead = static_cast<unsigned char>(text[position++]);
-  if (lead < 0x80) return lead;
-  const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-  if (lead < 0xC2 || lead > 0xF4 || text.size() - position < more) return kIllFormed;
-  char32_t character = lead & (0x3Fu >> more);
-  for (std::size_t i = 0; i < more; ++i) {
-    if (!IsContinuation(text[position + i])) return kIllFormed;
-    character = character << 6 | (static_cast<unsigned char>(text[position + i]) & 0x3Fu);
-  }
-  constexpr char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
-  if (character < kLeast[more] || character > 0x10FFFF || (character >= 0xD800 && character < 0xE000)) {
-    return kIllFormed;
-  }
-  position += more;
-  return character;
-}
-
-void AppendUtf8(char32_t c, std::string& text) {
-  auto add = [&text](char32_t bits) { text.push_back(static_cast<char>(bits)); };
-  if (c < 0x80) return add(c);
-  if (c < 0x800) {
-    add(0xC0 | c >> 6);
-  } else if (c < 0x10000) {
-    add(0xE0 | c >> 12);
-    add(0x80 | (c >> 6 & 0x3F));
-  } else {
-    add(0xF0 | c >> 18);
-    add(0x80 | (c >> 12 & 0x3F));
-    add(0x80 | (c >> 6 & 0x3F));
-  }
-  add(0x80 | (c & 0x3F));
-}
-
 }  // namespace
 
 CodePage::CodePage(int number) : number_(number), unicode_(Identity()) {
@@ -134,12 +97,12 @@ std::uint8_t CodePage::Byte(char32_t character) const {
 }
 
 void CodePage::Append(std::string_view utf8, std::string& bytes) const {
-  for (std::size_t position = 0; position < utf8.size();) {
-    const auto byte = static_cast<unsigned char>(utf8[position]);
-    if (byte < 0x80) {
-      bytes.push_back(utf8[position++]);
+  while (!utf8.empty()) {
+    if (static_cast<unsigned char>(utf8.front()) < 0x80) {
+      bytes.push_back(utf8.front());
+      utf8.remove_prefix(1);
     } else {
-      bytes.push_back(static_cast<char>(Byte(NextCharacter(utf8, position))));
+      bytes.push_back(static_cast<char>(Byte(TakeCharacter(utf8))));
     }
   }
 }
@@ -154,7 +117,7 @@ std::string CodePage::ToBytes(std::string_view utf8) const {
 std::string CodePage::ToUtf8(std::string_view bytes) const {
   std::string text;
   text.reserve(bytes.size());
-  for (const char byte : bytes) AppendUtf8(Unicode(static_cast<std::uint8_t>(byte)), text);
+  for (const char byte : bytes) AppendCharacter(Unicode(static_cast<std::uint8_t>(byte)), text);
   return text;
 }
 
@@ -171,4 +134,4 @@ int CodePageOfCharset(int charset, int system) {
   return system;
 }
 
-}  // namespace levelwidgets::memory
+}  // namespace levelwidgets::text
