@@ -159,7 +159,8 @@ void EditMenu::Character(char byte) {
   for (std::size_t i = 0; i < items_.size(); ++i) {
     const std::string_view label = items_[i].label;
     const std::size_t mark = label.find('&');
-    if (mark != std::string_view::npos && text::AsciiLower(label[mark + 1]) == text::AsciiLower(byte)) return Choose(i);
+    if (mark != std::string_view::npos && text::AsciiLower(label[mark + 1]) == text::AsciiLower(byte))
+      return Choose(i);
   }
 }
 

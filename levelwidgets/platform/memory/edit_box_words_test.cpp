@@ -1,5 +1,5 @@
 // What an edit box does by words and by lines.
-#include <levelwidgets/platform/memory/edit/edit_box_testing.h>
+#include <levelwidgets/platform/memory/edit_box_fixture.h>
 
 namespace levelwidgets::memory {
 namespace {

@@ -1,5 +1,5 @@
 // The menu of an edit box, as a person sees and works it.
-#include <levelwidgets/platform/memory/edit/edit_box_testing.h>
+#include <levelwidgets/platform/memory/edit_box_fixture.h>
 
 namespace levelwidgets::memory {
 namespace {
