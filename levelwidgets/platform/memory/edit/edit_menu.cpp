@@ -186,10 +186,14 @@ void EditMenu::PaintItem(DcHandle dc, std::size_t item) {
     const int line = row.top - (kGroupRoom + 1) / 2;
     FillWith(drawing, dc, {row.left + 2, line, row.right - 2, line + 1}, kColorButtonShadow);
   }
+  const bool enabled = items_[item].enabled;
   const bool highlighted = item == highlighted_;
   if (highlighted) FillWith(drawing, dc, row, kColorHighlight);
+  // Grey can be read on the menu only, so what cannot be chosen is framed.
+  const PixelRect inside{row.left + 1, row.top + 1, row.right - 1, row.bottom - 1};
+  if (highlighted && !enabled) FillWith(drawing, dc, inside, kColorMenu);
   const int color = highlighted ? kColorHighlightText : kColorMenuText;
-  drawing.SetTextColor(dc, drawing.GetSysColor(items_[item].enabled ? color : kColorGrayText));
+  drawing.SetTextColor(dc, drawing.GetSysColor(enabled ? color : kColorGrayText));
   PixelRect text = row;
   text.left += kSideRoom;
   drawing.DrawTextA(dc, items_[item].label, text, kDtSingleLine | kDtVCenter);
