@@ -106,6 +106,13 @@ TEST_F(FlatButtonPressTest, ARightPressWhileTheLeftButtonIsDownLeavesTheClick) {
   EXPECT_THAT(Clicked(), ElementsAre("one"));
 }
 
+TEST_F(FlatButtonPressTest, APointOnTheLeftOrTopEdgeIsInside) {
+  MoveTo(*one_, 10, 10);
+  MoveTo(*one_, 0, 0);
+  EXPECT_EQ(one_->BackColor(), kMouseOver);
+  EXPECT_EQ(Windows().GetCapture(), one_->hWnd());
+}
+
 // --- Access keys ---------------------------------------------------------------------------------------
 
 TEST_F(FlatButtonPressTest, AnAccessKeyRaisesClickAndLeavesColourAndCaptureOfTheHover) {

@@ -117,6 +117,13 @@ TEST_F(FlatLabelTimerTest, AFontWhoseUnderlineIsChangedAfterItsAssignmentGetsBac
   EXPECT_FALSE(font->Underline());
 }
 
+TEST_F(FlatLabelTimerTest, AFontThatHasBeenReplacedIsForgotten) {
+  const FontRef font = MakeFont();
+  Label().SetFont(font);
+  Label().SetFont(MakeFont({.size = 12}));
+  EXPECT_THAT(CallsNamed({"CreateFontA"}, [&] { font->SetUnderline(true); }), IsEmpty());
+}
+
 TEST_F(FlatLabelTimerTest, TheFirstAmpersandGivesTheAccessKey) {
   auto& label = Label();
   const std::pair<const char*, const char*> rows[] = {

@@ -179,6 +179,13 @@ TEST_F(FlatScrollRepeatTest, AnotherButtonHeldDoesNotKeepItGoing) {
   Driver().Release(kRightButton);
 }
 
+TEST_F(FlatScrollRepeatTest, APressOnTheThumbStopsWhatIsRepeating) {
+  PressAt(5);
+  ASSERT_TRUE(TimerRuns());
+  bar_->OnMouseDown({kLeftButton, 0, {Twips(120), Twips(1450)}});
+  EXPECT_FALSE(TimerRuns());
+}
+
 // --- Drags and resizes that change nothing ---------------------------------------------------------------
 
 TEST_F(FlatScrollRepeatTest, ADragToWhereTheValueIsRaisesNoChange) {
@@ -194,6 +201,17 @@ TEST_F(FlatScrollRepeatTest, ADragThatLeavesTheBarAtOnceRaisesNoChange) {
   MoveTo(-5, 100);
   EXPECT_EQ(Changes(), 0);
   EXPECT_EQ(bar_->Value(), 50);
+}
+
+// The anchor of a press at the upper edge is 0, and 0 is a drag.
+TEST_F(FlatScrollRepeatTest, AHorizontalThumbPressedAtItsUpperEdgeIsDragged) {
+  auto& wide = AddNew<FlatScroll>("scrWide", {Twips(1200), Twips(300)}, {Twips(3000), Twips(255)});
+  wide.SetOrientation(ksxOrientationHorizontal);
+  wide.SetValue(50);
+  wide.OnMouseDown({kLeftButton, 0, {Twips(1500), Twips(0)}});
+  wide.OnMouseMove({kLeftButton, 0, {Twips(1500), Twips(0)}});
+  EXPECT_EQ(wide.Value(), 100) << "measured from 0, the thumb is beyond the end";
+  wide.OnMouseUp({kLeftButton, 0, {Twips(1500), Twips(0)}});
 }
 
 TEST_F(FlatScrollRepeatTest, AResizeWithTheValueAboveMaxMakesItMax) {

@@ -117,6 +117,18 @@ TEST_F(FlatTextBoxOrderTest, NewAndLoadedBoxesTakeTheFontOfTheForm) {
   EXPECT_EQ(AddLoaded<FlatTextBox>("txtLoaded", {}, kAt, kSize).GetFont()->Description(), options.font);
 }
 
+TEST_F(FlatTextBoxOrderTest, TheStateOfTheEditIsReadInItsOrder) {
+  auto& box = Load(true, "one", 0);
+  const WindowHandle edit = box.ActiveEdit().hWnd();
+  std::vector<std::int64_t> messages;
+  for (const TracedCall& call : CallsNamed({"SendMessageA"}, [&] { box.OnResize(); })) {
+    if (call.arguments[0] != TraceArgument(std::int64_t{edit.value})) continue;
+    messages.push_back(std::get<std::int64_t>(call.arguments[1]));
+  }
+  EXPECT_THAT(messages,
+              ElementsAre(kWmGetFont, kEmGetRect, kEmGetLineCount, kEmLineFromChar, kEmGetFirstVisibleLine));
+}
+
 // Sliding off the arrow and letting go over the text is an everyday gesture.
 TEST_F(FlatTextBoxOrderTest, AnArrowOfTheBarLetGoOverTheTextStopsScrolling) {
   std::string lines = "0";
