@@ -285,5 +285,10 @@ TEST(NearestName, FindsASlipButNoOtherWord) {
   EXPECT_EQ(NearestName("Value", names), "");
 }
 
+TEST(NearestName, IsTheFirstOfThoseThatAreAsNear) {
+  const std::vector<std::string_view> names{"Caption", "Captions", "Captioned"};
+  EXPECT_EQ(NearestName("Captionx", names), "Caption");
+}
+
 }  // namespace
 }  // namespace levelwidgets

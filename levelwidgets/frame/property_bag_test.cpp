@@ -58,5 +58,18 @@ TEST(PropertyBag, KeepsTheOrderWritten) {
   EXPECT_EQ(bag.Entries()[1].name, "A");
 }
 
+TEST(PropertyBag, AnEntryWrittenAgainLeavesTheOthersOfAFullBagWhereTheyAre) {
+  PropertyBag bag;
+  const auto name = [](int i) { return "Property" + std::to_string(i); };
+  for (int i = 0; i < 40; ++i) bag.WriteProperty(name(i), i, -1);
+  bag.WriteProperty(name(3), 300, -1);
+  bag.WriteProperty(name(20), -1, -1);  // the default: no longer stored
+  for (int i = 0; i < 40; ++i) {
+    const Variant expected = i == 3 ? Variant(300) : i == 20 ? Variant(-5) : Variant(i);
+    EXPECT_EQ(bag.ReadProperty(name(i), -5), expected) << i;
+  }
+  EXPECT_EQ(bag.Entries().size(), 39u);
+}
+
 }  // namespace
 }  // namespace levelwidgets

@@ -73,6 +73,15 @@ TEST_F(FlatLabelTimerTest, ATickWithThePointerInsideCallsNothing) {
               IsEmpty());
 }
 
+TEST_F(FlatLabelTimerTest, ABackColourThatDiffersIsEnoughToHighlight) {
+  Label().SetForeColorMouseOver(Label().ForeColor());
+  MoveTo(10, 10);
+  EXPECT_TRUE(Highlighted());
+  MoveTo(-20, 10);
+  Driver().Advance(200);
+  EXPECT_FALSE(Highlighted());
+}
+
 // --- Fonts and captions --------------------------------------------------------------------------------
 
 class FlatLabelFormFontTest : public DesktopTest {

@@ -212,6 +212,13 @@ TEST(DragValue, IsAnEndWhenTheThumbReachesIt) {
   EXPECT_EQ(bar.DragValue(Twips(2708), Twips(1100), {0, 100}), 100);
 }
 
+TEST(DragValue, FollowsThePointerWhileTheThumbStartsExactlyAtItsLastPlace) {
+  FlatScrollLayout bar = Bar(3000, kVertical);  // a thumb of 193 starts at 2607 at most
+  bar.SetThumbPosition(Twips(1200));
+  EXPECT_EQ(bar.DragValue(Twips(2407), Twips(1000), {0, 100}), 89);
+  EXPECT_EQ(bar.DragValue(Twips(2408), Twips(1000), {0, 100}), 100);
+}
+
 TEST(DragValue, IsKeptWithinTheRange) {
   FlatScrollLayout bar = Bar(3000, kVertical);
   bar.SetThumbPosition(Twips(1000));

@@ -121,6 +121,13 @@ TEST_F(FlatScrollRepeatTest, AHorizontalBarGoesByTheXOfThePointer) {
   EXPECT_EQ(wide.Value(), 65);  // 200 + 24.65 * 65 = 1802
 }
 
+TEST_F(FlatScrollRepeatTest, ThePushedSecondButtonHasItsPushedColour) {
+  bar_->SetButtonColorPushed(Color(0x00FF0000));
+  PressAt(195);
+  EXPECT_EQ(PixelAt(*bar_, {2, 188}), ColorRef{0x00FF0000});
+  EXPECT_EQ(PixelAt(*bar_, {2, 2}), ColorRef{0x00CEDBDE});
+}
+
 // --- What ends it --------------------------------------------------------------------------------------
 
 TEST_F(FlatScrollRepeatTest, AButtonThatThePointerLeavesRepeatsUntilTheLeftButtonIsUp) {

@@ -129,6 +129,30 @@ TEST_F(FlatTextBoxOrderTest, TheStateOfTheEditIsReadInItsOrder) {
               ElementsAre(kWmGetFont, kEmGetRect, kEmGetLineCount, kEmLineFromChar, kEmGetFirstVisibleLine));
 }
 
+TEST_F(FlatTextBoxOrderTest, TheBarHasFollowedTheFontWhenTheChangeIsNotified) {
+  auto& box = Load(true, "1\r\n2\r\n3\r\n4\r\n5", 0);
+  ASSERT_EQ(box.Bar()->Max(), 1);
+  std::vector<std::int32_t> max_when_notified;
+  TheForm().PropertyChanged.Add(
+      [&](std::string_view, std::string_view) { max_when_notified.push_back(box.Bar()->Max()); });
+  box.SetFont(MakeFont({.size = 24}));
+  ASSERT_EQ(max_when_notified.size(), 1u);
+  EXPECT_GT(max_when_notified[0], 1);
+}
+
+TEST_F(FlatTextBoxOrderTest, AChangeOfTheModeIsNotifiedBeforeTheOtherEditIsShown) {
+  FormOptions design;
+  design.design = true;
+  MakeForm(design);
+  auto& box = AddNew<FlatTextBox>("txtDesigned", kAt, kSize);
+  std::vector<bool> bar_when_notified;
+  TheForm().PropertyChanged.Add(
+      [&](std::string_view, std::string_view) { bar_when_notified.push_back(box.Bar().Visible()); });
+  box.SetMultiLine(true);
+  EXPECT_THAT(bar_when_notified, ElementsAre(false));
+  EXPECT_TRUE(box.Bar().Visible());
+}
+
 // Sliding off the arrow and letting go over the text is an everyday gesture.
 TEST_F(FlatTextBoxOrderTest, AnArrowOfTheBarLetGoOverTheTextStopsScrolling) {
   std::string lines = "0";

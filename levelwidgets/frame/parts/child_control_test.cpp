@@ -89,6 +89,18 @@ class ChildControlTest : public DesktopTest {
   Panel* panel_ = nullptr;
 };
 
+TEST_F(ChildControlTest, WhatTheOwnerPaintsLeavesItsPartsAlone) {
+  Knob& knob = ShownKnob();
+  ThePanel().OnPaint();
+  EXPECT_EQ(PixelAt(knob, {5, 5}), ColorRef{0x000000FF});
+}
+
+TEST_F(ChildControlTest, APartKnowsWhetherItIsShown) {
+  EXPECT_FALSE(ThePanel().knob.Visible());
+  ShownKnob();
+  EXPECT_TRUE(ThePanel().knob.Visible());
+}
+
 TEST_F(ChildControlTest, IsALoadedInstanceThatHasItsSizeWhenItReads) {
   EXPECT_THAT(ThePanel().knob->notes, ElementsAre("Initialize", "Level at 300", "Resize"));
   EXPECT_EQ(ThePanel().knob->Level(), 7);

@@ -178,6 +178,67 @@ TEST_F(TextBoxPartTest, APasswordCharacterIsOneOfTheCodePage) {
   EXPECT_EQ(box.Send(kEmGetPasswordChar), 0);
 }
 
+TEST_F(TextBoxPartTest, TheSameAlignmentKeepsTheWindowAndAnotherOneIsItsStyle) {
+  TextBox& box = TheField().txtMain;
+  const WindowHandle window = box.hWnd();
+  box.SetAlignment(ksxLeft);
+  EXPECT_EQ(box.hWnd(), window);
+  const auto alignment_of = [&](ksxAlignmentConstants alignment) {
+    box.SetAlignment(alignment);
+    return Windows().GetWindowLongA(box.hWnd(), kGwlStyle) & (kEsCenter | kEsRight);
+  };
+  EXPECT_EQ(alignment_of(ksxRight), kEsRight);
+  EXPECT_EQ(alignment_of(ksxCenter), kEsCenter);
+  EXPECT_EQ(alignment_of(ksxLeft), 0);
+  PixelRect place;
+  Windows().GetClientRect(box.hWnd(), place);
+  EXPECT_EQ(place, (PixelRect{0, 0, 200, 20})) << "each window is where the one before was";
+}
+
+TEST_F(TextBoxPartTest, AMultiLineBoxTakesEnterAndScrollsDownOnly) {
+  const TextBox lines(TheField(), true);
+  const auto style = Windows().GetWindowLongA(lines.hWnd(), kGwlStyle);
+  EXPECT_EQ(style & (kEsMultiLine | kEsAutoVScroll | kEsWantReturn | kEsAutoHScroll),
+            kEsMultiLine | kEsAutoVScroll | kEsWantReturn);
+}
+
+TEST_F(TextBoxPartTest, AMultiLineBoxKeepsAPasswordCharacterAndShowsItsText) {
+  TextBox lines(TheField(), true);
+  for (const TracedCall& call : CallsNamed({"SendMessageA"}, [&] { lines.SetPasswordChar("*"); })) {
+    EXPECT_NE(call.arguments[1], TraceArgument(std::int64_t{kEmSetPasswordChar}));
+  }
+  EXPECT_EQ(lines.PasswordChar(), "*");
+}
+
+TEST_F(TextBoxPartTest, ItsTextIsDrawnInItsColoursOnItsBackground) {
+  TextBox& box = TheField().txtMain;
+  box.SetText("text");
+  box.SetForeColor(Color(0x000000FF));
+  box.SetBackColor(Color(0x0000FF00));
+  Journal calls;
+  for (const TracedCall& call : CallsNamed({"SetTextColor", "SetBkColor"}, [&] { box.Refresh(); })) {
+    calls.push_back(call.name + " " + std::to_string(std::get<std::int64_t>(call.arguments[1])));
+  }
+  EXPECT_THAT(calls, ElementsAre("SetTextColor 255", "SetBkColor 65280"));
+}
+
+TEST_F(TextBoxPartTest, AChangeOfItsSharedFontShowsAndOneOfAFontThatWasReplacedDoesNot) {
+  TextBox& box = TheField().txtMain;
+  const FontRef before = MakeFont();
+  const FontRef font = MakeFont();
+  box.SetFont(before);
+  box.SetFont(font);
+  EXPECT_EQ(CallsNamed({"CreateFontA"}, [&] { font->SetUnderline(true); }).size(), 1u);
+  EXPECT_THAT(CallsNamed({"CreateFontA"}, [&] { before->SetUnderline(true); }), IsEmpty());
+}
+
+TEST_F(TextBoxPartTest, ACharacterMadeZeroNeverReachesTheEditBox) {
+  TheField().txtMain.KeyPress += [](std::int16_t& code) { code = 0; };
+  for (const TracedCall& call : CallsNamed({"CallWindowProcA"}, [&] { Driver().Key('A'); })) {
+    EXPECT_THAT(call.arguments, ::testing::Not(::testing::Contains(TraceArgument(std::int64_t{kWmChar}))));
+  }
+}
+
 TEST_F(TextBoxPartTest, AListenerOfAnyEventMayRemoveTheControl) {
   for (const char* cause : {"Change", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseUp", "Click"}) {
     auto& doomed = AddNew<Field>("doomed", {Twips(600), Twips(1800)}, {Twips(3000), Twips(300)});
