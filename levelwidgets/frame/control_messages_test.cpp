@@ -112,8 +112,8 @@ TEST_F(ControlMessagesTest, TheControlHearsOfItsFocusBeforeItsContainer) {
 
 TEST_F(ControlMessagesTest, PressesAndMovesCarryAllModifierKeysAndButtons) {
   MoveOver(5, 5);
-  TakeNotes();
   Driver().KeyDown('Z', kShiftMask | kCtrlMask | kAltMask);
+  TakeNotes();
   Driver().Press(kLeftButton);
   EXPECT_THAT(TakeNotes(), ElementsAre("MouseDown 1 7"));
   Driver().Press(kMiddleButton);

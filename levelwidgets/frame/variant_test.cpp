@@ -93,6 +93,7 @@ TEST(Variant, MessagesShowValuesTheSameInEveryLocale) {
   EXPECT_EQ(Describe(true), "True");
   EXPECT_EQ(Describe(std::int16_t{-3}), "-3");
   EXPECT_EQ(Describe(0.1f), "0.1");
+  EXPECT_EQ(Describe(1234567.9f), "1234568") << "a single has seven digits";
   EXPECT_EQ(Describe(-1.5), "-1.5");
   EXPECT_EQ(Describe(Date{2.25}), "2.25");
   EXPECT_EQ(Describe("kg"), "\"kg\"");
