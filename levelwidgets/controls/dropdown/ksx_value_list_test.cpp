@@ -94,10 +94,10 @@ TEST(ksxValueList, EnumeratesTheItemsInOrder) {
 TEST(ksxValueList, IsUsableByName) {
   const ObjectRef list = ksxValueList::Table().CreateObject();
   InvokeByName(*list, "Add", std::vector<Variant>{"kg"});
-  const Variant added = InvokeByName(*list, "Add", std::vector<Variant>{12});
+  const Variant added = InvokeByName(*list, "Add", std::vector<Variant>{"12"});
   EXPECT_EQ(GetByName(*list, "Count"), Variant(2));
   const std::string& item = list->Class().DefaultMember();
-  EXPECT_EQ(GetIndexedByName(*list, item, std::vector<Variant>{"2"}), added);
+  EXPECT_EQ(GetIndexedByName(*list, item, std::vector<Variant>{2}), added);
   Object& object = *std::get<ObjectRef>(added.Get());
   EXPECT_EQ(GetByName(object, "Description"), Variant("12"));
   SetByName(object, "Description", "m");

@@ -283,10 +283,11 @@ TEST_F(FlatTabStripTest, TheTableListsEventsInTheirNumbers) {
 
 TEST_F(FlatTabStripTest, ATabStripsMembersAreReachableByName) {
   FlatTabStrip& strip = Strip();
+  const TextConversions texts(Driver().GetPlatform().Conversions());
   SetIndexedByName(strip, "TabCaption", std::vector<Variant>{2}, "Lines");
   EXPECT_EQ(strip.TabCaption(2), "Lines");
-  EXPECT_EQ(GetIndexedByName(strip, "TabCaption", std::vector<Variant>{"2"}), Variant("Lines"));
-  SetByName(strip, "SelectedTab", "2");
+  EXPECT_EQ(GetIndexedByName(strip, "TabCaption", std::vector<Variant>{"2"}, texts), Variant("Lines"));
+  SetByName(strip, "SelectedTab", "2", texts);
   EXPECT_EQ(GetByName(strip, "SelectedTab"), Variant(2));
   EXPECT_THROW(SetByName(strip, "TabCount", 40000), Error);
   ExpectRefused([&] { SetByName(strip, "TabCount", -1); }, "Invalid TabCount");

@@ -1,3 +1,4 @@
+#include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/host/monkey/run.h>
 
 #include <gmock/gmock.h>
@@ -111,14 +112,16 @@ TEST(Monkey, EveryWritablePropertyOfEveryClassIsWritten) {
 
 using Fail = void (*)(Form&);
 
+FlatButton& ButtonOf(const HostedControl& hosted) { return dynamic_cast<FlatButton&>(*hosted.GetControl()); }
+
 std::shared_ptr<Form> FaultyForm(Platform& platform, Fail fail) {
   const auto form = Form::Create(platform, {});
   const ClassInfo& info = *FindControlClass("FlatButton");
   HostedControl& first = form->Add(info, "cmdFirst", nullptr, {{Twips(300), Twips(300)}, {}});
   HostedControl& second = form->Add(info, "cmdSecond", nullptr, {{Twips(300), Twips(1500)}, {}});
   const auto armed = std::make_shared<bool>(false);
-  second.GetControl()->MouseDown += [armed](auto...) { *armed = true; };
-  first.GetControl()->KeyDown += [armed, fail, &form = *form](auto...) {
+  ButtonOf(second).MouseDown += [armed](auto...) { *armed = true; };
+  ButtonOf(first).KeyDown += [armed, fail, &form = *form](auto...) {
     if (*armed) fail(form);
   };
   return form;
@@ -166,7 +169,7 @@ TEST(Monkey, AnEventThatNeverEndsIsAFailure) {
   const auto stage = StageOf([](Platform& platform) {
     const auto form = Form::Create(platform, {});
     const HostedControl& button = form->Add(*FindControlClass("FlatButton"), "cmd");
-    button.GetControl()->MouseMove += [](auto...) {
+    ButtonOf(button).MouseMove += [](auto...) {
       volatile bool endless = true;
       while (endless) {
       }

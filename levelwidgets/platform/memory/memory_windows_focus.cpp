@@ -2,6 +2,7 @@
 #include <levelwidgets/platform/memory/memory_windows.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace levelwidgets::memory {
 
