@@ -1,19 +1,19 @@
 // The table of a public class: its members by name. Everything that works by name is derived from it.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include <levelwidgets/frame/arguments.h>
 #include <levelwidgets/frame/event.h>
 #include <levelwidgets/frame/object.h>
 #include <levelwidgets/frame/text_conversions.h>
 #include <levelwidgets/frame/units.h>
-#include <levelwidgets/frame/variant.h>
 
 namespace levelwidgets {
 
@@ -21,104 +21,78 @@ class Control;
 class ControlSite;
 class Enumerator;
 
-// A property's default: a fixed value, or one that the container gives.
-struct DefaultValue {
-  enum class Kind { kNone, kFixed, kAmbientFont, kDisplayName, kAmbientBackColor, kAmbientForeColor };
-
-  DefaultValue() = default;
-  DefaultValue(Kind from) : kind(from) {}
-  template <typename T>
-  requires std::constructible_from<Variant, T> DefaultValue(T fixed)
-      : kind(Kind::kFixed), value(std::move(fixed)) {}
-
-  Kind kind = Kind::kNone;
-  Variant value;
+// What a row says about its member besides what it is. Those from kShownLater on are for tests with random
+// input: what looks like a fault and is required.
+enum class MemberFlags : std::uint16_t {
+  kNone = 0,
+  kDefault = 1 << 0,     // stands for the object itself
+  kEnumerator = 1 << 1,  // what for-each asks a collection for
+  kExtent = 1 << 2,      // a length, which cannot be negative
+  // Writing it may change how the control will look, without a repaint.
+  kShownLater = 1 << 3,
+  // It may refuse the value that it has.
+  kRefusesItsOwn = 1 << 4,
+  // It changes by itself, under the pointer, without a repaint.
+  kChangesUnderPointer = 1 << 5,
+  // The parts of a range. A control whose value is outside refuses it, and its input raises what its value
+  // raises; sums of numbers that are far out have no room in 32 bits.
+  kRangeLow = 1 << 6,
+  kRangeHigh = 1 << 7,
+  kRangeValue = 1 << 8,
+  kRangeStep = 1 << 9,
+  // A size in points: more than 0, and small where it is sensible.
+  kPoints = 1 << 10,
 };
-inline constexpr DefaultValue::Kind kAmbientFont = DefaultValue::Kind::kAmbientFont;
-inline constexpr DefaultValue::Kind kDisplayName = DefaultValue::Kind::kDisplayName;
-inline constexpr DefaultValue::Kind kAmbientBackColor = DefaultValue::Kind::kAmbientBackColor;
-inline constexpr DefaultValue::Kind kAmbientForeColor = DefaultValue::Kind::kAmbientForeColor;
+constexpr MemberFlags operator|(MemberFlags a, MemberFlags b) {
+  return static_cast<MemberFlags>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
+}
+// Whether `flags` have one of `wanted`.
+constexpr bool Has(MemberFlags flags, MemberFlags wanted) {
+  return (static_cast<unsigned>(flags) & static_cast<unsigned>(wanted)) != 0;
+}
 
-// The three defaults differ in places, on purpose.
-struct Defaults {
-  DefaultValue when_new;      // what a newly placed instance has
-  DefaultValue when_read;     // what a loaded instance takes where nothing was saved
-  DefaultValue when_written;  // the value that is not saved
-};
+// Rows are constant data: class_table.h makes them. The numbers of a class's properties and methods are
+// different from each other and never change once released; a component container calls members by them.
 
-inline Defaults Always(const DefaultValue& value) { return {value, value, value}; }
-
-struct EnumerationItem {
-  std::string name;
-  std::int32_t value;
-};
-
-struct EnumerationInfo {
-  std::string name;
-  std::vector<EnumerationItem> items;
-};
-
-// Specialised beside each public enumeration.
-template <typename E>
-const EnumerationInfo& EnumerationOf();
-
-struct TypeName {
-  VariantType type = VariantType::kEmpty;
-  std::string name;                              // "Color", "Long", "ksxAlignmentConstants", a class
-  const EnumerationInfo* enumeration = nullptr;  // when `name` is one
-};
-
-struct PropertyOptions {
-  Defaults defaults = {};
-  std::optional<VariantType> stored_as = std::nullopt;  // where it differs from the property's type
-  std::string help = {};
-  // Of an indexed property whose values have defaults of their own; then `defaults` are those of index 1.
-  std::function<Variant(std::int32_t index)> default_at = {};
-};
-
-struct ArgumentInfo {
-  std::string name;
-  TypeName type;
-  bool by_reference = false;
-  std::optional<Variant> default_value;  // of an optional argument
-};
-
-// An indexed property (TabCaption(Index)) has a value for each of its indices; `get` and `set` raise 450
-// then. A persisted one has one index: a bag entry per index from 1 to `count`, named by KeyOf.
+// An indexed property (TabCaption(Index)) has a value for each of its indices. A persisted one has one index:
+// a bag entry per index from 1 to `count`, named by KeyOf. A persisted collection is saved item by item, as
+// the class of the collection says (ClassInfo::SavedItems).
 struct PropertyInfo {
-  std::string name;
-  TypeName type;
-  bool persisted = false;  // under `name`
-  VariantType stored_as = VariantType::kEmpty;
+  int number = 0;
+  std::string_view name;
+  MemberType type;
   Defaults defaults;
-  std::string help;
-  std::function<Variant(const Object&)> get;
-  std::function<void(Object&, const Variant&)> set;  // null for a read-only property
+  std::string_view help;
+  MemberFlags flags = MemberFlags::kNone;
+  VariantType stored_as = VariantType::kEmpty;
+  bool persisted = false;      // under `name`
+  bool is_collection = false;  // of which the items are saved
 
-  std::vector<ArgumentInfo> indices;
-  std::function<Variant(const Object&, std::span<const Variant>)> get_at;
-  std::function<void(Object&, std::span<const Variant>, const Variant&)> set_at;
-  std::function<std::int32_t(const Object&)> count;
-  std::function<Variant(std::int32_t index)> default_at;
+  Variant (*get)(const Object&) = nullptr;         // null for an indexed property
+  void (*set)(Object&, const Variant&) = nullptr;  // null for an indexed or a read-only property
 
-  bool ReadOnly() const { return !set; }
-  bool Indexed() const { return !indices.empty(); }
+  ArgumentList indices;
+  Variant (*get_at)(const Object&, std::span<const Variant>) = nullptr;
+  void (*set_at)(Object&, std::span<const Variant>, const Variant&) = nullptr;
+  std::int32_t (*count)(const Object&) = nullptr;
+  Literal (*default_at)(std::int32_t index) = nullptr;
+  bool is_counted = false;  // by `count`
+
+  bool ReadOnly() const { return !set && !set_at; }
+  constexpr bool Indexed() const { return !indices.empty(); }
   // "TabCaption2": the value at `index`, counted from 1, in a property bag.
-  std::string KeyOf(std::int32_t index) const { return name + std::to_string(index); }
-};
-
-// What a key of a property bag stands for.
-struct PersistedKey {
-  const PropertyInfo* property = nullptr;  // null for an unknown key
-  std::int32_t index = 0;                  // 0 unless the property is indexed
+  std::string KeyOf(std::int32_t index) const { return std::string(name) + std::to_string(index); }
 };
 
 struct MethodInfo {
-  std::string name;
-  std::vector<ArgumentInfo> arguments;
-  TypeName result;  // without a name when there is none
-  std::string help;
-  std::function<Variant(Object&, std::span<const Variant>)> invoke;
+  int number = 0;
+  std::string_view name;
+  ArgumentList arguments;
+  MemberType result;
+  std::string_view help;
+  MemberFlags flags = MemberFlags::kNone;
+  // `values` have the types of the arguments; those by reference hold afterwards what the method left there.
+  Variant (*invoke)(Object&, std::span<Variant> values) = nullptr;
 };
 
 struct EventInfo;
@@ -131,39 +105,114 @@ struct RaisedEvent {
 };
 using EventListener = std::function<void(RaisedEvent&)>;
 
+// Events are numbered by themselves.
 struct EventInfo {
   int number = 0;
-  std::string name;
-  std::vector<ArgumentInfo> arguments;
-  std::string help;
-  std::function<Subscription(Object&, EventListener)> subscribe;
-  std::function<void(Object&)> end_all;  // subscriptions
+  std::string_view name;
+  ArgumentList arguments;
+  std::string_view help;
+  EventBase& (*find)(Object&) = nullptr;
+  Subscription (*subscribe)(EventBase&, const EventInfo&, EventListener) = nullptr;
+
+  Subscription Subscribe(Object& object, EventListener listener) const {
+    return subscribe(find(object), *this, std::move(listener));
+  }
+  // Ends all subscriptions.
+  void EndAll(Object& object) const { find(object).EndAll(); }
 };
 
+// How the items of a collection are saved with a control that holds it: their number under `count_key` (a
+// 16-bit integer), then for each item, from 1 on, what the class of the items saves, under the prefix, the
+// position and the property's name ("Column2Width").
+struct SavedItems {
+  std::string_view count_key;
+  std::string_view prefix;
+  const ClassInfo& (*item_class)() = nullptr;
+  std::int32_t (*count)(const Object& collection) = nullptr;
+  ObjectRef (*item)(const Object& collection, std::int32_t position) = nullptr;
+  // Adds a loaded item; `values` are those that the class of the items saves, in its order.
+  void (*add)(Object& collection, std::span<const Variant> values) = nullptr;
+
+  std::string KeyOf(std::int32_t position, const PropertyInfo& field) const {
+    return std::string(prefix) + std::to_string(position) + std::string(field.name);
+  }
+};
+
+// What a key of a property bag stands for.
+struct PersistedKey {
+  const PropertyInfo* property = nullptr;  // null for an unknown key
+  std::int32_t index = 0;                  // 0 unless the property is indexed, or of the key of an item
+  const PropertyInfo* field = nullptr;     // of the item at `index`
+  MemberType type;
+  VariantType stored_as = VariantType::kEmpty;
+};
+
+// What a table says about the class as a whole.
+struct ClassHead {
+  std::string_view name;
+  std::string_view help;
+  TwipSize default_size{Twips(1215), Twips(495)};  // of a control that is placed without one
+  std::shared_ptr<Control> (*create)(std::shared_ptr<ControlSite>) = nullptr;  // null for what is no control
+  ObjectRef (*create_object)() = nullptr;   // null for what users may not make
+  const SavedItems* saved_items = nullptr;  // of a collection that is saved with its control
+};
+
+template <std::size_t P, std::size_t S, std::size_t M, std::size_t E>
+struct ClassData;
+
+// Spans over constant data, which class_table.h puts together.
 class ClassInfo {
  public:
-  ClassInfo(ClassInfo&&) = default;
-  ClassInfo(const ClassInfo&) = delete;  // Persisted points into Properties
+  template <std::size_t P, std::size_t S, std::size_t M, std::size_t E>
+  constexpr explicit ClassInfo(const ClassData<P, S, M, E>& data)
+      : head_(data.head),
+        properties_(data.properties),
+        methods_(data.methods),
+        events_(data.events),
+        persisted_{data.properties, data.persisted},
+        properties_by_name_(data.properties_by_name),
+        methods_by_name_(data.methods_by_name),
+        default_member_(data.default_member),
+        enumerator_member_(data.enumerator_member) {}
+  // Data that ends before the table.
+  template <std::size_t P, std::size_t S, std::size_t M, std::size_t E>
+  ClassInfo(const ClassData<P, S, M, E>&&) = delete;
+  ClassInfo(const ClassInfo&) = delete;
+  ClassInfo& operator=(const ClassInfo&) = delete;
 
-  const std::string& Name() const { return name_; }
+  std::string_view Name() const { return head_.name; }
   // "LevelWidgets." + Name(): the name that errors carry and containers register.
-  const std::string& QualifiedName() const { return qualified_name_; }
-  const std::string& Help() const { return help_; }
-  const std::vector<PropertyInfo>& Properties() const { return properties_; }
-  const std::vector<MethodInfo>& Methods() const { return methods_; }
-  const std::vector<EventInfo>& Events() const { return events_; }
+  std::string QualifiedName() const { return "LevelWidgets." + std::string(head_.name); }
+  std::string_view Help() const { return head_.help; }
+  std::span<const PropertyInfo> Properties() const { return properties_; }
+  std::span<const MethodInfo> Methods() const { return methods_; }
+  std::span<const EventInfo> Events() const { return events_; }
   // Those that a property or argument has as its type.
-  const std::vector<const EnumerationInfo*>& Enumerations() const { return enumerations_; }
+  std::vector<const EnumerationInfo*> Enumerations() const;
+
+  // The persisted ones of a class's properties; each item is a `const PropertyInfo*`.
+  struct PersistedList {
+    std::span<const PropertyInfo> properties;
+    std::span<const std::uint8_t> positions;
+
+    std::size_t size() const { return positions.size(); }
+    const PropertyInfo* operator[](std::size_t position) const { return &properties[positions[position]]; }
+    PositionIterator<PersistedList> begin() const { return {*this, 0}; }
+    PositionIterator<PersistedList> end() const { return {*this, size()}; }
+  };
   // In the order in which they are read and written.
-  const std::vector<const PropertyInfo*>& Persisted() const { return persisted_; }
-  // A persisted property's name, or that of an indexed one and an index ("TabCaption2").
+  const PersistedList& Persisted() const { return persisted_; }
+  // A persisted property's name, that of an indexed one and an index ("TabCaption2"), or a key of a
+  // collection and its items ("ColumnCount", "Column2Width").
   PersistedKey FindPersisted(std::string_view key) const;
   // The property or method that stands for the object itself; "" when there is none.
-  const std::string& DefaultMember() const { return default_member_; }
+  std::string_view DefaultMember() const { return default_member_; }
   // The read-only property that for-each asks a collection for; "" for a class that is none.
-  const std::string& EnumeratorMember() const { return enumerator_member_; }
+  std::string_view EnumeratorMember() const { return enumerator_member_; }
   // The size of a control that is placed without one.
-  TwipSize DefaultSize() const { return default_size_; }
+  TwipSize DefaultSize() const { return head_.default_size; }
+  // How the items of a collection are saved; null for a class of which none are.
+  const levelwidgets::SavedItems* SavedItems() const { return head_.saved_items; }
 
   // Null for an unknown name; names are case-sensitive.
   const PropertyInfo* FindProperty(std::string_view name) const;
@@ -175,26 +224,20 @@ class ClassInfo {
   // A control of this class on `site`; null for a class that is no control.
   std::shared_ptr<Control> Create(std::shared_ptr<ControlSite> site) const;
   // Whether users may make objects of this class, which is no control.
-  bool Creatable() const { return create_object_ != nullptr; }
+  bool Creatable() const { return head_.create_object != nullptr; }
   // Null unless creatable.
-  ObjectRef CreateObject() const { return create_object_ ? create_object_() : nullptr; }
+  ObjectRef CreateObject() const { return head_.create_object ? head_.create_object() : nullptr; }
 
  private:
-  friend class ClassTable;
-  ClassInfo() = default;
-  std::string name_;
-  std::string qualified_name_;
-  std::string help_;
-  std::vector<PropertyInfo> properties_;
-  std::vector<MethodInfo> methods_;
-  std::vector<EventInfo> events_;
-  std::vector<const EnumerationInfo*> enumerations_;
-  std::vector<const PropertyInfo*> persisted_;
-  std::string default_member_;
-  std::string enumerator_member_;
-  TwipSize default_size_{Twips(1215), Twips(495)};
-  std::function<std::shared_ptr<Control>(std::shared_ptr<ControlSite>)> create_;
-  std::function<ObjectRef()> create_object_;
+  ClassHead head_;
+  std::span<const PropertyInfo> properties_;
+  std::span<const MethodInfo> methods_;
+  std::span<const EventInfo> events_;
+  PersistedList persisted_;
+  std::span<const std::uint8_t> properties_by_name_;  // positions, by the order of the names
+  std::span<const std::uint8_t> methods_by_name_;
+  std::string_view default_member_;
+  std::string_view enumerator_member_;
 };
 
 // --- By name -----------------------------------------------------------------------------------
@@ -214,6 +257,10 @@ void SetIndexedByName(Object& object, std::string_view property, std::span<const
                       const Variant& value, const TextConversions& texts = {});
 Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments,
                      const TextConversions& texts = {});
+// The same, and `arguments` has a value for each argument afterwards: those by reference hold what the method
+// left there, the others what they were converted to. Pure outputs may be empty or missing.
+Variant InvokeByReference(Object& object, std::string_view method, std::vector<Variant>& arguments,
+                          const TextConversions& texts = {});
 Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener);
 // The items of a collection; raises 438 for an object that is none.
 std::shared_ptr<Enumerator> Enumerate(const Object& object);

@@ -37,18 +37,20 @@ class Dial : public Object {
 };
 
 const ClassInfo& Dial::Table() {
-  static const ClassInfo info =
-      Describe<Dial>("Dial", "Something to turn.")
-          .Property("Steps", &Dial::Steps, &Dial::SetSteps,
-                    {.defaults = {.when_new = 0, .when_read = 1, .when_written = 2}, .help = "How many."})
-          .Property("Side", &Dial::Side, &Dial::SetSide, {})
-          .Property("Title", &Dial::Title, &Dial::SetTitle, {})
-          .Property("Ink", &Dial::Ink, &Dial::SetInk, {})
-          .ReadOnly("Locked", &Dial::Locked, "Always.")
-          .Persisted({"Title", "Steps"})
-          .Method("Turn", &Dial::Turn, {{"By"}, {"Wrap", Variant(false)}}, "Turns it.")
-          .Event(1, "Turned", &Dial::Turned, {"By", "X"}, "It was turned.")
-          .Build();
+  using Row = table::Row<Dial>;
+  static constexpr Literal kTurnDefaults[] = {false};
+  static constexpr auto data = ClassTable(
+      ObjectClass("Dial", "Something to turn."),
+      table::Properties(Row::Property<&Dial::Steps, &Dial::SetSteps>(
+                            1, "Steps", {.when_new = 0, .when_read = 1, .when_written = 2}, "How many."),
+                        Row::Property<&Dial::Side, &Dial::SetSide>(2, "Side", kNoDefault, ""),
+                        Row::Property<&Dial::Title, &Dial::SetTitle>(3, "Title", kNoDefault, ""),
+                        Row::Property<&Dial::Ink, &Dial::SetInk>(4, "Ink", kNoDefault, ""),
+                        Row::ReadOnly<&Dial::Locked>(5, "Locked", "Always.")),
+      table::Persisted("Title", "Steps"),
+      table::Methods(Row::Method<&Dial::Turn>(6, "Turn", "By, Wrap", "Turns it.", kTurnDefaults)),
+      table::Events(Row::Event<&Dial::Turned>(1, "Turned", "By, X", "It was turned.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 
@@ -64,11 +66,11 @@ Error RaisedBy(const std::function<void()>& call) {
 TEST(ClassTable, KnowsTypesDefaultsAndPersistedOrder) {
   const ClassInfo& info = Dial::Table();
   EXPECT_EQ(info.QualifiedName(), "LevelWidgets.Dial");
-  EXPECT_EQ(info.FindProperty("Steps")->type.name, "Integer");
-  EXPECT_EQ(info.FindProperty("Side")->type.name, "ksxAlignmentConstants");
-  EXPECT_EQ(info.FindProperty("Ink")->type.name, "Color");
+  EXPECT_EQ(info.FindProperty("Steps")->type.Name(), "Integer");
+  EXPECT_EQ(info.FindProperty("Side")->type.Name(), "ksxAlignmentConstants");
+  EXPECT_EQ(info.FindProperty("Ink")->type.Name(), "Color");
   EXPECT_TRUE(info.FindProperty("Locked")->ReadOnly());
-  EXPECT_EQ(info.FindProperty("Steps")->defaults.when_written.value, Variant(2));
+  EXPECT_EQ(info.FindProperty("Steps")->defaults.when_written.Value(), Variant(2));
   ASSERT_EQ(info.Persisted().size(), 2u);
   EXPECT_EQ(info.Persisted()[0], info.FindProperty("Title"));
   EXPECT_EQ(info.Persisted()[1], info.FindProperty("Steps"));
@@ -144,7 +146,8 @@ TEST(ByName, ListenersGetArgumentsByNameAndHandReferencesBack) {
   std::vector<std::string> names;
   SubscribeByName(dial, "Turned", [&](RaisedEvent& raised) {
     for (const ArgumentInfo& argument : raised.info.arguments) {
-      names.push_back(argument.name + ":" + argument.type.name + (argument.by_reference ? "&" : ""));
+      names.push_back(std::string(argument.name) + ":" + std::string(argument.type.Name()) +
+                      (argument.by_reference ? "&" : ""));
     }
     raised.values[0] = 9.0;
     raised.values[1] = 1.0f;
@@ -181,17 +184,18 @@ class Board : public Object {
 };
 
 const ClassInfo& Board::Table() {
-  static const ClassInfo info =
-      Describe<Board>("Board", "Cells.")
-          .ReadOnly("Rows", &Board::Rows, "How many.")
-          .Indexed("Title", &Board::Title, &Board::SetTitle, {"Row"},
-                   {.default_at = [](std::int32_t row) { return Variant(row == 1 ? "first" : ""); }})
-          .Indexed("Cell", &Board::Cell, &Board::SetCell, {"Row", "Column"}, {})
-          .IndexedReadOnly("Size", &Board::Size, {"Axis"}, "How large.")
-          .CountedBy("Title", &Board::Rows)
-          .Persisted({"Title"})
-          .DefaultMember("Title")
-          .Build();
+  using Row = table::Row<Board>;
+  static constexpr auto data = ClassTable(
+      ObjectClass("Board", "Cells."),
+      table::Properties(Row::ReadOnly<&Board::Rows>(1, "Rows", "How many."),
+                        Row::Indexed<&Board::Title, &Board::SetTitle, &Board::Rows>(
+                            2, "Title", "Row", "",
+                            {.default_at = [](std::int32_t row) { return Literal(row == 1 ? "first" : ""); },
+                             .flags = MemberFlags::kDefault}),
+                        Row::Indexed<&Board::Cell, &Board::SetCell>(3, "Cell", "Row, Column", ""),
+                        Row::IndexedReadOnly<&Board::Size>(4, "Size", "Axis", "How large.")),
+      table::Persisted("Title"));
+  static constexpr ClassInfo info(data);
   return info;
 }
 
@@ -199,12 +203,12 @@ TEST(IndexedProperties, TellTheirIndicesDefaultsAndTheDefaultMember) {
   const PropertyInfo& cell = *Board::Table().FindProperty("Cell");
   ASSERT_EQ(cell.indices.size(), 2u);
   EXPECT_EQ(cell.indices[1].name, "Column");
-  EXPECT_EQ(cell.indices[1].type.name, "Integer");
+  EXPECT_EQ(cell.indices[1].type.Name(), "Integer");
   EXPECT_TRUE(cell.Indexed());
   EXPECT_FALSE(cell.ReadOnly());
   EXPECT_TRUE(Board::Table().FindProperty("Size")->ReadOnly());
   EXPECT_FALSE(Board::Table().FindProperty("Rows")->Indexed());
-  EXPECT_EQ(Board::Table().FindProperty("Title")->defaults.when_new.value, Variant("first"));
+  EXPECT_EQ(Board::Table().FindProperty("Title")->defaults.when_new.Value(), Variant("first"));
   EXPECT_EQ(Board::Table().DefaultMember(), "Title");
   EXPECT_EQ(Dial::Table().DefaultMember(), "");
 }
@@ -265,17 +269,47 @@ TEST(IndexedProperties, AreSavedUnderTheirNameAndTheIndex) {
   EXPECT_FALSE(Dial::Table().FindPersisted("Steps1").property);
 }
 
-TEST(IndexedProperties, OfTwoIndicesOrWithoutACountCannotBePersisted) {
-  const auto table = [] { return Describe<Board>("Board", ""); };
-  EXPECT_THROW(table()
-                   .Indexed("Cell", &Board::Cell, &Board::SetCell, {"Row", "Column"}, {})
-                   .Persisted({"Cell"})
-                   .Build(),
+TEST(ClassTable, RefusesToPersistAPropertyOfTwoIndicesOrWithoutACount) {
+  using Row = table::Row<Board>;
+  const auto persisting = [](const PropertyInfo& row) {
+    return
+        [row] { ClassTable(ObjectClass("Board", ""), table::Properties(row), table::Persisted(row.name)); };
+  };
+  const PropertyInfo counted =
+      Row::Indexed<&Board::Title, &Board::SetTitle, &Board::Rows>(1, "Title", "Row", "");
+  EXPECT_NO_THROW(persisting(counted)());
+  EXPECT_THROW(persisting(Row::Indexed<&Board::Title, &Board::SetTitle>(1, "Title", "Row", ""))(),
                std::logic_error);
   EXPECT_THROW(
-      table().Indexed("Title", &Board::Title, &Board::SetTitle, {"Row"}, {}).Persisted({"Title"}).Build(),
+      persisting(Row::Indexed<&Board::Cell, &Board::SetCell, &Board::Rows>(1, "Cell", "Row, Column", ""))(),
       std::logic_error);
-  EXPECT_THROW(table().DefaultMember("Nothing").Build(), std::logic_error);
+}
+
+TEST(ClassTable, RefusesWhatNoTableMayHave) {
+  using Row = table::Row<Dial>;
+  const ClassHead head = ObjectClass("Dial", "");
+  const PropertyInfo first = Row::ReadOnly<&Dial::Locked>(1, "Locked", "");
+  const PropertyInfo second = Row::ReadOnly<&Dial::Title>(2, "Title", "");
+  const MethodInfo method = Row::Method<&Dial::Turn>(3, "Turn", "By, Wrap", "");
+  EXPECT_NO_THROW(
+      ClassTable(head, table::Properties(first, second), table::Persisted(), table::Methods(method)));
+  PropertyInfo changed = second;
+  changed.number = 1;
+  EXPECT_THROW(ClassTable(head, table::Properties(first, changed)), std::logic_error) << "a number twice";
+  changed.number = 3;
+  EXPECT_THROW(ClassTable(head, table::Properties(changed), table::Persisted(), table::Methods(method)),
+               std::logic_error)
+      << "the number of a method";
+  changed.number = 0;
+  EXPECT_THROW(ClassTable(head, table::Properties(changed)), std::logic_error) << "no number";
+  changed = second;
+  changed.name = "Locked";
+  EXPECT_THROW(ClassTable(head, table::Properties(first, changed)), std::logic_error) << "a name twice";
+  EXPECT_THROW(ClassTable(head, table::Properties(first), table::Persisted("Title")), std::logic_error)
+      << "persisted, and not there";
+  EXPECT_THROW(Row::Method<&Dial::Turn>(3, "Turn", "By", ""), std::logic_error) << "too few names";
+  EXPECT_THROW(Row::Method<&Dial::Turn>(3, "Turn", "", ""), std::logic_error) << "no names";
+  EXPECT_THROW(Row::Event<&Dial::Turned>(1, "Turned", "By, X, Y", ""), std::logic_error) << "too many names";
 }
 
 TEST(NearestName, FindsASlipButNoOtherWord) {

@@ -15,7 +15,8 @@ using ::testing::IsEmpty;
 class Leaf : public Object {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = ClassTable("Leaf", "").Creatable<Leaf>().Build();
+    static constexpr auto data = ClassTable(CreatableClass<Leaf>("Leaf", ""), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   const ClassInfo& Class() const override { return Table(); }
@@ -44,13 +45,16 @@ class Tree : public Object {
 };
 
 const ClassInfo& Tree::Table() {
-  static const ClassInfo info = ClassTable("Tree", "")
-                                    .Property("Top", &Tree::Top, &Tree::SetTop, {})
-                                    .Property("Any", &Tree::Any, &Tree::SetAny, {})
-                                    .IndexedReadOnly("Item", &Tree::Item, {"Index"}, "")
-                                    .Enumerated("NewEnum", &Tree::NewEnum, "")
-                                    .Method("Grow", &Tree::Grow, {{"Count", Variant(1)}}, "")
-                                    .Build();
+  using Row = table::Row<Tree>;
+  static constexpr Literal kGrowDefaults[] = {1};
+  static constexpr auto data = ClassTable(
+      ObjectClass("Tree", ""),
+      table::Properties(Row::Property<&Tree::Top, &Tree::SetTop>(1, "Top", kNoDefault, ""),
+                        Row::Property<&Tree::Any, &Tree::SetAny>(2, "Any", kNoDefault, ""),
+                        Row::IndexedReadOnly<&Tree::Item>(3, "Item", "Index", ""),
+                        Row::Enumerated<&Tree::NewEnum>(4, "NewEnum", "")),
+      table::Persisted(), table::Methods(Row::Method<&Tree::Grow>(5, "Grow", "Count", "", kGrowDefaults)));
+  static constexpr ClassInfo info(data);
   return info;
 }
 
@@ -58,12 +62,12 @@ Variant Boxed(const ObjectRef& object) { return Variant(object); }
 
 TEST(ObjectMembers, AreNamedByTheirClass) {
   const ClassInfo& info = Tree::Table();
-  EXPECT_EQ(info.FindProperty("Top")->type.name, "Leaf");
+  EXPECT_EQ(info.FindProperty("Top")->type.Name(), "Leaf");
   EXPECT_EQ(info.FindProperty("Top")->type.type, VariantType::kObject);
-  EXPECT_EQ(info.FindProperty("Any")->type.name, "Object");
-  EXPECT_EQ(info.FindProperty("NewEnum")->type.name, "Enumerator");
-  EXPECT_EQ(info.FindMethod("Grow")->result.name, "Leaf");
-  EXPECT_EQ(Enumerator::Table().FindMethod("Reset")->result.name, "");
+  EXPECT_EQ(info.FindProperty("Any")->type.Name(), "Object");
+  EXPECT_EQ(info.FindProperty("NewEnum")->type.Name(), "Enumerator");
+  EXPECT_EQ(info.FindMethod("Grow")->result.Name(), "Leaf");
+  EXPECT_EQ(Enumerator::Table().FindMethod("Reset")->result.Name(), "");
 }
 
 TEST(ObjectMembers, HoldTheObjectItself) {

@@ -1,46 +1,40 @@
-#include <algorithm>
-#include <stdexcept>
-
 #include <levelwidgets/frame/class_table.h>
+#include <levelwidgets/frame/error.h>
 
-namespace levelwidgets {
+namespace levelwidgets::table {
 
-void ClassTable::AddEnumeration(const EnumerationInfo& enumeration) {
-  if (std::ranges::find(info_.enumerations_, &enumeration) == info_.enumerations_.end()) {
-    info_.enumerations_.push_back(&enumeration);
-  }
+Variant Box(bool value) { return value; }
+Variant Box(std::int16_t value) { return value; }
+Variant Box(std::int32_t value) { return value; }
+Variant Box(float value) { return value; }
+Variant Box(double value) { return value; }
+Variant Box(Date value) { return value; }
+Variant Box(std::string value) { return value; }
+Variant Box(std::string_view value) { return value; }
+Variant Box(FontRef value) { return value; }
+Variant Box(ObjectRef value) { return value; }
+
+template <typename T>
+const T& Held(const Variant& value) {
+  const T* held = std::get_if<T>(&value.Get());
+  if (!held) throw Error(kTypeMismatch);
+  return *held;
 }
+template const bool& Held(const Variant&);
+template const std::int16_t& Held(const Variant&);
+template const std::int32_t& Held(const Variant&);
+template const float& Held(const Variant&);
+template const double& Held(const Variant&);
+template const Date& Held(const Variant&);
+template const std::string& Held(const Variant&);
+template const FontRef& Held(const Variant&);
+template const ObjectRef& Held(const Variant&);
 
-PropertyInfo& ClassTable::AddDescribed(std::string name, TypeName type, PropertyOptions options) {
-  PropertyInfo property;
-  property.name = std::move(name);
-  property.type = std::move(type);
-  property.stored_as = options.stored_as.value_or(property.type.type);
-  property.defaults = options.default_at ? Always(options.default_at(1)) : std::move(options.defaults);
-  property.default_at = std::move(options.default_at);
-  property.help = std::move(options.help);
-  info_.properties_.push_back(std::move(property));
-  return info_.properties_.back();
-}
+template struct EventRow<>;
+template struct EventRow<std::int16_t&>;
+template struct EventRow<std::int16_t, std::int16_t>;
+template struct EventRow<std::int16_t&, std::int16_t&>;
+template struct EventRow<std::int16_t, std::int16_t, Twips, Twips>;
+template struct EventRow<std::int16_t&, std::int16_t&, Twips&, Twips&>;
 
-PropertyInfo& ClassTable::Existing(std::string_view name) {
-  const auto property = std::ranges::find(info_.properties_, name, &PropertyInfo::name);
-  if (property == info_.properties_.end()) throw std::logic_error("no property " + std::string(name));
-  return *property;
-}
-
-ClassInfo ClassTable::Build() {
-  for (const std::string& name : persisted_names_) {
-    PropertyInfo& property = Existing(name);
-    if (property.Indexed() && (property.indices.size() > 1 || !property.count || !property.set_at)) {
-      throw std::logic_error("no indices to persist " + name + " by");
-    }
-    property.persisted = true;
-    info_.persisted_.push_back(&property);
-  }
-  const std::string& default_member = info_.default_member_;
-  if (!default_member.empty() && !info_.FindMethod(default_member)) Existing(default_member);
-  return std::move(info_);
-}
-
-}  // namespace levelwidgets
+}  // namespace levelwidgets::table

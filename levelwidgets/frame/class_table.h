@@ -1,313 +1,474 @@
-// How a class writes its table: Describe<T>("T", "help").Property(...).Event(...).Build().
+// How a class writes its table:
+//
+//   const ClassInfo& Dial::Table() {
+//     using Row = table::Row<Dial>;
+//     static constexpr auto data = ClassTable(
+//         ObjectClass("Dial", "Something to turn."),
+//         table::Properties(
+//             Row::Property<&Dial::Steps, &Dial::SetSteps>(1, "Steps", Always(0), "How many."),
+//             Row::ReadOnly<&Dial::Locked>(2, "Locked", "Whether it is locked.")),
+//         table::Persisted("Steps"),
+//         table::Methods(Row::Method<&Dial::Turn>(3, "Turn", "By, out Rest", "Turns it.")),
+//         table::Events(Row::Event<&Dial::Turned>(1, "Turned", "By", "It was turned.")));
+//     static constexpr ClassInfo info(data);
+//     return info;
+//   }
+//
+// All of it is constant data: a mistake in a table (a number or a name that is there twice, a persisted
+// property that is none) does not compile.
 #pragma once
 
-#include <concepts>
+#include <stdexcept>
 #include <tuple>
-#include <type_traits>
 
 #include <levelwidgets/frame/class_info.h>
 
 namespace levelwidgets {
 
-class Enumerator;
-
 namespace table {
 
-template <typename T>
-struct IsObjectPointer : std::false_type {};
-template <typename T>
-struct IsObjectPointer<std::shared_ptr<T>> : std::is_base_of<Object, T> {};
-// A shared pointer to an object with a table.
-template <typename T>
-concept ObjectPointer = IsObjectPointer<T>::value;
+// --- Values ------------------------------------------------------------------------------------
+// Functions of their own, so that the many small ones made for the rows only call them.
 
-// The type of a member as the table shows it.
-template <typename T>
-TypeName NameOfType() {
-  using Type = std::remove_cvref_t<T>;
-  if constexpr (std::is_enum_v<Type>) {
-    const EnumerationInfo& enumeration = EnumerationOf<Type>();
-    return {VariantType::kInt32, enumeration.name, &enumeration};
-  } else if constexpr (std::same_as<Type, Color>) {
-    return {VariantType::kInt32, "Color"};
-  } else if constexpr (std::same_as<Type, WindowHandle>) {
-    return {VariantType::kInt32, "Handle"};
-  } else if constexpr (std::same_as<Type, Variant>) {
-    return {VariantType::kEmpty, "Variant"};
-  } else if constexpr (std::same_as<Type, std::string_view>) {
-    return {VariantType::kString, "String"};
-  } else if constexpr (std::same_as<Type, ObjectRef>) {
-    return {VariantType::kObject, "Object"};
-  } else if constexpr (ObjectPointer<Type>) {
-    return {VariantType::kObject, Type::element_type::Table().Name()};
-  } else {
-    const VariantType type = Variant(Type{}).Type();
-    return {type, std::string(NameOf(type))};
-  }
-}
-
-template <typename T>
+Variant Box(bool value);
+Variant Box(std::int16_t value);
+Variant Box(std::int32_t value);
+Variant Box(float value);
+Variant Box(double value);
+Variant Box(Date value);
+Variant Box(std::string value);
+Variant Box(std::string_view value);
+Variant Box(FontRef value);
+Variant Box(ObjectRef value);
+inline Variant Box(const Variant& value) { return value; }
+inline Variant Box(Color value) { return Box(value.value); }
+inline Variant Box(Twips value) { return Box(value.value); }
+inline Variant Box(WindowHandle value) { return Box(static_cast<std::int32_t>(value.value)); }
+template <typename E>
+requires std::is_enum_v<E> Variant Box(E value) { return Box(static_cast<std::int32_t>(value)); }
+template <ObjectPointer T>
 Variant Box(const T& value) {
-  if constexpr (std::is_enum_v<T>) {
-    return static_cast<std::int32_t>(value);
-  } else if constexpr (ObjectPointer<T>) {
-    return Variant(ObjectRef(value));
-  } else {
-    return Variant(value);
-  }
+  return Box(ObjectRef(value));
 }
 
-// `value` has been converted to the type that NameOfType<T> names.
+// What `value` holds. Raises 13 for a value of another type.
+template <typename T>
+const T& Held(const Variant& value);
+extern template const bool& Held(const Variant&);
+extern template const std::int16_t& Held(const Variant&);
+extern template const std::int32_t& Held(const Variant&);
+extern template const float& Held(const Variant&);
+extern template const double& Held(const Variant&);
+extern template const Date& Held(const Variant&);
+extern template const std::string& Held(const Variant&);
+extern template const FontRef& Held(const Variant&);
+extern template const ObjectRef& Held(const Variant&);
+
+// `value` has been converted to the type that MemberTypeOf<T> tells.
 template <typename T>
 T Unbox(const Variant& value) {
   if constexpr (std::is_enum_v<T>) {
-    return static_cast<T>(std::get<std::int32_t>(value.Get()));
+    return static_cast<T>(Held<std::int32_t>(value));
   } else if constexpr (std::same_as<T, Color>) {
-    return Color(static_cast<std::uint32_t>(std::get<std::int32_t>(value.Get())));
+    return Color(static_cast<std::uint32_t>(Held<std::int32_t>(value)));
+  } else if constexpr (std::same_as<T, WindowHandle>) {
+    return {static_cast<std::uint32_t>(Held<std::int32_t>(value))};
   } else if constexpr (std::same_as<T, Twips>) {
-    return Twips(std::get<float>(value.Get()));
+    return Twips(Held<float>(value));
   } else if constexpr (std::same_as<T, Variant>) {
     return value;
   } else if constexpr (std::same_as<T, std::string_view>) {
-    return std::get<std::string>(value.Get());
-  } else if constexpr (ObjectPointer<T>) {
-    return std::static_pointer_cast<typename T::element_type>(std::get<ObjectRef>(value.Get()));
+    return Held<std::string>(value);
+  } else if constexpr (ObjectPointer<T> && !std::same_as<T, FontRef>) {
+    return std::static_pointer_cast<typename T::element_type>(Held<ObjectRef>(value));
   } else {
-    return std::get<T>(value.Get());
+    return Held<T>(value);
   }
+}
+
+// --- Signatures --------------------------------------------------------------------------------
+
+template <typename Member>
+struct Signature;
+template <typename R, typename C, typename... Args>
+struct Signature<R (C::*)(Args...) const> {
+  using Result = R;
+  using Arguments = std::tuple<Args...>;
+  static constexpr std::span<const ArgumentType> Types() { return ArgumentTypes<Args...>(); }
+};
+template <typename R, typename C, typename... Args>
+struct Signature<R (C::*)(Args...)> : Signature<R (C::*)(Args...) const> {};
+template <typename R, typename C, typename... Args>
+struct Signature<R (C::*)(Args...) const noexcept> : Signature<R (C::*)(Args...) const> {};
+template <typename R, typename C, typename... Args>
+struct Signature<R (C::*)(Args...) noexcept> : Signature<R (C::*)(Args...) const> {};
+
+template <auto Member>
+using ResultOf = typename Signature<decltype(Member)>::Result;
+template <auto Member>
+using ArgumentsOf = typename Signature<decltype(Member)>::Arguments;
+template <auto Member>
+inline constexpr std::size_t kArgumentCount = std::tuple_size_v<ArgumentsOf<Member>>;
+template <auto Member, std::size_t I>
+using ArgumentOf = std::tuple_element_t<I, ArgumentsOf<Member>>;
+
+// Calls `use` with the positions of the member's arguments.
+template <auto Member, typename Use>
+decltype(auto) WithPositions(Use use) {
+  return use(std::make_index_sequence<kArgumentCount<Member>>());
+}
+
+// --- What the rows point to --------------------------------------------------------------------
+// T is the class of the table. The member may be one of any base of it.
+
+template <typename T, auto Get>
+Variant GetMember(const Object& object) {
+  return Box((static_cast<const T&>(object).*Get)());
+}
+
+template <typename T, auto Set>
+void SetMember(Object& object, const Variant& value) {
+  (static_cast<T&>(object).*Set)(Unbox<std::remove_cvref_t<ArgumentOf<Set, 0>>>(value));
+}
+
+template <typename T, auto Get>
+Variant GetMemberAt(const Object& object, std::span<const Variant> at) {
+  return WithPositions<Get>([&]<std::size_t... I>(std::index_sequence<I...>) {
+    return Box(
+        (static_cast<const T&>(object).*Get)(Unbox<std::remove_cvref_t<ArgumentOf<Get, I>>>(at[I])...));
+  });
+}
+
+// The setter takes the value last.
+template <typename T, auto Set>
+void SetMemberAt(Object& object, std::span<const Variant> at, const Variant& value) {
+  WithPositions<Set>([&]<std::size_t... I>(std::index_sequence<I...>) {
+    const auto given = [&](std::size_t i) -> const Variant& { return i < at.size() ? at[i] : value; };
+    (static_cast<T&>(object).*Set)(Unbox<std::remove_cvref_t<ArgumentOf<Set, I>>>(given(I))...);
+  });
+}
+
+template <typename T, auto Count>
+std::int32_t CountOf(const Object& object) {
+  return static_cast<std::int32_t>((static_cast<const T&>(object).*Count)());
+}
+
+template <typename A>
+void HandBack(Variant& value, const std::remove_cvref_t<A>& left) {
+  if constexpr (kByReference<A>) value = Box(left);
+}
+
+template <typename T, auto Call>
+Variant InvokeMember(Object& object, std::span<Variant> values) {
+  return WithPositions<Call>([&]<std::size_t... I>(std::index_sequence<I...>)->Variant {
+    T& called = static_cast<T&>(object);
+    [[maybe_unused]] std::tuple<std::remove_cvref_t<ArgumentOf<Call, I>>...> given{
+        Unbox<std::remove_cvref_t<ArgumentOf<Call, I>>>(values[I])...};
+    Variant result;
+    if constexpr (std::is_void_v<ResultOf<Call>>) {
+      (called.*Call)(static_cast<ArgumentOf<Call, I>&&>(std::get<I>(given))...);
+    } else {
+      result = Box((called.*Call)(static_cast<ArgumentOf<Call, I>&&>(std::get<I>(given))...));
+    }
+    (HandBack<ArgumentOf<Call, I>>(values[I], std::get<I>(given)), ...);
+    return result;
+  });
+}
+
+template <typename T, auto Raised>
+EventBase& FindEvent(Object& object) {
+  return static_cast<T&>(object).*Raised;
+}
+
+// What events of one signature have in common.
+template <typename... Args>
+struct EventRow {
+  using Type = levelwidgets::Event<Args...>;
+
+  static constexpr std::span<const ArgumentType> Types() { return ArgumentTypes<Args...>(); }
+
+  static Subscription Subscribe(EventBase& event, const EventInfo& info, EventListener listener) {
+    return static_cast<Type&>(event).Add([&info, listener = std::move(listener)](Args... values) {
+      RaisedEvent raised{info, {Box(values)...}};
+      listener(raised);
+      [[maybe_unused]] std::size_t position = 0;
+      (TakeBack<Args>(values, raised.values[position++]), ...);
+    });
+  }
+
+ private:
+  template <typename A>
+  static void TakeBack(std::remove_reference_t<A>& value, const Variant& left) {
+    using Value = std::remove_cvref_t<A>;
+    if constexpr (kByReference<A>) value = Unbox<Value>(ConvertTo(MemberTypeOf<Value>().type, left));
+  }
+};
+// The standard events, and those of edit boxes.
+extern template struct EventRow<>;
+extern template struct EventRow<std::int16_t&>;
+extern template struct EventRow<std::int16_t, std::int16_t>;
+extern template struct EventRow<std::int16_t&, std::int16_t&>;
+extern template struct EventRow<std::int16_t, std::int16_t, Twips, Twips>;
+extern template struct EventRow<std::int16_t&, std::int16_t&, Twips&, Twips&>;
+
+template <typename Member>
+struct EventOf;
+template <typename C, typename... Args>
+struct EventOf<levelwidgets::Event<Args...> C::*> : EventRow<Args...> {};
+
+}  // namespace table
+
+struct PropertyOptions {
+  VariantType stored_as = VariantType::kEmpty;  // where it differs from the property's type
+  MemberFlags flags = MemberFlags::kNone;
+};
+
+struct IndexedOptions {
+  // Where the values have defaults of their own; they are the same for all three.
+  Literal (*default_at)(std::int32_t index) = nullptr;
+  MemberFlags flags = MemberFlags::kNone;
+};
+
+namespace table {
+
+// The rows of class T.
+template <typename T>
+struct Row {
+  template <auto Get, auto Set>
+  static constexpr PropertyInfo Property(int number, std::string_view name, const Defaults& defaults,
+                                         std::string_view help, const PropertyOptions& options = {}) {
+    PropertyInfo row = ReadOnly<Get>(number, name, help, options.flags);
+    row.defaults = defaults;
+    if (options.stored_as != VariantType::kEmpty) row.stored_as = options.stored_as;
+    row.set = &SetMember<T, Set>;
+    return row;
+  }
+
+  template <auto Get>
+  static constexpr PropertyInfo ReadOnly(int number, std::string_view name, std::string_view help,
+                                         MemberFlags flags = MemberFlags::kNone) {
+    PropertyInfo row = Described<Get>(number, name, help, flags);
+    row.get = &GetMember<T, Get>;
+    return row;
+  }
+
+  // A property with a value for each of `indices`, which names them. `Count` tells how many values a
+  // persisted one has.
+  template <auto Get, auto Set, auto Count>
+  static constexpr PropertyInfo Indexed(int number, std::string_view name, std::string_view indices,
+                                        std::string_view help, const IndexedOptions& options = {}) {
+    PropertyInfo row = Indexed<Get, Set>(number, name, indices, help, options);
+    row.count = &CountOf<T, Count>;
+    row.is_counted = true;
+    return row;
+  }
+
+  template <auto Get, auto Set>
+  static constexpr PropertyInfo Indexed(int number, std::string_view name, std::string_view indices,
+                                        std::string_view help, const IndexedOptions& options = {}) {
+    static_assert(kArgumentCount<Set> == kArgumentCount<Get> + 1);
+    PropertyInfo row = IndexedReadOnly<Get>(number, name, indices, help, options.flags);
+    row.set_at = &SetMemberAt<T, Set>;
+    row.default_at = options.default_at;
+    if (options.default_at) row.defaults = Always(options.default_at(1));
+    return row;
+  }
+
+  template <auto Get>
+  static constexpr PropertyInfo IndexedReadOnly(int number, std::string_view name, std::string_view indices,
+                                                std::string_view help,
+                                                MemberFlags flags = MemberFlags::kNone) {
+    static_assert(kArgumentCount<Get> > 0);
+    PropertyInfo row = Described<Get>(number, name, help, flags);
+    row.indices = ArgumentList(indices, Signature<decltype(Get)>::Types());
+    row.get_at = &GetMemberAt<T, Get>;
+    return row;
+  }
+
+  // A collection, which the class of the value says how to save.
+  template <auto Get>
+  static constexpr PropertyInfo Collection(int number, std::string_view name, std::string_view help) {
+    PropertyInfo row = ReadOnly<Get>(number, name, help);
+    row.is_collection = true;
+    return row;
+  }
+
+  // The read-only property that for-each asks a collection for.
+  template <auto Get>
+  static constexpr PropertyInfo Enumerated(int number, std::string_view name, std::string_view help) {
+    return ReadOnly<Get>(number, name, help, MemberFlags::kEnumerator);
+  }
+
+  // `optional` has the default values of the last arguments; it must be constant data itself.
+  template <auto Call>
+  static constexpr MethodInfo Method(int number, std::string_view name, std::string_view arguments,
+                                     std::string_view help, std::span<const Literal> optional = {}) {
+    MethodInfo row;
+    row.number = number;
+    row.name = name;
+    row.arguments = ArgumentList(arguments, Signature<decltype(Call)>::Types(), optional);
+    row.result = MemberTypeOf<ResultOf<Call>>();
+    row.help = help;
+    row.invoke = &InvokeMember<T, Call>;
+    return row;
+  }
+
+  template <auto Raised>
+  static constexpr EventInfo Event(int number, std::string_view name, std::string_view arguments,
+                                   std::string_view help) {
+    using Common = EventOf<decltype(Raised)>;
+    EventInfo row;
+    row.number = number;
+    row.name = name;
+    row.arguments = ArgumentList(arguments, Common::Types());
+    row.help = help;
+    row.find = &FindEvent<T, Raised>;
+    row.subscribe = &Common::Subscribe;
+    return row;
+  }
+
+ private:
+  template <auto Get>
+  static constexpr PropertyInfo Described(int number, std::string_view name, std::string_view help,
+                                          MemberFlags flags) {
+    PropertyInfo row;
+    row.number = number;
+    row.name = name;
+    row.type = MemberTypeOf<ResultOf<Get>>();
+    row.stored_as = row.type.type;
+    row.help = help;
+    row.flags = flags;
+    return row;
+  }
+};
+
+template <typename... Rows>
+constexpr std::array<PropertyInfo, sizeof...(Rows)> Properties(const Rows&... rows) {
+  return {rows...};
+}
+template <typename... Rows>
+constexpr std::array<MethodInfo, sizeof...(Rows)> Methods(const Rows&... rows) {
+  return {rows...};
+}
+template <typename... Rows>
+constexpr std::array<EventInfo, sizeof...(Rows)> Events(const Rows&... rows) {
+  return {rows...};
+}
+// Which properties are saved, in the order in which they are read and written.
+template <typename... Names>
+constexpr std::array<std::string_view, sizeof...(Names)> Persisted(const Names&... names) {
+  return {names...};
+}
+
+// The positions of the rows by the order of their names. Throws std::logic_error for a name that two have.
+template <typename Info, std::size_t N>
+constexpr std::array<std::uint8_t, N> ByName(const std::array<Info, N>& rows) {
+  static_assert(N < 256);
+  std::array<std::uint8_t, N> order{};
+  for (std::size_t i = 0; i < N; ++i) {
+    std::size_t at = i;
+    for (; at > 0 && rows[i].name < rows[order[at - 1]].name; --at) order[at] = order[at - 1];
+    order[at] = static_cast<std::uint8_t>(i);
+  }
+  for (std::size_t i = 1; i < N; ++i) {
+    if (rows[order[i - 1]].name == rows[order[i]].name) throw std::logic_error("two members of one name");
+  }
+  return order;
 }
 
 }  // namespace table
 
-class ClassTable {
- public:
-  ClassTable(std::string name, std::string help) {
-    info_.qualified_name_ = "LevelWidgets." + name;
-    info_.name_ = std::move(name);
-    info_.help_ = std::move(help);
-  }
+// The head of a class that is no control.
+constexpr ClassHead ObjectClass(std::string_view name, std::string_view help) { return {name, help}; }
 
-  template <typename R, typename T, typename A>
-  ClassTable& Property(std::string name, R (T::*get)() const, void (T::*set)(A), PropertyOptions options) {
-    PropertyInfo& property = AddProperty<R, T>(std::move(name), get, std::move(options));
-    property.set = [set](Object& object, const Variant& value) {
-      (static_cast<T&>(object).*set)(table::Unbox<std::remove_cvref_t<A>>(value));
-    };
-    return *this;
-  }
+// The same of one that users may make objects of.
+template <typename T>
+constexpr ClassHead CreatableClass(std::string_view name, std::string_view help) {
+  ClassHead head{name, help};
+  head.create_object = []() -> ObjectRef { return std::make_shared<T>(); };
+  return head;
+}
 
-  template <typename R, typename T>
-  ClassTable& ReadOnly(std::string name, R (T::*get)() const, std::string help) {
-    PropertyOptions options;
-    options.help = std::move(help);
-    AddProperty<R, T>(std::move(name), get, std::move(options));
-    return *this;
-  }
+// The same of a collection whose items are saved with the control that holds it.
+constexpr ClassHead CollectionClass(std::string_view name, std::string_view help, const SavedItems& items) {
+  ClassHead head{name, help};
+  head.saved_items = &items;
+  return head;
+}
 
-  // A property with a value for each of `indices`, which names them. The setter takes the value last.
-  template <typename R, typename T, typename... I, typename... SetArgs>
-  ClassTable& Indexed(std::string name, R (T::*get)(I...) const, void (T::*set)(SetArgs...),
-                      std::vector<std::string> indices, PropertyOptions options) {
-    static_assert(sizeof...(SetArgs) == sizeof...(I) + 1);
-    using Value = std::remove_cvref_t<std::tuple_element_t<sizeof...(I), std::tuple<SetArgs...>>>;
-    PropertyInfo& property = AddIndexed(std::move(name), get, std::move(indices), std::move(options));
-    property.set = [name = property.name](Object& object, const Variant&) {
-      RaiseNeedsIndices(object, name);
-    };
-    property.set_at = [set](Object& object, std::span<const Variant> at, const Variant& value) {
-      [&]<std::size_t... N>(std::index_sequence<N...>) {
-        (static_cast<T&>(object).*set)(table::Unbox<std::remove_cvref_t<I>>(at[N])...,
-                                       table::Unbox<Value>(value));
-      }
-      (std::index_sequence_for<I...>());
-    };
-    return *this;
-  }
-
-  template <typename R, typename T, typename... I>
-  ClassTable& IndexedReadOnly(std::string name, R (T::*get)(I...) const, std::vector<std::string> indices,
-                              std::string help) {
-    PropertyOptions options;
-    options.help = std::move(help);
-    AddIndexed(std::move(name), get, std::move(indices), std::move(options));
-    return *this;
-  }
-
-  // How many values of a persisted indexed property there are.
-  template <typename R, typename T>
-  ClassTable& CountedBy(std::string_view property, R (T::*count)() const) {
-    Existing(property).count = [count](const Object& object) {
-      return static_cast<std::int32_t>((static_cast<const T&>(object).*count)());
-    };
-    return *this;
-  }
-
-  // The property or method that stands for the object itself.
-  ClassTable& DefaultMember(std::string name) {
-    info_.default_member_ = std::move(name);
-    return *this;
-  }
-
-  // The read-only property that for-each asks a collection for.
-  template <typename T>
-  ClassTable& Enumerated(std::string name, std::shared_ptr<Enumerator> (T::*get)() const, std::string help) {
-    info_.enumerator_member_ = name;
-    return ReadOnly(std::move(name), get, std::move(help));
-  }
-
-  // Users may make objects of class T.
-  template <typename T>
-  ClassTable& Creatable() {
-    info_.create_object_ = [] { return std::make_shared<T>(); };
-    return *this;
-  }
-
-  // Which properties are saved, in the order in which they are read and written.
-  ClassTable& Persisted(std::vector<std::string> names) {
-    persisted_names_ = std::move(names);
-    return *this;
-  }
-
-  // `arguments` names them; a default value makes one, and all after it, optional.
-  struct Argument {
-    std::string name;
-    std::optional<Variant> default_value = std::nullopt;
-  };
-  template <typename R, typename T, typename... Args>
-  ClassTable& Method(std::string name, R (T::*call)(Args...), std::vector<Argument> arguments,
-                     std::string help) {
-    MethodInfo method;
-    method.name = std::move(name);
-    method.help = std::move(help);
-    if constexpr (!std::is_void_v<R>) method.result = AddedType<R>();
-    std::size_t i = 0;
-    ((method.arguments.push_back(
-          {arguments.at(i).name, AddedType<Args>(), false, arguments.at(i).default_value}),
-      ++i),
-     ...);
-    method.invoke = [call](Object& object, std::span<const Variant> values) {
-      return Call(static_cast<T&>(object), call, values, std::index_sequence_for<Args...>());
-    };
-    info_.methods_.push_back(std::move(method));
-    return *this;
-  }
-
-  template <typename T, typename... Args>
-  ClassTable& Event(int number, std::string name, levelwidgets::Event<Args...> T::*event,
-                    std::vector<std::string> arguments, std::string help) {
-    EventInfo info;
-    info.number = number;
-    info.name = std::move(name);
-    info.help = std::move(help);
-    std::size_t i = 0;
-    ((info.arguments.push_back(
-          {arguments.at(i), AddedType<Args>(), std::is_lvalue_reference_v<Args>, std::nullopt}),
-      ++i),
-     ...);
-    const std::size_t position = info_.events_.size();
-    info.end_all = [event](Object& object) { (Owner<T>(object).*event).EndAll(); };
-    info.subscribe = [event, position](Object& object, EventListener listener) {
-      const EventInfo& described = object.Class().Events()[position];
-      return (Owner<T>(object).*event).Add([&described, listener = std::move(listener)](Args... values) {
-        RaisedEvent raised{described, {table::Box<std::remove_cvref_t<Args>>(values)...}};
-        listener(raised);
-        [[maybe_unused]] std::size_t back = 0;
-        (HandBack<Args>(values, described, raised, back++), ...);
-      });
-    };
-    info_.events_.push_back(std::move(info));
-    return *this;
-  }
-
-  ClassTable& DefaultSize(Twips width, Twips height) {
-    info_.default_size_ = {width, height};
-    return *this;
-  }
-
-  template <typename Factory>
-  ClassTable& CreatedBy(Factory factory) {
-    info_.create_ = factory;
-    return *this;
-  }
-
-  ClassInfo Build();
-
- private:
-  template <typename R, typename T>
-  PropertyInfo& AddProperty(std::string name, R (T::*get)() const, PropertyOptions options) {
-    PropertyInfo& property = AddDescribed(std::move(name), AddedType<R>(), std::move(options));
-    property.get = [get](const Object& object) {
-      return table::Box<std::remove_cvref_t<R>>((static_cast<const T&>(object).*get)());
-    };
-    return property;
-  }
-
-  template <typename R, typename T, typename... I>
-  PropertyInfo& AddIndexed(std::string name, R (T::*get)(I...) const, std::vector<std::string> indices,
-                           PropertyOptions options) {
-    static_assert(sizeof...(I) > 0);
-    PropertyInfo& property = AddDescribed(std::move(name), AddedType<R>(), std::move(options));
-    std::size_t i = 0;
-    (property.indices.push_back({indices.at(i++), AddedType<I>(), false, std::nullopt}), ...);
-    property.get = [name = property.name](const Object& object) -> Variant {
-      RaiseNeedsIndices(object, name);
-    };
-    property.get_at = [get](const Object& object, std::span<const Variant> at) {
-      return [&]<std::size_t... N>(std::index_sequence<N...>) {
-        return table::Box<std::remove_cvref_t<R>>(
-            (static_cast<const T&>(object).*get)(table::Unbox<std::remove_cvref_t<I>>(at[N])...));
-      }
-      (std::index_sequence_for<I...>());
-    };
-    return property;
-  }
-
-  PropertyInfo& AddDescribed(std::string name, TypeName type, PropertyOptions options);
-  // Throws std::logic_error for a name that the table does not have.
-  PropertyInfo& Existing(std::string_view name);
-
-  template <typename A>
-  TypeName AddedType() {
-    TypeName type = table::NameOfType<A>();
-    if (type.enumeration) AddEnumeration(*type.enumeration);
-    return type;
-  }
-
-  // The object as the class that holds an event: one of its bases, or a set of events beside them.
-  template <typename T>
-  static T& Owner(Object& object) {
-    if constexpr (std::derived_from<T, Object>) {
-      return static_cast<T&>(object);
-    } else {
-      return dynamic_cast<T&>(object);
-    }
-  }
-
-  void AddEnumeration(const EnumerationInfo& enumeration);
-
-  template <typename R, typename T, typename... Args, std::size_t... I>
-  static Variant Call(T& object, R (T::*call)(Args...), std::span<const Variant> values,
-                      std::index_sequence<I...>) {
-    if constexpr (std::is_void_v<R>) {
-      (object.*call)(table::Unbox<std::remove_cvref_t<Args>>(values[I])...);
-      return {};
-    } else {
-      return table::Box<std::remove_cvref_t<R>>(
-          (object.*call)(table::Unbox<std::remove_cvref_t<Args>>(values[I])...));
-    }
-  }
-
-  template <typename A>
-  static void HandBack(std::remove_reference_t<A>& value, const EventInfo& info, const RaisedEvent& raised,
-                       std::size_t position) {
-    if constexpr (std::is_lvalue_reference_v<A> && !std::is_const_v<std::remove_reference_t<A>>) {
-      value = table::Unbox<std::remove_cvref_t<A>>(
-          ConvertTo(info.arguments[position].type.type, raised.values[position]));
-    }
-  }
-
-  ClassInfo info_;
-  std::vector<std::string> persisted_names_;
+// What a ClassInfo shows.
+template <std::size_t P, std::size_t S, std::size_t M, std::size_t E>
+struct ClassData {
+  ClassHead head;
+  std::array<PropertyInfo, P> properties;
+  std::array<std::uint8_t, S> persisted;  // positions of properties
+  std::array<MethodInfo, M> methods;
+  std::array<EventInfo, E> events;
+  std::array<std::uint8_t, P> properties_by_name;
+  std::array<std::uint8_t, M> methods_by_name;
+  std::string_view default_member;
+  std::string_view enumerator_member;
 };
+
+namespace table {
+
+template <std::size_t P>
+constexpr std::uint8_t Persist(std::array<PropertyInfo, P>& properties, std::string_view name) {
+  std::size_t at = 0;
+  while (at < P && properties[at].name != name) ++at;
+  if (at == P) throw std::logic_error("a persisted property that is none");
+  PropertyInfo& row = properties[at];
+  if (row.Indexed() && (row.indices.size() > 1 || !row.is_counted)) {
+    throw std::logic_error("no indices to persist a property by");
+  }
+  row.persisted = true;
+  return static_cast<std::uint8_t>(at);
+}
+
+template <std::size_t N>
+constexpr void CheckNumbers(const std::array<int, N>& numbers) {
+  for (std::size_t i = 0; i < N; ++i) {
+    if (numbers[i] <= 0) throw std::logic_error("a number that is not more than 0");
+    for (std::size_t other = 0; other < i; ++other) {
+      if (numbers[other] == numbers[i]) throw std::logic_error("two members of one number");
+    }
+  }
+}
+
+// Properties and methods share their numbers, events have theirs.
+template <std::size_t P, std::size_t S, std::size_t M, std::size_t E>
+constexpr void CheckNumbers(const ClassData<P, S, M, E>& data) {
+  std::array<int, P + M> numbers{};
+  for (std::size_t i = 0; i < P; ++i) numbers[i] = data.properties[i].number;
+  for (std::size_t i = 0; i < M; ++i) numbers[P + i] = data.methods[i].number;
+  std::array<int, E> event_numbers{};
+  for (std::size_t i = 0; i < E; ++i) event_numbers[i] = data.events[i].number;
+  CheckNumbers(numbers);
+  CheckNumbers(event_numbers);
+}
+
+}  // namespace table
+
+// Puts a table together. Throws std::logic_error for what no table may have, so that it does not compile as
+// constant data.
+template <std::size_t P, std::size_t S = 0, std::size_t M = 0, std::size_t E = 0>
+constexpr ClassData<P, S, M, E> ClassTable(const ClassHead& head,
+                                           const std::array<PropertyInfo, P>& properties,
+                                           const std::array<std::string_view, S>& persisted = {},
+                                           const std::array<MethodInfo, M>& methods = {},
+                                           const std::array<EventInfo, E>& events = {}) {
+  ClassData<P, S, M, E> data{
+      head, properties, {}, methods, events, table::ByName(properties), table::ByName(methods)};
+  for (std::size_t i = 0; i < S; ++i) data.persisted[i] = table::Persist(data.properties, persisted[i]);
+  const auto note = [&data](std::string_view name, MemberFlags flags) {
+    if (Has(flags, MemberFlags::kDefault)) data.default_member = name;
+    if (Has(flags, MemberFlags::kEnumerator)) data.enumerator_member = name;
+  };
+  for (const PropertyInfo& row : properties) note(row.name, row.flags);
+  for (const MethodInfo& row : methods) note(row.name, row.flags);
+  table::ByName(events);  // no name twice
+  table::CheckNumbers(data);
+  return data;
+}
 
 }  // namespace levelwidgets

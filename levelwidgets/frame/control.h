@@ -9,25 +9,16 @@
 #include <levelwidgets/frame/control_site.h>
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/frame/input.h>
+#include <levelwidgets/frame/persistence.h>
 #include <levelwidgets/frame/property_bag.h>
 #include <levelwidgets/frame/surface_window.h>
 
 namespace levelwidgets {
 
 // Argument names of the standard events, for the tables.
-inline const std::vector<std::string> kKeyArguments{"KeyCode", "Shift"};
-inline const std::vector<std::string> kCharacterArguments{"KeyAscii"};
-inline const std::vector<std::string> kPointerArguments{"Button", "Shift", "X", "Y"};
-
-// What ReadProperties raises when the control refuses a saved value: the control's error, with the property.
-class PropertyRefused : public Error {
- public:
-  PropertyRefused(std::string property, const Error& error) : Error(error), property_(std::move(property)) {}
-  const std::string& Property() const { return property_; }
-
- private:
-  std::string property_;
-};
+inline constexpr std::string_view kKeyArguments = "KeyCode, Shift";
+inline constexpr std::string_view kCharacterArguments = "KeyAscii";
+inline constexpr std::string_view kPointerArguments = "Button, Shift, X, Y";
 
 // What follows when a property has got its value, in this order.
 enum class Then { kNotify, kRepaint, kRepaintThenNotify, kNotifyThenRepaint };
@@ -37,7 +28,7 @@ enum class Then { kNotify, kRepaint, kRepaintThenNotify, kNotifyThenRepaint };
 // it only after the control's own code has returned. Terminate runs when the last reference goes.
 class Control : public Object, public SurfaceWindow, public std::enable_shared_from_this<Control> {
  public:
-  ~Control() override = default;
+  ~Control() override;
 
   // --- For the container ------------------------------------------------------------------------
 
@@ -124,16 +115,15 @@ std::shared_ptr<T> MakeControl(std::shared_ptr<ControlSite> site) {
   });
 }
 
-// Begins the table of class T.
+// The head of the table of control T. `default_size` is that of one that is placed without a size.
 template <typename T>
-ClassTable Describe(std::string name, std::string help) {
-  ClassTable table(std::move(name), std::move(help));
-  if constexpr (std::derived_from<T, Control>) {
-    table.CreatedBy([](std::shared_ptr<ControlSite> site) -> std::shared_ptr<Control> {
-      return MakeControl<T>(std::move(site));
-    });
-  }
-  return table;
+constexpr ClassHead ControlClass(std::string_view name, std::string_view help,
+                                 TwipSize default_size = ClassHead().default_size) {
+  ClassHead head{name, help, default_size};
+  head.create = [](std::shared_ptr<ControlSite> site) -> std::shared_ptr<Control> {
+    return MakeControl<T>(std::move(site));
+  };
+  return head;
 }
 
 }  // namespace levelwidgets

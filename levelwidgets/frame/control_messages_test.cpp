@@ -13,7 +13,9 @@ using ::testing::Not;
 class Obedient : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Obedient>("Obedient", "Does what a test asks for.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Obedient>("Obedient", "Does what a test asks for."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   static inline Journal notes;

@@ -14,14 +14,15 @@ using ::testing::IsEmpty;
 class Probe : public ControlWith<ClickEvents> {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info =
-        Describe<Probe>("Probe", "Writes its notifications down.")
-            .Property("Level", &Probe::Level, &Probe::SetLevel,
-                      {.defaults = {.when_new = 0, .when_read = 1, .when_written = 2},
-                       .stored_as = VariantType::kInt16})
-            .Persisted({"Level"})
-            .Event(1, "Click", &Probe::Click, {}, "")
-            .Build();
+    using Row = table::Row<Probe>;
+    static constexpr auto data =
+        ClassTable(ControlClass<Probe>("Probe", "Writes its notifications down."),
+                   table::Properties(Row::Property<&Probe::Level, &Probe::SetLevel>(
+                       1, "Level", {.when_new = 0, .when_read = 1, .when_written = 2}, "",
+                       {.stored_as = VariantType::kInt16})),
+                   table::Persisted("Level"), table::Methods(),
+                   table::Events(Row::Event<&Probe::Click>(1, "Click", "", "")));
+    static constexpr ClassInfo info(data);
     return info;
   }
   static inline std::vector<std::string> notes;

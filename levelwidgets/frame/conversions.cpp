@@ -43,6 +43,9 @@ Variant WithoutText(VariantType type, const Variant& value) {
     case VariantType::kDate: return ToDate(value);
     case VariantType::kString: return ToText(value);
     case VariantType::kFont: return ToFont(value);
+    case VariantType::kObject:
+      if (value.Type() == VariantType::kFont) return ObjectRef(std::get<FontRef>(value.Get()));
+      throw Error(kTypeMismatch);
     default: throw Error(kTypeMismatch);
   }
 }

@@ -23,53 +23,57 @@ class Subscription {
   std::weak_ptr<bool> active_;
 };
 
+// What events of all signatures have in common, compiled once.
+class EventBase {
+ public:
+  EventBase(const EventBase&) = delete;
+  EventBase& operator=(const EventBase&) = delete;
+
+  // Ends every subscription. A Raise under way calls no further listener.
+  void EndAll();
+
+ protected:
+  struct Slot {
+    bool active = true;
+    virtual ~Slot() = default;
+  };
+  using Slots = std::vector<std::shared_ptr<Slot>>;
+
+  EventBase() = default;
+  ~EventBase();
+  Subscription AddSlot(std::shared_ptr<Slot> slot);
+  const std::shared_ptr<const Slots>& GetSlots() const { return slots_; }
+
+ private:
+  std::shared_ptr<const Slots> slots_;  // null for none
+};
+
 // One of a control's events. By-reference arguments are reference types (Event<std::int16_t&>).
 //
 // A listener may do anything, destroying the sender included: Raise touches nothing of the event after
 // it has called the first one. Listeners that were there when Raise began are called in the order added;
 // one whose subscription has ended meanwhile is not. An exception passes through, the rest is not called.
 template <typename... Args>
-class Event {
+class Event : public EventBase {
  public:
   using Listener = std::function<void(Args...)>;
 
-  Event() = default;
-  Event(const Event&) = delete;
-  Event& operator=(const Event&) = delete;
-
-  Subscription Add(Listener listener) {
-    auto active = std::make_shared<bool>(true);
-    // Copied, because a Raise under way holds the old list.
-    auto changed = slots_ ? std::make_shared<Slots>(*slots_) : std::make_shared<Slots>();
-    std::erase_if(*changed, [](const Slot& slot) { return !*slot.active; });
-    changed->push_back({active, std::move(listener)});
-    slots_ = std::move(changed);
-    return Subscription(active);
-  }
+  Subscription Add(Listener listener) { return AddSlot(std::make_shared<ListenerSlot>(std::move(listener))); }
   void operator+=(Listener listener) { Add(std::move(listener)); }
 
-  // Ends every subscription. A Raise under way calls no further listener.
-  void EndAll() {
-    const auto ended = std::exchange(slots_, nullptr);
-    if (!ended) return;
-    for (const Slot& slot : *ended) *slot.active = false;
-  }
-
   void Raise(Args... args) const {
-    if (!slots_) return;
-    const std::shared_ptr<const Slots> held = slots_;
-    for (const Slot& slot : *held) {
-      if (*slot.active) slot.listener(args...);
+    const std::shared_ptr<const Slots> held = GetSlots();
+    if (!held) return;
+    for (const auto& slot : *held) {
+      if (slot->active) static_cast<const ListenerSlot&>(*slot).listener(args...);
     }
   }
 
  private:
-  struct Slot {
-    std::shared_ptr<bool> active;
+  struct ListenerSlot final : Slot {
+    explicit ListenerSlot(Listener called) : listener(std::move(called)) {}
     Listener listener;
   };
-  using Slots = std::vector<Slot>;
-  std::shared_ptr<const Slots> slots_;
 };
 
 }  // namespace levelwidgets

@@ -1,6 +1,9 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <levelwidgets/frame/class_info.h>
 #include <levelwidgets/frame/font.h>
+#include <levelwidgets/testing/error_of.h>
 
 namespace levelwidgets {
 namespace {
@@ -35,6 +38,51 @@ TEST(Font, AnObserverMayForgetItself) {
   font.SetUnderline(true);
   font.SetUnderline(false);
   EXPECT_EQ(changes, 1);
+}
+
+TEST(Font, HasAPropertyForEachOfItsParts) {
+  const FontRef font = MakeFont();
+  int changes = 0;
+  font->Observe([&] { ++changes; });
+  const std::pair<const char*, Variant> parts[] = {
+      {"Name", "Arial"},
+      {"Size", 12.5},
+      {"Bold", true},
+      {"Italic", true},
+      {"Underline", true},
+      {"Strikethrough", true},
+      {"Charset", std::int16_t{2}},
+  };
+  ASSERT_EQ(Font::Table().Properties().size(), std::size(parts));
+  for (const auto& [name, value] : parts) {
+    EXPECT_FALSE(GetByName(*font, name) == value) << name;
+    SetByName(*font, name, value);
+    EXPECT_EQ(GetByName(*font, name), value) << name;
+  }
+  EXPECT_EQ(changes, 7);
+  EXPECT_EQ(font->Description(), (FontDescription{.name = "Arial",
+                                                  .size = 12.5,
+                                                  .bold = true,
+                                                  .italic = true,
+                                                  .underline = true,
+                                                  .strikethrough = true,
+                                                  .charset = 2}));
+}
+
+TEST(Font, RefusesASizeThatIsNotMoreThanNothing) {
+  Font font;
+  for (const double size :
+       {0.0, -1.0, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_EQ(ErrorOf([&] { SetByName(font, "Size", size); }), kInvalidPropertyValue) << size;
+  }
+  EXPECT_EQ(font.Size(), 8.25);
+}
+
+TEST(Font, IsAnObjectAmongValues) {
+  const FontRef font = MakeFont();
+  EXPECT_EQ(ToFont(Variant(ObjectRef(font))), font);
+  EXPECT_EQ(ConvertTo(VariantType::kObject, Variant(font)), Variant(ObjectRef(font)));
+  EXPECT_EQ(&font->Class(), &Font::Table());
 }
 
 TEST(FontRequest, ASizeInPointsBecomesACharacterHeightInPixels) {

@@ -33,7 +33,9 @@ class OblongPlatform : public Platform {
 class Plate : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Plate>("Plate", "Notes where it is pressed.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Plate>("Plate", "Notes where it is pressed."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Plate(std::shared_ptr<ControlSite> site)

@@ -97,9 +97,13 @@ std::string ToText(const Variant& value) {
 }
 
 FontRef ToFont(const Variant& value) {
-  const FontRef* font = std::get_if<FontRef>(&value.Get());
-  if (!font || !*font) throw Error(kTypeMismatch);
-  return *font;
+  FontRef font;
+  if (const FontRef* held = std::get_if<FontRef>(&value.Get())) font = *held;
+  if (const ObjectRef* object = std::get_if<ObjectRef>(&value.Get())) {
+    font = std::dynamic_pointer_cast<Font>(*object);
+  }
+  if (!font) throw Error(kTypeMismatch);
+  return font;
 }
 
 Date ToDate(const Variant& value) {

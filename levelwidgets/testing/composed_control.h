@@ -21,7 +21,9 @@ namespace levelwidgets::testing {
 class Composed : public EditControl {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Composed>("Composed", "Made of parts.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Composed>("Composed", "Made of parts."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Composed(std::shared_ptr<ControlSite> site)
@@ -97,7 +99,9 @@ class Composed : public EditControl {
 class Outer : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Outer>("Outer", "Holds a composed control.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Outer>("Outer", "Holds a composed control."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Outer(std::shared_ptr<ControlSite> site)

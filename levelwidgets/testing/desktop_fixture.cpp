@@ -106,7 +106,7 @@ void DesktopTest::Watch(Control& control) {
       for (const Variant& value : raised.values) {
         values.emplace_back(value.Type() == VariantType::kString ? ToText(value) : Describe(value));
       }
-      tracer_->Note(kNoteMark + raised.info.name, std::move(values));
+      tracer_->Note(kNoteMark + std::string(raised.info.name), std::move(values));
     });
   }
   const std::string name = Hosted(control).Name();

@@ -1,8 +1,10 @@
+#include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/describe/describe.h>
+#include <levelwidgets/host/describe/frozen.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
@@ -17,7 +19,7 @@ const ClassInfo& FindClass(const std::string& name) {
   for (const ClassInfo* info : DescribedClasses()) {
     if (name == info->Name() || name == info->QualifiedName()) return *info;
     names.push_back(info->Name());
-    list += (list.empty() ? "" : ", ") + info->Name();
+    list += (list.empty() ? "" : ", ") + std::string(info->Name());
   }
   const std::string_view nearest = NearestName(name, names);
   throw Error(kInvalidCall, "LevelWidgets",
@@ -29,8 +31,9 @@ const ClassInfo& FindClass(const std::string& name) {
 const ClassInfo& FindControl(const std::string& name) {
   const ClassInfo& info = FindClass(name);
   if (FindControlClass(name)) return info;
-  throw Error(kInvalidCall, "LevelWidgets",
-              info.Name() + " is no control: only controls stand in form files and have a schema");
+  throw Error(
+      kInvalidCall, "LevelWidgets",
+      std::string(info.Name()) + " is no control: only controls stand in form files and have a schema");
 }
 
 void Print(const nlohmann::ordered_json& json) { std::cout << json.dump(2) << "\n"; }
@@ -63,11 +66,29 @@ void DescribeAll(Format format) {
   }
 }
 
+// Prints the list in the file with the members that it lacks.
+void GrowList(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw Error(kInvalidCall, "LevelWidgets", "The list " + path + " cannot be read");
+  std::ostringstream list;
+  list << in.rdbuf();
+  const FrozenMembers grown = GrowFrozenMembers(list.str(), MemberLines(DescribedClasses()));
+  if (grown.broken.empty()) {
+    std::cout << grown.text;
+    return;
+  }
+  std::string text =
+      "These members were released and cannot change; give what is new another name and number:";
+  for (const std::string& line : grown.broken) text += "\n  " + line;
+  throw Error(kInvalidCall, "LevelWidgets", text);
+}
+
 }  // namespace
 
 void AddDescribeCommand(Program& program) {
   struct Arguments {
     std::string name;
+    std::string frozen;
     Format format = Format::kText;
   };
   Command& command = program.Add("describe", "Describes the members of a class, or of all");
@@ -80,6 +101,10 @@ void AddDescribeCommand(Program& program) {
       "  levelwidgets describe --schema > form.schema.json");
   const auto given = std::make_shared<Arguments>();
   command.AddOption("CLASS", &given->name, "The class, as in a form file");
+  command.AddOption(
+      "--frozen", &given->frozen,
+      "Prints the list of members in this file with those that it lacks; refuses when one of the "
+      "listed has changed");
   const auto add_format = [&](const char* flag, Format format, const char* help) {
     const auto take = [given, flag, format] {
       if (given->format != Format::kText) throw FlagConflict{flag, "another format"};
@@ -91,6 +116,10 @@ void AddDescribeCommand(Program& program) {
   add_format("--markdown", Format::kMarkdown, "As a page");
   add_format("--schema", Format::kSchema, "As a JSON Schema");
   command.SetBody([given] {
+    if (!given->frozen.empty()) {
+      GrowList(given->frozen);
+      return 0;
+    }
     given->name.empty() ? DescribeAll(given->format) : DescribeOne(given->name, given->format);
     return 0;
   });

@@ -42,7 +42,7 @@ PixelRect Open(DesktopDriver& desktop, HostedControl& control) {
   for (const TopLevelWindow& window : desktop.TopLevelWindows()) {
     if (std::ranges::find(before, window.handle, &TopLevelWindow::handle) == before.end()) return window.rect;
   }
-  Refuse(control.Name() + " (" + control.ControlClass().Name() + ") has nothing to open");
+  Refuse(control.Name() + " (" + std::string(control.ControlClass().Name()) + ") has nothing to open");
 }
 
 PixelRect Union(const PixelRect& a, const PixelRect& b) {

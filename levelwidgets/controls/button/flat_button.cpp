@@ -13,39 +13,44 @@ constexpr Color kForeColorDisabled{0x008C969Cu};
 }  // namespace
 
 const ClassInfo& FlatButton::Table() {
-  static const ClassInfo info =
-      Describe<FlatButton>("FlatButton", "A flat push button with a one-line caption.")
-          .Property("BackColor", &FlatButton::BackColor, &FlatButton::SetBackColor,
-                    {.defaults = Always(kBackColor), .help = "Background colour."})
-          .Property("ForeColor", &FlatButton::ForeColor, &FlatButton::SetForeColor,
-                    {.defaults = Always(kForeColor), .help = "Colour of the caption and the frame."})
-          .Property("Enabled", &FlatButton::Enabled, &FlatButton::SetEnabled,
-                    {.defaults = Always(true), .help = "Whether the button takes input."})
-          .Property("Font", &FlatButton::GetFont, &FlatButton::SetFont,
-                    {.defaults = Always(kAmbientFont), .help = "Font of the caption."})
-          .ReadOnly("hWnd", &FlatButton::hWnd, "Handle of the button's window.")
-          .Property("Caption", &FlatButton::Caption, &FlatButton::SetCaption,
-                    {.defaults = {.when_new = kDisplayName, .when_read = "", .when_written = ""},
-                     .help = "Text shown; \"&\" marks the access key."})
-          .Property("BackColorMouseOver", &FlatButton::BackColorMouseOver, &FlatButton::SetBackColorMouseOver,
-                    {.defaults = Always(kBackColorMouseOver),
-                     .help = "Background colour while the pointer is over the button."})
-          .Property("BackColorPushed", &FlatButton::BackColorPushed, &FlatButton::SetBackColorPushed,
-                    {.defaults = Always(kBackColorPushed),
-                     .help = "Background colour while the left button is held down on it."})
-          .Property("ForeColorDisabled", &FlatButton::ForeColorDisabled, &FlatButton::SetForeColorDisabled,
-                    {.defaults = Always(kForeColorDisabled), .help = "Caption colour while disabled."})
-          .Persisted({"BackColor", "ForeColor", "Enabled", "Font", "Caption", "BackColorMouseOver",
-                      "BackColorPushed", "ForeColorDisabled"})
-          .Event(1, "Click", &FlatButton::Click, {}, "Clicked, or its access key pressed.")
-          .Event(2, "KeyDown", &FlatButton::KeyDown, kKeyArguments, "A key went down.")
-          .Event(3, "KeyPress", &FlatButton::KeyPress, kCharacterArguments, "A character was typed.")
-          .Event(4, "KeyUp", &FlatButton::KeyUp, kKeyArguments, "A key went up.")
-          .Event(5, "MouseDown", &FlatButton::MouseDown, kPointerArguments, "A pointer button went down.")
-          .Event(6, "MouseMove", &FlatButton::MouseMove, kPointerArguments, "The pointer moved.")
-          .Event(7, "MouseUp", &FlatButton::MouseUp, kPointerArguments, "A pointer button went up.")
-          .DefaultSize(Twips(1215), Twips(375))
-          .Build();
+  using Row = table::Row<FlatButton>;
+  static constexpr auto data = ClassTable(
+      ControlClass<FlatButton>("FlatButton", "A flat push button with a one-line caption.",
+                               {Twips(1215), Twips(375)}),
+      table::Properties(Row::Property<&FlatButton::BackColor, &FlatButton::SetBackColor>(
+                            1, "BackColor", Always(kBackColor), "Background colour."),
+                        Row::Property<&FlatButton::ForeColor, &FlatButton::SetForeColor>(
+                            2, "ForeColor", Always(kForeColor), "Colour of the caption and the frame."),
+                        Row::Property<&FlatButton::Enabled, &FlatButton::SetEnabled>(
+                            3, "Enabled", Always(true), "Whether the button takes input."),
+                        Row::Property<&FlatButton::GetFont, &FlatButton::SetFont>(
+                            4, "Font", Always(kAmbientFont), "Font of the caption."),
+                        Row::ReadOnly<&FlatButton::hWnd>(5, "hWnd", "Handle of the button's window."),
+                        Row::Property<&FlatButton::Caption, &FlatButton::SetCaption>(
+                            6, "Caption", {.when_new = kDisplayName, .when_read = "", .when_written = ""},
+                            "Text shown; \"&\" marks the access key."),
+                        Row::Property<&FlatButton::BackColorMouseOver, &FlatButton::SetBackColorMouseOver>(
+                            7, "BackColorMouseOver", Always(kBackColorMouseOver),
+                            "Background colour while the pointer is over the button."),
+                        Row::Property<&FlatButton::BackColorPushed, &FlatButton::SetBackColorPushed>(
+                            8, "BackColorPushed", Always(kBackColorPushed),
+                            "Background colour while the left button is held down on it."),
+                        Row::Property<&FlatButton::ForeColorDisabled, &FlatButton::SetForeColorDisabled>(
+                            9, "ForeColorDisabled", Always(kForeColorDisabled),
+                            "Caption colour while disabled.", {.flags = MemberFlags::kShownLater})),
+      table::Persisted("BackColor", "ForeColor", "Enabled", "Font", "Caption", "BackColorMouseOver",
+                       "BackColorPushed", "ForeColorDisabled"),
+      table::Methods(),
+      table::Events(
+          Row::Event<&FlatButton::Click>(1, "Click", "", "Clicked, or its access key pressed."),
+          Row::Event<&FlatButton::KeyDown>(2, "KeyDown", kKeyArguments, "A key went down."),
+          Row::Event<&FlatButton::KeyPress>(3, "KeyPress", kCharacterArguments, "A character was typed."),
+          Row::Event<&FlatButton::KeyUp>(4, "KeyUp", kKeyArguments, "A key went up."),
+          Row::Event<&FlatButton::MouseDown>(5, "MouseDown", kPointerArguments,
+                                             "A pointer button went down."),
+          Row::Event<&FlatButton::MouseMove>(6, "MouseMove", kPointerArguments, "The pointer moved."),
+          Row::Event<&FlatButton::MouseUp>(7, "MouseUp", kPointerArguments, "A pointer button went up.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

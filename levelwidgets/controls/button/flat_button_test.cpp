@@ -170,7 +170,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(FlatButtonTest, TheTableListsEventsInTheirNumbers) {
   std::vector<std::string> events;
   for (const EventInfo& event : FlatButton::Table().Events()) {
-    events.push_back(std::to_string(event.number) + " " + event.name);
+    events.push_back(std::to_string(event.number) + " " + std::string(event.name));
   }
   EXPECT_THAT(events, ElementsAre("1 Click", "2 KeyDown", "3 KeyPress", "4 KeyUp", "5 MouseDown",
                                   "6 MouseMove", "7 MouseUp"));
@@ -181,10 +181,10 @@ TEST_F(FlatButtonTest, DefaultsOfTheTableAreThoseOfInstances) {
   const auto& loaded = AddLoaded<FlatButton>("cmdLoaded");
   for (const PropertyInfo& property : FlatButton::Table().Properties()) {
     if (property.defaults.when_new.kind == DefaultValue::Kind::kFixed) {
-      EXPECT_EQ(property.get(fresh), property.defaults.when_new.value) << property.name;
+      EXPECT_EQ(property.get(fresh), property.defaults.when_new.Value()) << property.name;
     }
     if (property.defaults.when_read.kind == DefaultValue::Kind::kFixed) {
-      EXPECT_EQ(property.get(loaded), property.defaults.when_read.value) << property.name;
+      EXPECT_EQ(property.get(loaded), property.defaults.when_read.Value()) << property.name;
     }
   }
 }

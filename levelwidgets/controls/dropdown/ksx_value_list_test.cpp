@@ -96,7 +96,7 @@ TEST(ksxValueList, IsUsableByName) {
   InvokeByName(*list, "Add", std::vector<Variant>{"kg"});
   const Variant added = InvokeByName(*list, "Add", std::vector<Variant>{"12"});
   EXPECT_EQ(GetByName(*list, "Count"), Variant(2));
-  const std::string& item = list->Class().DefaultMember();
+  const std::string_view item = list->Class().DefaultMember();
   EXPECT_EQ(GetIndexedByName(*list, item, std::vector<Variant>{2}), added);
   Object& object = *std::get<ObjectRef>(added.Get());
   EXPECT_EQ(GetByName(object, "Description"), Variant("12"));
@@ -114,7 +114,7 @@ TEST(ksxValueList, HasTheMembersThatUsersKnow) {
   EXPECT_THAT(info.MemberNames(), ElementsAre("Item", "Count", "NewEnum", "Add", "Remove", "Clear"));
   EXPECT_EQ(info.DefaultMember(), "Item");
   EXPECT_EQ(info.EnumeratorMember(), "NewEnum");
-  EXPECT_EQ(info.FindProperty("Item")->type.name, "ksxValueListItem");
+  EXPECT_EQ(info.FindProperty("Item")->type.Name(), "ksxValueListItem");
   EXPECT_TRUE(info.FindProperty("Item")->ReadOnly());
   EXPECT_THAT(ksxValueListItem::Table().MemberNames(), ElementsAre("Description"));
   EXPECT_TRUE(ksxValueListItem::Table().Creatable());

@@ -4,24 +4,35 @@
 
 namespace levelwidgets {
 
+namespace {
+constexpr PropertyOptions kShort{.stored_as = VariantType::kInt16};
+}
+
 const ClassInfo& FlatColumn::Table() {
-  static const ClassInfo info =
-      ClassTable("FlatColumn", "One column of a grid.")
-          .Property("ValueList", &FlatColumn::ValueList, &FlatColumn::SetValueList,
-                    {.help = "The values that the drop-down editor offers."})
-          .Property("EditType", &FlatColumn::EditType, &FlatColumn::SetEditType,
-                    {.help = "The editor that opens on a cell."})
-          .Property("Format", &FlatColumn::Format, &FlatColumn::SetFormat,
-                    {.help = "Format of the cells' texts when painted."})
-          .Property("Visible", &FlatColumn::Visible, &FlatColumn::SetVisible,
-                    {.help = "Whether the column is shown."})
-          .Property("Alignment", &FlatColumn::Alignment, &FlatColumn::SetAlignment,
-                    {.help = "Horizontal alignment of the cells' texts."})
-          .Property("HeaderAlignment", &FlatColumn::HeaderAlignment, &FlatColumn::SetHeaderAlignment,
-                    {.help = "Horizontal alignment of the caption."})
-          .Property("Width", &FlatColumn::Width, &FlatColumn::SetWidth, {.help = "Width in twips."})
-          .Property("Caption", &FlatColumn::Caption, &FlatColumn::SetCaption, {.help = "Text of the header."})
-          .Build();
+  using T = FlatColumn;
+  using Row = table::Row<T>;
+  static constexpr auto data = ClassTable(
+      ObjectClass("FlatColumn", "One column of a grid."),
+      table::Properties(
+          Row::Property<&T::ValueList, &T::SetValueList>(1, "ValueList", kNoDefault,
+                                                         "The values that the drop-down editor offers."),
+          // No editor is -1, so the editor is always saved.
+          Row::Property<&T::EditType, &T::SetEditType>(2, "EditType", {ksxEditNone, ksxEditText, true},
+                                                       "The editor that opens on a cell.", kShort),
+          Row::Property<&T::Format, &T::SetFormat>(3, "Format", Always(""),
+                                                   "Format of the cells' texts when painted."),
+          Row::Property<&T::Visible, &T::SetVisible>(4, "Visible", {false, true, true},
+                                                     "Whether the column is shown."),
+          Row::Property<&T::Alignment, &T::SetAlignment>(5, "Alignment", Always(ksxLeft),
+                                                         "Horizontal alignment of the cells' texts.", kShort),
+          // A caption aligned right is not saved, and is centred when loaded again.
+          Row::Property<&T::HeaderAlignment, &T::SetHeaderAlignment>(
+              6, "HeaderAlignment", {ksxLeft, ksxCenter, ksxRight}, "Horizontal alignment of the caption.",
+              kShort),
+          Row::Property<&T::Width, &T::SetWidth>(7, "Width", {0, 1440, 1440}, "Width in twips.", kShort),
+          Row::Property<&T::Caption, &T::SetCaption>(8, "Caption", Always(""), "Text of the header.")),
+      table::Persisted("Caption", "Width", "Alignment", "HeaderAlignment", "EditType", "Visible", "Format"));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

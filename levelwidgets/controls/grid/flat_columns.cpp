@@ -2,33 +2,56 @@
 
 namespace levelwidgets {
 
+namespace {
+
+// Adds a loaded column. The values stand in the order of the persisted properties of FlatColumn.
+void AddLoaded(Object& columns, std::span<const Variant> values) {
+  enum Field { kCaption, kWidth, kAlignment, kHeaderAlignment, kEditType, kVisible, kFormat };
+  const auto whole = [&](Field field) { return ToInt32(values[field]); };
+  static_cast<FlatColumns&>(columns).Add(ToText(values[kCaption]), whole(kWidth),
+                                         static_cast<ksxAlignmentConstants>(whole(kHeaderAlignment)),
+                                         static_cast<ksxAlignmentConstants>(whole(kAlignment)),
+                                         static_cast<ksxEditTypeConstants>(whole(kEditType)),
+                                         ToBoolean(values[kVisible]), ToText(values[kFormat]));
+}
+
+constexpr SavedItems kSavedColumns{
+    .count_key = "ColumnCount",
+    .prefix = "Column",
+    .item_class = &FlatColumn::Table,
+    .count = [](const Object& columns) { return static_cast<const FlatColumns&>(columns).Count(); },
+    .item = [](const Object& columns, std::int32_t position) -> ObjectRef {
+      return static_cast<const FlatColumns&>(columns).Item(position);
+    },
+    .add = &AddLoaded};
+
+}  // namespace
+
 const ClassInfo& FlatColumns::Table() {
-  static const ClassInfo info =
-      ClassTable("FlatColumns", "The columns of a grid.")
-          .Method("Add", &FlatColumns::Add,
-                  {{"Caption"},
-                   {"Width", Variant(0)},
-                   {"HeaderAlignment", Variant(0)},
-                   {"Alignment", Variant(0)},
-                   {"EditType", Variant(0)},
-                   {"Visible", Variant(false)},
-                   {"Format", Variant("")},
-                   {"sKey", Variant("")},
-                   {"InsertAfterIndex", Variant(0)}},
-                  "Adds a column, at the end or behind the one at a position, and returns it.")
-          .Method("Clear", &FlatColumns::Clear, {}, "Removes all columns.")
-          .IndexedReadOnly("Item", &FlatColumns::Item, {"vntIndexKey"},
-                           "The column at a position from 1 on, or under a key.")
-          .ReadOnly("Count", &FlatColumns::Count, "Number of columns.")
-          .Method("Remove", &FlatColumns::Remove, {{"vntIndexKey"}},
-                  "Removes the column at a position from 1 on, or under a key.")
-          .Enumerated("NewEnum", &FlatColumns::NewEnum, "The columns in order, one after the other.")
-          .DefaultMember("Item")
-          .Event(1, "ColumnAdded", &FlatColumns::ColumnAdded, {},
-                 "A column was added or removed, or all were removed.")
-          .Event(2, "ColumnInfoChanged", &FlatColumns::ColumnInfoChanged, {},
-                 "A property of a column was assigned.")
-          .Build();
+  using Row = table::Row<FlatColumns>;
+  static constexpr Literal kAddDefaults[] = {0, 0, 0, 0, false, "", "", 0};
+  static constexpr auto data = ClassTable(
+      CollectionClass("FlatColumns", "The columns of a grid.", kSavedColumns),
+      table::Properties(
+          Row::IndexedReadOnly<&FlatColumns::Item>(1, "Item", "vntIndexKey",
+                                                   "The column at a position from 1 on, or under a key.",
+                                                   MemberFlags::kDefault),
+          Row::ReadOnly<&FlatColumns::Count>(2, "Count", "Number of columns."),
+          Row::Enumerated<&FlatColumns::NewEnum>(3, "NewEnum", "The columns in order, one after the other.")),
+      table::Persisted(),
+      table::Methods(
+          Row::Method<&FlatColumns::Add>(
+              4, "Add",
+              "Caption, Width, HeaderAlignment, Alignment, EditType, Visible, Format, sKey, InsertAfterIndex",
+              "Adds a column, at the end or behind the one at a position, and returns it.", kAddDefaults),
+          Row::Method<&FlatColumns::Clear>(5, "Clear", "", "Removes all columns."),
+          Row::Method<&FlatColumns::Remove>(6, "Remove", "vntIndexKey",
+                                            "Removes the column at a position from 1 on, or under a key.")),
+      table::Events(Row::Event<&FlatColumns::ColumnAdded>(
+                        1, "ColumnAdded", "", "A column was added or removed, or all were removed."),
+                    Row::Event<&FlatColumns::ColumnInfoChanged>(2, "ColumnInfoChanged", "",
+                                                                "A property of a column was assigned.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

@@ -57,10 +57,6 @@ class FlatColumns : public Object, public std::enable_shared_from_this<FlatColum
   // --- For the grid and its columns -------------------------------------------------------------
 
   void NotifyColumnInfoChanged() const { ColumnInfoChanged.Raise(); }
-  // Adds the saved columns. Raises PropertyRefused for a saved value of the wrong type or size.
-  void ReadProperties(const PropertyBag& bag);
-  // Raises 6 (overflow) for a number that is not saved in more than 16 bits.
-  void WriteProperties(PropertyBag& bag) const;
 
  private:
   FlatColumns() = default;

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <levelwidgets/controls/grid/flat_columns.h>
-#include <levelwidgets/frame/control.h>
+#include <levelwidgets/frame/persistence.h>
 #include <levelwidgets/testing/error_of.h>
 
 namespace levelwidgets {
@@ -23,13 +23,13 @@ std::vector<std::string> EntriesOf(const PropertyBag& bag) {
 
 PropertyBag Saved(const FlatColumns& columns) {
   PropertyBag bag;
-  columns.WriteProperties(bag);
+  WriteItems(columns, bag);
   return bag;
 }
 
 std::shared_ptr<FlatColumns> Loaded(const PropertyBag& bag) {
   auto columns = FlatColumns::Create();
-  columns->ReadProperties(bag);
+  ReadItems(columns, bag);
   return columns;
 }
 
@@ -123,7 +123,7 @@ TEST(FlatColumnsPersistence, LoadingAddsColumnByColumnWithoutKeysAndValueLists) 
   std::string events;
   loaded->ColumnInfoChanged += [&] { events += 'i'; };
   loaded->ColumnAdded += [&] { events += 'A'; };
-  loaded->ReadProperties(Saved(*columns));
+  ReadItems(loaded, Saved(*columns));
   EXPECT_EQ(events, "iiiiiiAiiiiiiA");
   EXPECT_EQ(loaded->Item(1)->Caption(), "a");
   EXPECT_EQ(loaded->Item(2)->Caption(), "b");

@@ -325,7 +325,7 @@ TEST(FlatColumnsTable, HasTheMembersThatUsersKnow) {
   EXPECT_FALSE(info.Creatable());
   std::vector<std::string> arguments;
   for (const ArgumentInfo& argument : info.FindMethod("Add")->arguments) {
-    arguments.push_back(argument.name + (argument.default_value ? "?" : ""));
+    arguments.push_back(std::string(argument.name) + (argument.default_value ? "?" : ""));
   }
   EXPECT_THAT(arguments, ElementsAre("Caption", "Width?", "HeaderAlignment?", "Alignment?", "EditType?",
                                      "Visible?", "Format?", "sKey?", "InsertAfterIndex?"));
@@ -335,7 +335,7 @@ TEST(FlatColumnsTable, HasTheMembersThatUsersKnow) {
 }
 
 TEST(FlatColumnsTable, NamesTheEditors) {
-  const EnumerationInfo& editors = EnumerationOf<ksxEditTypeConstants>();
+  const EnumerationInfo& editors = kEnumerationOf<ksxEditTypeConstants>;
   EXPECT_EQ(editors.name, "ksxEditTypeConstants");
   const std::pair<const char*, std::int32_t> rows[] = {{"ksxEditNone", 0},
                                                        {"ksxEditText", 1},

@@ -1,7 +1,7 @@
 // Which editor opens on a cell of a column.
 #pragma once
 
-#include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/frame/member_type.h>
 
 namespace levelwidgets {
 
@@ -13,7 +13,12 @@ enum ksxEditTypeConstants : std::int32_t {
   ksxEditDropDown = 4     // FlatDropDown with the column's ValueList
 };
 
+inline constexpr EnumerationItem kEditTypes[] = {{"ksxEditNone", ksxEditNone},
+                                                 {"ksxEditText", ksxEditText},
+                                                 {"ksxEditCalculator", ksxEditCalculator},
+                                                 {"ksxEditCalendar", ksxEditCalendar},
+                                                 {"ksxEditDropDown", ksxEditDropDown}};
 template <>
-const EnumerationInfo& EnumerationOf<ksxEditTypeConstants>();
+inline constexpr EnumerationInfo kEnumerationOf<ksxEditTypeConstants>{"ksxEditTypeConstants", kEditTypes};
 
 }  // namespace levelwidgets

@@ -21,57 +21,62 @@ constexpr Color kNewForeColorPushed{0x00FFFFFFu};
 constexpr Color kForeColorPushed{0x00BDCBCEu};
 constexpr Color kForeColorDisabled{0x008C969Cu};
 
-Defaults Differing(Color when_new, Color otherwise) { return {when_new, otherwise, otherwise}; }
+constexpr Defaults Differing(Color when_new, Color otherwise) { return {when_new, otherwise, otherwise}; }
 
 }  // namespace
 
 const ClassInfo& FlatLabel::Table() {
-  static const ClassInfo info =
-      Describe<FlatLabel>("FlatLabel", "A one-line text label that behaves like a hyperlink.")
-          .Property("BackColor", &FlatLabel::BackColor, &FlatLabel::SetBackColor,
-                    {.defaults = Differing(kNewBackColor, kBackColor), .help = "Background colour."})
-          .Property("ForeColor", &FlatLabel::ForeColor, &FlatLabel::SetForeColor,
-                    {.defaults = Differing(kNewForeColor, kForeColor), .help = "Text colour."})
-          .Property("Enabled", &FlatLabel::Enabled, &FlatLabel::SetEnabled,
-                    {.defaults = Always(true), .help = "Whether the label takes input."})
-          .Property("Font", &FlatLabel::GetFont, &FlatLabel::SetFont,
-                    {.defaults = Always(kAmbientFont), .help = "Font of the text."})
-          .Property("MouseUnderline", &FlatLabel::MouseUnderline, &FlatLabel::SetMouseUnderline,
-                    {.defaults = Always(true), .help = "Underline the text while the pointer is over it."})
-          .Property("Caption", &FlatLabel::Caption, &FlatLabel::SetCaption,
-                    {.defaults = {.when_new = kDisplayName, .when_read = "", .when_written = ""},
-                     .help = "Text shown; \"&\" marks the access key."})
-          .Property("Alignment", &FlatLabel::Alignment, &FlatLabel::SetAlignment,
-                    {.defaults = Always(std::int32_t{ksxLeft}), .help = "Horizontal alignment of the text."})
-          .Property("BackColorMouseOver", &FlatLabel::BackColorMouseOver, &FlatLabel::SetBackColorMouseOver,
-                    {.defaults = Differing(kNewBackColorMouseOver, kBackColorMouseOver),
-                     .help = "Background colour while the pointer is over the label."})
-          .Property("BackColorPushed", &FlatLabel::BackColorPushed, &FlatLabel::SetBackColorPushed,
-                    {.defaults = Differing(kNewBackColorPushed, kBackColorPushed),
-                     .help = "Background colour while the left button is held down on it."})
-          .Property("ForeColorDisabled", &FlatLabel::ForeColorDisabled, &FlatLabel::SetForeColorDisabled,
-                    {.defaults = Always(kForeColorDisabled), .help = "Kept for the form; not drawn."})
-          .Property("ForeColorMouseOver", &FlatLabel::ForeColorMouseOver, &FlatLabel::SetForeColorMouseOver,
-                    {.defaults = Differing(kNewForeColorMouseOver, kForeColorMouseOver),
-                     .help = "Text colour while the pointer is over the label."})
-          .Property("ForeColorPushed", &FlatLabel::ForeColorPushed, &FlatLabel::SetForeColorPushed,
-                    {.defaults = Differing(kNewForeColorPushed, kForeColorPushed),
-                     .help = "Text colour while the left button is held down on it."})
-          .ReadOnly("hWnd", &FlatLabel::hWnd, "Handle of the label's window.")
-          .Persisted({"Alignment", "BackColor", "ForeColor", "Enabled", "Font", "Caption",
-                      "BackColorMouseOver", "BackColorPushed", "ForeColorDisabled", "ForeColorMouseOver",
-                      "ForeColorPushed", "MouseUnderline"})
-          .Method("Refresh", &FlatLabel::Refresh, {}, "Repaints at once.")
-          .Event(1, "Click", &FlatLabel::Click, {}, "Clicked, or its access key pressed.")
-          .Event(2, "DblClick", &FlatLabel::DblClick, {}, "Clicked twice.")
-          .Event(3, "KeyDown", &FlatLabel::KeyDown, kKeyArguments, "A key went down.")
-          .Event(4, "KeyPress", &FlatLabel::KeyPress, kCharacterArguments, "A character was typed.")
-          .Event(5, "KeyUp", &FlatLabel::KeyUp, kKeyArguments, "A key went up.")
-          .Event(6, "MouseDown", &FlatLabel::MouseDown, kPointerArguments, "A pointer button went down.")
-          .Event(7, "MouseMove", &FlatLabel::MouseMove, kPointerArguments, "The pointer moved.")
-          .Event(8, "MouseUp", &FlatLabel::MouseUp, kPointerArguments, "A pointer button went up.")
-          .DefaultSize(Twips(1215), Twips(255))
-          .Build();
+  using Row = table::Row<FlatLabel>;
+  static constexpr auto data = ClassTable(
+      ControlClass<FlatLabel>("FlatLabel", "A one-line text label that behaves like a hyperlink.",
+                              {Twips(1215), Twips(255)}),
+      table::Properties(
+          Row::Property<&FlatLabel::BackColor, &FlatLabel::SetBackColor>(
+              1, "BackColor", Differing(kNewBackColor, kBackColor), "Background colour."),
+          Row::Property<&FlatLabel::ForeColor, &FlatLabel::SetForeColor>(
+              2, "ForeColor", Differing(kNewForeColor, kForeColor), "Text colour.",
+              {.flags = MemberFlags::kShownLater}),
+          Row::Property<&FlatLabel::Enabled, &FlatLabel::SetEnabled>(3, "Enabled", Always(true),
+                                                                     "Whether the label takes input."),
+          Row::Property<&FlatLabel::GetFont, &FlatLabel::SetFont>(
+              4, "Font", Always(kAmbientFont), "Font of the text.",
+              {.flags = MemberFlags::kChangesUnderPointer}),
+          Row::Property<&FlatLabel::MouseUnderline, &FlatLabel::SetMouseUnderline>(
+              5, "MouseUnderline", Always(true), "Underline the text while the pointer is over it."),
+          Row::Property<&FlatLabel::Caption, &FlatLabel::SetCaption>(
+              6, "Caption", {.when_new = kDisplayName, .when_read = "", .when_written = ""},
+              "Text shown; \"&\" marks the access key."),
+          Row::Property<&FlatLabel::Alignment, &FlatLabel::SetAlignment>(
+              7, "Alignment", Always(std::int32_t{ksxLeft}), "Horizontal alignment of the text."),
+          Row::Property<&FlatLabel::BackColorMouseOver, &FlatLabel::SetBackColorMouseOver>(
+              8, "BackColorMouseOver", Differing(kNewBackColorMouseOver, kBackColorMouseOver),
+              "Background colour while the pointer is over the label."),
+          Row::Property<&FlatLabel::BackColorPushed, &FlatLabel::SetBackColorPushed>(
+              9, "BackColorPushed", Differing(kNewBackColorPushed, kBackColorPushed),
+              "Background colour while the left button is held down on it."),
+          Row::Property<&FlatLabel::ForeColorDisabled, &FlatLabel::SetForeColorDisabled>(
+              10, "ForeColorDisabled", Always(kForeColorDisabled), "Kept for the form; not drawn."),
+          Row::Property<&FlatLabel::ForeColorMouseOver, &FlatLabel::SetForeColorMouseOver>(
+              11, "ForeColorMouseOver", Differing(kNewForeColorMouseOver, kForeColorMouseOver),
+              "Text colour while the pointer is over the label."),
+          Row::Property<&FlatLabel::ForeColorPushed, &FlatLabel::SetForeColorPushed>(
+              12, "ForeColorPushed", Differing(kNewForeColorPushed, kForeColorPushed),
+              "Text colour while the left button is held down on it."),
+          Row::ReadOnly<&FlatLabel::hWnd>(13, "hWnd", "Handle of the label's window.")),
+      table::Persisted("Alignment", "BackColor", "ForeColor", "Enabled", "Font", "Caption",
+                       "BackColorMouseOver", "BackColorPushed", "ForeColorDisabled", "ForeColorMouseOver",
+                       "ForeColorPushed", "MouseUnderline"),
+      table::Methods(Row::Method<&FlatLabel::Refresh>(14, "Refresh", "", "Repaints at once.")),
+      table::Events(
+          Row::Event<&FlatLabel::Click>(1, "Click", "", "Clicked, or its access key pressed."),
+          Row::Event<&FlatLabel::DblClick>(2, "DblClick", "", "Clicked twice."),
+          Row::Event<&FlatLabel::KeyDown>(3, "KeyDown", kKeyArguments, "A key went down."),
+          Row::Event<&FlatLabel::KeyPress>(4, "KeyPress", kCharacterArguments, "A character was typed."),
+          Row::Event<&FlatLabel::KeyUp>(5, "KeyUp", kKeyArguments, "A key went up."),
+          Row::Event<&FlatLabel::MouseDown>(6, "MouseDown", kPointerArguments, "A pointer button went down."),
+          Row::Event<&FlatLabel::MouseMove>(7, "MouseMove", kPointerArguments, "The pointer moved."),
+          Row::Event<&FlatLabel::MouseUp>(8, "MouseUp", kPointerArguments, "A pointer button went up.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

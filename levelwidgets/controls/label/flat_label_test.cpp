@@ -174,7 +174,7 @@ TEST_F(FlatLabelTest, TheCaptionGivesTheAccessKey) {
 TEST_F(FlatLabelTest, TheTableListsEventsInTheirNumbers) {
   std::vector<std::string> events;
   for (const EventInfo& event : FlatLabel::Table().Events()) {
-    events.push_back(std::to_string(event.number) + " " + event.name);
+    events.push_back(std::to_string(event.number) + " " + std::string(event.name));
   }
   EXPECT_THAT(events, ElementsAre("1 Click", "2 DblClick", "3 KeyDown", "4 KeyPress", "5 KeyUp",
                                   "6 MouseDown", "7 MouseMove", "8 MouseUp"));
@@ -185,10 +185,10 @@ TEST_F(FlatLabelTest, DefaultsOfTheTableAreThoseOfInstances) {
   const auto& loaded = AddLoaded<FlatLabel>("lblLoaded");
   for (const PropertyInfo& property : FlatLabel::Table().Properties()) {
     if (property.defaults.when_new.kind == DefaultValue::Kind::kFixed) {
-      EXPECT_EQ(property.get(fresh), property.defaults.when_new.value) << property.name;
+      EXPECT_EQ(property.get(fresh), property.defaults.when_new.Value()) << property.name;
     }
     if (property.defaults.when_read.kind == DefaultValue::Kind::kFixed) {
-      EXPECT_EQ(property.get(loaded), property.defaults.when_read.value) << property.name;
+      EXPECT_EQ(property.get(loaded), property.defaults.when_read.Value()) << property.name;
     }
   }
 }

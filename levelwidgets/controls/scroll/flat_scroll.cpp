@@ -18,69 +18,66 @@ constexpr std::int32_t kLargeChange = 3;
 constexpr std::int32_t kSmallChange = 1;
 constexpr std::int32_t kValue = 1;
 
-PropertyOptions Short(Defaults defaults, std::string help) {
-  return {.defaults = std::move(defaults), .stored_as = VariantType::kInt16, .help = std::move(help)};
-}
-
 }  // namespace
-
-template <>
-const EnumerationInfo& EnumerationOf<ksxOrientationConstants>() {
-  static const EnumerationInfo info{"ksxOrientationConstants",
-                                    {{"ksxOrientationVertical", ksxOrientationVertical},
-                                     {"ksxOrientationHorizontal", ksxOrientationHorizontal}}};
-  return info;
-}
 
 const ClassInfo& FlatScroll::Table() {
   using S = FlatScroll;
-  static const ClassInfo info =
-      Describe<S>("FlatScroll", "A flat scroll bar, vertical or horizontal.")
-          .Property("BackColor", &S::BackColor, &S::SetBackColor,
-                    {.defaults = Always(kBackColor), .help = "Colour of the track."})
-          .Property("ForeColor", &S::ForeColor, &S::SetForeColor,
-                    {.defaults = Always(kForeColor), .help = "Colour of outlines and arrows."})
-          .Property("Enabled", &S::Enabled, &S::SetEnabled,
-                    {.defaults = Always(true), .help = "Whether the bar takes input."})
-          .ReadOnly("hWnd", &S::hWnd, "Handle of the bar's window.")
-          .Property("Min", &S::Min, &S::SetMin,
-                    Short({.when_new = 0, .when_read = 1, .when_written = 1}, "Lower end of the range."))
-          .Property("Max", &S::Max, &S::SetMax, Short(Always(kMax), "Upper end of the range."))
-          .Property(
-              "Orientation", &S::Orientation, &S::SetOrientation,
-              {.defaults = Always(std::int32_t{ksxOrientationVertical}), .help = "Which way the bar lies."})
-          .Property("LargeChange", &S::LargeChange, &S::SetLargeChange,
-                    Short(Always(kLargeChange), "What a click on the track changes Value by."))
-          .Property("SmallChange", &S::SmallChange, &S::SetSmallChange,
-                    Short(Always(kSmallChange), "What a click on an arrow changes Value by."))
-          .Property("Value", &S::Value, &S::SetValue, Short(Always(kValue), "The position, from Min to Max."))
-          .Property("ButtonColor", &S::ButtonColor, &S::SetButtonColor,
-                    {.defaults = Always(kButtonColor), .help = "Fill of the arrow buttons and the thumb."})
-          .Property("ButtonColorMouseOver", &S::ButtonColorMouseOver, &S::SetButtonColorMouseOver,
-                    {.defaults = Always(kButtonColorMouseOver),
-                     .help = "Fill of an arrow button under the pointer."})
-          .Property("ButtonColorPushed", &S::ButtonColorPushed, &S::SetButtonColorPushed,
-                    {.defaults = Always(kButtonColorPushed), .help = "Fill of an arrow button held down."})
-          .Property("ForeColorMouseOver", &S::ForeColorMouseOver, &S::SetForeColorMouseOver,
-                    {.defaults = Always(kForeColorMouseOver), .help = "Kept for the form; not drawn."})
-          .Property("ForeColorPushed", &S::ForeColorPushed, &S::SetForeColorPushed,
-                    {.defaults = Always(kForeColorPushed), .help = "Kept for the form; not drawn."})
-          .Persisted({"BackColor", "ForeColor", "Enabled", "Min", "Max", "LargeChange", "SmallChange",
-                      "Value", "ButtonColor", "ButtonColorMouseOver", "ButtonColorPushed",
-                      "ForeColorMouseOver", "ForeColorPushed", "Orientation"})
-          .Method("Refresh", &S::Refresh, {}, "Repaints at once.")
-          .Event(1, "Change", &S::Change, {}, "Value was set, also to what it was.")
-          .Event(2, "Click", &S::Click, {}, "Clicked.")
-          .Event(3, "DblClick", &S::DblClick, {}, "Clicked twice.")
-          .Event(4, "KeyDown", &S::KeyDown, kKeyArguments, "A key went down.")
-          .Event(5, "KeyPress", &S::KeyPress, kCharacterArguments, "A character was typed.")
-          .Event(6, "KeyUp", &S::KeyUp, kKeyArguments, "A key went up.")
-          .Event(7, "MouseDown", &S::MouseDown, kPointerArguments,
-                 "A pointer button went down, not on the thumb.")
-          .Event(8, "MouseMove", &S::MouseMove, kPointerArguments, "The pointer moved.")
-          .Event(9, "MouseUp", &S::MouseUp, kPointerArguments, "A pointer button went up.")
-          .DefaultSize(Twips(255), Twips(1500))
-          .Build();
+  using Row = table::Row<S>;
+  static constexpr auto data = ClassTable(
+      ControlClass<S>("FlatScroll", "A flat scroll bar, vertical or horizontal.", {Twips(255), Twips(1500)}),
+      table::Properties(
+          Row::Property<&S::BackColor, &S::SetBackColor>(1, "BackColor", Always(kBackColor),
+                                                         "Colour of the track."),
+          Row::Property<&S::ForeColor, &S::SetForeColor>(2, "ForeColor", Always(kForeColor),
+                                                         "Colour of outlines and arrows."),
+          Row::Property<&S::Enabled, &S::SetEnabled>(3, "Enabled", Always(true),
+                                                     "Whether the bar takes input.",
+                                                     {.flags = MemberFlags::kShownLater}),
+          Row::ReadOnly<&S::hWnd>(4, "hWnd", "Handle of the bar's window."),
+          Row::Property<&S::Min, &S::SetMin>(
+              5, "Min", {.when_new = 0, .when_read = 1, .when_written = 1}, "Lower end of the range.",
+              {.stored_as = VariantType::kInt16, .flags = MemberFlags::kRangeLow}),
+          Row::Property<&S::Max, &S::SetMax>(
+              6, "Max", Always(kMax), "Upper end of the range.",
+              {.stored_as = VariantType::kInt16, .flags = MemberFlags::kRangeHigh}),
+          Row::Property<&S::Orientation, &S::SetOrientation>(
+              7, "Orientation", Always(std::int32_t{ksxOrientationVertical}), "Which way the bar lies."),
+          Row::Property<&S::LargeChange, &S::SetLargeChange>(
+              8, "LargeChange", Always(kLargeChange), "What a click on the track changes Value by.",
+              {.stored_as = VariantType::kInt16, .flags = MemberFlags::kRangeStep}),
+          Row::Property<&S::SmallChange, &S::SetSmallChange>(
+              9, "SmallChange", Always(kSmallChange), "What a click on an arrow changes Value by.",
+              {.stored_as = VariantType::kInt16, .flags = MemberFlags::kRangeStep}),
+          Row::Property<&S::Value, &S::SetValue>(
+              10, "Value", Always(kValue), "The position, from Min to Max.",
+              {.stored_as = VariantType::kInt16, .flags = MemberFlags::kRangeValue}),
+          Row::Property<&S::ButtonColor, &S::SetButtonColor>(11, "ButtonColor", Always(kButtonColor),
+                                                             "Fill of the arrow buttons and the thumb."),
+          Row::Property<&S::ButtonColorMouseOver, &S::SetButtonColorMouseOver>(
+              12, "ButtonColorMouseOver", Always(kButtonColorMouseOver),
+              "Fill of an arrow button under the pointer.", {.flags = MemberFlags::kShownLater}),
+          Row::Property<&S::ButtonColorPushed, &S::SetButtonColorPushed>(
+              13, "ButtonColorPushed", Always(kButtonColorPushed), "Fill of an arrow button held down.",
+              {.flags = MemberFlags::kShownLater}),
+          Row::Property<&S::ForeColorMouseOver, &S::SetForeColorMouseOver>(
+              14, "ForeColorMouseOver", Always(kForeColorMouseOver), "Kept for the form; not drawn."),
+          Row::Property<&S::ForeColorPushed, &S::SetForeColorPushed>(
+              15, "ForeColorPushed", Always(kForeColorPushed), "Kept for the form; not drawn.")),
+      table::Persisted("BackColor", "ForeColor", "Enabled", "Min", "Max", "LargeChange", "SmallChange",
+                       "Value", "ButtonColor", "ButtonColorMouseOver", "ButtonColorPushed",
+                       "ForeColorMouseOver", "ForeColorPushed", "Orientation"),
+      table::Methods(Row::Method<&S::Refresh>(16, "Refresh", "", "Repaints at once.")),
+      table::Events(Row::Event<&S::Change>(1, "Change", "", "Value was set, also to what it was."),
+                    Row::Event<&S::Click>(2, "Click", "", "Clicked."),
+                    Row::Event<&S::DblClick>(3, "DblClick", "", "Clicked twice."),
+                    Row::Event<&S::KeyDown>(4, "KeyDown", kKeyArguments, "A key went down."),
+                    Row::Event<&S::KeyPress>(5, "KeyPress", kCharacterArguments, "A character was typed."),
+                    Row::Event<&S::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
+                    Row::Event<&S::MouseDown>(7, "MouseDown", kPointerArguments,
+                                              "A pointer button went down, not on the thumb."),
+                    Row::Event<&S::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved."),
+                    Row::Event<&S::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

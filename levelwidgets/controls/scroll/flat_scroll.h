@@ -10,8 +10,11 @@ namespace levelwidgets {
 
 enum ksxOrientationConstants : std::int32_t { ksxOrientationVertical = 0, ksxOrientationHorizontal = 1 };
 
+inline constexpr EnumerationItem kOrientations[] = {{"ksxOrientationVertical", ksxOrientationVertical},
+                                                    {"ksxOrientationHorizontal", ksxOrientationHorizontal}};
 template <>
-const EnumerationInfo& EnumerationOf<ksxOrientationConstants>();
+inline constexpr EnumerationInfo kEnumerationOf<ksxOrientationConstants>{"ksxOrientationConstants",
+                                                                         kOrientations};
 
 // The arrow buttons step by SmallChange, the track pages by LargeChange, both again while held; the thumb can
 // be dragged. Every change raises Change, also one to the same value. Keys are passed on and do not move the

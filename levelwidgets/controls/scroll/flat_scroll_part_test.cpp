@@ -12,7 +12,9 @@ using ::testing::ElementsAre;
 class Lines : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Lines>("Lines", "A control with a scroll bar.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Lines>("Lines", "A control with a scroll bar."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Lines(std::shared_ptr<ControlSite> site)

@@ -111,15 +111,15 @@ TEST_F(FlatScrollTest, DefaultsOfTheTableAreThoseOfInstances) {
   const auto& loaded = AddLoaded<FlatScroll>("scrLoaded", {}, {Twips(1200), Twips(300)}, kTall);
   for (const PropertyInfo& property : FlatScroll::Table().Properties()) {
     if (property.defaults.when_new.kind != DefaultValue::Kind::kFixed) continue;
-    EXPECT_EQ(property.get(fresh), property.defaults.when_new.value) << property.name;
-    EXPECT_EQ(property.get(loaded), property.defaults.when_read.value) << property.name;
+    EXPECT_EQ(property.get(fresh), property.defaults.when_new.Value()) << property.name;
+    EXPECT_EQ(property.get(loaded), property.defaults.when_read.Value()) << property.name;
   }
 }
 
 TEST_F(FlatScrollTest, TheTableListsEventsInTheirNumbers) {
   std::vector<std::string> events;
   for (const EventInfo& event : FlatScroll::Table().Events()) {
-    events.push_back(std::to_string(event.number) + " " + event.name);
+    events.push_back(std::to_string(event.number) + " " + std::string(event.name));
   }
   EXPECT_THAT(events, ElementsAre("1 Change", "2 Click", "3 DblClick", "4 KeyDown", "5 KeyPress", "6 KeyUp",
                                   "7 MouseDown", "8 MouseMove", "9 MouseUp"));

@@ -10,7 +10,7 @@ constexpr Color kTabColor{0x00EFF7F7u};
 constexpr Color kInactiveTabColor{0x00CEDBDEu};
 constexpr Color kBorderColor{0x008C969Cu};
 
-Variant DefaultCaption(std::int32_t tab) { return tab == 1 ? "Tab 1" : ""; }
+constexpr Literal DefaultCaption(std::int32_t tab) { return tab == 1 ? "Tab 1" : ""; }
 
 SurfaceLook LookOf(ControlSite& site) {
   return {.back_color = site.AmbientBackColor(), .fore_color = site.AmbientForeColor(), .font = {}};
@@ -22,62 +22,57 @@ SurfaceLook LookOf(ControlSite& site) {
 
 }  // namespace
 
-template <>
-const EnumerationInfo& EnumerationOf<ksxTabOrientationConstants>() {
-  static const EnumerationInfo info{
-      "ksxTabOrientationConstants",
-      {{"ksxTabOrientationTop", ksxTabOrientationTop}, {"ksxTabOrientationBottom", ksxTabOrientationBottom}}};
-  return info;
-}
-
 const ClassInfo& FlatTabStrip::Table() {
   using Strip = FlatTabStrip;
-  static const ClassInfo info =
-      Describe<Strip>("FlatTabStrip", "A row of flat tabs above or below a flat page frame.")
-          .Property("Orientation", &Strip::Orientation, &Strip::SetOrientation,
-                    {.defaults = Always(std::int16_t{ksxTabOrientationTop}),
-                     .stored_as = VariantType::kInt16,
-                     .help = "Whether the tabs are above or below the page."})
-          .Property("BackColor", &Strip::BackColor, &Strip::SetBackColor,
-                    {.defaults = Always(kAmbientBackColor), .help = "Colour behind the tabs."})
-          .Property("ForeColor", &Strip::ForeColor, &Strip::SetForeColor,
-                    {.defaults = Always(kAmbientForeColor), .help = "Colour of the captions."})
-          .Property("Enabled", &Strip::Enabled, &Strip::SetEnabled,
-                    {.defaults = Always(true), .help = "Whether the tab strip takes input."})
-          .Property("Font", &Strip::GetFont, &Strip::SetFont,
-                    {.defaults = Always(kAmbientFont), .help = "Font of the captions."})
-          .Property("TabWidth", &Strip::TabWidth, &Strip::SetTabWidth,
-                    {.defaults = Always(kTabWidth), .help = "Width of every tab, in twips."})
-          .Property("TabCount", &Strip::TabCount, &Strip::SetTabCount,
-                    {.defaults = Always(kTabCount), .help = "How many tabs there are."})
-          .Indexed("TabCaption", &Strip::TabCaption, &Strip::SetTabCaption, {"Index"},
-                   {.help = "Text of the tab Index, from 1; empty for all but the first.",
-                    .default_at = DefaultCaption})
+  using Row = table::Row<Strip>;
+  static constexpr auto data = ClassTable(
+      ControlClass<Strip>("FlatTabStrip", "A row of flat tabs above or below a flat page frame.",
+                          {Twips(4800), Twips(3600)}),
+      table::Properties(
+          Row::Property<&Strip::Orientation, &Strip::SetOrientation>(
+              1, "Orientation", Always(std::int16_t{ksxTabOrientationTop}),
+              "Whether the tabs are above or below the page.", {.stored_as = VariantType::kInt16}),
+          Row::Property<&Strip::BackColor, &Strip::SetBackColor>(2, "BackColor", Always(kAmbientBackColor),
+                                                                 "Colour behind the tabs."),
+          Row::Property<&Strip::ForeColor, &Strip::SetForeColor>(3, "ForeColor", Always(kAmbientForeColor),
+                                                                 "Colour of the captions."),
+          Row::Property<&Strip::Enabled, &Strip::SetEnabled>(4, "Enabled", Always(true),
+                                                             "Whether the tab strip takes input."),
+          Row::Property<&Strip::GetFont, &Strip::SetFont>(5, "Font", Always(kAmbientFont),
+                                                          "Font of the captions."),
+          Row::Property<&Strip::TabWidth, &Strip::SetTabWidth>(6, "TabWidth", Always(kTabWidth),
+                                                               "Width of every tab, in twips."),
+          Row::Property<&Strip::TabCount, &Strip::SetTabCount>(7, "TabCount", Always(kTabCount),
+                                                               "How many tabs there are.",
+                                                               {.flags = MemberFlags::kShownLater}),
+          Row::Indexed<&Strip::TabCaption, &Strip::SetTabCaption, &Strip::TabCount>(
+              8, "TabCaption", "Index", "Text of the tab Index, from 1; empty for all but the first.",
+              {.default_at = DefaultCaption}),
           // Behind TabCount, so that what assigns in this order can select any tab.
-          .Property("SelectedTab", &Strip::SelectedTab, &Strip::SetSelectedTab,
-                    {.help = "The selected tab, from 1; 0 until one is selected."})
-          .Property("TabColor", &Strip::TabColor, &Strip::SetTabColor,
-                    {.defaults = Always(kTabColor), .help = "Colour of the selected tab and the page."})
-          .Property("InactiveTabColor", &Strip::InactiveTabColor, &Strip::SetInactiveTabColor,
-                    {.defaults = Always(kInactiveTabColor), .help = "Colour of the other tabs."})
-          .Property("BorderColor", &Strip::BorderColor, &Strip::SetBorderColor,
-                    {.defaults = Always(kBorderColor), .help = "Colour of the frames."})
-          .ReadOnly("hWnd", &Strip::hWnd, "Handle of the tab strip's window.")
-          .CountedBy("TabCaption", &Strip::TabCount)
-          .Persisted({"BackColor", "ForeColor", "Enabled", "Font", "TabWidth", "TabCount", "TabColor",
-                      "InactiveTabColor", "Orientation", "BorderColor", "TabCaption"})
-          .DefaultMember("SelectedTab")
-          .Event(1, "Click", &Strip::Click, {}, "Clicked.")
-          .Event(2, "DblClick", &Strip::DblClick, {}, "Clicked twice.")
-          .Event(3, "KeyDown", &Strip::KeyDown, kKeyArguments, "A key went down.")
-          .Event(4, "KeyPress", &Strip::KeyPress, kCharacterArguments, "A character was typed.")
-          .Event(5, "KeyUp", &Strip::KeyUp, kKeyArguments, "A key went up.")
-          .Event(6, "MouseDown", &Strip::MouseDown, kPointerArguments, "A pointer button went down.")
-          .Event(7, "MouseMove", &Strip::MouseMove, kPointerArguments, "The pointer moved.")
-          .Event(8, "MouseUp", &Strip::MouseUp, kPointerArguments, "A pointer button went up.")
-          .Event(9, "TabChange", &Strip::TabChange, {"PreviousTab", "NewTab"}, "Another tab was selected.")
-          .DefaultSize(Twips(4800), Twips(3600))
-          .Build();
+          Row::Property<&Strip::SelectedTab, &Strip::SetSelectedTab>(
+              9, "SelectedTab", kNoDefault, "The selected tab, from 1; 0 until one is selected.",
+              {.flags = MemberFlags::kDefault | MemberFlags::kRefusesItsOwn}),
+          Row::Property<&Strip::TabColor, &Strip::SetTabColor>(10, "TabColor", Always(kTabColor),
+                                                               "Colour of the selected tab and the page."),
+          Row::Property<&Strip::InactiveTabColor, &Strip::SetInactiveTabColor>(
+              11, "InactiveTabColor", Always(kInactiveTabColor), "Colour of the other tabs."),
+          Row::Property<&Strip::BorderColor, &Strip::SetBorderColor>(12, "BorderColor", Always(kBorderColor),
+                                                                     "Colour of the frames."),
+          Row::ReadOnly<&Strip::hWnd>(13, "hWnd", "Handle of the tab strip's window.")),
+      table::Persisted("BackColor", "ForeColor", "Enabled", "Font", "TabWidth", "TabCount", "TabColor",
+                       "InactiveTabColor", "Orientation", "BorderColor", "TabCaption"),
+      table::Methods(),
+      table::Events(
+          Row::Event<&Strip::Click>(1, "Click", "", "Clicked."),
+          Row::Event<&Strip::DblClick>(2, "DblClick", "", "Clicked twice."),
+          Row::Event<&Strip::KeyDown>(3, "KeyDown", kKeyArguments, "A key went down."),
+          Row::Event<&Strip::KeyPress>(4, "KeyPress", kCharacterArguments, "A character was typed."),
+          Row::Event<&Strip::KeyUp>(5, "KeyUp", kKeyArguments, "A key went up."),
+          Row::Event<&Strip::MouseDown>(6, "MouseDown", kPointerArguments, "A pointer button went down."),
+          Row::Event<&Strip::MouseMove>(7, "MouseMove", kPointerArguments, "The pointer moved."),
+          Row::Event<&Strip::MouseUp>(8, "MouseUp", kPointerArguments, "A pointer button went up."),
+          Row::Event<&Strip::TabChange>(9, "TabChange", "PreviousTab, NewTab", "Another tab was selected.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

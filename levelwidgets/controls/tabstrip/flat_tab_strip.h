@@ -12,8 +12,11 @@ namespace levelwidgets {
 // Any value but 0 puts the tabs at the bottom.
 enum ksxTabOrientationConstants : std::int32_t { ksxTabOrientationTop = 0, ksxTabOrientationBottom = 1 };
 
+inline constexpr EnumerationItem kTabOrientations[] = {{"ksxTabOrientationTop", ksxTabOrientationTop},
+                                                       {"ksxTabOrientationBottom", ksxTabOrientationBottom}};
 template <>
-const EnumerationInfo& EnumerationOf<ksxTabOrientationConstants>();
+inline constexpr EnumerationInfo kEnumerationOf<ksxTabOrientationConstants>{"ksxTabOrientationConstants",
+                                                                            kTabOrientations};
 
 // Holds no pages: the container shows and hides its controls on TabChange. Draws off the screen and copies
 // the picture in one operation.

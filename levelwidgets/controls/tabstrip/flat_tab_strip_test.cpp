@@ -274,7 +274,7 @@ TEST_F(FlatTabStripTest, OrientationTakesAnyValueOfSixteenBits) {
 TEST_F(FlatTabStripTest, TheTableListsEventsInTheirNumbers) {
   std::vector<std::string> events;
   for (const EventInfo& event : FlatTabStrip::Table().Events()) {
-    events.push_back(std::to_string(event.number) + " " + event.name);
+    events.push_back(std::to_string(event.number) + " " + std::string(event.name));
   }
   EXPECT_THAT(events, ElementsAre("1 Click", "2 DblClick", "3 KeyDown", "4 KeyPress", "5 KeyUp",
                                   "6 MouseDown", "7 MouseMove", "8 MouseUp", "9 TabChange"));

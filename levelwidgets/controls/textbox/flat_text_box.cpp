@@ -14,53 +14,54 @@ constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
 
 const ClassInfo& FlatTextBox::Table() {
   using T = FlatTextBox;
-  static const ClassInfo info =
-      Describe<T>("FlatTextBox", "A text box with a flat vertical scroll bar.")
-          .Property(
-              "MultiLine", &T::MultiLine, &T::SetMultiLine,
-              {.defaults = Always(false), .help = "Whether it takes many lines; read-only at run time."})
-          .Property("BackColor", &T::BackColor, &T::SetBackColor,
-                    {.defaults = Always(kBackColor), .help = "Background colour of the text."})
-          .Property("ForeColor", &T::ForeColor, &T::SetForeColor,
-                    {.defaults = Always(kForeColor), .help = "Colour of the text."})
-          .Property("Enabled", &T::Enabled, &T::SetEnabled,
-                    {.defaults = Always(true), .help = "Whether the text box takes input."})
-          .Property("Font", &T::GetFont, &T::SetFont,
-                    {.defaults = Always(kAmbientFont), .help = "Font of the text."})
-          .Property("Alignment", &T::Alignment, &T::SetAlignment,
-                    {.defaults = Always(std::int32_t{ksxLeft}), .help = "Horizontal alignment of the text."})
-          .Property("MaxLength", &T::MaxLength, &T::SetMaxLength,
-                    {.defaults = Always(0), .help = "Characters that can be typed; 0 for no limit."})
-          .Property("PasswordChar", &T::PasswordChar, &T::SetPasswordChar,
-                    {.defaults = Always(""), .help = "Character shown in place of each typed one."})
-          .Property("Text", &T::Text, &T::SetText, {.defaults = Always(""), .help = "The text."})
-          .Property("ScrollBackColor", &T::ScrollBackColor, &T::SetScrollBackColor,
-                    {.defaults = Always(kScrollBackColor), .help = "Colour of the bar's track."})
-          .Property("ScrollButtonColor", &T::ScrollButtonColor, &T::SetScrollButtonColor,
-                    {.defaults = Always(kScrollButtonColor), .help = "Fill of the bar's buttons and thumb."})
-          .Property("ScrollMouseOverColor", &T::ScrollMouseOverColor, &T::SetScrollMouseOverColor,
-                    {.defaults = Always(kScrollMouseOverColor),
-                     .help = "Fill of a button of the bar under the pointer."})
-          .Property(
-              "ScrollPushedColor", &T::ScrollPushedColor, &T::SetScrollPushedColor,
-              {.defaults = Always(kScrollPushedColor), .help = "Fill of a button of the bar held down."})
-          .ReadOnly("hWnd", &T::hWnd, "Handle of the control's window.")
-          .Persisted({"MultiLine", "BackColor", "ForeColor", "Enabled", "Font", "Alignment", "MaxLength",
-                      "PasswordChar", "Text", "ScrollBackColor", "ScrollButtonColor", "ScrollMouseOverColor",
-                      "ScrollPushedColor"})
-          .DefaultMember("Text")
-          .Method("Refresh", &T::Refresh, {}, "Repaints the text.")
-          .Event(1, "Change", &T::Change, {}, "The text changed.")
-          .Event(2, "Click", &T::Click, {}, "Clicked.")
-          .Event(3, "DblClick", &T::DblClick, {}, "Clicked twice.")
-          .Event(4, "KeyDown", &T::KeyDown, kKeyArguments, "A key went down.")
-          .Event(5, "KeyPress", &T::KeyPress, kCharacterArguments, "A character was typed.")
-          .Event(6, "KeyUp", &T::KeyUp, kKeyArguments, "A key went up.")
-          .Event(7, "MouseDown", &T::MouseDown, kPointerArguments, "A pointer button went down.")
-          .Event(8, "MouseMove", &T::MouseMove, kPointerArguments, "The pointer moved.")
-          .Event(9, "MouseUp", &T::MouseUp, kPointerArguments, "A pointer button went up.")
-          .DefaultSize(Twips(1800), Twips(315))
-          .Build();
+  using Row = table::Row<T>;
+  static constexpr auto data = ClassTable(
+      ControlClass<T>("FlatTextBox", "A text box with a flat vertical scroll bar.",
+                      {Twips(1800), Twips(315)}),
+      table::Properties(
+          Row::Property<&T::MultiLine, &T::SetMultiLine>(
+              1, "MultiLine", Always(false), "Whether it takes many lines; read-only at run time.",
+              {.flags = MemberFlags::kRefusesItsOwn}),
+          Row::Property<&T::BackColor, &T::SetBackColor>(2, "BackColor", Always(kBackColor),
+                                                         "Background colour of the text."),
+          Row::Property<&T::ForeColor, &T::SetForeColor>(3, "ForeColor", Always(kForeColor),
+                                                         "Colour of the text."),
+          Row::Property<&T::Enabled, &T::SetEnabled>(4, "Enabled", Always(true),
+                                                     "Whether the text box takes input."),
+          Row::Property<&T::GetFont, &T::SetFont>(5, "Font", Always(kAmbientFont), "Font of the text."),
+          Row::Property<&T::Alignment, &T::SetAlignment>(6, "Alignment", Always(std::int32_t{ksxLeft}),
+                                                         "Horizontal alignment of the text."),
+          Row::Property<&T::MaxLength, &T::SetMaxLength>(7, "MaxLength", Always(0),
+                                                         "Characters that can be typed; 0 for no limit."),
+          Row::Property<&T::PasswordChar, &T::SetPasswordChar>(8, "PasswordChar", Always(""),
+                                                               "Character shown in place of each typed one."),
+          Row::Property<&T::Text, &T::SetText>(9, "Text", Always(""), "The text.",
+                                               {.flags = MemberFlags::kDefault}),
+          Row::Property<&T::ScrollBackColor, &T::SetScrollBackColor>(
+              10, "ScrollBackColor", Always(kScrollBackColor), "Colour of the bar's track."),
+          Row::Property<&T::ScrollButtonColor, &T::SetScrollButtonColor>(
+              11, "ScrollButtonColor", Always(kScrollButtonColor), "Fill of the bar's buttons and thumb."),
+          Row::Property<&T::ScrollMouseOverColor, &T::SetScrollMouseOverColor>(
+              12, "ScrollMouseOverColor", Always(kScrollMouseOverColor),
+              "Fill of a button of the bar under the pointer."),
+          Row::Property<&T::ScrollPushedColor, &T::SetScrollPushedColor>(
+              13, "ScrollPushedColor", Always(kScrollPushedColor), "Fill of a button of the bar held down."),
+          Row::ReadOnly<&T::hWnd>(14, "hWnd", "Handle of the control's window.")),
+      table::Persisted("MultiLine", "BackColor", "ForeColor", "Enabled", "Font", "Alignment", "MaxLength",
+                       "PasswordChar", "Text", "ScrollBackColor", "ScrollButtonColor", "ScrollMouseOverColor",
+                       "ScrollPushedColor"),
+      table::Methods(Row::Method<&T::Refresh>(15, "Refresh", "", "Repaints the text.")),
+      table::Events(
+          Row::Event<&T::Change>(1, "Change", "", "The text changed."),
+          Row::Event<&T::Click>(2, "Click", "", "Clicked."),
+          Row::Event<&T::DblClick>(3, "DblClick", "", "Clicked twice."),
+          Row::Event<&T::KeyDown>(4, "KeyDown", kKeyArguments, "A key went down."),
+          Row::Event<&T::KeyPress>(5, "KeyPress", kCharacterArguments, "A character was typed."),
+          Row::Event<&T::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
+          Row::Event<&T::MouseDown>(7, "MouseDown", kPointerArguments, "A pointer button went down."),
+          Row::Event<&T::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved."),
+          Row::Event<&T::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

@@ -77,8 +77,8 @@ TEST_F(FlatTextBoxTest, DefaultsAreThoseOfTheTable) {
   auto& loaded = AddLoaded<FlatTextBox>("txtLoaded", {}, {Twips(600), Twips(2000)}, kSize);
   for (const PropertyInfo& property : FlatTextBox::Table().Properties()) {
     if (property.defaults.when_new.kind != DefaultValue::Kind::kFixed) continue;
-    EXPECT_EQ(property.get(fresh), property.defaults.when_new.value) << property.name;
-    EXPECT_EQ(property.get(loaded), property.defaults.when_read.value) << property.name;
+    EXPECT_EQ(property.get(fresh), property.defaults.when_new.Value()) << property.name;
+    EXPECT_EQ(property.get(loaded), property.defaults.when_read.Value()) << property.name;
   }
   EXPECT_EQ(fresh.GetFont()->Description(), TheForm().GetFont()->Description());
   EXPECT_THAT(NamesIn(Hosted(fresh).Properties()), IsEmpty());
@@ -183,7 +183,7 @@ TEST_F(FlatTextBoxTest, APasswordCharacterThatTheEditBoxRefusesIsItsError) {
 TEST_F(FlatTextBoxTest, TheTableListsEventsInTheirNumbersAndItsDefaultMember) {
   std::vector<std::string> events;
   for (const EventInfo& event : FlatTextBox::Table().Events()) {
-    events.push_back(std::to_string(event.number) + " " + event.name);
+    events.push_back(std::to_string(event.number) + " " + std::string(event.name));
   }
   EXPECT_THAT(events, ElementsAre("1 Change", "2 Click", "3 DblClick", "4 KeyDown", "5 KeyPress", "6 KeyUp",
                                   "7 MouseDown", "8 MouseMove", "9 MouseUp"));

@@ -13,12 +13,13 @@ using ::testing::IsEmpty;
 class Knob : public ControlWith<ClickEvents, KeyEvents, PointerEvents> {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info =
-        Describe<Knob>("Knob", "A part.")
-            .Property("Level", &Knob::Level, &Knob::SetLevel,
-                      {.defaults = {.when_new = 5, .when_read = 7, .when_written = 7}})
-            .Persisted({"Level"})
-            .Build();
+    using Row = table::Row<Knob>;
+    static constexpr auto data =
+        ClassTable(ControlClass<Knob>("Knob", "A part."),
+                   table::Properties(Row::Property<&Knob::Level, &Knob::SetLevel>(
+                       1, "Level", {.when_new = 5, .when_read = 7, .when_written = 7}, "")),
+                   table::Persisted("Level"));
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Knob(std::shared_ptr<ControlSite> site)
@@ -47,7 +48,9 @@ class Knob : public ControlWith<ClickEvents, KeyEvents, PointerEvents> {
 class Panel : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Panel>("Panel", "A control with a part.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Panel>("Panel", "A control with a part."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Panel(std::shared_ptr<ControlSite> site)

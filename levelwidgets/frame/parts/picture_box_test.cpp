@@ -19,7 +19,8 @@ constexpr Color kWhite{0x00FFFFFF};
 class Board : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Board>("Board", "A panel.").Build();
+    static constexpr auto data = ClassTable(ControlClass<Board>("Board", "A panel."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Board(std::shared_ptr<ControlSite> site)

@@ -11,7 +11,9 @@ using ::testing::IsEmpty;
 class Field : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Field>("Field", "An edit box and nothing else.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Field>("Field", "An edit box and nothing else."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Field(std::shared_ptr<ControlSite> site)

@@ -11,7 +11,9 @@ using ::testing::IsEmpty;
 class Clockwork : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Clockwork>("Clockwork", "Something with a timer.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Clockwork>("Clockwork", "Something with a timer."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Clockwork(std::shared_ptr<ControlSite> site)

@@ -15,12 +15,18 @@ using Json = nlohmann::ordered_json;
 
 // --- JSON ------------------------------------------------------------------------------------------
 
+Json JsonOf(const SavedItems& items) {
+  return {{"count", items.count_key}, {"prefix", items.prefix}, {"class", items.item_class().Name()}};
+}
+
 Json JsonOf(const PropertyInfo& property) {
   Json json;
+  json["number"] = property.number;
   json["name"] = property.name;
-  json["type"] = property.type.name;
+  json["type"] = property.type.Name();
   json["persisted"] = property.persisted ? Json(property.name) : Json();
   json["stored_as"] = property.persisted ? Json(NameOf(property.stored_as)) : Json();
+  if (property.is_collection) json["items"] = JsonOf(*property.type.object_class().SavedItems());
   json["default_new"] = JsonOfDefault(property.defaults.when_new, property.type);
   json["default_read"] = JsonOfDefault(property.defaults.when_read, property.type);
   json["default_write"] = JsonOfDefault(property.defaults.when_written, property.type);
@@ -33,18 +39,23 @@ Json JsonOf(const PropertyInfo& property) {
 Json JsonOf(const MethodInfo& method) {
   Json arguments = Json::array();
   for (const ArgumentInfo& argument : method.arguments) {
-    Json json{{"name", argument.name}, {"type", argument.type.name}};
-    if (argument.default_value) json["default"] = JsonOfValue(*argument.default_value, argument.type);
+    Json json{{"name", argument.name}, {"type", argument.type.Name()}};
+    if (argument.by_reference) json["by_reference"] = true;
+    if (argument.output) json["output"] = true;
+    if (argument.default_value) json["default"] = JsonOfValue(argument.default_value->Value(), argument.type);
     arguments.push_back(std::move(json));
   }
-  return {{"name", method.name}, {"arguments", std::move(arguments)}, {"help", method.help}};
+  return {{"number", method.number},
+          {"name", method.name},
+          {"arguments", std::move(arguments)},
+          {"help", method.help}};
 }
 
 Json JsonOf(const EventInfo& event) {
   Json arguments = Json::array();
   for (const ArgumentInfo& argument : event.arguments) {
-    arguments.push_back(
-        Json{{"name", argument.name}, {"type", argument.type.name}, {"by_reference", argument.by_reference}});
+    arguments.push_back(Json{
+        {"name", argument.name}, {"type", argument.type.Name()}, {"by_reference", argument.by_reference}});
   }
   return {{"number", event.number}, {"name", event.name}, {"arguments", std::move(arguments)}};
 }
@@ -58,7 +69,7 @@ Json JsonOf(const EnumerationInfo& enumeration) {
 }
 
 template <typename Member>
-Json JsonOfAll(const std::vector<Member>& members) {
+Json JsonOfAll(std::span<const Member> members) {
   Json list = Json::array();
   for (const Member& member : members) list.push_back(JsonOf(member));
   return list;
@@ -69,11 +80,12 @@ Json JsonOfAll(const std::vector<Member>& members) {
 void WriteProperty(std::ostream& out, const PropertyInfo& property) {
   out << "  " << property.name;
   if (property.Indexed()) out << TextOfArguments(property.indices);
-  out << ": " << property.type.name;
+  out << ": " << property.type.Name();
   if (property.ReadOnly()) out << ", read-only";
   if (property.persisted && property.stored_as != property.type.type) {
     out << ", saved as " << NameOf(property.stored_as);
   }
+  if (property.is_collection) out << ", saved as " << ListOfKeys(property, "") << " and so on";
   if (!property.persisted) out << ", not saved";
   if (property.persisted && property.Indexed()) {
     out << ", saved as " << property.KeyOf(1) << ", " << property.KeyOf(2) << " and so on";
@@ -85,7 +97,7 @@ void WriteProperty(std::ostream& out, const PropertyInfo& property) {
 
 void WriteMethod(std::ostream& out, const MethodInfo& method) {
   out << "  " << method.name << TextOfArguments(method.arguments);
-  if (!method.result.name.empty()) out << ": " << method.result.name;
+  if (!method.result.Name().empty()) out << ": " << method.result.Name();
   out << "\n      " << method.help << "\n";
 }
 
@@ -99,7 +111,7 @@ void WriteEnumeration(std::ostream& out, const EnumerationInfo& enumeration) {
 std::vector<const ClassInfo*> DescribedClasses() {
   std::vector<const ClassInfo*> classes(ControlClasses().begin(), ControlClasses().end());
   classes.insert(classes.end(), ObjectClasses().begin(), ObjectClasses().end());
-  classes.insert(classes.end(), {&Form::Table(), &HostedControl::Table()});
+  classes.insert(classes.end(), {&Font::Table(), &Form::Table(), &HostedControl::Table()});
   return classes;
 }
 

@@ -11,15 +11,17 @@
 
 namespace levelwidgets {
 
-// The controls, the public classes that are no controls, then Form and Placement (what a form adds to each
-// control).
+// The controls, the public classes that are no controls, then Font, Form and Placement (what a form adds to
+// each control).
 std::vector<const ClassInfo*> DescribedClasses();
 
 // A stable format: { "class", "properties", "methods", "events", "enumerations" }, with "default_member"
 // after the class where there is one. Colours are numbers from 0 to 0xFFFFFFFF, a font is an object of its
 // parts; a default that the container gives is "ambient Font", "ambient DisplayName" and so on, and null
 // where there is none. "persisted" is the name under which a value is saved, null when it is not; that of an
-// indexed property is followed by the index ("TabCaption2"), and its defaults are those of index 1.
+// indexed property is followed by the index ("TabCaption2"), and its defaults are those of index 1. A
+// collection that is saved with its control has "items": the key of their number, what the keys of an item
+// begin with, and the class of the items, whose persisted properties end them ("Column2Width").
 nlohmann::ordered_json DescribeAsJson(const ClassInfo& info);
 
 // For people: a heading and a line or two per member.

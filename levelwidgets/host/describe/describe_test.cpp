@@ -34,9 +34,9 @@ TEST(Describe, JsonHasTheStableKeysInOrder) {
   const Json json = DescribeAsJson(*FindControlClass("FlatLabel"));
   EXPECT_THAT(KeysOf(json), ElementsAre("class", "properties", "methods", "events", "enumerations"));
   EXPECT_THAT(KeysOf(json.at("properties").at(0)),
-              ElementsAre("name", "type", "persisted", "stored_as", "default_new", "default_read",
+              ElementsAre("number", "name", "type", "persisted", "stored_as", "default_new", "default_read",
                           "default_write", "read_only", "indexed", "help"));
-  EXPECT_THAT(KeysOf(json.at("methods").at(0)), ElementsAre("name", "arguments", "help"));
+  EXPECT_THAT(KeysOf(json.at("methods").at(0)), ElementsAre("number", "name", "arguments", "help"));
   EXPECT_THAT(KeysOf(json.at("events").at(0)), ElementsAre("number", "name", "arguments"));
   EXPECT_EQ(json.at("class"), "FlatLabel");
 }
@@ -102,7 +102,7 @@ TEST(Describe, IndexedPropertiesAndTheDefaultMemberAreShown) {
 
 TEST(Describe, FormsAndPlacesAreDescribedLikeControls) {
   std::vector<std::string> names;
-  for (const ClassInfo* info : DescribedClasses()) names.push_back(info->Name());
+  for (const ClassInfo* info : DescribedClasses()) names.emplace_back(info->Name());
   EXPECT_EQ(names.front(), ControlClasses().front()->Name());
   EXPECT_THAT(names, Contains("ksxValueList"));
   EXPECT_EQ(names[names.size() - 2], "Form");

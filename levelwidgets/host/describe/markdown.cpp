@@ -34,35 +34,36 @@ std::string Anchor(std::string_view heading) {
   return anchor;
 }
 
-std::string Type(const TypeName& type) {
-  if (type.name.empty()) return "";
-  if (type.enumeration) return "[" + type.name + "](#" + Anchor(type.name) + ")";
-  for (const ClassInfo* info : DescribedClasses()) {
-    if (info->Name() == type.name) return "[" + type.name + "](" + type.name + ".md)";
-  }
-  return type.name;
+std::string Type(const MemberType& type) {
+  const std::string name(type.Name());
+  if (type.enumeration) return "[" + name + "](#" + Anchor(name) + ")";
+  const auto classes = DescribedClasses();
+  const bool has_page =
+      type.object_class && std::ranges::find(classes, &type.object_class()) != classes.end();
+  return has_page ? "[" + name + "](" + name + ".md)" : name;
 }
 
-std::string NamesOf(const std::vector<ArgumentInfo>& arguments) {
+std::string NamesOf(const ArgumentList& arguments) {
   std::string text;
-  for (const ArgumentInfo& argument : arguments) text += (text.empty() ? "" : ", ") + argument.name;
+  for (const ArgumentInfo& argument : arguments)
+    text += (text.empty() ? "" : ", ") + std::string(argument.name);
   return text;
 }
 
-std::string ListOf(const std::vector<ArgumentInfo>& arguments) {
+std::string ListOf(const ArgumentList& arguments) {
   std::string list;
   for (const ArgumentInfo& argument : arguments) {
     if (!list.empty()) list += "<br>";
     list += Code(argument.name) + ": " + Type(argument.type);
-    if (argument.by_reference) list += ", by reference";
+    if (argument.by_reference) list += argument.output ? ", handed back" : ", by reference";
     if (argument.default_value) {
-      list += ", otherwise " + Code(TextOfDefault(DefaultValue(*argument.default_value), argument.type));
+      list += ", otherwise " + Code(TextOfDefault(*argument.default_value, argument.type));
     }
   }
   return list;
 }
 
-std::string Default(const DefaultValue& value, const TypeName& type) {
+std::string Default(const DefaultValue& value, const MemberType& type) {
   const std::string text = TextOfDefault(value, type);
   return value.kind == DefaultValue::Kind::kFixed ? Code(text) : text;
 }
@@ -81,6 +82,7 @@ std::string Defaults(const PropertyInfo& property) {
 std::string SavedAs(const PropertyInfo& property) {
   if (!property.persisted) return "not saved";
   std::string text = Code(property.name);
+  if (property.is_collection) return ListOfKeys(property, "`") + " ...";
   if (property.Indexed()) text = Code(property.KeyOf(1)) + ", " + Code(property.KeyOf(2)) + " ...";
   if (property.stored_as != property.type.type) text += " as " + std::string(NameOf(property.stored_as));
   return text;
@@ -91,8 +93,8 @@ void WriteProperties(std::ostream& out, const ClassInfo& info) {
   out << "\n## Properties\n\n| Property | Type | Saved as | Default | |\n|---|---|---|---|---|\n";
   for (const PropertyInfo& property : info.Properties()) {
     const std::string indices = property.Indexed() ? "(" + NamesOf(property.indices) + ")" : "";
-    out << "| " << Code(property.name + indices) << " | " << Type(property.type) << " | " << SavedAs(property)
-        << " | " << Defaults(property) << " | " << Cell(property.help);
+    out << "| " << Code(std::string(property.name) + indices) << " | " << Type(property.type) << " | "
+        << SavedAs(property) << " | " << Defaults(property) << " | " << Cell(property.help);
     if (property.ReadOnly()) out << " Read-only.";
     if (property.Indexed()) out << "<br>" << ListOf(property.indices);
     out << " |\n";
@@ -103,7 +105,7 @@ void WriteMethods(std::ostream& out, const ClassInfo& info) {
   if (info.Methods().empty()) return;
   out << "\n## Methods\n\n| Method | Arguments | Returns | |\n|---|---|---|---|\n";
   for (const MethodInfo& method : info.Methods()) {
-    out << "| " << Code(method.name + "(" + NamesOf(method.arguments) + ")") << " | "
+    out << "| " << Code(std::string(method.name) + "(" + NamesOf(method.arguments) + ")") << " | "
         << ListOf(method.arguments) << " | " << Type(method.result) << " | " << Cell(method.help) << " |\n";
   }
 }

@@ -33,9 +33,9 @@ Json EnumerationSchema(const EnumerationInfo& enumeration) {
   return {{"enum", std::move(values)}};
 }
 
-Json ValueSchema(const TypeName& shown, VariantType stored_as) {
+Json ValueSchema(const MemberType& shown, VariantType stored_as) {
   if (shown.enumeration) return EnumerationSchema(*shown.enumeration);
-  if (shown.name == "Color") {
+  if (shown.kind == TypeKind::kColor) {
     return Whole(std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::uint32_t>::max());
   }
   switch (stored_as) {
@@ -59,7 +59,7 @@ std::string Otherwise(const PropertyInfo& property) {
   if (value.kind != DefaultValue::Kind::kFixed) text = "the form's (" + text + ")";
   if (property.type.enumeration && value.kind == DefaultValue::Kind::kFixed) {
     for (const EnumerationItem& item : property.type.enumeration->items) {
-      if (item.value == ToInt32(value.value)) text = item.name;
+      if (item.value == ToInt32(value.Value())) text = item.name;
     }
   }
   return "\n\nDefault: `" + text + "`";
@@ -68,7 +68,8 @@ std::string Otherwise(const PropertyInfo& property) {
 // Of a property of a control, or of a key of a form or a placement.
 Json KeySchema(const PropertyInfo& property, VariantType stored_as) {
   Json schema = ValueSchema(property.type, stored_as);
-  Json described{{"title", property.type.name}, {"description", property.help + Otherwise(property)}};
+  Json described{{"title", property.type.Name()},
+                 {"description", std::string(property.help) + Otherwise(property)}};
   if (schema.contains("$ref")) {
     described["allOf"] = Json::array({std::move(schema)});  // nothing counts beside a reference
   } else {
@@ -76,7 +77,7 @@ Json KeySchema(const PropertyInfo& property, VariantType stored_as) {
   }
   const DefaultValue& value = property.defaults.when_read;
   if (value.kind != DefaultValue::Kind::kFixed) return described;
-  if (Json json = JsonOfValue(value.value, property.type); !json.is_null()) {
+  if (Json json = JsonOfValue(value.Value(), property.type); !json.is_null()) {
     described["default"] = std::move(json);
   }
   return described;
@@ -88,27 +89,49 @@ Json KeysSchema(const std::vector<const PropertyInfo*>& keys) {
     Json schema = KeySchema(*key, key->persisted ? key->stored_as : key->type.type);
     if (key->type.type == VariantType::kSingle) {
       const auto most = static_cast<std::int64_t>(kMostTwips.value);
-      schema["minimum"] = IsExtent(*key) ? 0 : -most;
+      schema["minimum"] = Has(key->flags, MemberFlags::kExtent) ? 0 : -most;
       schema["maximum"] = most;
     }
-    schemas[key->name] = std::move(schema);
+    schemas[std::string(key->name)] = std::move(schema);
   }
   return schemas;
+}
+
+// A key for each index from 1 on, that of the first to be proposed.
+void AddNumbered(Json& properties, Json& patterns, const Json& schema, const std::string& before,
+                 const std::string& behind) {
+  properties[before + "1" + behind] = schema;
+  Json others = schema;
+  others.erase("default");
+  patterns["^" + before + "[1-9][0-9]{0,8}" + behind + "$"] = std::move(others);
+}
+
+void AddItems(Json& properties, Json& patterns, const PropertyInfo& collection) {
+  const SavedItems& items = *collection.type.object_class().SavedItems();
+  Json count = Whole(0, std::numeric_limits<std::int16_t>::max());
+  count["description"] = "How many items there are: " + std::string(collection.help);
+  count["default"] = 0;
+  properties[std::string(items.count_key)] = std::move(count);
+  for (const PropertyInfo* field : items.item_class().Persisted()) {
+    AddNumbered(properties, patterns, KeySchema(*field, field->stored_as), std::string(items.prefix),
+                std::string(field->name));
+  }
 }
 
 Json ControlPropertiesSchema(const ClassInfo& control) {
   Json properties = Json::object();
   Json patterns = Json::object();
   for (const PropertyInfo* property : control.Persisted()) {
-    const Json schema = KeySchema(*property, property->stored_as);
-    if (!property->Indexed()) {
-      properties[property->name] = schema;
+    if (property->is_collection) {
+      AddItems(properties, patterns, *property);
       continue;
     }
-    properties[property->KeyOf(1)] = schema;  // to be proposed
-    Json others = schema;
-    others.erase("default");
-    patterns["^" + property->name + "[1-9][0-9]{0,8}$"] = std::move(others);
+    const Json schema = KeySchema(*property, property->stored_as);
+    if (!property->Indexed()) {
+      properties[std::string(property->name)] = schema;
+      continue;
+    }
+    AddNumbered(properties, patterns, schema, std::string(property->name), "");
   }
   Json schema{{"title", control.Name()},
               {"description", control.Help()},
@@ -122,11 +145,11 @@ Json ControlPropertiesSchema(const ClassInfo& control) {
 Json FontSchema() {
   Json properties = Json::object();
   Json required = Json::array();
-  for (const FontField& field : FontFields()) {
-    Json schema = ValueSchema(field.type, field.type.type);
-    if (field.type.type == VariantType::kDouble) schema["exclusiveMinimum"] = 0;
-    properties[std::string(field.name)] = std::move(schema);
-    if (field.required) required.push_back(field.name);
+  for (const PropertyInfo& part : Font::Table().Properties()) {
+    Json schema = ValueSchema(part.type, part.stored_as);
+    if (Has(part.flags, MemberFlags::kPoints)) schema["exclusiveMinimum"] = 0;
+    properties[std::string(part.name)] = std::move(schema);
+    if (IsRequired(part)) required.push_back(part.name);
   }
   return {{"title", "Font"},
           {"description", "A font, such as `{ Name = \"Tahoma\", Size = 8.25 }`; sizes are points."},
@@ -181,7 +204,7 @@ Json ClassKeySchema(std::span<const ClassInfo* const> controls) {
   Json helps = Json::array();
   for (const bool qualified : {false, true}) {
     for (const ClassInfo* control : controls) {
-      names.push_back(qualified ? control->QualifiedName() : control->Name());
+      names.push_back(qualified ? control->QualifiedName() : std::string(control->Name()));
       helps.push_back(control->Help());
     }
   }
@@ -194,7 +217,7 @@ Json ClassKeySchema(std::span<const ClassInfo* const> controls) {
 // it.
 Json PropertiesKeySchema(std::span<const ClassInfo* const> controls) {
   Json choices = Json::array();
-  for (const ClassInfo* control : controls) choices.push_back(Reference(control->Name()));
+  for (const ClassInfo* control : controls) choices.push_back(Reference(std::string(control->Name())));
   choices.push_back(Json::object());
   return {{"type", "object"}, {"description", "What the control itself has saved."}, {"anyOf", choices}};
 }
@@ -204,10 +227,11 @@ Json PropertiesKeySchema(std::span<const ClassInfo* const> controls) {
 Json ByClass(std::span<const ClassInfo* const> controls) {
   if (controls.empty()) return Json::object();
   const ClassInfo& control = *controls.front();
-  Json schema{{"if",
-               {{"properties", {{"Class", {{"enum", {control.Name(), control.QualifiedName()}}}}}},
-                {"required", Json::array({"Class"})}}},
-              {"then", {{"properties", {{"Properties", Reference(control.Name())}}}}}};
+  Json schema{
+      {"if",
+       {{"properties", {{"Class", {{"enum", {std::string(control.Name()), control.QualifiedName()}}}}}},
+        {"required", Json::array({"Class"})}}},
+      {"then", {{"properties", {{"Properties", Reference(std::string(control.Name()))}}}}}};
   if (controls.size() > 1) schema["else"] = ByClass(controls.subspan(1));
   return schema;
 }
@@ -238,7 +262,8 @@ Json FormSchema(std::span<const ClassInfo* const> controls) {
   Json definitions = Json::object();
   definitions["Form"] = FormTableSchema();
   definitions["Control"] = ControlTableSchema(controls);
-  for (const ClassInfo* control : controls) definitions[control->Name()] = ControlPropertiesSchema(*control);
+  for (const ClassInfo* control : controls)
+    definitions[std::string(control->Name())] = ControlPropertiesSchema(*control);
   AddValueDefinitions(definitions);
   return {{"$schema", kDraft},
           {"title", "LevelWidgets form file"},

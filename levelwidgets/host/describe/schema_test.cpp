@@ -21,7 +21,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Json = nlohmann::ordered_json;
 
-const Json& Properties(const Json& schema, const char* definition) {
+const Json& Properties(const Json& schema, const std::string& definition) {
   return schema.at("definitions").at(definition).at("properties");
 }
 
@@ -36,9 +36,10 @@ TEST(FormSchema, EveryKeyAndEveryClassIsInIt) {
     EXPECT_THAT(Properties(schema, "Control").at("Class").at("enum"), Contains(control->Name()));
     EXPECT_THAT(Properties(schema, "Control").at("Class").at("enum"), Contains(control->QualifiedName()));
     for (const PropertyInfo* property : control->Persisted()) {
-      const std::string key = property->Indexed() ? property->KeyOf(1) : property->name;
-      EXPECT_THAT(Properties(schema, control->Name().c_str()).at(key).at("description").get<std::string>(),
-                  HasSubstr(property->help));
+      const std::string key = property->Indexed() ? property->KeyOf(1) : std::string(property->name);
+      EXPECT_THAT(
+          Properties(schema, std::string(control->Name())).at(key).at("description").get<std::string>(),
+          HasSubstr(std::string(property->help)));
     }
   }
 }
@@ -53,15 +54,16 @@ TEST(FormSchema, WhatIsNotSavedIsNotInIt) {
 class Probe : public Object {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info =
-        Describe<Probe>("Probe", "All kinds of values.")
-            .Property("Value", &Probe::Value, &Probe::SetValue,
-                      {.defaults = Always(Null{}), .help = "Any value."})
-            .Property("Day", &Probe::Day, &Probe::SetDay, {.defaults = Always(Date{45000}), .help = "A day."})
-            .Property("Small", &Probe::Small, &Probe::SetSmall,
-                      {.defaults = Always(std::int16_t{3}), .help = "A small number."})
-            .Persisted({"Value", "Day", "Small"})
-            .Build();
+    using Row = table::Row<Probe>;
+    static constexpr auto data = ClassTable(
+        ObjectClass("Probe", "All kinds of values."),
+        table::Properties(
+            Row::Property<&Probe::Value, &Probe::SetValue>(1, "Value", Always(Null{}), "Any value."),
+            Row::Property<&Probe::Day, &Probe::SetDay>(2, "Day", Always(Date{45000}), "A day."),
+            Row::Property<&Probe::Small, &Probe::SetSmall>(3, "Small", Always(std::int16_t{3}),
+                                                           "A small number.")),
+        table::Persisted("Value", "Day", "Small"));
+    static constexpr ClassInfo info(data);
     return info;
   }
   const ClassInfo& Class() const override { return Table(); }

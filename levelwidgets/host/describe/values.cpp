@@ -13,9 +13,11 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json JsonOfFont(const FontDescription& font) {
+Json JsonOfFont(const Font& font) {
   Json json;
-  for (const FontField& field : FontFields()) json[std::string(field.name)] = JsonOfValue(field.get(font));
+  for (const PropertyInfo& part : Font::Table().Properties()) {
+    json[std::string(part.name)] = JsonOfValue(part.get(font));
+  }
   return json;
 }
 
@@ -29,40 +31,41 @@ std::string TextOfColor(const Variant& value) {
 
 }  // namespace
 
-Json JsonOfValue(const Variant& value, const TypeName& type) {
+Json JsonOfValue(const Variant& value, const MemberType& type) {
   switch (value.Type()) {
     case VariantType::kBoolean: return ToBoolean(value);
     case VariantType::kInt16: return ToInt16(value);
     case VariantType::kInt32:
-      if (type.name == "Color") return static_cast<std::uint32_t>(ToInt32(value));
+      if (type.IsUnsigned()) return static_cast<std::uint32_t>(ToInt32(value));
       return ToInt32(value);
     case VariantType::kSingle:
     case VariantType::kDouble: return ToDouble(value);
     case VariantType::kDate: return WriteDate(ToDate(value));
     case VariantType::kString: return ToText(value);
-    case VariantType::kFont: return JsonOfFont(ToFont(value)->Description());
+    case VariantType::kFont: return JsonOfFont(*ToFont(value));
     default: return nullptr;
   }
 }
 
-Json JsonOfDefault(const DefaultValue& value, const TypeName& type) {
+Json JsonOfDefault(const DefaultValue& value, const MemberType& type) {
   switch (value.kind) {
     case DefaultValue::Kind::kAmbientFont: return "ambient Font";
     case DefaultValue::Kind::kDisplayName: return "ambient DisplayName";
     case DefaultValue::Kind::kAmbientBackColor: return "ambient BackColor";
     case DefaultValue::Kind::kAmbientForeColor: return "ambient ForeColor";
-    case DefaultValue::Kind::kFixed: return JsonOfValue(value.value, type);
+    case DefaultValue::Kind::kFixed: return JsonOfValue(value.Value(), type);
     case DefaultValue::Kind::kNone: break;
   }
   return nullptr;
 }
 
-std::string TextOfDefault(const DefaultValue& value, const TypeName& type) {
+std::string TextOfDefault(const DefaultValue& value, const MemberType& type) {
   if (value.kind == DefaultValue::Kind::kNone) return "none";
   if (value.kind != DefaultValue::Kind::kFixed) return JsonOfDefault(value, type).get<std::string>();
-  if (type.name == "Color") return TextOfColor(value.value);
-  if (value.value.IsNull() || value.value.Type() == VariantType::kFont) return WriteValue(value.value, &type);
-  return JsonOfValue(value.value, type).dump();
+  const Variant fixed = value.Value();
+  if (type.kind == TypeKind::kColor) return TextOfColor(fixed);
+  if (fixed.IsNull() || fixed.Type() == VariantType::kFont) return WriteValue(fixed, type);
+  return JsonOfValue(fixed, type).dump();
 }
 
 bool HasDefault(const PropertyInfo& property) {
@@ -79,13 +82,26 @@ std::string TextOfDefaults(const PropertyInfo& property) {
   return text;
 }
 
-std::string TextOfArguments(const std::vector<ArgumentInfo>& arguments) {
+std::string ListOfKeys(const PropertyInfo& collection, std::string_view quote) {
+  const SavedItems& items = *collection.type.object_class().SavedItems();
+  const auto quoted = [quote](std::string_view key) {
+    return std::string(quote) + std::string(key) + std::string(quote);
+  };
+  std::string list = quoted(items.count_key);
+  for (const PropertyInfo* field : items.item_class().Persisted()) {
+    list += ", " + quoted(items.KeyOf(1, *field));
+  }
+  return list;
+}
+
+std::string TextOfArguments(const ArgumentList& arguments) {
   std::string text = "(";
   for (const ArgumentInfo& argument : arguments) {
     if (text.size() > 1) text += ", ";
-    text += (argument.by_reference ? "by reference " : "") + argument.name + ": " + argument.type.name;
+    text += argument.output ? "out " : argument.by_reference ? "by reference " : "";
+    text += std::string(argument.name) + ": " + std::string(argument.type.Name());
     if (argument.default_value) {
-      text += " = " + JsonOfValue(*argument.default_value, argument.type).dump();
+      text += " = " + JsonOfValue(argument.default_value->Value(), argument.type).dump();
     }
   }
   return text + ")";

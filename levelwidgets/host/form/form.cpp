@@ -12,33 +12,38 @@ constexpr std::uint32_t kStyle =
 }
 
 const ClassInfo& Form::Table() {
-  static const ClassInfo info =
-      Describe<Form>("Form", "A window that holds controls.")
-          .ReadOnly("Name", &Form::Name, "The form's name, as its file gives it.")
-          .Property("Caption", &Form::Caption, &Form::SetCaption,
-                    {.defaults = Always(""), .help = "Text of the title bar."})
-          .Property("Width", &Form::Width, &Form::SetWidth,
-                    {.defaults = Always(6000.0f), .help = "Inner width, twips."})
-          .Property("Height", &Form::Height, &Form::SetHeight,
-                    {.defaults = Always(4500.0f), .help = "Inner height, twips."})
-          .Property("Font", &Form::GetFont, &Form::SetFont,
-                    {.defaults = Always(MakeFont()), .help = "Default font of the controls."})
-          .Property("BackColor", &Form::BackColor, &Form::SetBackColor,
-                    {.defaults = Always(Color(0x8000000Fu)), .help = "Background colour."})
-          .ReadOnly("Design", &Form::Design, "Whether the form is being designed: controls get no input.")
-          .ReadOnly("hWnd", &Form::hWnd, "Handle of the form's window.")
-          .Method("Show", &Form::Show, {}, "Shows and activates the form.")
-          .Method("Hide", &Form::Hide, {}, "Hides the form.")
-          .Method("Close", &Form::Close, {}, "Closes the form unless Unload is cancelled.")
-          .Event(1, "Activate", &Form::Activate, {}, "The form became the active window.")
-          .Event(2, "Deactivate", &Form::Deactivate, {}, "Another window became active.")
-          .Event(3, "Load", &Form::Load, {}, "The form and its controls are there, not yet shown.")
-          .Event(4, "PropertyChanged", &Form::PropertyChanged, {"Control", "Name"},
-                 "A control told that a persisted property changed.")
-          .Event(5, "Resize", &Form::Resize, {}, "The inner size changed.")
-          .Event(6, "Unload", &Form::Unload, {"Cancel"}, "The form is about to close.")
-          .Persisted({"Caption", "Width", "Height", "Font", "BackColor"})
-          .Build();
+  using Row = table::Row<Form>;
+  static constexpr auto data = ClassTable(
+      ObjectClass("Form", "A window that holds controls."),
+      table::Properties(
+          Row::ReadOnly<&Form::Name>(1, "Name", "The form's name, as its file gives it."),
+          Row::Property<&Form::Caption, &Form::SetCaption>(2, "Caption", Always(""),
+                                                           "Text of the title bar."),
+          Row::Property<&Form::Width, &Form::SetWidth>(3, "Width", Always(6000.0f), "Inner width, twips.",
+                                                       {.flags = MemberFlags::kExtent}),
+          Row::Property<&Form::Height, &Form::SetHeight>(4, "Height", Always(4500.0f), "Inner height, twips.",
+                                                         {.flags = MemberFlags::kExtent}),
+          Row::Property<&Form::GetFont, &Form::SetFont>(5, "Font", Always(Literal::NewFont()),
+                                                        "Default font of the controls."),
+          Row::Property<&Form::BackColor, &Form::SetBackColor>(6, "BackColor", Always(Color(0x8000000Fu)),
+                                                               "Background colour."),
+          Row::ReadOnly<&Form::Design>(7, "Design",
+                                       "Whether the form is being designed: controls get no input."),
+          Row::ReadOnly<&Form::hWnd>(8, "hWnd", "Handle of the form's window.")),
+      table::Persisted("Caption", "Width", "Height", "Font", "BackColor"),
+      table::Methods(
+          Row::Method<&Form::Show>(9, "Show", "", "Shows and activates the form."),
+          Row::Method<&Form::Hide>(10, "Hide", "", "Hides the form."),
+          Row::Method<&Form::Close>(11, "Close", "", "Closes the form unless Unload is cancelled.")),
+      table::Events(
+          Row::Event<&Form::Activate>(1, "Activate", "", "The form became the active window."),
+          Row::Event<&Form::Deactivate>(2, "Deactivate", "", "Another window became active."),
+          Row::Event<&Form::Load>(3, "Load", "", "The form and its controls are there, not yet shown."),
+          Row::Event<&Form::PropertyChanged>(4, "PropertyChanged", "Control, Name",
+                                             "A control told that a persisted property changed."),
+          Row::Event<&Form::Resize>(5, "Resize", "", "The inner size changed."),
+          Row::Event<&Form::Unload>(6, "Unload", "Cancel", "The form is about to close.")));
+  static constexpr ClassInfo info(data);
   return info;
 }
 

@@ -8,36 +8,39 @@ namespace levelwidgets {
 
 const ClassInfo& HostedControl::Table() {
   using H = HostedControl;
-  static const ClassInfo info =
-      Describe<H>("Placement", "What the container adds to a control.")
-          .ReadOnly("Name", &H::Name, "The control's name on its form, as the file gives it.")
-          .Property("Left", &H::Left, &H::SetLeft,
-                    {.defaults = Always(0.0f), .help = "Left edge on the form, twips."})
-          .Property("Top", &H::Top, &H::SetTop,
-                    {.defaults = Always(0.0f), .help = "Top edge on the form, twips."})
-          .Property("Width", &H::Width, &H::SetWidth,
-                    {.help = "Width, twips; the class's own where not given."})
-          .Property("Height", &H::Height, &H::SetHeight,
-                    {.help = "Height, twips; the class's own where not given."})
-          .Property("Visible", &H::Visible, &H::SetVisible,
-                    {.defaults = Always(true), .help = "Whether the control is shown."})
-          .Property("TabIndex", &H::TabIndex, &H::SetTabIndex,
-                    {.help = "Place in the order of the Tab key; that in the file where not given."})
-          .Property("TabStop", &H::TabStop, &H::SetTabStop,
-                    {.defaults = Always(true), .help = "Whether the Tab key stops here."})
-          .Property("Default", &H::Default, &H::SetDefault,
-                    {.defaults = Always(false), .help = "Whether Enter clicks it."})
-          .Property("Cancel", &H::Cancel, &H::SetCancel,
-                    {.defaults = Always(false), .help = "Whether Escape clicks it."})
-          .Property("Tag", &H::Tag, &H::SetTag, {.defaults = Always(""), .help = "Any text of the user's."})
-          .Property("ToolTipText", &H::ToolTipText, &H::SetToolTipText,
-                    {.defaults = Always(""), .help = "Text that explains the control."})
-          .Method("SetFocus", &H::SetFocus, {}, "Gives the control the keyboard focus.")
-          .Method("ZOrder", &H::ZOrder, {{"Position", Variant(0)}},
-                  "0 brings it to the front, 1 sends it to the back.")
-          .Persisted({"Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default", "Cancel",
-                      "Tag", "ToolTipText"})
-          .Build();
+  using Row = table::Row<H>;
+  static constexpr Literal kZOrderDefaults[] = {0};
+  static constexpr auto data = ClassTable(
+      ObjectClass("Placement", "What the container adds to a control."),
+      table::Properties(
+          Row::ReadOnly<&H::Name>(1, "Name", "The control's name on its form, as the file gives it."),
+          Row::Property<&H::Left, &H::SetLeft>(2, "Left", Always(0.0f), "Left edge on the form, twips."),
+          Row::Property<&H::Top, &H::SetTop>(3, "Top", Always(0.0f), "Top edge on the form, twips."),
+          Row::Property<&H::Width, &H::SetWidth>(4, "Width", kNoDefault,
+                                                 "Width, twips; the class's own where not given.",
+                                                 {.flags = MemberFlags::kExtent}),
+          Row::Property<&H::Height, &H::SetHeight>(5, "Height", kNoDefault,
+                                                   "Height, twips; the class's own where not given.",
+                                                   {.flags = MemberFlags::kExtent}),
+          Row::Property<&H::Visible, &H::SetVisible>(6, "Visible", Always(true),
+                                                     "Whether the control is shown."),
+          Row::Property<&H::TabIndex, &H::SetTabIndex>(
+              7, "TabIndex", kNoDefault,
+              "Place in the order of the Tab key; that in the file where not given."),
+          Row::Property<&H::TabStop, &H::SetTabStop>(8, "TabStop", Always(true),
+                                                     "Whether the Tab key stops here."),
+          Row::Property<&H::Default, &H::SetDefault>(9, "Default", Always(false), "Whether Enter clicks it."),
+          Row::Property<&H::Cancel, &H::SetCancel>(10, "Cancel", Always(false), "Whether Escape clicks it."),
+          Row::Property<&H::Tag, &H::SetTag>(11, "Tag", Always(""), "Any text of the user's."),
+          Row::Property<&H::ToolTipText, &H::SetToolTipText>(12, "ToolTipText", Always(""),
+                                                             "Text that explains the control.")),
+      table::Persisted("Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default",
+                       "Cancel", "Tag", "ToolTipText"),
+      table::Methods(
+          Row::Method<&H::SetFocus>(13, "SetFocus", "", "Gives the control the keyboard focus."),
+          Row::Method<&H::ZOrder>(14, "ZOrder", "Position",
+                                  "0 brings it to the front, 1 sends it to the back.", kZOrderDefaults)));
+  static constexpr ClassInfo info(data);
   return info;
 }
 
@@ -73,7 +76,7 @@ void HostedControl::Detach() {
   // Hidden and heard of no more at once; destroyed when the last of its own code has returned.
   const auto control = std::exchange(control_, nullptr);
   if (!control) return;
-  for (const EventInfo& event : control->Class().Events()) event.end_all(*control);
+  for (const EventInfo& event : control->Class().Events()) event.EndAll(*control);
   control->Detached();
 }
 

@@ -244,8 +244,8 @@ TEST_F(BadFormFile, NothingIsLeftOfAFormWithOneErrorInItsLastControl) {
   std::string text = "[form]\n";
   int number = 0;
   for (const ClassInfo* control : ControlClasses()) {
-    text +=
-        "[[control]]\nClass = \"" + control->Name() + "\"\nName = \"c" + std::to_string(++number) + "\"\n";
+    text += "[[control]]\nClass = \"" + std::string(control->Name()) + "\"\nName = \"c" +
+            std::to_string(++number) + "\"\n";
   }
   {
     const LoadedForm whole = LoadFormText(Tracer(), text, "f");

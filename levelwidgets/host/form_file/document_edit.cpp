@@ -38,21 +38,21 @@ std::vector<TextSpan> StatementsOf(const FormNode& node) {
   return statements;
 }
 
-const FontDescription* FontOf(const KeyChange& change) {
+const Font* FontOf(const KeyChange& change) {
   const FontRef* font = change.value ? std::get_if<FontRef>(&change.value->Get()) : nullptr;
-  return font && *font ? &(*font)->Description() : nullptr;
+  return font && *font ? font->get() : nullptr;
 }
 
 // The keys of a font's table that have to change for it to say `font`.
-std::vector<KeyChange> FontChanges(const FormNode& table, const FontDescription& font,
-                                   const FormDocument& document) {
+std::vector<KeyChange> FontChanges(const FormNode& table, const Font& font, const FormDocument& document) {
   std::vector<KeyChange> changes;
-  for (const FontField& field : FontFields()) {
-    const FormNode* node = table.Find(field.name);
-    const Variant now = field.get(font);
-    const std::optional<Variant> before = node ? ReadUntyped(*node, document) : field.get({});
-    if ((field.required && !node) || !before || !(*before == now)) {
-      changes.push_back({field.name, now, &field.type});
+  for (const PropertyInfo& part : Font::Table().Properties()) {
+    const FormNode* node = table.Find(part.name);
+    const Variant now = part.get(font);
+    const std::optional<Variant> before =
+        node ? ReadUntyped(*node, document) : part.defaults.when_read.Value();
+    if ((IsRequired(part) && !node) || !before || !(*before == now)) {
+      changes.push_back({part.name, now, part.type});
     }
   }
   return changes;
@@ -100,7 +100,7 @@ void FormTextEditor::ChangeLines(const FormNode& table, const std::string& prefi
   std::vector<std::string> added;
   for (const KeyChange& change : changes) {
     const FormNode* node = table.Find(change.key);
-    const FontDescription* font = FontOf(change);
+    const Font* font = FontOf(change);
     if (node && font && IsInLines(*node)) {
       const bool dotted = node->shape == Shape::kDotted;
       ChangeLines(*node, dotted ? prefix + node->key + "." : "", FontChanges(*node, *font, document_));
@@ -166,7 +166,7 @@ std::string FormTextEditor::Inline(const FormNode& table, const std::vector<KeyC
 }
 
 std::string FormTextEditor::InlineEntry(const FormNode& entry, const KeyChange* change) const {
-  const FontDescription* font = change ? FontOf(*change) : nullptr;
+  const Font* font = change ? FontOf(*change) : nullptr;
   if (change && !(font && entry.IsTable())) return KeyAndValue(*change);
   const std::string key(document_.TextOf(entry.key_span));
   if (font) return key + " = " + Inline(entry, FontChanges(entry, *font, document_));

@@ -12,8 +12,8 @@ namespace levelwidgets {
 // What becomes of one key of a table.
 struct KeyChange {
   std::string_view key;
-  std::optional<Variant> value;    // nothing: the key goes
-  const TypeName* type = nullptr;  // null when unknown
+  std::optional<Variant> value;  // nothing: the key goes
+  MemberType type;               // of no kind when unknown
 };
 
 // Collects changes, all of them stated in places of the original, and applies them at once.

@@ -245,15 +245,17 @@ TEST_F(FormFile, AnyDamageIsEitherLoadedOrTold) {
 class EvenControl : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<EvenControl>("EvenControl", "Even numbers.")
-                                      .Property("First", &EvenControl::First, &EvenControl::SetFirst,
-                                                {.defaults = Always(std::int32_t{0})})
-                                      .Property("Second", &EvenControl::First, &EvenControl::SetFirst,
-                                                {.defaults = Always(std::int32_t{0})})
-                                      .Property("Third", &EvenControl::First, &EvenControl::SetFirst,
-                                                {.defaults = Always(std::int32_t{0})})
-                                      .Persisted({"First", "Second", "Third"})
-                                      .Build();
+    using Row = table::Row<EvenControl>;
+    static constexpr auto data =
+        ClassTable(ControlClass<EvenControl>("EvenControl", "Even numbers."),
+                   table::Properties(Row::Property<&EvenControl::First, &EvenControl::SetFirst>(
+                                         1, "First", Always(std::int32_t{0}), ""),
+                                     Row::Property<&EvenControl::First, &EvenControl::SetFirst>(
+                                         2, "Second", Always(std::int32_t{0}), ""),
+                                     Row::Property<&EvenControl::First, &EvenControl::SetFirst>(
+                                         3, "Third", Always(std::int32_t{0}), "")),
+                   table::Persisted("First", "Second", "Third"));
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit EvenControl(std::shared_ptr<ControlSite> site)

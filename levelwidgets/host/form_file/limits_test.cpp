@@ -60,7 +60,7 @@ class FormLimits : public testing::DesktopTest {
 };
 
 std::string FormOf(const ClassInfo& control, const std::string& placement, const std::string& properties) {
-  return "[form]\n[[control]]\nClass = \"" + control.Name() + "\"\nName = \"a\"\n" + placement +
+  return "[form]\n[[control]]\nClass = \"" + std::string(control.Name()) + "\"\nName = \"a\"\n" + placement +
          "[control.Properties]\n" + properties;
 }
 
@@ -68,10 +68,10 @@ TEST_F(FormLimits, EveryTextMayHaveAMegabyte) {
   for (const ClassInfo* control : ControlClasses()) {
     for (const PropertyInfo* property : control->Persisted()) {
       if (property->stored_as != VariantType::kString || property->name == "PasswordChar") continue;
-      const std::string name = property->name + (property->Indexed() ? "1" : "");
+      const std::string name = std::string(property->name) + (property->Indexed() ? "1" : "");
       for (const std::string& text : LongTexts()) {
         const std::string value = name + " = \"" + text + "\"\n";
-        const std::string what = control->Name() + "." + name + " " + text.substr(0, 10);
+        const std::string what = std::string(control->Name()) + "." + name + " " + text.substr(0, 10);
         Try(FormOf(*control, "", value), what);
         if (control->FindProperty("MultiLine")) {
           Try(FormOf(*control, "", "MultiLine = true\n" + value), what);
@@ -85,9 +85,10 @@ TEST_F(FormLimits, TextsOfAmpersandsOnlyAreDrawnAndKept) {
   for (const ClassInfo* control : ControlClasses()) {
     for (const PropertyInfo* property : control->Persisted()) {
       if (property->stored_as != VariantType::kString || property->name == "PasswordChar") continue;
-      const std::string name = property->name + (property->Indexed() ? "1" : "");
+      const std::string name = std::string(property->name) + (property->Indexed() ? "1" : "");
       for (const char* text : {"&", "&&", "&&&", "&&&&&&&&&&&&&&&&", "a&", "& &", "&\xC3\xA4", "&\\n&"}) {
-        Try(FormOf(*control, "", name + " = \"" + text + "\"\n"), control->Name() + "." + name + text);
+        Try(FormOf(*control, "", name + " = \"" + text + "\"\n"),
+            std::string(control->Name()) + "." + name + text);
       }
     }
   }
@@ -98,7 +99,7 @@ TEST_F(FormLimits, ControlsMayBeAsSmallAndAsLargeAsTheyLike) {
     for (const std::string width : {"0", "15", "32767", "5e8"}) {
       for (const std::string height : {"0", "32767"}) {
         Try(FormOf(*control, "Width = " + width + "\nHeight = " + height + "\n", ""),
-            control->Name() + " " + width + " by " + height);
+            std::string(control->Name()) + " " + width + " by " + height);
       }
     }
   }
@@ -117,12 +118,12 @@ TEST_F(FormLimits, FontsMayBeOfAnySizeAndName) {
     if (!control->FindProperty("Font")) continue;
     for (const std::string size : {"0.001", "1", "1000", "32767", "1e6", "1e15", "1e300"}) {
       Try(FormOf(*control, "", "Font = { Name = \"Tahoma\", Size = " + size + " }\n"),
-          control->Name() + " of font size " + size);
+          std::string(control->Name()) + " of font size " + size);
     }
     for (const std::string& name :
          {std::string(), std::string("No such font"), std::string("\xC3\xA4"), std::string(1'000'000, 'n')}) {
       Try(FormOf(*control, "", "Font = { Name = \"" + name + "\", Size = 9 }\n"),
-          control->Name() + " of font " + name.substr(0, 20));
+          std::string(control->Name()) + " of font " + name.substr(0, 20));
     }
   }
 }

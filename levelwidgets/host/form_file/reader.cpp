@@ -69,11 +69,11 @@ bool FormReader::CheckRoot(const FormNode& root) {
 void FormReader::CheckLength(const FormNode& node, const PropertyInfo& key, std::optional<Variant>& value) {
   if (!value || key.type.type != VariantType::kSingle) return;
   const float length = ToSingle(*value);
-  if (length < 0 && IsExtent(key)) {
-    report_.Error(node.span.begin, key.name + " cannot be negative; " + Quoted(node) + " is");
+  if (length < 0 && Has(key.flags, MemberFlags::kExtent)) {
+    report_.Error(node.span.begin, std::string(key.name) + " cannot be negative; " + Quoted(node) + " is");
   } else if (std::fabs(length) > kMostTwips.value) {
     report_.Error(node.span.begin,
-                  key.name + " is at most 1000000000 twips; " + Quoted(node) + " is too far");
+                  std::string(key.name) + " is at most 1000000000 twips; " + Quoted(node) + " is too far");
   } else {
     return;
   }
@@ -130,7 +130,7 @@ void FormReader::ReadForm(const FormNode& table) {
   }
   form_ = Form::Create(platform_, options);
   for (std::size_t i = 0; i < values.size(); ++i) {
-    const std::string& name = FormKeys()[i]->name;
+    const std::string_view name = FormKeys()[i]->name;
     if (values[i].second && name != "Width" && name != "Height")
       FormKeys()[i]->set(*form_, *values[i].second);
   }

@@ -16,6 +16,17 @@ Twips* LengthOf(Placement& place, std::string_view name) {
   return nullptr;
 }
 
+// How many values of the stored property, or items of the collection, there are.
+std::int32_t CountOf(const PersistedKey& stored, const Control& control) {
+  if (!stored.field) return stored.property->count(control);
+  const Variant collection = stored.property->get(control);
+  return stored.property->type.object_class().SavedItems()->count(*std::get<ObjectRef>(collection.Get()));
+}
+
+std::string NameOfMany(const PersistedKey& stored) {
+  return (stored.field ? "items in " : "values of ") + std::string(stored.property->name);
+}
+
 }  // namespace
 
 // --- Controls ----------------------------------------------------------------------------------------
@@ -84,10 +95,10 @@ PropertyBag FormReader::ReadProperties(const FormNode* node, const ClassInfo& co
   PropertyBag bag;
   if (!node) return bag;
   for (const FormNode& child : node->children) {
-    const PropertyInfo* property = FindStored(control_class, child.key);
+    const PersistedKey stored = control_class.FindPersisted(child.key);
     // What no table names is handed to the control, which may know it all the same.
-    const auto value = property ? ReadValue(child, child.key, TypeOf(*property), report_)
-                                : ReadUntyped(child, report_.Document());
+    const auto value = stored.property ? ReadValue(child, child.key, {stored.type, stored.stored_as}, report_)
+                                       : ReadUntyped(child, report_.Document());
     if (value) bag.WriteProperty(child.key, *value, {});
   }
   return bag;
@@ -103,7 +114,7 @@ HostedControl* FormReader::Add(const ClassInfo& control_class, const std::string
     } catch (const PropertyRefused& refused) {
       if (!ReportRefused(refused, control_class, table, bag)) return nullptr;
     } catch (const Error& error) {
-      report_.Error(table.span.begin, control_class.Name() + ": " + error.Description());
+      report_.Error(table.span.begin, std::string(control_class.Name()) + ": " + error.Description());
       return nullptr;
     }
   }
@@ -116,12 +127,12 @@ bool FormReader::ReportRefused(const PropertyRefused& refused, const ClassInfo& 
   const std::string because = ": " + refused.Description();
   if (!node || !bag.Find(refused.Property())) {
     // It took its default for what the file does not give, or gives wrongly.
-    report_.Error(table.span.begin,
-                  control_class.Name() + " needs another " + refused.Property() + " here" + because);
+    report_.Error(table.span.begin, std::string(control_class.Name()) + " needs another " +
+                                        refused.Property() + " here" + because);
     return false;
   }
-  report_.Error(node->span.begin, control_class.Name() + " refuses " + Quoted(*node) + " as its " +
-                                      refused.Property() + because);
+  report_.Error(node->span.begin, std::string(control_class.Name()) + " refuses " + Quoted(*node) +
+                                      " as its " + refused.Property() + because);
   PropertyBag rest;
   for (const auto& [name, value] : bag.Entries()) {
     if (name != refused.Property()) rest.WriteProperty(name, value, {});
@@ -154,20 +165,22 @@ void FormReader::WarnOfUnknownProperties(const FormNode& node, const HostedContr
   std::optional<PropertyBag> saved;
   for (const FormNode& child : node.children) {
     if (const PersistedKey stored = control_class.FindPersisted(child.key); stored.property) {
-      const std::int32_t count = stored.index == 0 ? 0 : stored.property->count(*control.GetControl());
+      const std::int32_t count = stored.index == 0 ? 0 : CountOf(stored, *control.GetControl());
       if (stored.index > count) {
         report_.Warning(child.key_span.begin, child.key + " is not loaded: there are " +
-                                                  std::to_string(count) + " values of " +
-                                                  stored.property->name);
+                                                  std::to_string(count) + " " + NameOfMany(stored));
       }
       continue;
     }
     if (!saved) saved = control.Properties();
     if (saved->Find(child.key)) continue;  // one of those that a control numbers itself
     std::vector<std::string_view> names;
-    for (const PropertyInfo* property : control_class.Persisted()) names.push_back(property->name);
-    report_.Warning(child.key_span.begin, control_class.Name() + " has no property \"" + child.key +
-                                              "\" to load" + Suggestion(child.key, names));
+    for (const PropertyInfo* property : control_class.Persisted()) {
+      names.push_back(property->is_collection ? property->type.object_class().SavedItems()->count_key
+                                              : property->name);
+    }
+    report_.Warning(child.key_span.begin, std::string(control_class.Name()) + " has no property \"" +
+                                              child.key + "\" to load" + Suggestion(child.key, names));
   }
 }
 

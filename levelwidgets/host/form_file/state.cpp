@@ -48,8 +48,6 @@ const std::vector<const PropertyInfo*>& PlacementKeys() {
   return keys;
 }
 
-bool IsExtent(const PropertyInfo& key) { return key.name == "Width" || key.name == "Height"; }
-
 FormState StateOf(const Form& form) {
   FormState state{form.Name(), ValuesOf(form, FormKeys()), {}};
   state.controls.reserve(form.Controls().size());
@@ -60,17 +58,13 @@ FormState StateOf(const Form& form) {
   return state;
 }
 
-Variant FormDefault(const PropertyInfo& key) { return key.defaults.when_read.value; }
+Variant FormDefault(const PropertyInfo& key) { return key.defaults.when_read.Value(); }
 
 Variant PlacementDefault(const PropertyInfo& key, const ClassInfo& control_class, std::size_t position) {
   if (key.name == "Width") return control_class.DefaultSize().width;
   if (key.name == "Height") return control_class.DefaultSize().height;
   if (key.name == "TabIndex") return static_cast<std::int32_t>(position);
-  return key.defaults.when_read.value;
-}
-
-const PropertyInfo* FindStored(const ClassInfo& control_class, std::string_view name) {
-  return control_class.FindPersisted(name).property;
+  return key.defaults.when_read.Value();
 }
 
 }  // namespace levelwidgets

@@ -29,16 +29,9 @@ FormState StateOf(const Form& form);
 const std::vector<const PropertyInfo*>& FormKeys();
 const std::vector<const PropertyInfo*>& PlacementKeys();
 
-// Whether `key` is a size, which cannot be negative.
-bool IsExtent(const PropertyInfo& key);
-
 // What a form, or the control of `control_class` that is added as number `position` (from 0), has where its
 // file does not give `key`.
 Variant FormDefault(const PropertyInfo& key);
 Variant PlacementDefault(const PropertyInfo& key, const ClassInfo& control_class, std::size_t position);
-
-// The property that a control of `control_class` saves under `name` ("TabCaption2" is one of an indexed
-// property's values); null when there is none.
-const PropertyInfo* FindStored(const ClassInfo& control_class, std::string_view name);
 
 }  // namespace levelwidgets

@@ -12,11 +12,6 @@ namespace {
 
 // --- New text --------------------------------------------------------------------------------------------
 
-const TypeName* StoredTypeOf(const ClassInfo& control_class, std::string_view name) {
-  const PropertyInfo* property = FindStored(control_class, name);
-  return property ? &property->type : nullptr;
-}
-
 std::string Line(std::string_view key, const std::string& value) {
   return std::string(key) + " = " + value + "\n";
 }
@@ -33,7 +28,7 @@ std::string PropertiesText(const std::vector<KeyChange>& properties) {
 std::vector<KeyChange> AllProperties(const ControlState& control) {
   std::vector<KeyChange> properties;
   for (const auto& [name, value] : control.properties.Entries()) {
-    properties.push_back({name, value, StoredTypeOf(*control.control_class, name)});
+    properties.push_back({name, value, control.control_class->FindPersisted(name).type});
   }
   return properties;
 }
@@ -45,7 +40,7 @@ std::string ControlText(const ControlState& control, std::size_t position) {
   for (std::size_t i = 0; i < PlacementKeys().size(); ++i) {
     const PropertyInfo& key = *PlacementKeys()[i];
     if (control.placement[i] == PlacementDefault(key, *control.control_class, position)) continue;
-    text += Line(key.name, WriteValue(control.placement[i], &key.type));
+    text += Line(key.name, WriteValue(control.placement[i], key.type));
   }
   if (!control.properties.Entries().empty())
     text += Line("Properties", PropertiesText(AllProperties(control)));
@@ -56,12 +51,11 @@ std::string ControlText(const ControlState& control, std::size_t position) {
 
 std::vector<KeyChange> FormChanges(const FormDocument& original, const FormState& now) {
   std::vector<KeyChange> changes;
-  static const TypeName string{VariantType::kString, "String"};
-  if (now.name != original.Loaded().name) changes.push_back({"Name", now.name, &string});
+  if (now.name != original.Loaded().name) changes.push_back({"Name", now.name, MemberTypeOf<std::string>()});
   for (std::size_t i = 0; i < FormKeys().size(); ++i) {
     const PropertyInfo& key = *FormKeys()[i];
     if (!(now.values[i] == original.Loaded().values[i]))
-      changes.push_back({key.name, now.values[i], &key.type});
+      changes.push_back({key.name, now.values[i], key.type});
   }
   return changes;
 }
@@ -74,7 +68,7 @@ std::vector<KeyChange> PlacementChanges(const FormNode& table, const ControlStat
     const PropertyInfo& key = *PlacementKeys()[i];
     const Variant as_loaded =
         table.Find(key.name) ? before.placement[i] : PlacementDefault(key, *now.control_class, position);
-    if (!(now.placement[i] == as_loaded)) changes.push_back({key.name, now.placement[i], &key.type});
+    if (!(now.placement[i] == as_loaded)) changes.push_back({key.name, now.placement[i], key.type});
   }
   return changes;
 }
@@ -83,7 +77,8 @@ std::vector<KeyChange> PropertyChanges(const ControlState& before, const Control
   std::vector<KeyChange> changes;
   for (const auto& [name, value] : now.properties.Entries()) {
     const Variant* old = before.properties.Find(name);
-    if (!old || !(*old == value)) changes.push_back({name, value, StoredTypeOf(*now.control_class, name)});
+    if (!old || !(*old == value))
+      changes.push_back({name, value, now.control_class->FindPersisted(name).type});
   }
   for (const auto& [name, value] : before.properties.Entries()) {
     if (!now.properties.Find(name)) changes.push_back({name, std::nullopt});
@@ -143,7 +138,7 @@ std::string NewFormText(const FormState& form) {
   std::string text = "[form]\n" + Line("Name", WriteString(form.name));
   for (std::size_t i = 0; i < FormKeys().size(); ++i) {
     const PropertyInfo& key = *FormKeys()[i];
-    if (!(form.values[i] == FormDefault(key))) text += Line(key.name, WriteValue(form.values[i], &key.type));
+    if (!(form.values[i] == FormDefault(key))) text += Line(key.name, WriteValue(form.values[i], key.type));
   }
   for (std::size_t i = 0; i < form.controls.size(); ++i) text += "\n" + ControlText(form.controls[i], i);
   return text;

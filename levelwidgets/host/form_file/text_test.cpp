@@ -58,9 +58,9 @@ TEST_F(FormTextTest, ANewTextHasWhatDiffersFromTheDefaults) {
 TEST_F(FormTextTest, ANewTextLoadsAsTheSameForm) {
   const auto form = Form::Create(Tracer(), {});
   for (const ClassInfo* control_class : ControlClasses()) {
-    form->Add(*control_class, control_class->Name() + "New");
+    form->Add(*control_class, std::string(control_class->Name()) + "New");
     const PropertyBag empty;
-    form->Add(*control_class, control_class->Name() + "Loaded", &empty).SetTag("line\nbreak");
+    form->Add(*control_class, std::string(control_class->Name()) + "Loaded", &empty).SetTag("line\nbreak");
   }
   Form& again = Load(FormText(*form));
   EXPECT_TRUE(loaded_.diagnostics.empty());

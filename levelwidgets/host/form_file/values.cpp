@@ -14,11 +14,11 @@ namespace {
 using Kind = FormNode::Kind;
 using Value = std::optional<Variant>;
 
-bool IsColor(const ValueType& type) { return type.shown.name == "Color"; }
+bool IsColor(const ValueType& type) { return type.shown.kind == TypeKind::kColor; }
 
 std::string ItemNames(const EnumerationInfo& enumeration) {
   std::string names;
-  for (const EnumerationItem& item : enumeration.items) names += item.name + ", ";
+  for (const EnumerationItem& item : enumeration.items) names += std::string(item.name) + ", ";
   return names;
 }
 
@@ -138,32 +138,31 @@ class Reader {
   }
 
   Value Font() {
-    FontDescription font;
+    const FontRef font = MakeFont();
     bool complete = true;
-    std::vector<std::string_view> names;
-    for (const FontField& field : FontFields()) {
-      complete &= ReadField(field, font);
-      names.push_back(field.name);
+    const std::vector<std::string_view> names = levelwidgets::Font::Table().MemberNames();
+    for (const PropertyInfo& part : levelwidgets::Font::Table().Properties()) {
+      complete &= ReadFontPart(part, *font);
     }
     for (const FormNode& child : node_.children) {
       if (std::ranges::find(names, child.key) != names.end()) continue;
       report_.Warning(child.key_span.begin,
                       "a font has no key \"" + child.key + "\"" + Suggestion(child.key, names));
     }
-    return complete ? Value(MakeFont(font)) : std::nullopt;
+    return complete ? Value(font) : std::nullopt;
   }
 
-  bool ReadField(const FontField& field, FontDescription& font) {
-    const FormNode* child = node_.Find(field.name);
-    const std::string label = std::string(label_) + "." + std::string(field.name);
+  bool ReadFontPart(const PropertyInfo& part, levelwidgets::Font& font) {
+    const FormNode* child = node_.Find(part.name);
+    const std::string label = std::string(label_) + "." + std::string(part.name);
     if (!child) {
-      if (field.required) report_.Error(node_.span.begin, label + " is missing");
-      return !field.required;
+      if (IsRequired(part)) report_.Error(node_.span.begin, label + " is missing");
+      return !IsRequired(part);
     }
-    const Value value = ReadValue(*child, label, {field.type, field.type.type}, report_);
+    const Value value = ReadValue(*child, label, TypeOf(part), report_);
     if (!value) return false;
     try {
-      field.set(font, *value);
+      part.set(font, *value);
       return true;
     } catch (const Error&) {  // only a size can be refused
       report_.Error(child->span.begin, label + " is more than 0; " + Quoted(*child, report_) + " is not");
@@ -190,9 +189,8 @@ class Reader {
   }
 
   Value AnyFont() {
-    static const TypeName font{VariantType::kFont, "Font"};
     if (!node_.Find("Name") && !node_.Find("Size")) return Wrong();
-    return Reader(node_, label_, {font, VariantType::kFont}, report_).Read();
+    return Reader(node_, label_, {MemberTypeOf<FontRef>(), VariantType::kFont}, report_).Read();
   }
 
   const FormNode& node_;
@@ -209,14 +207,12 @@ std::optional<Variant> ReadValue(const FormNode& node, std::string_view label, c
 }
 
 std::optional<Variant> ReadUntyped(const FormNode& node, const FormDocument& document) {
-  static const TypeName any{VariantType::kEmpty, "Variant"};
   FormReport unheard(document, "");
-  return Reader(node, "", {any, VariantType::kEmpty}, unheard).Read();
+  return Reader(node, "", {MemberTypeOf<Variant>(), VariantType::kEmpty}, unheard).Read();
 }
 
 std::optional<std::string> ReadString(const FormNode& node, std::string_view label, FormReport& report) {
-  static const TypeName string{VariantType::kString, "String"};
-  const auto value = ReadValue(node, label, {string, VariantType::kString}, report);
+  const auto value = ReadValue(node, label, {MemberTypeOf<std::string>(), VariantType::kString}, report);
   return value ? std::optional(ToText(*value)) : std::nullopt;
 }
 

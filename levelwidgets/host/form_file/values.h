@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,7 +13,7 @@ class FormReport;
 
 // What one key of a form file takes.
 struct ValueType {
-  const TypeName& shown;  // a colour and an enumeration are told from numbers by it
+  MemberType shown;
   VariantType stored_as;
 };
 
@@ -29,20 +28,15 @@ std::optional<Variant> ReadUntyped(const FormNode& node, const FormDocument& doc
 // A string by itself, as Class, Name and Script are.
 std::optional<std::string> ReadString(const FormNode& node, std::string_view label, FormReport& report);
 
-// The value as TOML; `type` is null for a value of unknown type. Raises 13 for what no file can hold
+// The value as TOML; `type` is of no kind for a value of unknown type. Raises 13 for what no file can hold
 // (objects, empty), 6 for a date outside the years 1 to 9999.
-std::string WriteValue(const Variant& value, const TypeName* type);
+std::string WriteValue(const Variant& value, const MemberType& type);
 // A TOML string. Bytes that are not UTF-8 become the replacement character.
 std::string WriteString(std::string_view text);
 
-// The parts of a font by name, in the order written. `set` raises 380 for a size that is not more than 0.
-struct FontField {
-  std::string_view name;
-  TypeName type;
-  bool required;
-  Variant (*get)(const FontDescription&);
-  void (*set)(FontDescription&, const Variant&);
-};
-std::span<const FontField> FontFields();
+// Whether a font cannot be written without the part of it.
+inline bool IsRequired(const PropertyInfo& font_part) {
+  return font_part.defaults.when_read.kind == DefaultValue::Kind::kNone;
+}
 
 }  // namespace levelwidgets

@@ -11,24 +11,24 @@
 namespace levelwidgets {
 namespace {
 
-const TypeName kBoolean{VariantType::kBoolean, "Boolean"};
-const TypeName kInteger{VariantType::kInt16, "Integer"};
-const TypeName kLong{VariantType::kInt32, "Long"};
-const TypeName kColor{VariantType::kInt32, "Color"};
-const TypeName kSingle{VariantType::kSingle, "Single"};
-const TypeName kDouble{VariantType::kDouble, "Double"};
-const TypeName kDate{VariantType::kDate, "Date"};
-const TypeName kString{VariantType::kString, "String"};
-const TypeName kFont{VariantType::kFont, "Font"};
-const TypeName kAny{VariantType::kEmpty, "Variant"};
-const TypeName kAlignment = table::NameOfType<ksxAlignmentConstants>();
+constexpr MemberType kBoolean = MemberTypeOf<bool>();
+constexpr MemberType kInteger = MemberTypeOf<std::int16_t>();
+constexpr MemberType kLong = MemberTypeOf<std::int32_t>();
+constexpr MemberType kColor = MemberTypeOf<Color>();
+constexpr MemberType kSingle = MemberTypeOf<float>();
+constexpr MemberType kDouble = MemberTypeOf<double>();
+constexpr MemberType kDate = MemberTypeOf<Date>();
+constexpr MemberType kString = MemberTypeOf<std::string>();
+constexpr MemberType kFont = MemberTypeOf<FontRef>();
+constexpr MemberType kAny = MemberTypeOf<Variant>();
+constexpr MemberType kAlignment = MemberTypeOf<ksxAlignmentConstants>();
 
 struct Outcome {
   std::optional<Variant> value;
   std::string complaints;  // separated by "|"
 };
 
-Outcome Read(const std::string& toml, const TypeName& type) {
+Outcome Read(const std::string& toml, const MemberType& type) {
   const std::string text = "X = " + toml;
   auto parsed = ParseFormNodes(text);
   if (const auto* error = std::get_if<FormSyntaxError>(&parsed)) return {std::nullopt, error->message};
@@ -41,7 +41,7 @@ Outcome Read(const std::string& toml, const TypeName& type) {
   return outcome;
 }
 
-void ExpectValue(const std::string& toml, const TypeName& type, const Variant& expected) {
+void ExpectValue(const std::string& toml, const MemberType& type, const Variant& expected) {
   const Outcome outcome = Read(toml, type);
   EXPECT_EQ(outcome.complaints, "") << toml;
   ASSERT_TRUE(outcome.value) << toml;
@@ -49,7 +49,7 @@ void ExpectValue(const std::string& toml, const TypeName& type, const Variant& e
   EXPECT_EQ(*outcome.value, expected) << toml << " is read as " << Describe(*outcome.value);
 }
 
-void ExpectComplaint(const std::string& toml, const TypeName& type, const std::string& complaint) {
+void ExpectComplaint(const std::string& toml, const MemberType& type, const std::string& complaint) {
   const Outcome outcome = Read(toml, type);
   EXPECT_FALSE(outcome.value) << toml;
   EXPECT_EQ(outcome.complaints, complaint) << toml;
@@ -143,20 +143,20 @@ TEST(FormValues, FontsNeedANameAndASize) {
 }
 
 TEST(FormValues, AreWrittenInTheStyleOfTheirType) {
-  EXPECT_EQ(WriteValue(true, &kBoolean), "true");
-  EXPECT_EQ(WriteValue(std::int16_t{-5}, &kInteger), "-5");
-  EXPECT_EQ(WriteValue(Color(0x80000012u), &kColor), "0x80000012");
-  EXPECT_EQ(WriteValue(Color(0x00d9e5e9u), &kColor), "0x00D9E5E9");
-  EXPECT_EQ(WriteValue(std::int32_t{2}, &kAlignment), "2");
-  EXPECT_EQ(WriteValue(1200.0f, &kSingle), "1200");
-  EXPECT_EQ(WriteValue(0.1f, &kSingle), "0.1");
-  EXPECT_EQ(WriteValue(5.0, nullptr), "5.0");
-  EXPECT_EQ(WriteValue(Null{}, nullptr), "{ Null = true }");
-  EXPECT_EQ(WriteValue(Date{45443}, &kDate), "2024-05-31");
-  EXPECT_EQ(WriteValue(Date{45427.4375}, &kDate), "2024-05-15T10:30:00");
-  EXPECT_EQ(WriteValue(MakeFont({.name = "Arial", .size = 9, .italic = true, .charset = 238}), &kFont),
+  EXPECT_EQ(WriteValue(true, kBoolean), "true");
+  EXPECT_EQ(WriteValue(std::int16_t{-5}, kInteger), "-5");
+  EXPECT_EQ(WriteValue(Color(0x80000012u), kColor), "0x80000012");
+  EXPECT_EQ(WriteValue(Color(0x00d9e5e9u), kColor), "0x00D9E5E9");
+  EXPECT_EQ(WriteValue(std::int32_t{2}, kAlignment), "2");
+  EXPECT_EQ(WriteValue(1200.0f, kSingle), "1200");
+  EXPECT_EQ(WriteValue(0.1f, kSingle), "0.1");
+  EXPECT_EQ(WriteValue(5.0, {}), "5.0");
+  EXPECT_EQ(WriteValue(Null{}, {}), "{ Null = true }");
+  EXPECT_EQ(WriteValue(Date{45443}, kDate), "2024-05-31");
+  EXPECT_EQ(WriteValue(Date{45427.4375}, kDate), "2024-05-15T10:30:00");
+  EXPECT_EQ(WriteValue(MakeFont({.name = "Arial", .size = 9, .italic = true, .charset = 238}), kFont),
             "{ Name = \"Arial\", Size = 9, Italic = true, Charset = 238 }");
-  EXPECT_EQ(WriteValue("a\"\\\t\r\n\x01\x7F\xC3\xA4", &kString),
+  EXPECT_EQ(WriteValue("a\"\\\t\r\n\x01\x7F\xC3\xA4", kString),
             "\"a\\\"\\\\\\t\\r\\n\\u0001\\u007F\xC3\xA4\"");
 }
 
@@ -165,37 +165,37 @@ TEST(FormValues, BytesThatAreNoUtf8BecomeReplacementCharacters) {
 }
 
 TEST(FormValues, WhatNoFileCanHoldIsRefused) {
-  EXPECT_THROW(WriteValue(Variant(), nullptr), Error);
-  EXPECT_THROW(WriteValue(Date{1e9}, &kDate), Error);
-  EXPECT_THROW(WriteValue(Date{std::numeric_limits<double>::quiet_NaN()}, &kDate), Error);
+  EXPECT_THROW(WriteValue(Variant(), {}), Error);
+  EXPECT_THROW(WriteValue(Date{1e9}, kDate), Error);
+  EXPECT_THROW(WriteValue(Date{std::numeric_limits<double>::quiet_NaN()}, kDate), Error);
 }
 
 TEST(FormValues, ComeBackAsTheyWereSaved) {
-  const std::pair<Variant, const TypeName*> values[] = {
-      {false, &kBoolean},
-      {std::int16_t{32767}, &kInteger},
-      {std::numeric_limits<std::int32_t>::min(), &kLong},
-      {std::int32_t{-1}, &kColor},
-      {0.1f, &kSingle},
-      {-std::numeric_limits<float>::max(), &kSingle},
-      {std::numeric_limits<float>::denorm_min(), &kSingle},
-      {1e300, &kDouble},
-      {0.1 + 0.2, &kDouble},
-      {-0.0, &kDouble},
-      {"", &kString},
-      {"line\r\nline\t\"quoted\" \\ \xF0\x9F\x98\x80\x7F", &kString},
-      {Date{0}, &kDate},
-      {Date{0.5}, &kDate},
-      {Date{-1.25}, &kDate},
-      {Date{45427.43751234567}, &kDate},
-      {Date{45427.999999999}, &kDate},
-      {Date{-693593}, &kDate},
-      {Date{2958465}, &kDate},
-      {MakeFont({.name = "A \"B\"", .size = 8.25, .underline = true, .strikethrough = true}), &kFont},
+  const std::pair<Variant, MemberType> values[] = {
+      {false, kBoolean},
+      {std::int16_t{32767}, kInteger},
+      {std::numeric_limits<std::int32_t>::min(), kLong},
+      {std::int32_t{-1}, kColor},
+      {0.1f, kSingle},
+      {-std::numeric_limits<float>::max(), kSingle},
+      {std::numeric_limits<float>::denorm_min(), kSingle},
+      {1e300, kDouble},
+      {0.1 + 0.2, kDouble},
+      {-0.0, kDouble},
+      {"", kString},
+      {"line\r\nline\t\"quoted\" \\ \xF0\x9F\x98\x80\x7F", kString},
+      {Date{0}, kDate},
+      {Date{0.5}, kDate},
+      {Date{-1.25}, kDate},
+      {Date{45427.43751234567}, kDate},
+      {Date{45427.999999999}, kDate},
+      {Date{-693593}, kDate},
+      {Date{2958465}, kDate},
+      {MakeFont({.name = "A \"B\"", .size = 8.25, .underline = true, .strikethrough = true}), kFont},
   };
-  for (const auto& [value, type] : values) ExpectValue(WriteValue(value, type), *type, value);
+  for (const auto& [value, type] : values) ExpectValue(WriteValue(value, type), type, value);
   for (const Variant& value : {Variant(Null{}), Variant(2.0), Variant(0.1f), Variant("x"), Variant(true)}) {
-    const Outcome outcome = Read(WriteValue(value, nullptr), kAny);
+    const Outcome outcome = Read(WriteValue(value, {}), kAny);
     ASSERT_TRUE(outcome.value);
     EXPECT_EQ(*outcome.value, value) << Describe(value);
   }

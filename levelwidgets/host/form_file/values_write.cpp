@@ -36,12 +36,12 @@ std::string WriteColor(std::int32_t color) {
   return text;
 }
 
-std::string WriteFont(const FontDescription& font) {
+std::string WriteFont(const Font& font) {
   std::string text;
-  for (const FontField& field : FontFields()) {
-    const Variant value = field.get(font);
-    if (!field.required && value == field.get({})) continue;
-    text += (text.empty() ? "" : ", ") + std::string(field.name) + " = " + WriteValue(value, &field.type);
+  for (const PropertyInfo& part : Font::Table().Properties()) {
+    const Variant value = part.get(font);
+    if (!IsRequired(part) && value == part.defaults.when_written.Value()) continue;
+    text += (text.empty() ? "" : ", ") + std::string(part.name) + " = " + WriteValue(value, part.type);
   }
   return "{ " + text + " }";
 }
@@ -80,20 +80,21 @@ std::string WriteString(std::string_view text) {
   return written + "\"";
 }
 
-std::string WriteValue(const Variant& value, const TypeName* type) {
+std::string WriteValue(const Variant& value, const MemberType& type) {
+  const bool known = type.kind != TypeKind::kNone;
   switch (value.Type()) {
     case VariantType::kNull: return "{ Null = true }";
     case VariantType::kBoolean: return ToBoolean(value) ? "true" : "false";
     case VariantType::kInt16: return std::to_string(ToInt16(value));
     case VariantType::kInt32:
-      return type && type->name == "Color" ? WriteColor(ToInt32(value)) : std::to_string(ToInt32(value));
+      return type.kind == TypeKind::kColor ? WriteColor(ToInt32(value)) : std::to_string(ToInt32(value));
     case VariantType::kSingle:
       // Of unknown type it is read back as a double, so it is written as that.
-      return type ? WriteFloat(ToSingle(value), true) : WriteFloat(ToDouble(value), false);
-    case VariantType::kDouble: return WriteFloat(ToDouble(value), type != nullptr);
+      return known ? WriteFloat(ToSingle(value), true) : WriteFloat(ToDouble(value), false);
+    case VariantType::kDouble: return WriteFloat(ToDouble(value), known);
     case VariantType::kDate: return WriteDate(ToDate(value));
     case VariantType::kString: return WriteString(ToText(value));
-    case VariantType::kFont: return WriteFont(ToFont(value)->Description());
+    case VariantType::kFont: return WriteFont(*ToFont(value));
     default: throw Error(kTypeMismatch);
   }
 }

@@ -42,10 +42,10 @@ std::string Number(double value) {
                                                                               : text;
 }
 
-std::string FontToLua(const FontDescription& font) {
+std::string FontToLua(const Font& font) {
   std::string text;
-  for (const FontField& field : FontFields()) {
-    text += (text.empty() ? "" : ", ") + std::string(field.name) + " = " + ToLua(field.get(font));
+  for (const PropertyInfo& part : Font::Table().Properties()) {
+    text += (text.empty() ? "" : ", ") + std::string(part.name) + " = " + ToLua(part.get(font));
   }
   return "lw.font{ " + text + " }";
 }
@@ -126,7 +126,7 @@ std::string ToLua(const Variant& value) {
     case VariantType::kDouble:
     case VariantType::kDate: return Number(ToDouble(value));
     case VariantType::kString: return Quoted(std::get<std::string>(value.Get()));
-    case VariantType::kFont: return FontToLua(ToFont(value)->Description());
+    case VariantType::kFont: return FontToLua(*ToFont(value));
     case VariantType::kObject: return "nil";
   }
   return "nil";

@@ -27,7 +27,7 @@ enum class EventKind {
   kSet,        // path, member; values: indices, then the value
   kCall,       // path, member; values: arguments
   kPlace,      // numbers: left, top, width, height in twips
-  kFontField,  // the control's Font changes as it is: member is one of FontFields; values: its value
+  kFontField,  // the control's Font changes as it is: member is a property of Font; values: its value
   kShareFont,  // member: the control whose Font is taken
   // The form
   kAdd,     // control: its name; member: class; numbers: as kPlace and whether loaded from an empty bag

@@ -6,78 +6,66 @@ namespace levelwidgets::monkey {
 
 namespace {
 
-struct Member {
-  std::string_view control_class;
-  std::string_view property;
-};
+const PropertyInfo* FindFlagged(const ClassInfo& info, MemberFlags flags) {
+  const auto found = std::ranges::find_if(
+      info.Properties(), [&](const PropertyInfo& property) { return Has(property.flags, flags); });
+  return found == info.Properties().end() ? nullptr : &*found;
+}
 
-constexpr Member kRefused[] = {
-    {"FlatTextBox", "MultiLine"},     // read-only at run time
-    {"FlatTabStrip", "SelectedTab"},  // 0 until a tab is selected, and cannot be assigned
-};
+bool HasRange(const ClassInfo& info) { return FindFlagged(info, MemberFlags::kRangeValue) != nullptr; }
 
-constexpr Member kShownLater[] = {
-    {"FlatLabel", "ForeColor"},          {"FlatButton", "ForeColorDisabled"},
-    {"FlatScroll", "Enabled"},           {"FlatScroll", "ButtonColorMouseOver"},
-    {"FlatScroll", "ButtonColorPushed"}, {"FlatTabStrip", "TabCount"},
-};
+std::int32_t Whole(const Control& control, MemberFlags part) {
+  return ToInt32(FindFlagged(control.Class(), part)->get(control));
+}
 
-constexpr std::string_view kScroll = "FlatScroll";
+constexpr MemberFlags kBounds = MemberFlags::kRangeLow | MemberFlags::kRangeHigh;
+constexpr MemberFlags kValueOrBound = kBounds | MemberFlags::kRangeValue;
 
-// Under the pointer a label underlines its font, often without a repaint.
-constexpr std::string_view kUnderlines = "FlatLabel";
-
-bool IsAmong(std::span<const Member> members, const ClassInfo& info, std::string_view property) {
-  return std::ranges::any_of(members, [&](const Member& member) {
-    return member.control_class == info.Name() && member.property == property;
+// Whether sums of the numbers of its range may have no room in 32 bits.
+bool IsFarRange(const Control& control) {
+  constexpr std::int64_t kFar = std::int64_t{1} << 29;
+  return std::ranges::any_of(control.Class().Properties(), [&](const PropertyInfo& property) {
+    return Has(property.flags, kValueOrBound | MemberFlags::kRangeStep) &&
+           std::abs(std::int64_t{ToInt32(property.get(control))}) >= kFar;
   });
 }
 
-std::int32_t Whole(const Control& control, std::string_view property) {
-  return ToInt32(GetByName(control, property));
-}
-
-// Whether sums of a scroll bar's numbers may have no room in 32 bits.
-bool IsFarRange(const Control& control) {
-  constexpr std::int64_t kFar = std::int64_t{1} << 29;
-  static constexpr std::string_view kSummands[] = {"Min", "Max", "SmallChange", "LargeChange", "Value"};
-  return std::ranges::any_of(
-      kSummands, [&](std::string_view name) { return std::abs(std::int64_t{Whole(control, name)}) >= kFar; });
+// The font that the control changes by itself; null for most.
+FontRef FontThatChanges(const Control& control) {
+  const PropertyInfo* font = FindFlagged(control.Class(), MemberFlags::kChangesUnderPointer);
+  return font ? ToFont(font->get(control)) : nullptr;
 }
 
 }  // namespace
 
-bool RefusesItsOwn(const Control& control, std::string_view property) {
-  if (IsAmong(kRefused, control.Class(), property)) return true;
-  if (control.Class().Name() != kScroll) return false;
-  if (property == "Value" && CannotLoadAgain(control)) return true;
-  return (property == "Value" || property == "Min" || property == "Max") && IsFarRange(control);
+bool RefusesItsOwn(const Control& control, const PropertyInfo& property) {
+  if (Has(property.flags, MemberFlags::kRefusesItsOwn)) return true;
+  if (Has(property.flags, MemberFlags::kRangeValue) && CannotLoadAgain(control)) return true;
+  return Has(property.flags, kValueOrBound) && IsFarRange(control);
 }
 
 bool CannotLoadAgain(const Control& control) {
-  if (control.Class().Name() != kScroll) return false;
-  const std::int32_t value = Whole(control, "Value");
-  return value < Whole(control, "Min") || value > Whole(control, "Max");
+  if (!HasRange(control.Class())) return false;
+  const std::int32_t value = Whole(control, MemberFlags::kRangeValue);
+  return value < Whole(control, MemberFlags::kRangeLow) || value > Whole(control, MemberFlags::kRangeHigh);
 }
 
 bool InputMayRaise(const Error& error, const Form& form) {
-  if (error.Number() == ObjectErrorNumber(kInvalidValueCode)) {
-    return error.Source() == "LevelWidgets." + std::string(kScroll);
-  }
-  return error.Number() == kOverflow && std::ranges::any_of(form.Controls(), [](const auto& hosted) {
-           return hosted->ControlClass().Name() == kScroll && IsFarRange(*hosted->GetControl());
-         });
+  return std::ranges::any_of(form.Controls(), [&](const auto& hosted) {
+    const ClassInfo& info = hosted->ControlClass();
+    if (!HasRange(info)) return false;
+    if (error.Number() == kOverflow) return IsFarRange(*hosted->GetControl());
+    return error.Number() == ObjectErrorNumber(kInvalidValueCode) && error.Source() == info.QualifiedName();
+  });
 }
 
-bool IsShownLater(const ClassInfo& info, std::string_view property) {
-  return IsAmong(kShownLater, info, property);
-}
+bool IsShownLater(const PropertyInfo& property) { return Has(property.flags, MemberFlags::kShownLater); }
 
 bool MayLookLate(const Control& control, const std::vector<std::shared_ptr<HostedControl>>& all) {
   return std::ranges::any_of(all, [&](const auto& hosted) {
     const auto other = hosted->GetControl();
-    return other && other->Class().Name() == kUnderlines &&
-           other->GetSurface().GetFont() == control.GetSurface().GetFont();
+    const FontRef font = other ? FontThatChanges(*other) : nullptr;
+    return font && font == control.GetSurface().GetFont();
   });
 }
 

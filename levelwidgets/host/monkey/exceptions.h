@@ -1,4 +1,4 @@
-// Where a control is required to behave other than the invariants say.
+// Where a control is required to behave other than the invariants say: its table has a flag there.
 #pragma once
 
 #include <levelwidgets/host/form/form.h>
@@ -6,16 +6,16 @@
 namespace levelwidgets::monkey {
 
 // Whether a control refuses to be given what it has.
-bool RefusesItsOwn(const Control& control, std::string_view property);
+bool RefusesItsOwn(const Control& control, const PropertyInfo& property);
 
-// Whether the control refuses to load what it would save: a scroll bar whose value is out of its range.
+// Whether the control refuses to load what it would save: a value that is out of its range.
 bool CannotLoadAgain(const Control& control);
 
-// Whether input on the form may raise the error: that of a scroll bar, whose steps have no bounds.
+// Whether input on the form may raise the error: on a control with a range, whose steps have no bounds.
 bool InputMayRaise(const Error& error, const Form& form);
 
 // Whether writing the property may change how the control will look, without painting it.
-bool IsShownLater(const ClassInfo& info, std::string_view property);
+bool IsShownLater(const PropertyInfo& property);
 
 // Whether the control may look other than it will once painted whatever was written to it: its font changes
 // without a repaint.

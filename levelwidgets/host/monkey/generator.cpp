@@ -27,6 +27,11 @@ auto Pointers(const List& list, Predicate wanted) {
   return found;
 }
 
+// Whether scripts can get at objects of the class.
+bool IsKnown(const ClassInfo& info) {
+  return std::ranges::find(ObjectClasses(), &info) != ObjectClasses().end();
+}
+
 }  // namespace
 
 FormModel::FormModel(const Form& form)
@@ -226,9 +231,10 @@ Event Generator::Place() {
 
 Event Generator::ChangeFont() {
   Event event = On(EventKind::kFontField);
-  const FontField& field = dice_.One(FontFields());
-  event.member = field.name;
-  event.values = {field.name == "Size" ? Variant(dice_.Between(-1, 20)) : RandomValue(dice_, field.type)};
+  const PropertyInfo& part = dice_.One(Font::Table().Properties());
+  event.member = std::string(part.name);
+  const bool points = Has(part.flags, MemberFlags::kPoints);
+  event.values = {points ? Variant(dice_.Between(-1, 20)) : RandomValue(dice_, part.type)};
   return event;
 }
 
@@ -245,7 +251,7 @@ bool Generator::SetMember(Event& event, const ClassInfo& info, int depth) {
   const auto writable = Pointers(info.Properties(), [](const PropertyInfo& p) { return !p.ReadOnly(); });
   if (writable.empty()) return false;
   const PropertyInfo& property = *dice_.One(writable);
-  event.member = property.name;
+  event.member = std::string(property.name);
   event.values.clear();
   for (const ArgumentInfo& index : property.indices) {
     event.values.push_back(index.type.type == VariantType::kString ? RandomValue(dice_, index.type)
@@ -261,7 +267,7 @@ bool Generator::CallMember(Event& event, const ClassInfo& info, int depth) {
   }
   if (info.Methods().empty()) return false;
   const MethodInfo& method = dice_.One(info.Methods());
-  event.member = method.name;
+  event.member = std::string(method.name);
   event.values.clear();
   for (const ArgumentInfo& argument : method.arguments) {
     if (argument.default_value && dice_.Once(4)) break;
@@ -274,12 +280,12 @@ bool Generator::CallMember(Event& event, const ClassInfo& info, int depth) {
 // Null when `info` has no property that is an object with a table.
 const ClassInfo* Generator::StepInto(Event& event, const ClassInfo& info) {
   const auto objects = Pointers(info.Properties(), [](const PropertyInfo& p) {
-    return p.type.type == VariantType::kObject && FindObjectClass(p.type.name) != nullptr;
+    return p.type.kind == TypeKind::kObject && p.type.object_class && IsKnown(p.type.object_class());
   });
   if (objects.empty()) return nullptr;
   const PropertyInfo& property = *dice_.One(objects);
-  event.path.push_back({property.name, property.Indexed() ? dice_.Between(1, 3) : 0});
-  return FindObjectClass(property.type.name);
+  event.path.push_back({std::string(property.name), property.Indexed() ? dice_.Between(1, 3) : 0});
+  return &property.type.object_class();
 }
 
 // --- The form --------------------------------------------------------------------------------------
@@ -292,7 +298,7 @@ Event Generator::Add() {
   model_.controls.push_back({name, &info, size});
   return {.kind = EventKind::kAdd,
           .control = name,
-          .member = info.Name(),
+          .member = std::string(info.Name()),
           .numbers = {dice_.Between(0, 5000), dice_.Between(0, 4000), static_cast<int>(size.width.value),
                       static_cast<int>(size.height.value), dice_.Once(2) ? 1 : 0}};
 }
@@ -316,8 +322,9 @@ Event Generator::Hide() {
 Event Generator::Once() {
   const FormModel::Control control = SomeControl();
   if (control.info->Events().empty()) return MoveTo();
-  Event event{
-      .kind = EventKind::kOnce, .control = control.name, .member = dice_.One(control.info->Events()).name};
+  Event event{.kind = EventKind::kOnce,
+              .control = control.name,
+              .member = std::string(dice_.One(control.info->Events()).name)};
   subject_ = control.name;
   const std::optional<Event> after = std::exchange(next_, {});
   event.nested = std::make_shared<Event>(Pick(kReactions));

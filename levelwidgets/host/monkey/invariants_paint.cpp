@@ -18,7 +18,7 @@ std::string Place(const Subject& subject, PixelPoint screen) {
   std::string place = "screen pixel " + std::to_string(screen.x) + ", " + std::to_string(screen.y);
   for (const auto& hosted : subject.form.Controls()) {
     if (hosted->Visible() && hosted->ScreenRect().Contains(screen)) {
-      place += " (" + hosted->ControlClass().Name() + " " + hosted->Name() + ")";
+      place += " (" + std::string(hosted->ControlClass().Name()) + " " + hosted->Name() + ")";
     }
   }
   return place;

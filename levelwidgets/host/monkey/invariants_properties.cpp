@@ -7,19 +7,20 @@ namespace levelwidgets::monkey {
 
 namespace {
 
-bool IsOfType(const Variant& value, const TypeName& type) {
-  return type.type == VariantType::kEmpty || value.Type() == type.type;
+bool IsOfType(const Variant& value, const MemberType& type) {
+  return type.kind == TypeKind::kAny || value.Type() == type.type;
 }
 
 std::string Quoted(const Variant* value) { return value ? Describe(*value) : "nothing"; }
 
 // Whether a value that is not saved loads as something else, on purpose.
 bool ReadsOtherThanWritten(const ClassInfo& info, const std::string& key) {
-  const PropertyInfo* property = info.FindPersisted(key).property;
+  const PersistedKey stored = info.FindPersisted(key);
+  const PropertyInfo* property = stored.field ? stored.field : stored.property;
   if (!property) return false;
   const DefaultValue& read = property->defaults.when_read;
   const DefaultValue& written = property->defaults.when_written;
-  return read.kind != written.kind || !(read.value == written.value);
+  return read.kind != written.kind || !(read.Value() == written.Value());
 }
 
 std::string Difference(const ClassInfo& info, const PropertyBag& saved, const PropertyBag& loaded) {
@@ -63,8 +64,8 @@ std::string CheckTypes(const Subject& subject) {
       if (property.Indexed()) continue;
       const Variant value = property.get(*control);
       if (IsOfType(value, property.type)) continue;
-      return hosted->Name() + "." + property.name + " is of type " + std::string(NameOf(value.Type())) +
-             ", declared " + property.type.name;
+      return hosted->Name() + "." + std::string(property.name) + " is of type " +
+             std::string(NameOf(value.Type())) + ", declared " + std::string(property.type.Name());
     }
   }
   return "";
@@ -76,19 +77,19 @@ std::string CheckWriteBack(const Subject& subject) {
   const auto control = hosted->GetControl();
   for (const PropertyInfo& property : control->Class().Properties()) {
     if (property.ReadOnly() || property.Indexed() || property.type.type == VariantType::kObject) continue;
-    if (RefusesItsOwn(*control, property.name)) continue;
+    if (RefusesItsOwn(*control, property)) continue;
     const Variant before = property.get(*control);
     try {
       property.set(*control, before);
     } catch (const Error& error) {
-      return hosted->Name() + "." + property.name + " = " + Describe(before) +
+      return hosted->Name() + "." + std::string(property.name) + " = " + Describe(before) +
              ", which was read from it, is refused: " + error.what();
     }
     if (!hosted->GetControl()) return "";  // removed by a handler
     const Variant after = property.get(*control);
     if (before == after) continue;
-    return hosted->Name() + "." + property.name + " was " + Describe(before) + ", is " + Describe(after) +
-           " after that was assigned";
+    return hosted->Name() + "." + std::string(property.name) + " was " + Describe(before) + ", is " +
+           Describe(after) + " after that was assigned";
   }
   return "";
 }
@@ -117,7 +118,7 @@ std::string LoadAgain(const Subject& subject, const HostedControl& hosted, const
   const Placement place{{}, TwipSize{hosted.Width(), hosted.Height()}};
   const HostedControl& loaded = scratch->Add(hosted.ControlClass(), hosted.Name(), &saved, place);
   const std::string difference = Difference(hosted.ControlClass(), saved, loaded.Properties());
-  return difference.empty() ? "" : hosted.ControlClass().Name() + "." + difference;
+  return difference.empty() ? "" : std::string(hosted.ControlClass().Name()) + "." + difference;
 }
 
 }  // namespace

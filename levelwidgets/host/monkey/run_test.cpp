@@ -101,7 +101,7 @@ TEST(Monkey, EveryWritablePropertyOfEveryClassIsWritten) {
     for (const PropertyInfo& property : control.info->Properties()) {
       if (property.ReadOnly()) continue;
       const bool found = std::ranges::any_of(
-          written, [&](const std::string& name) { return name.ends_with("." + property.name); });
+          written, [&](const std::string& name) { return name.ends_with("." + std::string(property.name)); });
       EXPECT_TRUE(found) << control.info->Name() << "." << property.name;
     }
   }

@@ -60,7 +60,7 @@ std::string Opening(const std::string& form) {
          ")\n"
          "local g = lw.form{ Name = \"frmOther\", Caption = \"Other\", Width = 3000, Height = 1500 }\n"
          "g:add(\"" +
-         ControlClasses().front()->Name() +
+         std::string(ControlClasses().front()->Name()) +
          "\", \"ctlOther\")\n"
          "local finished = false\n"
          "for _, form in ipairs{ f, g } do\n"

@@ -71,7 +71,8 @@ Session::Session(std::unique_ptr<Stage> stage)
   form_->Unload += [this](bool& cancel) { cancel = !finishing_; };
   form_->PropertyChanged += [this](std::string_view control, std::string_view property) {
     const auto hosted = form_->Find(control);
-    if (hosted && IsShownLater(hosted->ControlClass(), property)) shown_later_ = true;
+    const PropertyInfo* changed = hosted ? hosted->ControlClass().FindProperty(property) : nullptr;
+    if (changed && IsShownLater(*changed)) shown_later_ = true;
   };
   other_ = MakeOther(form_->GetPlatform());
   other_->Unload += [this](bool& cancel) { cancel = !finishing_; };
@@ -222,11 +223,7 @@ void Session::ChangeFont(Object& object, const Event& event) {
     return;
   }
   const FontRef font = FontOf(object);
-  if (!font) return;
-  FontDescription changed = font->Description();
-  const auto field = std::ranges::find(FontFields(), event.member, &FontField::name);
-  field->set(changed, ConvertTo(field->type.type, event.values[0], desktop_.Conversions()));
-  font->SetDescription(changed);
+  if (font) SetByName(*font, event.member, event.values[0], desktop_.Conversions());
 }
 
 bool Session::DoForm(const Event& event) {
@@ -296,7 +293,8 @@ void Session::Watch(HostedControl& hosted) {
       };
       const auto found = std::ranges::find_if(removed_, same);
       if (found == removed_.end() || !broken_.empty()) return;
-      broken_ = "removed: " + found->name + " raised " + raised.info.name + " after it was removed";
+      broken_ =
+          "removed: " + found->name + " raised " + std::string(raised.info.name) + " after it was removed";
     });
   }
 }

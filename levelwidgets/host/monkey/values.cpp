@@ -94,10 +94,10 @@ std::string RandomText(Dice& dice) {
 
 std::int32_t RandomIndex(Dice& dice) { return dice.Once(8) ? RandomWhole(dice) : dice.Between(0, 4); }
 
-Variant RandomValue(Dice& dice, const TypeName& type) {
+Variant RandomValue(Dice& dice, const MemberType& type) {
   if (dice.Once(20)) return Anything(dice);
   if (type.enumeration) return RandomItem(dice, *type.enumeration);
-  if (type.name == "Color") return RandomColor(dice);
+  if (type.kind == TypeKind::kColor) return RandomColor(dice);
   switch (type.type) {
     case VariantType::kBoolean: return dice.Once(2);
     case VariantType::kInt16:

@@ -31,7 +31,7 @@ class Dice {
 };
 
 // Mostly one of the type, at times one that does not convert to it.
-Variant RandomValue(Dice& dice, const TypeName& type);
+Variant RandomValue(Dice& dice, const MemberType& type);
 // From empty to long, with "&", line breaks, characters of and outside the code page.
 std::string RandomText(Dice& dice);
 // Low numbers, and some out of any range.

@@ -100,5 +100,64 @@ TEST_F(ScriptObjectsTest, AScriptKeepsAnObjectAlive) {
   EXPECT_EQ(Value("column.Caption"), "still here");
 }
 
+// --- Methods that hand values back ---------------------------------------------------------------------
+
+class Sheet : public Object {
+ public:
+  static const ClassInfo& Table();
+  const ClassInfo& Class() const override { return Table(); }
+
+  std::int32_t HitTest(Twips x, Twips y, std::int32_t& column) {
+    column = static_cast<std::int32_t>(x.value) / 100;
+    return static_cast<std::int32_t>(y.value) / 10;
+  }
+  void Locate(std::int16_t& row, std::string& name, const std::string& of) {
+    row = static_cast<std::int16_t>(of.size());
+    name = "<" + of + ">";
+  }
+  void Double(std::int32_t& value) { value *= 2; }
+  void Touch() {}
+};
+
+const ClassInfo& Sheet::Table() {
+  using Row = table::Row<Sheet>;
+  static constexpr auto data =
+      ClassTable(ObjectClass("Sheet", ""), table::Properties(), table::Persisted(),
+                 table::Methods(Row::Method<&Sheet::HitTest>(1, "HitTest", "X, Y, out ColIndex", ""),
+                                Row::Method<&Sheet::Locate>(2, "Locate", "out Row, out Name, Of", ""),
+                                Row::Method<&Sheet::Double>(3, "Double", "Value", ""),
+                                Row::Method<&Sheet::Touch>(4, "Touch", "", "")));
+  static constexpr ClassInfo info(data);
+  return info;
+}
+
+class ScriptByReference : public ScriptObjectsTest {
+ protected:
+  ScriptByReference() { host_.SetGlobal("sheet", std::make_shared<Sheet>()); }
+};
+
+TEST_F(ScriptByReference, ByReferenceValuesFollowTheResult) {
+  EXPECT_EQ(Run("row, column, more = sheet:HitTest(250, 70)"), "");
+  EXPECT_EQ(Value("row .. ' ' .. column .. ' ' .. tostring(more)"), "7 2 nil");
+}
+
+TEST_F(ScriptByReference, TheyStandInsteadOfTheResultOfAVoidMethod) {
+  EXPECT_EQ(Value("table.concat({ sheet:Locate('abc') }, ' ')"), "3 <abc>");
+  EXPECT_EQ(Value("sheet:Double('21')"), "42");
+  EXPECT_EQ(Value("select('#', sheet:Touch())"), "1");
+  EXPECT_EQ(Value("sheet:Touch()"), "nil");
+}
+
+TEST_F(ScriptByReference, PureOutputsMayBePassedInTheirPlaces) {
+  EXPECT_EQ(Value("table.concat({ sheet:Locate(9, 'x', 'abc') }, ' ')"), "3 <abc>");
+  EXPECT_EQ(Value("table.concat({ sheet:HitTest(250, 70, nil) }, ' ')"), "7 2");
+}
+
+TEST_F(ScriptByReference, WhatIsReadMustBeGivenAndNoMoreThanThereIs) {
+  EXPECT_THAT(Value("sheet:HitTest(1)"), HasSubstr("Sheet.HitTest needs the argument Y"));
+  EXPECT_THAT(Value("sheet:Locate()"), HasSubstr("Sheet.Locate needs the argument Of"));
+  EXPECT_THAT(Value("sheet:HitTest(1, 2, 3, 4)"), HasSubstr("Sheet.HitTest takes 3 arguments, not 4"));
+}
+
 }  // namespace
 }  // namespace levelwidgets

@@ -19,7 +19,7 @@ const ClassInfo& FindClass(std::string_view name) {
   std::string list;
   for (const ClassInfo* info : ControlClasses()) {
     names.push_back(info->Name());
-    list += (list.empty() ? "" : ", ") + info->Name();
+    list += (list.empty() ? "" : ", ") + std::string(info->Name());
   }
   std::string text = "There is no control class \"" + std::string(name) + "\"";
   const std::string_view nearest = NearestName(name, names);
@@ -30,8 +30,8 @@ const ClassInfo& FindClass(std::string_view name) {
 // What may stand in the table of a control of this class.
 std::vector<std::string_view> AssignableNames(const ClassInfo& info) {
   std::vector<std::string_view> names{kSavedBag};
-  for (const auto* properties : {&HostedControl::Table().Properties(), &info.Properties()}) {
-    for (const PropertyInfo& property : *properties) {
+  for (const ClassInfo* members : {&HostedControl::Table(), &info}) {
+    for (const PropertyInfo& property : members->Properties()) {
       if (!property.ReadOnly() && property.indices.size() < 2) names.push_back(property.name);
     }
   }
@@ -44,10 +44,10 @@ PropertyBag BagOfTable(lua_State* L, const ClassInfo& info) {
   std::vector<std::string_view> names;
   for (const PropertyInfo* property : info.Persisted()) names.push_back(property->name);
   for (const std::string& key : KeysOfTable(L, -1, info.Name())) {
-    const PropertyInfo* property = info.FindPersisted(key).property;
-    if (!property) RaiseNoSuchMember(info.Name(), key, names);
+    const PersistedKey stored = info.FindPersisted(key);
+    if (!stored.property) RaiseNoSuchMember(info.Name(), key, names);
     lua_getfield(L, -1, key.c_str());
-    bag.WriteProperty(key, ToVariant(L, -1, property->type), {});
+    bag.WriteProperty(key, ToVariant(L, -1, stored.type), {});
     lua_pop(L, 1);
   }
   return bag;

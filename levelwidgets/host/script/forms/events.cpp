@@ -45,7 +45,7 @@ void Connect(const std::shared_ptr<ScriptForm>& form, Object& object, const Even
              const std::vector<std::string>& prefixes) {
   for (const EventInfo& event : object.Class().Events()) {
     std::vector<std::string> names;
-    for (const std::string& prefix : prefixes) names.push_back(prefix + "_" + event.name);
+    for (const std::string& prefix : prefixes) names.push_back(prefix + "_" + std::string(event.name));
     SubscribeByName(object, event.name,
                     [form = std::weak_ptr(form), source, names = std::move(names)](RaisedEvent& raised) {
                       if (const auto alive = form.lock()) CallNamedHandler(alive, source, names, raised);

@@ -29,7 +29,7 @@ int NewObject(lua_State* L) {
   }
   std::string list;
   for (const ClassInfo* known : ObjectClasses()) {
-    if (known->Creatable()) list += (list.empty() ? "" : ", ") + known->Name();
+    if (known->Creatable()) list += (list.empty() ? "" : ", ") + std::string(known->Name());
   }
   throw Error(kInvalidCall, "LevelWidgets", "lw.new makes no \"" + name + "\"; it makes: " + list);
 }

@@ -13,27 +13,29 @@ namespace {
 void PushArguments(lua_State* L, const RaisedEvent& raised) {
   lua_newtable(L);
   for (std::size_t i = 0; i < raised.values.size(); ++i) {
-    PushVariant(L, raised.values[i], raised.info.arguments[i].type);
-    lua_setfield(L, -2, raised.info.arguments[i].name.c_str());
+    const ArgumentInfo argument = raised.info.arguments[i];
+    PushText(L, argument.name);
+    PushVariant(L, raised.values[i], argument.type);
+    lua_rawset(L, -3);
   }
 }
 
 // Takes back what the handler made of the by-reference arguments in the table on top of the stack.
 void ReadBack(lua_State* L, RaisedEvent& raised) {
   for (std::size_t i = 0; i < raised.values.size(); ++i) {
-    const ArgumentInfo& argument = raised.info.arguments[i];
+    const ArgumentInfo argument = raised.info.arguments[i];
     if (!argument.by_reference) continue;
-    lua_getfield(L, -1, argument.name.c_str());
+    PushText(L, argument.name);
+    lua_gettable(L, -2);
     const Variant value = ToVariant(L, -1, argument.type);
     lua_pop(L, 1);
     try {
-      raised.values[i] = argument.type.type == VariantType::kEmpty
-                             ? value
-                             : ConvertTo(argument.type.type, value, TextsOf(L));
+      raised.values[i] =
+          argument.type.kind == TypeKind::kAny ? value : ConvertTo(argument.type.type, value, TextsOf(L));
     } catch (const Error& error) {
       throw Error(error.Number(), error.Source(),
-                  "e." + argument.name + " is of type " + argument.type.name + "; " + Describe(value) +
-                      " does not convert to it: " + error.Description());
+                  "e." + std::string(argument.name) + " is of type " + std::string(argument.type.Name()) +
+                      "; " + Describe(value) + " does not convert to it: " + error.Description());
     }
   }
 }
@@ -68,8 +70,8 @@ bool CallFound(const std::shared_ptr<ScriptRealm>& realm, const EventSource& sou
     if (found) succeeded = CallHandler(L, raised, failure);
   });
   if (!(entered && succeeded) && !failure.told) {
-    realm->Run().ReportHandlerError(
-        *realm, {source.form, source.control, raised.info.name, failure.message, failure.traceback});
+    realm->Run().ReportHandlerError(*realm, {source.form, source.control, std::string(raised.info.name),
+                                             failure.message, failure.traceback});
   }
   return found;
 }
@@ -99,7 +101,7 @@ int ListenToControl(lua_State* L) {
 
 int ListenToObject(lua_State* L) {
   const ObjectRef object = ObjectAt(L, 1);
-  return Listen(L, *object, {"", object->Class().Name()});
+  return Listen(L, *object, {"", std::string(object->Class().Name())});
 }
 
 }  // namespace levelwidgets

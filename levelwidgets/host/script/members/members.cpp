@@ -65,7 +65,7 @@ bool AssignProperty(lua_State* L, Object& object, std::string_view name, int val
 void RefuseEvent(const ClassInfo& info, std::string_view name) {
   if (!info.FindEvent(name)) return;
   throw Error(kNoSuchMember, info.QualifiedName(),
-              info.Name() + "." + std::string(name) + " is an event: listen to it by :on(\"" +
+              std::string(info.Name()) + "." + std::string(name) + " is an event: listen to it by :on(\"" +
                   std::string(name) + "\", function) or a handler of its name");
 }
 

@@ -36,15 +36,42 @@ void Remember(lua_State* L, const void* address) {
   lua_pop(L, 1);
 }
 
-// The arguments of `method` from index 2 on.
+// The arguments of `method` from index 2 on. Pure outputs need no place among them: where no more values are
+// given than there are other arguments, the values are those.
 std::vector<Variant> ArgumentsOf(lua_State* L, const MethodInfo& method) {
+  const int top = lua_gettop(L);
+  const auto inputs = std::ranges::count(method.arguments, false, &ArgumentInfo::output);
+  const bool without_outputs = top - 1 <= inputs;
   std::vector<Variant> arguments;
-  for (int i = 2; i <= lua_gettop(L); ++i) {
-    const auto position = static_cast<std::size_t>(i - 2);
-    const bool known = position < method.arguments.size();
-    arguments.push_back(ToVariant(L, i, known ? method.arguments[position].type : TypeName{}));
+  int index = 2;
+  for (const ArgumentInfo& argument : method.arguments) {
+    const bool given = index <= top && !(argument.output && without_outputs);
+    arguments.push_back(given ? ToVariant(L, index++, argument.type) : Variant());
   }
+  while (index <= top)
+    arguments.push_back(ToVariant(L, index++));  // too many: refused with the method's name
   return arguments;
+}
+
+// Calls the method with the arguments from index 2 on. Returns how many values it has pushed: the result,
+// then what the method left in its by-reference arguments; nil for neither.
+int CallMethod(lua_State* L, Object& object, const MethodInfo& method) {
+  std::vector<Variant> arguments = ArgumentsOf(L, method);
+  const Variant result = InvokeByReference(object, method.name, arguments, TextsOf(L));
+  int pushed = 0;
+  if (method.result.kind != TypeKind::kNone) {
+    PushVariant(L, result, method.result);
+    ++pushed;
+  }
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const ArgumentInfo argument = method.arguments[i];
+    if (!argument.by_reference) continue;
+    PushVariant(L, arguments[i], argument.type);
+    ++pushed;
+  }
+  if (pushed > 0) return pushed;
+  lua_pushnil(L);
+  return 1;
 }
 
 // --- Controls --------------------------------------------------------------------------------------
@@ -66,8 +93,7 @@ int CallControl(lua_State* L) {
   Object& object = control->Class().FindMethod(name) ? static_cast<Object&>(*control) : *hosted;
   const MethodInfo* method = object.Class().FindMethod(name);
   if (!method) RaiseNoSuchControlMember(L, *hosted, name);
-  PushVariant(L, InvokeByName(object, name, ArgumentsOf(L, *method), TextsOf(L)), method->result);
-  return 1;
+  return CallMethod(L, object, *method);
 }
 
 int ReadControl(lua_State* L) {
@@ -94,14 +120,14 @@ int WriteControl(lua_State* L) {
   RefuseEvent(control->Class(), name);
   if (control->Class().FindMethod(name) || hosted->Class().FindMethod(name) || PushScriptMethod(L, 1, name)) {
     throw Error(kPropertyIsReadOnly, control->Class().QualifiedName(),
-                control->Class().Name() + "." + std::string(name) + " is a method");
+                std::string(control->Class().Name()) + "." + std::string(name) + " is a method");
   }
   RaiseNoSuchControlMember(L, *hosted, name);
 }
 
 int ControlToText(lua_State* L) {
   const HostedRef& hosted = CheckUserdata<HostedRef>(L, 1, kControlType);
-  lua_pushfstring(L, "%s %s", hosted->ControlClass().Name().c_str(), hosted->Name().c_str());
+  PushText(L, std::string(hosted->ControlClass().Name()) + " " + hosted->Name());
   return 1;
 }
 
@@ -124,11 +150,10 @@ int ControlProperties(lua_State* L) {
   lua_newtable(L);
   lua_Integer place = 0;
   for (const PropertyBag::Entry& entry : bag.Entries()) {
-    const PropertyInfo* property = hosted->ControlClass().FindPersisted(entry.name).property;
     lua_newtable(L);
     lua_pushstring(L, entry.name.c_str());
     lua_setfield(L, -2, "Name");
-    PushVariant(L, entry.value, property ? property->type : TypeName{});
+    PushVariant(L, entry.value, hosted->ControlClass().FindPersisted(entry.name).type);
     lua_setfield(L, -2, "Value");
     lua_rawseti(L, -2, ++place);
   }
@@ -162,15 +187,14 @@ int CallObject(lua_State* L) {
   const std::string name = lua_tostring(L, lua_upvalueindex(1));
   const MethodInfo* method = object->Class().FindMethod(name);
   if (!method) RaiseNoSuchObjectMember(L, object->Class(), name);
-  PushVariant(L, InvokeByName(*object, name, ArgumentsOf(L, *method), TextsOf(L)), method->result);
-  return 1;
+  return CallMethod(L, *object, *method);
 }
 
 // The indexed property that list[1] stands for. Raises 438 when there is none.
 const PropertyInfo& ItemsOf(const ClassInfo& info) {
   const PropertyInfo* items = info.FindProperty(info.DefaultMember());
   if (items && items->Indexed()) return *items;
-  throw Error(kNoSuchMember, info.QualifiedName(), info.Name() + " has no members by number");
+  throw Error(kNoSuchMember, info.QualifiedName(), std::string(info.Name()) + " has no members by number");
 }
 
 int ReadObject(lua_State* L) {
@@ -207,13 +231,13 @@ int WriteObject(lua_State* L) {
   RefuseEvent(info, name);
   if (info.FindMethod(name) || PushScriptMethod(L, 1, name)) {
     throw Error(kPropertyIsReadOnly, info.QualifiedName(),
-                info.Name() + "." + std::string(name) + " is a method");
+                std::string(info.Name()) + "." + std::string(name) + " is a method");
   }
   RaiseNoSuchObjectMember(L, info, name);
 }
 
 int ObjectToText(lua_State* L) {
-  lua_pushstring(L, CheckObject(L)->Class().Name().c_str());
+  PushText(L, CheckObject(L)->Class().Name());
   return 1;
 }
 

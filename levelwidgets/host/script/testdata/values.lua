@@ -61,7 +61,7 @@ b.Font = { Name="Tahoma", Size=12 }
 expect.equal(b.Font.Size, 12.0)
 expect.fails(438, 'Font has no member "Sise"; did you mean "Size"?', function() lw.font{ Sise=8 } end)
 expect.fails(380, 'Font.Size cannot be 0: a size is more than 0 points', function() font.Size = 0 end)
-expect.fails(13, 'Font.Size cannot be "big": Type mismatch', function() font.Size = "big" end)
+expect.fails(13, 'Font.Size is of type Double; "big" does not convert to it: Type mismatch', function() font.Size = "big" end)
 expect.fails(13, "FlatButton.Font is of type Font; 3 does not convert to it: Type mismatch",
              function() b.Font = 3 end)
 

@@ -1,7 +1,6 @@
 #include <levelwidgets/host/script/values/fonts.h>
 
 #include <levelwidgets/frame/class_info.h>
-#include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
@@ -12,38 +11,19 @@ namespace {
 
 constexpr char kFontType[] = "font";
 
-const FontField& FindField(std::string_view name) {
-  std::vector<std::string_view> names;
-  for (const FontField& field : FontFields()) {
-    if (field.name == name) return field;
-    names.push_back(field.name);
-  }
-  RaiseNoSuchMember("Font", name, names);
-}
-
-void SetField(lua_State* L, FontDescription& font, std::string_view name, int value) {
-  const FontField& field = FindField(name);
-  const Variant given = ToVariant(L, value);
-  try {
-    field.set(font, ConvertTo(field.type.type, given, TextsOf(L)));
-  } catch (const Error& error) {
-    throw Error(error.Number(), "LevelWidgets.Font",
-                "Font." + std::string(name) + " cannot be " + Describe(given) + ": " + error.Description());
-  }
+// All who share the font see the change.
+void SetPart(lua_State* L, Font& font, std::string_view name, int value) {
+  const PropertyInfo* part = Font::Table().FindProperty(name);
+  SetByName(font, name, ToVariant(L, value, part ? part->type : MemberType{}), TextsOf(L));
 }
 
 int ReadFont(lua_State* L) {
-  const FontRef& font = CheckUserdata<FontRef>(L, 1, kFontType);
-  PushVariant(L, FindField(luaL_checkstring(L, 2)).get(font->Description()));
+  PushVariant(L, GetByName(*CheckUserdata<FontRef>(L, 1, kFontType), luaL_checkstring(L, 2)));
   return 1;
 }
 
-// All who share the font see the change.
 int WriteFont(lua_State* L) {
-  const FontRef font = CheckUserdata<FontRef>(L, 1, kFontType);
-  FontDescription changed = font->Description();
-  SetField(L, changed, luaL_checkstring(L, 2), 3);
-  font->SetDescription(changed);
+  SetPart(L, *CheckUserdata<FontRef>(L, 1, kFontType), luaL_checkstring(L, 2), 3);
   return 0;
 }
 
@@ -77,15 +57,15 @@ void PushFont(lua_State* L, FontRef font) { PushUserdata(L, kFontType, std::move
 
 const FontRef* FontAt(lua_State* L, int index) { return TestUserdata<FontRef>(L, index, kFontType); }
 
-FontDescription FontOfTable(lua_State* L, int index) {
-  FontDescription font;
+FontRef FontOfTable(lua_State* L, int index) {
+  FontRef font = MakeFont();
   const int table = lua_absindex(L, index);
   lua_pushnil(L);
   while (lua_next(L, table) != 0) {
     if (lua_type(L, -2) != LUA_TSTRING) {
       throw Error(kTypeMismatch, "LevelWidgets.Font", "A list describes no font");
     }
-    SetField(L, font, lua_tostring(L, -2), lua_gettop(L));
+    SetPart(L, *font, lua_tostring(L, -2), lua_gettop(L));
     lua_pop(L, 1);
   }
   return font;
@@ -93,7 +73,7 @@ FontDescription FontOfTable(lua_State* L, int index) {
 
 int NewFont(lua_State* L) {
   luaL_checktype(L, 1, LUA_TTABLE);
-  PushFont(L, MakeFont(FontOfTable(L, 1)));
+  PushFont(L, FontOfTable(L, 1));
   return 1;
 }
 

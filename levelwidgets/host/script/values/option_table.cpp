@@ -42,7 +42,7 @@ bool OptionTable::Has(std::string_view name) const {
   return has;
 }
 
-Variant OptionTable::Value(std::string_view name, const TypeName& type) const {
+Variant OptionTable::Value(std::string_view name, const MemberType& type) const {
   if (table_ == 0) return {};
   lua_pushlstring(lua_, name.data(), name.size());
   lua_rawget(lua_, table_);
@@ -51,7 +51,7 @@ Variant OptionTable::Value(std::string_view name, const TypeName& type) const {
   return value;
 }
 
-std::vector<Variant> OptionTable::List(std::string_view name, const TypeName& type) const {
+std::vector<Variant> OptionTable::List(std::string_view name, const MemberType& type) const {
   lua_pushlstring(lua_, name.data(), name.size());
   if (lua_rawget(lua_, table_) != LUA_TTABLE) {
     throw Error(kTypeMismatch, "LevelWidgets." + owner_, owner_ + "." + std::string(name) + " takes a list");

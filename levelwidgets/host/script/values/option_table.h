@@ -23,9 +23,9 @@ class OptionTable {
   std::int32_t Whole(std::string_view name, std::int32_t otherwise) const;
   Twips Length(std::string_view name, Twips otherwise) const;
   bool Truth(std::string_view name, bool otherwise) const;
-  Variant Value(std::string_view name, const TypeName& type = {}) const;
+  Variant Value(std::string_view name, const MemberType& type = {}) const;
   // The values of a list, up to the first nil; raises 13 for anything else.
-  std::vector<Variant> List(std::string_view name, const TypeName& type) const;
+  std::vector<Variant> List(std::string_view name, const MemberType& type) const;
 
  private:
   // The value as one of `type`; empty where there is none.

@@ -86,12 +86,10 @@ const ObjectValues& Objects(lua_State* L) {
 
 // --- From scripts ----------------------------------------------------------------------------------
 
-bool IsUnsigned(const TypeName& type) { return type.name == "Color" || type.name == "Handle"; }
-
-Variant NumberAt(lua_State* L, int index, const TypeName& type) {
+Variant NumberAt(lua_State* L, int index, const MemberType& type) {
   if (!lua_isinteger(L, index)) return static_cast<double>(lua_tonumber(L, index));
   const lua_Integer number = lua_tointeger(L, index);
-  if (IsUnsigned(type) && number >= 0 && number <= std::numeric_limits<std::uint32_t>::max()) {
+  if (type.IsUnsigned() && number >= 0 && number <= std::numeric_limits<std::uint32_t>::max()) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
   }
   const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
@@ -120,7 +118,9 @@ void SetObjectValues(lua_State* L, const ObjectValues& values) {
   lua_rawsetp(L, LUA_REGISTRYINDEX, &kObjectValues);
 }
 
-void PushVariant(lua_State* L, const Variant& value, const TypeName& type) {
+void PushText(lua_State* L, std::string_view text) { lua_pushlstring(L, text.data(), text.size()); }
+
+void PushVariant(lua_State* L, const Variant& value, const MemberType& type) {
   switch (value.Type()) {
     case VariantType::kEmpty: lua_pushnil(L); return;
     case VariantType::kNull: PushUserdata(L, kNullType, Null{}); return;
@@ -128,23 +128,19 @@ void PushVariant(lua_State* L, const Variant& value, const TypeName& type) {
     case VariantType::kInt16: lua_pushinteger(L, ToInt16(value)); return;
     case VariantType::kInt32: {
       const std::int32_t number = ToInt32(value);
-      lua_pushinteger(L, IsUnsigned(type) ? lua_Integer{static_cast<std::uint32_t>(number)} : number);
+      lua_pushinteger(L, type.IsUnsigned() ? lua_Integer{static_cast<std::uint32_t>(number)} : number);
       return;
     }
     case VariantType::kSingle:
     case VariantType::kDouble: lua_pushnumber(L, ToDouble(value)); return;
     case VariantType::kDate: PushUserdata(L, kDateType, ToDate(value)); return;
-    case VariantType::kString: {
-      const auto& text = std::get<std::string>(value.Get());
-      lua_pushlstring(L, text.data(), text.size());
-      return;
-    }
+    case VariantType::kString: PushText(L, std::get<std::string>(value.Get())); return;
     case VariantType::kFont: PushFont(L, ToFont(value)); return;
     case VariantType::kObject: Objects(L).push(L, std::get<ObjectRef>(value.Get())); return;
   }
 }
 
-Variant ToVariant(lua_State* L, int index, const TypeName& type) {
+Variant ToVariant(lua_State* L, int index, const MemberType& type) {
   switch (lua_type(L, index)) {
     case LUA_TNONE:
     case LUA_TNIL: return {};
@@ -155,7 +151,7 @@ Variant ToVariant(lua_State* L, int index, const TypeName& type) {
       const char* text = lua_tolstring(L, index, &length);
       return std::string(text, length);
     }
-    case LUA_TTABLE: return MakeFont(FontOfTable(L, index));
+    case LUA_TTABLE: return FontOfTable(L, index);
     case LUA_TUSERDATA: return UserdataAt(L, index);
     default: throw Error(kTypeMismatch);
   }

@@ -18,12 +18,14 @@ struct ObjectValues {
 // Once per state, before the first object; `values` outlives it.
 void SetObjectValues(lua_State* L, const ObjectValues& values);
 
+void PushText(lua_State* L, std::string_view text);
+
 // Empty is nil; whole numbers are integers, others floats; colours and handles of `type` are never negative.
-void PushVariant(lua_State* L, const Variant& value, const TypeName& type = {});
+void PushVariant(lua_State* L, const Variant& value, const MemberType& type = {});
 
 // The value at `index`; a table describes a font. A colour may be written as 0x80000012. Raises 13 for what
 // is no value of a property (a function).
-Variant ToVariant(lua_State* L, int index, const TypeName& type = {});
+Variant ToVariant(lua_State* L, int index, const MemberType& type = {});
 
 // The whole number at `index`; raises 6 for one that no property or argument can have (beyond 32 bits).
 std::int32_t IntegerAt(lua_State* L, int index);

@@ -1,0 +1,225 @@
+#include <algorithm>
+#include <numeric>
+
+#include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/frame/enumerator.h>
+#include <levelwidgets/frame/error.h>
+
+namespace levelwidgets {
+
+namespace {
+
+// Levenshtein distance, letters compared without case.
+std::size_t EditDistance(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t substitute = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({substitute, row[j] + 1, row[j + 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+std::string NameOfMember(const ClassInfo& info, std::string_view member) {
+  return std::string(info.Name()) + "." + std::string(member);
+}
+
+[[noreturn]] void RaiseWrongNumber(const ClassInfo& info, std::string_view member,
+                                   const std::string& because) {
+  throw Error(kWrongNumberOfArguments, info.QualifiedName(), NameOfMember(info, member) + because);
+}
+
+// Runs a conversion; its error is told again with the member's name in front.
+template <typename Conversion>
+auto NamingMember(const ClassInfo& info, std::string_view member, const MemberType& type,
+                  const Variant& value, Conversion convert) {
+  try {
+    return convert();
+  } catch (const Error& error) {
+    throw Error(error.Number(), info.QualifiedName(),
+                NameOfMember(info, member) + " is of type " + std::string(type.Name()) + "; " +
+                    Describe(value) + " does not convert to it: " + error.Description());
+  }
+}
+
+// Empty is no object; a class has no descendants with tables of their own.
+Variant ConvertedToObject(const MemberType& type, const Variant& value) {
+  if (value.IsEmpty()) return ObjectRef();
+  const Variant converted = ConvertTo(VariantType::kObject, value);
+  const ObjectRef& object = std::get<ObjectRef>(converted.Get());
+  const bool fits = !object || !type.object_class || &type.object_class() == &object->Class();
+  if (!fits) throw Error(kTypeMismatch);
+  return converted;
+}
+
+Variant Converted(const ClassInfo& info, std::string_view member, const MemberType& type,
+                  const Variant& value, const TextConversions& texts) {
+  if (type.kind == TypeKind::kAny) return value;
+  if (type.kind == TypeKind::kObject) {
+    return NamingMember(info, member, type, value, [&] { return ConvertedToObject(type, value); });
+  }
+  return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value, texts); });
+}
+
+Variant ZeroOf(const MemberType& type) {
+  switch (type.type) {
+    case VariantType::kEmpty: return {};
+    case VariantType::kFont: return FontRef();
+    case VariantType::kObject: return ObjectRef();
+    default: return ConvertTo(type.type, {});
+  }
+}
+
+// What an argument is that goes in as `given`, which is empty when it was left out.
+Variant GivenArgument(const ClassInfo& info, std::string_view method, const ArgumentInfo& argument,
+                      const Variant& given, const TextConversions& texts) {
+  if (argument.output) return ZeroOf(argument.type);
+  if (!given.IsEmpty()) return Converted(info, method, argument.type, given, texts);
+  if (argument.default_value) return argument.default_value->Value();
+  RaiseWrongNumber(info, method, " needs the argument " + std::string(argument.name));
+}
+
+const PropertyInfo& Known(const ClassInfo& info, std::string_view property) {
+  const PropertyInfo* found = info.FindProperty(property);
+  if (!found) RaiseNoSuchMember(info.Name(), property, info.MemberNames());
+  return *found;
+}
+
+const PropertyInfo& Writable(const ClassInfo& info, std::string_view property) {
+  const PropertyInfo& found = Known(info, property);
+  if (!found.ReadOnly()) return found;
+  throw Error(kPropertyIsReadOnly, info.QualifiedName(), NameOfMember(info, property) + " is read-only");
+}
+
+std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo& property,
+                                      std::span<const Variant> indices, const TextConversions& texts) {
+  if (indices.size() != property.indices.size()) {
+    RaiseWrongNumber(info, property.name,
+                     " takes " + std::to_string(property.indices.size()) + " indices, not " +
+                         std::to_string(indices.size()));
+  }
+  std::vector<Variant> converted;
+  for (std::size_t i = 0; i < indices.size(); ++i) {
+    const ArgumentInfo index = property.indices[i];
+    const std::string name = std::string(property.name) + "'s " + std::string(index.name);
+    converted.push_back(Converted(info, name, index.type, indices[i], texts));
+  }
+  return converted;
+}
+
+}  // namespace
+
+std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates) {
+  std::string_view nearest;
+  std::size_t fewest = std::max<std::size_t>(2, name.size() / 3) + 1;
+  for (const std::string_view candidate : candidates) {
+    const std::size_t difference =
+        std::max(name.size(), candidate.size()) - std::min(name.size(), candidate.size());
+    if (difference >= fewest) continue;  // each takes an edit at least
+    const std::size_t edits = EditDistance(name, candidate);
+    if (edits < fewest) {
+      fewest = edits;
+      nearest = candidate;
+    }
+  }
+  return nearest;
+}
+
+void RaiseNoSuchMember(std::string_view class_name, std::string_view member,
+                       std::span<const std::string_view> candidates) {
+  std::string text = std::string(class_name) + " has no member \"" + std::string(member) + "\"";
+  const std::string_view nearest = NearestName(member, candidates);
+  if (!nearest.empty()) text += "; did you mean \"" + std::string(nearest) + "\"?";
+  throw Error(kNoSuchMember, "LevelWidgets." + std::string(class_name), text);
+}
+
+void RaiseNeedsIndices(const Object& object, std::string_view property) {
+  const ClassInfo& info = object.Class();
+  std::string names;
+  for (const ArgumentInfo& index : info.FindProperty(property)->indices) {
+    names += (names.empty() ? "" : ", ") + std::string(index.name);
+  }
+  RaiseWrongNumber(info, property, " needs its indices: " + names);
+}
+
+Variant GetByName(const Object& object, std::string_view property) {
+  const PropertyInfo& found = Known(object.Class(), property);
+  if (found.Indexed()) RaiseNeedsIndices(object, property);
+  return found.get(object);
+}
+
+void SetByName(Object& object, std::string_view property, const Variant& value,
+               const TextConversions& texts) {
+  const ClassInfo& info = object.Class();
+  const PropertyInfo& found = Writable(info, property);
+  if (found.Indexed()) RaiseNeedsIndices(object, property);
+  found.set(object, Converted(info, property, found.type, value, texts));
+}
+
+Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices,
+                         const TextConversions& texts) {
+  const PropertyInfo& found = Known(object.Class(), property);
+  const std::vector<Variant> at = ConvertedIndices(object.Class(), found, indices, texts);
+  return found.Indexed() ? found.get_at(object, at) : found.get(object);
+}
+
+void SetIndexedByName(Object& object, std::string_view property, std::span<const Variant> indices,
+                      const Variant& value, const TextConversions& texts) {
+  const ClassInfo& info = object.Class();
+  const PropertyInfo& found = Writable(info, property);
+  const std::vector<Variant> at = ConvertedIndices(info, found, indices, texts);
+  const Variant converted = Converted(info, property, found.type, value, texts);
+  if (found.Indexed()) {
+    found.set_at(object, at, converted);
+  } else {
+    found.set(object, converted);
+  }
+}
+
+Variant InvokeByName(Object& object, std::string_view method, std::span<const Variant> arguments,
+                     const TextConversions& texts) {
+  std::vector<Variant> values(arguments.begin(), arguments.end());
+  return InvokeByReference(object, method, values, texts);
+}
+
+Variant InvokeByReference(Object& object, std::string_view method, std::vector<Variant>& arguments,
+                          const TextConversions& texts) {
+  const ClassInfo& info = object.Class();
+  const MethodInfo* found = info.FindMethod(method);
+  if (!found) RaiseNoSuchMember(info.Name(), method, info.MemberNames());
+  const std::size_t count = found->arguments.size();
+  if (arguments.size() > count) {
+    RaiseWrongNumber(
+        info, method,
+        " takes " + std::to_string(count) + " arguments, not " + std::to_string(arguments.size()));
+  }
+  arguments.resize(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    arguments[i] = GivenArgument(info, method, found->arguments[i], arguments[i], texts);
+  }
+  return found->invoke(object, arguments);
+}
+
+Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener) {
+  const ClassInfo& info = object.Class();
+  const EventInfo* found = info.FindEvent(event);
+  if (!found) RaiseNoSuchMember(info.Name(), event, info.MemberNames());
+  return found->Subscribe(object, std::move(listener));
+}
+
+std::shared_ptr<Enumerator> Enumerate(const Object& object) {
+  const ClassInfo& info = object.Class();
+  if (info.EnumeratorMember().empty()) {
+    throw Error(kNoSuchMember, info.QualifiedName(), std::string(info.Name()) + " is no collection");
+  }
+  const Variant enumerator = info.FindProperty(info.EnumeratorMember())->get(object);
+  return std::static_pointer_cast<Enumerator>(std::get<ObjectRef>(enumerator.Get()));
+}
+
+}  // namespace levelwidgets
