@@ -33,6 +33,7 @@ class Control : public Object, public SurfaceWindow, public std::enable_shared_f
   // --- For the container ------------------------------------------------------------------------
 
   ControlSite& Site() const final { return *site_; }
+  std::shared_ptr<ControlSite> SharedSite() const final { return site_; }
 
   // Brings a created instance to life: places its surface, then Initialize, InitProperties for a new one (no
   // bag) or ReadProperties for a loaded one, and Resize.

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include <levelwidgets/frame/error.h>
 #include <levelwidgets/frame/font.h>
 #include <levelwidgets/platform/platform.h>
 
@@ -33,6 +34,9 @@ class UsedKey {
  private:
   std::int16_t code_ = 0;  // 0: none
 };
+
+// What a person does at a control, as far as its container has to know.
+enum class InputKind { kNone, kPointerMove, kPress, kKey };
 
 class ControlSite {
  public:
@@ -72,6 +76,11 @@ class ControlSite {
   virtual bool TakeKey(KeyMessage& key) = 0;
   // One for all controls of the outermost container, because a used key may move the focus before it types.
   virtual UsedKey& LastUsedKey() = 0;
+  // Input has come to the control or to a part of it, which has not seen it yet.
+  virtual void InputArrived(InputKind) {}
+  // The control's own code raised `error` while it handled the message or the tick that `event` names. True
+  // when the container reports it; otherwise it goes to whoever made the message or the tick happen.
+  virtual bool TakeError(std::string_view /*event*/, const Error& /*error*/) { return false; }
 };
 
 }  // namespace levelwidgets

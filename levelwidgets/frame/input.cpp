@@ -50,6 +50,42 @@ PointerAction PointerActionOf(std::uint32_t message) {
   }
 }
 
+InputKind InputKindOf(std::uint32_t message) {
+  switch (PointerActionOf(message)) {
+    case PointerAction::kMove: return InputKind::kPointerMove;
+    case PointerAction::kPress:
+    case PointerAction::kDoubleClick: return InputKind::kPress;
+    default: break;
+  }
+  return message == kWmKeyDown || message == kWmSysKeyDown ? InputKind::kKey : InputKind::kNone;
+}
+
+std::string_view EventOf(std::uint32_t message) {
+  switch (PointerActionOf(message)) {
+    case PointerAction::kMove: return "MouseMove";
+    case PointerAction::kPress: return "MouseDown";
+    case PointerAction::kDoubleClick: return "DblClick";
+    case PointerAction::kRelease: return "MouseUp";
+    default: break;
+  }
+  switch (message) {
+    case kWmKeyDown:
+    case kWmSysKeyDown: return "KeyDown";
+    case kWmKeyUp:
+    case kWmSysKeyUp: return "KeyUp";
+    case kWmChar:
+    case kWmSysChar: return "KeyPress";
+    case kWmSetFocus: return "EnterFocus";
+    case kWmKillFocus: return "ExitFocus";
+    case kWmCommand: return "Change";
+    case kWmPaint: return "Paint";
+    case kWmSize: return "Resize";
+    case kWmActivate: return "Activate";
+    case kWmClose: return "Unload";
+    default: return "Message";
+  }
+}
+
 PointerInput PointerInputOf(Platform& platform, std::uint32_t message, WParam wparam, LParam lparam) {
   ScreenApi& screen = platform.Screen();
   const PixelPoint pixel = PointOfLParam(lparam);

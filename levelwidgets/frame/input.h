@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include <levelwidgets/frame/control_site.h>
 #include <levelwidgets/frame/units.h>
@@ -29,6 +30,24 @@ PointerInput PointerInputOf(Platform& platform, std::uint32_t message, WParam wp
 
 // The key message, if it is one.
 std::optional<KeyMessage> KeyMessageOf(WindowApi& windows, std::uint32_t message, WParam wparam);
+
+// What the container is notified of when the message comes.
+InputKind InputKindOf(std::uint32_t message);
+
+// The event that a message brings, as users know it: "MouseDown", "KeyPress", "Paint".
+std::string_view EventOf(std::uint32_t message);
+
+// Makes a call of a control's own code. What it raises goes to the container if that reports errors, and the
+// result is then empty; otherwise it passes through. `event` names what the code handles.
+template <typename Call>
+auto Reporting(ControlSite& site, std::string_view event, Call call) -> decltype(call()) {
+  try {
+    return call();
+  } catch (const Error& error) {
+    if (!site.TakeError(event, error)) throw;
+  }
+  return decltype(call())();
+}
 
 // Makes clicks of presses and releases: a left press and its release inside the same window.
 class ClickTracker {

@@ -36,6 +36,8 @@ class PartHost {
   virtual Surface& GetSurface() = 0;
   // Of the control that the parts belong to.
   virtual ControlSite& Site() const = 0;
+  // The same, for what goes on after the control may have gone.
+  virtual std::shared_ptr<ControlSite> SharedSite() const = 0;
   // Keeps the outermost control alive while code of a part runs. Null before the control is alive and when it
   // is being destroyed: a part then raises no events.
   virtual std::shared_ptr<void> Reference() const = 0;

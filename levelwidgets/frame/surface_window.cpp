@@ -6,9 +6,17 @@
 namespace levelwidgets {
 
 LResult SurfaceWindow::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
-  WindowApi& windows = surface_.Windows();
   // While the surface is made and while it is destroyed, the window is not its own.
-  if (surface_.hWnd() != window) return windows.DefWindowProcA(window, message, wparam, lparam);
+  if (surface_.hWnd() != window) {
+    return surface_.Windows().DefWindowProcA(window, message, wparam, lparam);
+  }
+  const auto site = SharedSite();  // the control may be gone when it is asked
+  return Reporting(*site, EventOf(message), [&] { return HandleMessage(window, message, wparam, lparam); });
+}
+
+LResult SurfaceWindow::HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam,
+                                     LParam lparam) {
+  WindowApi& windows = surface_.Windows();
   // A listener may drop the container's reference; this one lasts until the message has been handled.
   const auto keep = Reference();
   LResult result = 0;
@@ -30,7 +38,11 @@ LResult SurfaceWindow::OnMessage(WindowHandle window, std::uint32_t message, WPa
       break;
     default: break;
   }
-  if (keep && Site().UserMode() &&
+  const bool in_use = keep && Site().UserMode();
+  if (const InputKind kind = InputKindOf(message); in_use && kind != InputKind::kNone) {
+    Site().InputArrived(kind);
+  }
+  if (in_use &&
       (Pointer(message, wparam, lparam) || Focus(message, wparam) || Key(message, wparam, result))) {
     return result;
   }

@@ -56,6 +56,7 @@ class SurfaceWindow : public PartHost, public WindowClient {
   void EndParts();
 
  private:
+  LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
   void PaintMessage(WindowHandle window, bool alive);
   // Each is true when the message was one of its kind.
   bool Pointer(std::uint32_t message, WParam wparam, LParam lparam);

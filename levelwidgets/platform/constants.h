@@ -63,6 +63,8 @@ inline constexpr int kColorButtonFace = 15;
 inline constexpr int kColorButtonShadow = 16;
 inline constexpr int kColorGrayText = 17;
 inline constexpr int kColorButtonText = 18;
+inline constexpr int kColorInfoText = 23;
+inline constexpr int kColorInfoBackground = 24;
 // Colours 0 to 30 exist.
 inline constexpr int kSystemColorCount = 31;
 
@@ -70,6 +72,7 @@ inline constexpr int kSystemColorCount = 31;
 inline constexpr std::uint32_t kWsPopup = 0x80000000u;
 inline constexpr std::uint32_t kWsChild = 0x40000000u;
 inline constexpr std::uint32_t kWsVisible = 0x10000000u;
+inline constexpr std::uint32_t kWsMinimize = 0x20000000u;
 inline constexpr std::uint32_t kWsDisabled = 0x08000000u;
 inline constexpr std::uint32_t kWsClipSiblings = 0x04000000u;
 inline constexpr std::uint32_t kWsClipChildren = 0x02000000u;
@@ -80,7 +83,9 @@ inline constexpr std::uint32_t kWsThickFrame = 0x00040000u;
 inline constexpr std::uint32_t kWsMinimizeBox = 0x00020000u;
 inline constexpr std::uint32_t kWsMaximizeBox = 0x00010000u;
 inline constexpr std::uint32_t kWsExTopMost = 0x00000008u;
+inline constexpr std::uint32_t kWsExTransparent = 0x00000020u;
 inline constexpr std::uint32_t kWsExToolWindow = 0x00000080u;
+inline constexpr std::uint32_t kWsExNoActivate = 0x08000000u;
 
 // Indices of SetWindowLongA and GetWindowLongA.
 inline constexpr int kGwlWndProc = -4;

@@ -62,6 +62,7 @@ struct WindowRequest {
 // - Keys go to the focus window: kWmKeyDown, kWmChar (a character of the system's code page), kWmKeyUp;
 //   with Alt held kWmSysKeyDown, kWmSysChar, kWmSysKeyUp.
 // - A disabled window gets no pointer messages; they go to the nearest enabled ancestor.
+// - A top-level window with kWsExTransparent is seen and never hit: pointer messages go to what is behind it.
 // - DestroyWindow sends kWmDestroy to the window, then to its children, and ends its capture, focus and
 //   context. Nothing is sent to `client` afterwards.
 class WindowApi {

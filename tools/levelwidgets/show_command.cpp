@@ -37,13 +37,14 @@ class ShownForm {
   ShownForm(Platform& platform, std::string path, bool trusted)
       : platform_(platform), path_(std::move(path)), trusted_(trusted) {}
 
-  // In place of what was shown before, and where that was. Raises what is wrong with the file or its script;
-  // nothing has then changed.
+  // In place of what was shown before, and where that was unless it is placed itself. Raises what is wrong
+  // with the file or its script; nothing has then changed.
   void Load() {
     auto host = MakeScriptHost(platform_, trusted_);
     const auto form = host->LoadForm(path_);
     if (!form->Closed()) {
-      if (form_ && !form_->Closed()) {
+      const bool is_placed = form->LeftIsSet() || form->TopIsSet();
+      if (form_ && !form_->Closed() && !is_placed) {
         const PixelRect before = form_->ScreenRect();
         form->MoveTo({before.left, before.top});
       }

@@ -231,6 +231,37 @@ TEST_F(ShowCommand, TheProgramMovesResizesAndRetitlesItsWindow) {
   Screen().DoAtLast("search --sync --name Longer");
 }
 
+TEST_F(ShowCommand, AFormStandsWhereItsScriptPlacesIt) {
+  Show("function cmdSave_Click() form.Left, form.Top = 4500, 3000 end");
+  const PixelRect before = Screen().Find(kForm);
+  Click(button_);
+  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left != before.left; }));
+  const PixelRect first = Screen().Find(kForm);
+  Show("form.Left, form.Top = 4500 + 300, 3000 + 450");
+  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left == first.left + 20; }));
+  EXPECT_EQ(Screen().Find(kForm).top, first.top + 30);
+}
+
+TEST_F(ShowCommand, AToolTipComesOverTheControlAndGoesWithAPress) {
+  constexpr ColorRef kTip{0x00E1FFFF};
+  Show(
+      "cmdSave.ToolTipText = 'Keeps what was typed\\nuntil the next time'\n"
+      "function cmdSave_Click() state(kAfter) end");
+  EXPECT_TRUE(Screen().Find(kTip).empty());
+  Screen().Do("mousemove " + Middle(button_));
+  const PixelRect tip = Screen().WaitFor(kTip);
+  ASSERT_FALSE(tip.empty()) << Errors();
+  const int pointer = (button_.top + button_.bottom) / 2;
+  EXPECT_GT(tip.top, pointer);
+  EXPECT_LT(tip.top, pointer + 30);
+  EXPECT_GT(tip.height(), 24);  // two lines
+  Screen().Do("click 1");
+  EXPECT_TRUE(Screen().WaitWithout(kTip));
+  EXPECT_TRUE(Shows(kAfter));
+  Screen().Do("key alt+F4");  // the form has the keyboard
+  EXPECT_EQ(program_->Ended(), 0) << Errors();
+}
+
 TEST_F(ShowCommand, ClosingMayBeRefused) {
   Show(
       "local closes = 0\n"
@@ -314,6 +345,18 @@ TEST_F(ShowCommand, AnErrorInAHandlerIsToldAndTheFormStays) {
 }
 
 // --- Watching ------------------------------------------------------------------------------------
+
+TEST_F(ShowCommand, AnErrorOfAControlsOwnIsReportedAndTheFormStays) {
+  Show(
+      "scrCount.SmallChange = -40000\n"
+      "function scrCount_MouseUp() state(kAfter) end");
+  const PixelRect bar = Screen().WaitFor(kOther);
+  Screen().Do("mousemove " + std::to_string((bar.left + bar.right) / 2) + " " + std::to_string(bar.top + 5) +
+              " click 1");
+  EXPECT_TRUE(WaitForError("frmOrder.scrCount MouseDown: Invalid Value")) << Errors();
+  EXPECT_TRUE(Shows(kAfter));
+  EXPECT_TRUE(program_->Runs());
+}
 
 TEST_F(ShowCommand, WatchingShowsWhatHasChangedWhereItWas) {
   Show("", {"--watch"});

@@ -5,10 +5,17 @@
 namespace levelwidgets {
 
 ChildSite::ChildSite(PartHost& owner, std::string name)
-    : platform_(owner.Site().GetPlatform()), owner_(&owner), name_(std::move(name)) {}
+    : platform_(owner.Site().GetPlatform()),
+      container_(owner.SharedSite()),
+      owner_(&owner),
+      name_(std::move(name)) {}
 
 FontRef ChildSite::AmbientFont() {
   return MakeFont(owner_ ? owner_->GetSurface().GetFont()->Description() : FontDescription{});
+}
+
+void ChildSite::InputArrived(InputKind kind) {
+  if (owner_) owner_->Site().InputArrived(kind);
 }
 
 void ChildSite::FocusChanged(bool has_focus, WindowHandle other) {

@@ -30,9 +30,14 @@ class ChildSite : public ControlSite {
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool TakeKey(KeyMessage& key) override { return owner_ && owner_->TakeKey(key); }
   UsedKey& LastUsedKey() override { return owner_ ? owner_->Site().LastUsedKey() : used_key_; }
+  void InputArrived(InputKind kind) override;
+  bool TakeError(std::string_view event, const Error& error) override {
+    return container_->TakeError(event, error);
+  }
 
  private:
   Platform& platform_;
+  std::shared_ptr<ControlSite> container_;  // the owner's; hears of errors after the owner has gone, too
   PartHost* owner_;
   std::string name_;
   UsedKey used_key_;  // of a part without an owner

@@ -81,6 +81,7 @@ class PictureBox : public SurfaceWindow,
   // --- For its parts ----------------------------------------------------------------------------
 
   ControlSite& Site() const override { return owner_.Site(); }
+  std::shared_ptr<ControlSite> SharedSite() const override { return owner_.SharedSite(); }
   std::shared_ptr<void> Reference() const override { return owner_.Reference(); }
   void PartFocus(bool has_focus, WindowHandle other) override { owner_.PartFocus(has_focus, other); }
   bool TakeKey(KeyMessage& key) override { return owner_.TakeKey(key); }

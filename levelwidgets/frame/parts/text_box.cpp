@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <levelwidgets/frame/error.h>
+#include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/paint.h>
 
 namespace levelwidgets {
@@ -48,7 +49,8 @@ void TextBox::CreateWindow() {
   window_ = Windows().CreateWindowExA(request);
   if (!window_) return;
   subclass_.emplace(Windows(), window_, [this](std::uint32_t message, WParam wparam, LParam lparam) {
-    return OnMessage(message, wparam, lparam);
+    const auto site = owner_.SharedSite();  // the box may be gone when it is asked
+    return Reporting(*site, EventOf(message), [&] { return OnMessage(message, wparam, lparam); });
   });
   Send(kEmSetLimitText, static_cast<WParam>(max_length_));
   font_->Forget(font_token_);

@@ -37,6 +37,9 @@ LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) 
     owner_.PartFocus(message == kWmSetFocus, {static_cast<std::uint32_t>(wparam)});
     return result;
   }
+  if (const InputKind kind = InputKindOf(message); kind != InputKind::kNone) {
+    owner_.Site().InputArrived(kind);
+  }
   if (action != PointerAction::kNone) return PointerMessage(action, message, wparam, lparam);
   if (key) return KeyPressed(*key, message, wparam, lparam);
   return Pass(message, wparam, lparam);

@@ -1,6 +1,7 @@
 #include <levelwidgets/frame/parts/timer.h>
 
 #include <levelwidgets/frame/control_site.h>
+#include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/part_host.h>
 
 namespace levelwidgets {
@@ -33,7 +34,8 @@ void Timer::Run() {
   if (interval_ <= 0) return;
   timer_ = clock_.SetTimer(static_cast<std::uint32_t>(interval_), [this] {
     const auto keep = owner_.Reference();
-    tick_();
+    const auto site = owner_.SharedSite();
+    Reporting(*site, "Timer", tick_);
   });
 }
 

@@ -1,7 +1,9 @@
 #include <levelwidgets/host/form/form.h>
 
 #include <algorithm>
+#include <cmath>
 
+#include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/paint.h>
 
 namespace levelwidgets {
@@ -9,7 +11,14 @@ namespace levelwidgets {
 namespace {
 constexpr std::uint32_t kStyle =
     kWsCaption | kWsSysMenu | kWsMinimizeBox | kWsThickFrame | kWsClipChildren | kWsClipSiblings;
+
+void CheckPlace(const std::optional<Twips>& length) {
+  if (!length || std::fabs(length->value) <= kMostTwips.value) return;
+  throw Error(kOverflow, "LevelWidgets.Form",
+              "The form would be too far away: Left and Top are at most 1000000000 twips");
 }
+
+}  // namespace
 
 const ClassInfo& Form::Table() {
   using Row = table::Row<Form>;
@@ -29,8 +38,12 @@ const ClassInfo& Form::Table() {
                                                                "Background colour."),
           Row::ReadOnly<&Form::Design>(7, "Design",
                                        "Whether the form is being designed: controls get no input."),
-          Row::ReadOnly<&Form::hWnd>(8, "hWnd", "Handle of the form's window.")),
-      table::Persisted("Caption", "Width", "Height", "Font", "BackColor"),
+          Row::ReadOnly<&Form::hWnd>(8, "hWnd", "Handle of the form's window."),
+          Row::Property<&Form::Left, &Form::SetLeft>(
+              12, "Left", kNoDefault, "Left edge on the screen, twips; in the middle where not given."),
+          Row::Property<&Form::Top, &Form::SetTop>(
+              13, "Top", kNoDefault, "Top edge on the screen, twips; in the middle where not given.")),
+      table::Persisted("Caption", "Left", "Top", "Width", "Height", "Font", "BackColor"),
       table::Methods(
           Row::Method<&Form::Show>(9, "Show", "", "Shows and activates the form."),
           Row::Method<&Form::Hide>(10, "Hide", "", "Hides the form."),
@@ -59,23 +72,24 @@ std::shared_ptr<Form> Form::Create(Platform& platform, FormOptions options) {
 }
 
 Form::Form(Platform& platform, FormOptions options)
-    : platform_(platform), options_(std::move(options)), font_(MakeFont(options_.font)) {
+    : platform_(platform), options_(std::move(options)), font_(MakeFont(options_.font)), tool_tip_(platform) {
   const TwipSize size = options_.size;
   WindowRequest request;
+  CheckPlace(options_.left);
+  CheckPlace(options_.top);
   request.title = options_.caption;
   request.style = kStyle;
   request.client = this;
   window_ = platform_.Windows().CreateWindowExA(request);
   options_.size = {};
   SetSize(size);
-  const PixelRect rect = ScreenRect();
-  const PixelSize screen = platform_.Screen().Size();
-  MoveTo({std::max(0, (screen.width - rect.width()) / 2), std::max(0, (screen.height - rect.height()) / 2)});
+  PlaceWindow();
 }
 
 Form::~Form() { CloseWindow(); }
 
 void Form::CloseWindow() {
+  tool_tip_.Leave();
   by_name_.clear();
   for (const auto& control : std::exchange(controls_, {})) control->Detach();
   if (window_) platform_.Windows().DestroyWindow(std::exchange(window_, {}));
@@ -86,6 +100,38 @@ void Form::CloseWindow() {
 void Form::SetCaption(std::string caption) {
   options_.caption = std::move(caption);
   platform_.Windows().SetWindowTextA(window_, options_.caption);
+}
+
+// Where Left and Top say; in the middle where they say nothing.
+void Form::PlaceWindow() {
+  ScreenApi& screen = platform_.Screen();
+  const PixelRect rect = ScreenRect();
+  const PixelSize size = screen.Size();
+  PixelPoint place{std::max(0, (size.width - rect.width()) / 2),
+                   std::max(0, (size.height - rect.height()) / 2)};
+  if (options_.left) place.x = ToPixels(*options_.left, screen.TwipsPerPixelX());
+  if (options_.top) place.y = ToPixels(*options_.top, screen.TwipsPerPixelY());
+  MoveTo(place);
+}
+
+Twips Form::Left() const {
+  return options_.left.value_or(ToTwips(ScreenRect().left, platform_.Screen().TwipsPerPixelX()));
+}
+
+void Form::SetLeft(Twips left) {
+  CheckPlace(left);
+  options_.left = left;
+  MoveTo({ToPixels(left, platform_.Screen().TwipsPerPixelX()), ScreenRect().top});
+}
+
+Twips Form::Top() const {
+  return options_.top.value_or(ToTwips(ScreenRect().top, platform_.Screen().TwipsPerPixelY()));
+}
+
+void Form::SetTop(Twips top) {
+  CheckPlace(top);
+  options_.top = top;
+  MoveTo({ScreenRect().left, ToPixels(top, platform_.Screen().TwipsPerPixelY())});
 }
 
 void Form::SetSize(TwipSize size) {
@@ -159,8 +205,10 @@ void Form::Loaded() {
   Load.Raise();
 }
 
-HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved,
-                         const Placement& place) {
+void Form::CheckName(const std::string& name) const {
+  if (Closed()) {
+    throw Error(kInvalidCall, "LevelWidgets.Form", Name() + " is closed: nothing can be added to it");
+  }
   if (name.empty()) throw Error(kInvalidCall, "LevelWidgets.Form", "A control needs a name");
   if (!IsControlName(name)) {
     throw Error(
@@ -170,6 +218,12 @@ HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const
   if (Find(name)) {
     throw Error(kKeyInUse, "LevelWidgets.Form", "The form has a control named \"" + name + "\" already");
   }
+}
+
+HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved,
+                         const Placement& place) {
+  const auto keep = shared_from_this();
+  CheckName(name);
   const auto added = std::make_shared<HostedControl>(*this, control_class, std::move(name));
   added->tab_index_ = static_cast<std::int32_t>(controls_.size());
   controls_.push_back(added);
@@ -181,6 +235,8 @@ HostedControl& Form::Add(const ClassInfo& control_class, std::string name, const
     added->Detach();
     throw;
   }
+  const bool form_ends = keep.use_count() == 1;  // a listener has let go of it
+  if (form_ends || !added->GetControl()) throw RemovedWhileAdded(*added);
   return *added;
 }
 
@@ -192,6 +248,10 @@ std::shared_ptr<HostedControl> Form::Find(std::string_view name) const {
 bool Form::Remove(std::string_view name) {
   const auto control = Find(name);
   if (!control) return false;
+  if (ActiveControl() == control) {
+    const std::vector<HostedControl*> order = TabOrder();
+    vacant_place_ = std::ranges::find(order, control.get()) - order.begin();
+  }
   Forget(control);
   control->Detach();
   return true;
@@ -199,6 +259,7 @@ bool Form::Remove(std::string_view name) {
 
 // The form may have been closed meanwhile.
 void Form::Forget(const std::shared_ptr<HostedControl>& control) {
+  tool_tip_.Forget(*control);
   std::erase(controls_, control);
   const auto named = by_name_.find(control->Name());
   if (named != by_name_.end() && named->second == control.get()) by_name_.erase(named);
@@ -225,6 +286,21 @@ void Form::BecomeCancel(HostedControl& control) {
 
 LResult Form::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
   const auto keep = weak_from_this().lock();
+  try {
+    return HandleMessage(window, message, wparam, lparam);
+  } catch (const Error& error) {
+    if (!keep || !TakeError("", EventOf(message), error)) throw;
+    return 0;
+  }
+}
+
+bool Form::TakeError(std::string_view control, std::string_view event, const Error& error) const {
+  const ErrorHandler handler = error_handler_;  // which may set another one
+  return handler && handler(control, event, error);
+}
+
+LResult Form::HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
+  const bool alive = !weak_from_this().expired();
   WindowApi& windows = platform_.Windows();
   switch (message) {
     case kWmEraseBackground: return 1;
@@ -232,12 +308,15 @@ LResult Form::OnMessage(WindowHandle window, std::uint32_t message, WParam wpara
     case kWmDestroy: window_ = {}; return 0;
     default: break;
   }
-  if (!keep) return windows.DefWindowProcA(window, message, wparam, lparam);
+  if (!alive) return windows.DefWindowProcA(window, message, wparam, lparam);
   switch (message) {
     case kWmSize: ClientResized(); return 0;
     case kWmClose: Close(); return 0;
+    case kWmMove: ClientMoved(); return 0;
     case kWmSetFocus: FocusFirst(); return 0;
+    case kWmMouseMove: tool_tip_.Leave(); break;
     case kWmActivate: {
+      tool_tip_.Leave();
       // Lets the system move the focus first.
       const LResult result = windows.DefWindowProcA(window, message, wparam, lparam);
       ((wparam & 0xFFFF) != 0 ? Activate : Deactivate).Raise();
@@ -245,6 +324,7 @@ LResult Form::OnMessage(WindowHandle window, std::uint32_t message, WParam wpara
     }
     default: break;
   }
+  if (InputKindOf(message) == InputKind::kKey) tool_tip_.Spend();
   if (!Design() && KeyMessageToForm(message, wparam)) return 0;
   return windows.DefWindowProcA(window, message, wparam, lparam);
 }
@@ -257,6 +337,19 @@ void Form::Paint() {
   const DrawingObject brush(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, options_.back_color)));
   drawing.FillRect(dc, client, brush.Handle());
   platform_.Windows().EndPaint(window_);
+}
+
+// A place that was set follows the window. The twips that were asked for stay as they are while the window is
+// at exactly their pixels.
+void Form::ClientMoved() {
+  const auto style = static_cast<std::uint32_t>(platform_.Windows().GetWindowLongA(window_, kGwlStyle));
+  if ((style & kWsMinimize) != 0) return;
+  const PixelRect rect = ScreenRect();
+  const auto follow = [](std::optional<Twips>& place, int pixels, float twips_per_pixel) {
+    if (place && ToPixels(*place, twips_per_pixel) != pixels) place = ToTwips(pixels, twips_per_pixel);
+  };
+  follow(options_.left, rect.left, platform_.Screen().TwipsPerPixelX());
+  follow(options_.top, rect.top, platform_.Screen().TwipsPerPixelY());
 }
 
 // The twips that were asked for stay as they are while the window shows exactly their pixels.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <levelwidgets/host/form/hosted_control.h>
+#include <levelwidgets/host/form/tool_tip.h>
 
 namespace levelwidgets {
 
@@ -18,6 +19,9 @@ struct FormOptions {
   std::string name = "frmForm";
   std::string caption;
   TwipSize size{Twips(6000), Twips(4500)};  // inner
+  // Of the screen, the outer left top corner; in the middle where it is not given.
+  std::optional<Twips> left;
+  std::optional<Twips> top;
   FontDescription font;
   Color back_color{0x8000000Fu};
   bool design = false;  // design mode: the controls get no input
@@ -32,13 +36,13 @@ struct Placement {
 // Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
 bool IsControlName(std::string_view name);
 
-// By name in Table(): Name, Caption, Width, Height, Font, BackColor, Design and the events.
+// By name in Table(): Name, Caption, Left, Top, Width, Height, Font, BackColor, Design and the events.
 //
 // A form is shared: whoever runs its code holds a reference, so that a handler may drop the last other one.
 class Form : public Object, public WindowClient, public std::enable_shared_from_this<Form> {
  public:
   static const ClassInfo& Table();
-  // Hidden, centred on the screen.
+  // Hidden.
   static std::shared_ptr<Form> Create(Platform& platform, FormOptions options);
   ~Form() override;
 
@@ -47,6 +51,15 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   const std::string& Name() const { return options_.name; }
   const std::string& Caption() const { return options_.caption; }
   void SetCaption(std::string caption);
+  // The outer left top corner on the screen, twips. A form stands in the middle of the screen until it is
+  // placed. More than kMostTwips in any direction raise 6.
+  Twips Left() const;
+  void SetLeft(Twips left);
+  Twips Top() const;
+  void SetTop(Twips top);
+  // Whether Left or Top has been set, so that it is part of what a save keeps.
+  bool LeftIsSet() const { return options_.left.has_value(); }
+  bool TopIsSet() const { return options_.top.has_value(); }
   // Inner size, twips. Negative lengths raise 5, more than kMostTwips raise 6.
   Twips Width() const { return options_.size.width; }
   void SetWidth(Twips width) { SetSize({width, options_.size.height}); }
@@ -72,9 +85,10 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   // The form's client area moved to `screen` pixels (its outer left top corner).
   void MoveTo(PixelPoint screen);
 
-  // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. Raises 457 when the
-  // name is taken, 5 for what is no IsControlName; what the control refuses of `saved` is raised as
-  // PropertyRefused, and nothing is added. It has its size from the start, when it reads its properties.
+  // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. It has its size from
+  // the start, when it reads its properties. Raises 457 when the name is taken; 5 for what is no
+  // IsControlName, when the form is closed, and when a listener removes the control or closes the form
+  // meanwhile; PropertyRefused for what the control refuses of `saved`. Nothing is added then.
   HostedControl& Add(const ClassInfo& control_class, std::string name, const PropertyBag* saved = nullptr,
                      const Placement& place = {});
   // A new instance of the control class T.
@@ -102,6 +116,13 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   Event<bool&> Unload;
   Event<std::string_view, std::string_view> PropertyChanged;  // control, property
 
+  // Gets the errors that the code of a control, or of the form itself ("" as the control), raises by itself
+  // while it handles a message or a tick: `event` names which. True when it has reported the error, which
+  // then goes no further; without a handler errors pass through to whoever made the message or the tick
+  // happen.
+  using ErrorHandler = std::function<bool(std::string_view control, std::string_view event, const Error&)>;
+  void SetErrorHandler(ErrorHandler handler) { error_handler_ = std::move(handler); }
+
   // Raises Load; whoever has filled the form calls it once, before the form is shown.
   void Loaded();
 
@@ -112,9 +133,14 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   friend class HostedControl;
   Form(Platform& platform, FormOptions options);
 
+  LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
+  bool TakeError(std::string_view control, std::string_view event, const Error& error) const;
+  void CheckName(const std::string& name) const;
   void SetSize(TwipSize size);
   void Paint();
+  void PlaceWindow();
   void ClientResized();
+  void ClientMoved();
   void CloseWindow();
   void Forget(const std::shared_ptr<HostedControl>& control);
 
@@ -122,7 +148,10 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   bool TakeKey(const KeyMessage& key);
   bool KeyMessageToForm(std::uint32_t message, WParam wparam);
   std::vector<HostedControl*> TabOrder() const;
+  std::vector<HostedControl*> TabOrderFromFocus(bool forward) const;
   bool MoveFocus(bool forward);
+  void FocusCame(HostedControl& control);
+  void FocusWent(const HostedControl& control, WindowHandle other);
   bool PressAccessKey(std::int16_t character);
   // Delivers the key to the control that has `role` (default or cancel button).
   bool ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii);
@@ -141,6 +170,9 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
       by_name_;                                  // of controls_; the keys are the controls' own
   std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
   UsedKey used_key_;                             // by the form or one of its controls
+  std::ptrdiff_t vacant_place_ = 0;  // in the order of the Tab key: of the control removed with the focus
+  ErrorHandler error_handler_;
+  ToolTip tool_tip_;
 };
 
 }  // namespace levelwidgets

@@ -377,6 +377,54 @@ TEST_F(FormTest, AnInnerSizeOfAFractionOfAPixelIsKept) {
   EXPECT_EQ(TheForm().Width(), Twips(6007));
 }
 
+TEST_F(FormTest, StandsInTheMiddleOfTheScreenUnlessItIsPlaced) {
+  const PixelSize screen = Tracer().Screen().Size();
+  const float twips = Tracer().Screen().TwipsPerPixelX();
+  const auto middle = Form::Create(Tracer(), {});
+  const PixelRect rect = middle->ScreenRect();
+  EXPECT_EQ(rect.left, (screen.width - rect.width()) / 2);
+  EXPECT_EQ(rect.top, (screen.height - rect.height()) / 2);
+  EXPECT_EQ(middle->Left(), ToTwips(rect.left, twips));
+  EXPECT_FALSE(middle->LeftIsSet() || middle->TopIsSet());
+
+  const auto placed = Form::Create(Tracer(), {.left = Twips(1507)});
+  EXPECT_EQ(placed->ScreenRect().left, 100);
+  EXPECT_EQ(placed->ScreenRect().top, rect.top);
+  EXPECT_EQ(placed->Left(), Twips(1507));
+  EXPECT_TRUE(placed->LeftIsSet() && !placed->TopIsSet());
+}
+
+TEST_F(FormTest, LeftAndTopPlaceItOneByOne) {
+  TheForm().SetLeft(Twips(3000));
+  EXPECT_EQ(TheForm().ScreenRect().left, 200);
+  EXPECT_EQ(TheForm().ScreenRect().top, 100);
+  TheForm().SetTop(Twips(-150));
+  EXPECT_EQ(TheForm().ScreenRect().left, 200);
+  EXPECT_EQ(TheForm().ScreenRect().top, -10);
+  EXPECT_EQ(TheForm().Top(), Twips(-150));
+}
+
+TEST_F(FormTest, APlaceThatWasSetFollowsTheWindow) {
+  TheForm().SetLeft(Twips(3007));
+  EXPECT_EQ(TheForm().Left(), Twips(3007));  // kept while it shows the same pixel
+  TheForm().MoveTo({200, 150});
+  EXPECT_EQ(TheForm().Left(), Twips(3007));
+  EXPECT_EQ(TheForm().Top(), Twips(2250));
+  TheForm().MoveTo({210, 150});
+  EXPECT_EQ(TheForm().Left(), Twips(3150));
+  EXPECT_FALSE(TheForm().TopIsSet());
+}
+
+TEST_F(FormTest, APlaceThatIsTooFarIsRefusedAndChangesNothing) {
+  for (const float length : {1e30F, -1e30F, std::numeric_limits<float>::quiet_NaN()}) {
+    EXPECT_THAT(ErrorOf([&] { TheForm().SetLeft(Twips(length)); }), kOverflow);
+    EXPECT_THAT(ErrorOf([&] { TheForm().SetTop(Twips(length)); }), kOverflow);
+    EXPECT_THAT(ErrorOf([&] { Form::Create(Tracer(), {.top = Twips(length)}); }), kOverflow);
+  }
+  EXPECT_EQ(TheForm().ScreenRect().left, 100);
+  EXPECT_FALSE(TheForm().LeftIsSet() || TheForm().TopIsSet());
+}
+
 TEST_F(FormTest, UnloadMayBeCancelled) {
   bool refuse = true;
   TheForm().Unload += [&](bool& cancel) { cancel = refuse; };

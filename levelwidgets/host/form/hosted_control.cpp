@@ -33,7 +33,7 @@ const ClassInfo& HostedControl::Table() {
           Row::Property<&H::Cancel, &H::SetCancel>(10, "Cancel", Always(false), "Whether Escape clicks it."),
           Row::Property<&H::Tag, &H::SetTag>(11, "Tag", Always(""), "Any text of the user's."),
           Row::Property<&H::ToolTipText, &H::SetToolTipText>(12, "ToolTipText", Always(""),
-                                                             "Text that explains the control.")),
+                                                             "Text that explains the control, shown below the pointer after half a second over it.")),
       table::Persisted("Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default",
                        "Cancel", "Tag", "ToolTipText"),
       table::Methods(
@@ -45,17 +45,22 @@ const ClassInfo& HostedControl::Table() {
 }
 
 HostedControl::HostedControl(Form& form, const ClassInfo& control_class, std::string name)
-    : platform_(form.GetPlatform()), form_(&form), control_class_(control_class), name_(std::move(name)) {}
+    : platform_(form.GetPlatform()),
+      form_(&form),
+      origin_(form.weak_from_this()),
+      control_class_(control_class),
+      name_(std::move(name)) {}
 
 void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
   const TwipSize size = place.size.value_or(control_class_.DefaultSize());
   CheckPlace(place.position, size);
-  control_ = control_class_.Create(shared_from_this());
+  const auto control = control_class_.Create(shared_from_this());
+  control_ = control;
   position_ = place.position;
   size_ = size;
-  control_->Start(saved, position_, size_);
+  control->Start(saved, position_, size_);
   ZOrder(0);  // what is added later covers what was there
-  control_->GetSurface().SetVisible(visible_);
+  if (control_) control_->GetSurface().SetVisible(visible_);
 }
 
 void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
@@ -82,7 +87,15 @@ void HostedControl::Detach() {
 
 void HostedControl::SetVisible(bool visible) {
   visible_ = visible;
-  if (control_) control_->GetSurface().SetVisible(visible);
+  // Whoever gets the focus in its place may remove it.
+  if (const auto control = control_) control->GetSurface().SetVisible(visible);
+}
+
+bool HostedControl::CanTakeInput() const { return control_ && visible_ && control_->GetSurface().Enabled(); }
+
+void HostedControl::SetToolTipText(std::string text) {
+  tool_tip_text_ = std::move(text);
+  if (form_) form_->tool_tip_.TextChanged(*this);
 }
 
 void HostedControl::SetDefault(bool is_default) {
@@ -107,8 +120,7 @@ void HostedControl::Move(TwipPoint position, TwipSize size) {
 void HostedControl::SetFocus() {
   WindowApi& windows = platform_.Windows();
   const WindowHandle window = control_ ? control_->GetSurface().hWnd() : WindowHandle{};
-  const bool can_take = control_ && visible_ && control_->GetSurface().Enabled();
-  if (!can_take) {
+  if (!CanTakeInput()) {
     throw Error(kInvalidCall, "LevelWidgets.Form",
                 name_ + " cannot take the focus: it is hidden, disabled or removed");
   }
@@ -165,8 +177,14 @@ void HostedControl::PropertyChanged(std::string_view name) {
   keep->PropertyChanged.Raise(name_, name);
 }
 
-void HostedControl::FocusChanged(bool has_focus, WindowHandle) {
-  if (form_ && has_focus) form_->active_control_ = weak_from_this();
+void HostedControl::FocusChanged(bool has_focus, WindowHandle other) {
+  if (!form_) return;
+  const auto keep = form_->shared_from_this();
+  if (has_focus) {
+    keep->FocusCame(*this);
+  } else {
+    keep->FocusWent(*this, other);
+  }
 }
 
 bool HostedControl::TakeKey(KeyMessage& key) {
@@ -176,5 +194,20 @@ bool HostedControl::TakeKey(KeyMessage& key) {
 }
 
 UsedKey& HostedControl::LastUsedKey() { return form_ ? form_->used_key_ : used_key_; }
+
+void HostedControl::InputArrived(InputKind kind) {
+  if (form_) form_->tool_tip_.InputArrived(*this, kind);
+}
+
+bool HostedControl::TakeError(std::string_view event, const Error& error) {
+  const auto form = origin_.lock();
+  return form && form->TakeError(name_, event, error);
+}
+
+Error RemovedWhileAdded(const HostedControl& control) {
+  return Error(
+      kInvalidCall, "LevelWidgets.Form",
+      control.Name() + " was not added: a handler removed it, or closed its form, before it was complete");
+}
 
 }  // namespace levelwidgets

@@ -59,7 +59,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   const std::string& Tag() const { return tag_; }
   void SetTag(std::string tag) { tag_ = std::move(tag); }
   const std::string& ToolTipText() const { return tool_tip_text_; }
-  void SetToolTipText(std::string text) { tool_tip_text_ = std::move(text); }
+  // Shown below the pointer once that has been over the control for half a second.
+  void SetToolTipText(std::string text);
 
   // --- Methods ----------------------------------------------------------------------------------
 
@@ -70,6 +71,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void ZOrder(std::int32_t position);
   // The bag that the control would save.
   PropertyBag Properties() const;
+  // Whether it is there, shown and enabled.
+  bool CanTakeInput() const;
   // Outer rectangle in screen pixels.
   PixelRect ScreenRect() const;
   // Where a person would click it, in screen pixels.
@@ -91,16 +94,20 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool TakeKey(KeyMessage& key) override;
   UsedKey& LastUsedKey() override;
+  void InputArrived(InputKind kind) override;
+  bool TakeError(std::string_view event, const Error& error) override;
 
  private:
   friend class Form;
-  // Creates the control and starts it: loaded from `saved`, or new when there is none.
+  // Creates the control and starts it: loaded from `saved`, or new when there is none. A listener may remove
+  // it meanwhile.
   void Create(const PropertyBag* saved, const Placement& place);
   void CheckPlace(TwipPoint position, TwipSize size) const;
   void Detach();
 
   Platform& platform_;
   Form* form_;
+  const std::weak_ptr<Form> origin_;  // also after the removal
   const ClassInfo& control_class_;
   std::shared_ptr<Control> control_;
   std::string name_;
@@ -115,5 +122,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   std::string tool_tip_text_;
   UsedKey used_key_;  // of a control that its form has given up
 };
+
+// What adding a control raises when a listener removes it, or closes the form, before it has been added.
+Error RemovedWhileAdded(const HostedControl& control);
 
 }  // namespace levelwidgets

@@ -6,14 +6,6 @@
 
 namespace levelwidgets {
 
-namespace {
-
-bool CanTakeInput(const HostedControl& control) {
-  return control.GetControl() && control.Visible() && control.GetControl()->GetSurface().Enabled();
-}
-
-}  // namespace
-
 std::vector<HostedControl*> Form::TabOrder() const {
   std::vector<HostedControl*> order;
   for (const auto& control : controls_) order.push_back(control.get());
@@ -54,14 +46,21 @@ bool Form::KeyMessageToForm(std::uint32_t message, WParam wparam) {
   return TakeKey(key);
 }
 
-bool Form::MoveFocus(bool forward) {
+// From the control with the focus, or from where one stood that was removed with it: those behind it first,
+// then the others. The control itself is the last.
+std::vector<HostedControl*> Form::TabOrderFromFocus(bool forward) const {
   std::vector<HostedControl*> order = TabOrder();
-  if (!forward) std::ranges::reverse(order);
   const auto present = std::ranges::find(order, ActiveControl().get());
-  // Those behind the present one first, then the others.
-  if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
-  for (HostedControl* control : order) {
-    if (control->TabStop() && CanTakeInput(*control)) {
+  auto begin = order.begin() + std::min(std::ssize(order), vacant_place_);
+  if (present != order.end()) begin = forward ? present + 1 : present;
+  std::rotate(order.begin(), begin, order.end());
+  if (!forward) std::ranges::reverse(order);
+  return order;
+}
+
+bool Form::MoveFocus(bool forward) {
+  for (HostedControl* control : TabOrderFromFocus(forward)) {
+    if (control->TabStop() && control->CanTakeInput()) {
       control->SetFocus();
       return true;
     }
@@ -73,11 +72,8 @@ bool Form::MoveFocus(bool forward) {
 bool Form::PressAccessKey(std::int16_t character) {
   const char byte = static_cast<char>(character);
   const std::string pressed = platform_.Conversions().FromCodePage({&byte, 1});
-  std::vector<HostedControl*> order = TabOrder();
-  const auto present = std::ranges::find(order, ActiveControl().get());
-  if (present != order.end()) std::rotate(order.begin(), present + 1, order.end());
-  for (HostedControl* control : order) {
-    if (!CanTakeInput(*control)) continue;
+  for (HostedControl* control : TabOrderFromFocus(true)) {
+    if (!control->CanTakeInput()) continue;
     if (!IsAccessKey(control->GetControl()->GetSurface().AccessKeys(), pressed)) continue;
     const auto keep = control->GetControl();
     control->SetFocus();
@@ -89,21 +85,35 @@ bool Form::PressAccessKey(std::int16_t character) {
 
 bool Form::ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii) {
   const auto button = std::ranges::find_if(controls_, [role](const auto& c) { return ((*c).*role)(); });
-  if (button == controls_.end() || !CanTakeInput(**button)) return false;
+  if (button == controls_.end() || !(*button)->CanTakeInput()) return false;
   const auto keep = (*button)->GetControl();
   keep->OnAccessKeyPress(key_ascii);
   return true;
 }
 
-// The form's window got the focus: it belongs to the control that had it, or to the first in the order.
+void Form::FocusCame(HostedControl& control) {
+  active_control_ = control.weak_from_this();
+  vacant_place_ = 0;
+}
+
+// A control that can take no input any more hands the focus to the next one, unless it has been given to
+// another already.
+void Form::FocusWent(const HostedControl& control, WindowHandle other) {
+  const bool is_free = !other || other == window_;
+  if (!is_free || control.CanTakeInput() || platform_.Windows().GetActiveWindow() != window_) return;
+  if (MoveFocus(true)) return;
+  active_control_.reset();
+  platform_.Windows().SetFocus(window_);
+}
+
+// The form's window got the focus: it belongs to the control that had it, or to the next in the order.
 void Form::FocusFirst() {
   if (Design()) return;
-  if (const auto control = ActiveControl(); control && CanTakeInput(*control)) {
+  if (const auto control = ActiveControl(); control && control->CanTakeInput()) {
     control->SetFocus();
     return;
   }
-  active_control_.reset();
-  MoveFocus(true);
+  if (!MoveFocus(true)) active_control_.reset();
 }
 
 }  // namespace levelwidgets

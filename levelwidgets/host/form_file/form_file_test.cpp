@@ -70,6 +70,21 @@ TEST_F(FormFile, LoadsTheFormAndItsControls) {
   EXPECT_EQ(GetByName(*note.GetControl(), "Alignment"), Variant(2 - 1));
 }
 
+TEST_F(FormFile, AFormStandsWhereTheFileSaysOrInTheMiddle) {
+  const PixelSize screen = Tracer().Screen().Size();
+  const LoadedForm placed = Load("[form]\nLeft = 1500\nTop = -150\nWidth = 3000\n");
+  ASSERT_TRUE(placed.form);
+  EXPECT_EQ(placed.form->ScreenRect().left, 100);
+  EXPECT_EQ(placed.form->ScreenRect().top, -10);
+  const LoadedForm half = Load("[form]\nTop = 300\nWidth = 3000\n");
+  ASSERT_TRUE(half.form);
+  const PixelRect rect = half.form->ScreenRect();
+  EXPECT_EQ(rect.left, (screen.width - rect.width()) / 2);
+  EXPECT_EQ(rect.top, 20);
+  ExpectTold("[form]\nLeft = 1e30\n", "f:2:8: Left is at most 1000000000 twips; 1e30 is too far\n");
+  ExpectTold("[form]\nTop = \"low\"\n", "f:2:7: Top is a number; \"low\" is a string\n");
+}
+
 TEST_F(FormFile, AControlWithoutPropertiesIsALoadedOne) {
   const LoadedForm loaded = Load("[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"cmdOK\"\n");
   ASSERT_TRUE(loaded.form);

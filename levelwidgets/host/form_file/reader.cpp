@@ -30,6 +30,22 @@ bool AreHeaderTables(const FormNode& controls) {
          });
 }
 
+// Whether `key` is a length of the form's window, which is then in `options`.
+bool TakeLength(FormOptions& options, std::string_view key, const Variant& value) {
+  if (key == "Left") {
+    options.left = Twips(ToSingle(value));
+  } else if (key == "Top") {
+    options.top = Twips(ToSingle(value));
+  } else if (key == "Width") {
+    options.size.width = Twips(ToSingle(value));
+  } else if (key == "Height") {
+    options.size.height = Twips(ToSingle(value));
+  } else {
+    return false;
+  }
+  return true;
+}
+
 bool Contains(std::initializer_list<std::string_view> names, std::string_view name) {
   return std::ranges::find(names, name) != names.end();
 }
@@ -122,17 +138,14 @@ void FormReader::ReadForm(const FormNode& table) {
   }
   if (const FormNode* script = table.Find("Script")) ReadScript(*script);
   const Values values = ReadKeys(table, FormKeys());
-  // The size is given at once: the form is centred by it.
+  // Place and size are given at once: what is not placed stands in the middle by its size.
+  std::vector<bool> given(values.size());
   for (std::size_t i = 0; i < values.size(); ++i) {
-    if (!values[i].second) continue;
-    if (FormKeys()[i]->name == "Width") options.size.width = Twips(ToSingle(*values[i].second));
-    if (FormKeys()[i]->name == "Height") options.size.height = Twips(ToSingle(*values[i].second));
+    if (values[i].second) given[i] = TakeLength(options, FormKeys()[i]->name, *values[i].second);
   }
   form_ = Form::Create(platform_, options);
   for (std::size_t i = 0; i < values.size(); ++i) {
-    const std::string_view name = FormKeys()[i]->name;
-    if (values[i].second && name != "Width" && name != "Height")
-      FormKeys()[i]->set(*form_, *values[i].second);
+    if (values[i].second && !given[i]) FormKeys()[i]->set(*form_, *values[i].second);
   }
 }
 

@@ -44,8 +44,8 @@ class FormReader {
   std::string ReadName(const FormNode& table);
   PropertyBag ReadProperties(const FormNode* node, const ClassInfo& control_class);
   // Null when the control refused something, which has been reported.
-  HostedControl* Add(const ClassInfo& control_class, const std::string& name, const FormNode& table,
-                     PropertyBag bag, const Placement& place);
+  std::shared_ptr<HostedControl> Add(const ClassInfo& control_class, const std::string& name,
+                                     const FormNode& table, PropertyBag bag, const Placement& place);
   // Takes the refused value out of `bag`; false when it was not in it.
   bool ReportRefused(const PropertyRefused& refused, const ClassInfo& control_class, const FormNode& table,
                      PropertyBag& bag);

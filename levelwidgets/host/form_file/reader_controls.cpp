@@ -46,11 +46,15 @@ void FormReader::ReadControl(const FormNode& table) {
   PropertyBag bag = ReadProperties(properties, *control_class);
   // One without a usable name is made all the same, to hear what it refuses.
   const std::string made_as = name.empty() ? "_at_" + std::to_string(table.span.begin) : std::string(name);
-  HostedControl* control =
+  const auto control =
       Add(*control_class, made_as, table, std::move(bag), PlaceOf(*control_class, placement));
   if (!control) return;
   Assign(*control, placement);
-  if (properties) WarnOfUnknownProperties(*properties, *control);
+  if (!control->GetControl()) {
+    report_.Error(table.span.begin, control_class->Name() + ": " + RemovedWhileAdded(*control).Description());
+  } else if (properties) {
+    WarnOfUnknownProperties(*properties, *control);
+  }
 }
 
 const ClassInfo* FormReader::ReadClass(const FormNode& table) {
@@ -104,13 +108,14 @@ PropertyBag FormReader::ReadProperties(const FormNode* node, const ClassInfo& co
   return bag;
 }
 
-HostedControl* FormReader::Add(const ClassInfo& control_class, const std::string& name, const FormNode& table,
-                               PropertyBag bag, const Placement& place) {
+std::shared_ptr<HostedControl> FormReader::Add(const ClassInfo& control_class, const std::string& name,
+                                               const FormNode& table, PropertyBag bag,
+                                               const Placement& place) {
   // A control stops at the first value that it refuses: without that one it is asked again for the rest.
   for (bool refused_before = false;; refused_before = true) {
     try {
       HostedControl& control = form_->Add(control_class, name, &bag, place);
-      return refused_before ? nullptr : &control;
+      return refused_before ? nullptr : control.shared_from_this();
     } catch (const PropertyRefused& refused) {
       if (!ReportRefused(refused, control_class, table, bag)) return nullptr;
     } catch (const Error& error) {

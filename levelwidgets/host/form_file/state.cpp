@@ -27,6 +27,19 @@ std::vector<Variant> ValuesOf(const Object& object, const std::vector<const Prop
   return values;
 }
 
+// A form that was not placed has no place to keep.
+bool IsUnset(const Form& form, std::string_view key) {
+  return (key == "Left" && !form.LeftIsSet()) || (key == "Top" && !form.TopIsSet());
+}
+
+std::vector<Variant> ValuesOf(const Form& form) {
+  std::vector<Variant> values = ValuesOf(form, FormKeys());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (IsUnset(form, FormKeys()[i]->name)) values[i] = {};
+  }
+  return values;
+}
+
 bool IsFont(const PropertyBag::Entry& entry) { return entry.value.Type() == VariantType::kFont; }
 
 PropertyBag Frozen(PropertyBag bag) {
@@ -49,7 +62,7 @@ const std::vector<const PropertyInfo*>& PlacementKeys() {
 }
 
 FormState StateOf(const Form& form) {
-  FormState state{form.Name(), ValuesOf(form, FormKeys()), {}};
+  FormState state{form.Name(), ValuesOf(form), {}};
   state.controls.reserve(form.Controls().size());
   for (const auto& control : form.Controls()) {
     state.controls.push_back({&control->ControlClass(), control->Name(), ValuesOf(*control, PlacementKeys()),

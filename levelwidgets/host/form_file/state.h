@@ -18,7 +18,7 @@ struct ControlState {
 // A copy that later changes of the form, its controls and their fonts do not reach.
 struct FormState {
   std::string name;
-  std::vector<Variant> values;  // one for each of FormKeys()
+  std::vector<Variant> values;  // one for each of FormKeys(); empty for a place that was not set
   std::vector<ControlState> controls;
 };
 

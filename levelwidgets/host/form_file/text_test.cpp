@@ -55,6 +55,27 @@ TEST_F(FormTextTest, ANewTextHasWhatDiffersFromTheDefaults) {
       "\n[[control]]\nClass = \"FlatLabel\"\nName = \"lblPlain\"\n");
 }
 
+TEST_F(FormTextTest, APlaceOnTheScreenIsWrittenWhereItWasSet) {
+  const auto form = Form::Create(Tracer(), {.name = "frmOrder"});
+  form->MoveTo({20, 30});  // stays without a place of its own
+  EXPECT_EQ(FormText(*form), "[form]\nName = \"frmOrder\"\n");
+  form->SetTop(Twips(-150));
+  EXPECT_EQ(FormText(*form), "[form]\nName = \"frmOrder\"\nTop = -150\n");
+  form->SetLeft(Twips(22.5F));
+  EXPECT_EQ(FormText(*form), "[form]\nName = \"frmOrder\"\nLeft = 22.5\nTop = -150\n");
+}
+
+TEST_F(FormTextTest, APlaceOnTheScreenIsKeptAndFollowsTheForm) {
+  const std::string text = "[form]\nName = \"frmOrder\"\nLeft = 1500 # here\n";
+  Form& form = Load(text);
+  EXPECT_EQ(form.ScreenRect().left, 100);
+  EXPECT_EQ(Saved(), text);
+  form.MoveTo({110, form.ScreenRect().top});
+  EXPECT_EQ(Saved(), "[form]\nName = \"frmOrder\"\nLeft = 1650 # here\n");
+  form.SetTop(Twips(300));
+  EXPECT_EQ(Saved(), "[form]\nName = \"frmOrder\"\nLeft = 1650 # here\nTop = 300\n");
+}
+
 TEST_F(FormTextTest, ANewTextLoadsAsTheSameForm) {
   const auto form = Form::Create(Tracer(), {});
   for (const ClassInfo* control_class : ControlClasses()) {

@@ -51,6 +51,99 @@ class ScriptHostTest : public testing::DesktopTest {
       (std::string("levelwidgets_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
+TEST_F(ScriptHostTest, AFormIsPlacedByLeftAndTopAndSavesThem) {
+  EXPECT_EQ(Run(R"(
+    local d = lw.desktop()
+    local placed = lw.form{ Name = "frmPlaced", Left = 1500, Top = 300 }
+    placed:show()
+    local left, top = d:rect(placed)
+    assert(left == 100 and top == 20, left .. " " .. top)
+    assert(placed:text():find("Left = 1500\nTop = 300\n", 1, true), placed:text())
+    placed.Left = 1650
+    assert(d:rect(placed) == 110 and placed.Left == 1650 and placed.Top == 300)
+
+    local middle = lw.form{ Name = "frmMiddle" }
+    assert(not middle:text():find("Left", 1, true), middle:text())
+    assert(middle.Left == d:rect(middle) * 15)
+    local ok, problem = pcall(function() middle.Top = 1e30 end)
+    assert(not ok and problem.number == 6, tostring(problem))
+  )"),
+            0);
+}
+
+TEST_F(ScriptHostTest, ADriverSeesToolTips) {
+  EXPECT_EQ(Run(R"(
+    local f = lw.form{ Name = "frmOrder", Caption = "Order", Width = 3000, Height = 3000 }
+    f:add("FlatButton", "cmdSave", { Left = 300, Top = 300, ToolTipText = "Keeps it" })
+    f:show()
+    local d = lw.desktop()
+    d:move_to(f.cmdSave, 300, 150)
+    d:advance(700)
+    local windows = d:windows()
+    assert(#windows == 2 and windows[1].title == "Keeps it" and not windows[1].active)
+    assert(windows[2].title == "Order" and windows[2].active)
+    d:move(2, 2)
+    d:advance(200)
+    assert(#d:windows() == 1)
+  )"),
+            0);
+}
+
+TEST_F(ScriptHostTest, AnErrorOfAControlsOwnInputIsReportedAsAHandlersAndTheFormGoesOn) {
+  EXPECT_EQ(Run(R"(
+    local f = lw.form{ Name = "frmOrder", Width = 3000, Height = 3000 }
+    local bar = f:add("FlatScroll", "scrQty", { Width = 255, Height = 2250, Max = 100, Value = 50 })
+    bar.SmallChange = -200
+    f:show()
+    local d = lw.desktop()
+    local left, top = d:rect(bar)
+    d:click(left + 8, top + 5)
+    assert(bar.Value == 50 and #lw.errors() == 1)
+  )"),
+            0);
+  ASSERT_EQ(host_->HandlerErrors().size(), 1u);
+  EXPECT_EQ(reports_,
+            "frmOrder.scrQty MouseDown: Invalid Value (error -2147220502, LevelWidgets.FlatScroll)\n");
+}
+
+TEST_F(ScriptHostTest, AControlThatAHandlerRemovesWhileItIsAddedIsAnErrorForWhoeverAddsIt) {
+  for (const char* deed : {"f:remove(e.Control)", "f:close()"}) {
+    EXPECT_EQ(Run(std::string(R"(
+      local f = lw.form{ Name = "frmOrder", Width = 3000, Height = 3000 }
+      f:on("PropertyChanged", function(e) )") +
+                  deed + R"( end)
+      for _, values in ipairs{ { Properties = {} }, { Caption = "Save" } } do
+        local ok, problem = pcall(f.add, f, "FlatButton", "cmdSave", values)
+        assert(not ok and problem.number == 5, tostring(problem))
+        local is_closed = not pcall(f.controls, f)
+        assert(is_closed or #f:controls() == 0)
+        if is_closed then break end
+        assert(problem.description:find("cmdSave was not added", 1, true), problem.description)
+      end
+    )"),
+              0)
+        << deed;
+  }
+  EXPECT_EQ(reports_, "");
+}
+
+TEST_F(ScriptHostTest, AddingKeepsTheControlThatAHandlerHasPutInItsPlace) {
+  EXPECT_EQ(Run(R"(
+    local f = lw.form{ Name = "frmOrder", Width = 3000, Height = 3000 }
+    local once = true
+    f:on("PropertyChanged", function(e)
+      if e.Name ~= "MaxLength" or not once then return end
+      once = false
+      f:remove(e.Control)
+      f:add("FlatLabel", e.Control)
+    end)
+    local ok, problem = pcall(f.add, f, "FlatTextBox", "txtName", { MaxLength = 3, PasswordChar = "too long" })
+    assert(not ok, "added")
+    assert(tostring(f.txtName):find("FlatLabel"), tostring(f.txtName))
+  )"),
+            0);
+}
+
 TEST_F(ScriptHostTest, StatusIsWhatTheProgramReturns) {
   EXPECT_EQ(Run(""), 0);
   EXPECT_EQ(Run("return 3"), 3);

@@ -180,7 +180,8 @@ std::int16_t MemoryWindows::GetKeyState(int code) {
 
 PointerHit MemoryWindows::WindowAt(PixelPoint screen) {
   const auto contains = [&](const Window* w) {
-    return w->Shown() && WindowTree::OuterRect(*w).Contains(screen);
+    const bool is_hit = (w->ex_style & kWsExTransparent) == 0 || !tree_.IsTopLevel(*w);
+    return is_hit && w->Shown() && WindowTree::OuterRect(*w).Contains(screen);
   };
   const auto& windows = tree_.Desktop().children;
   const auto top = std::find_if(windows.begin(), windows.end(), contains);

@@ -150,6 +150,9 @@ MessageRouter::Window* MessageRouter::Find(WindowHandle window) {
 
 std::intptr_t MessageRouter::DeliverToClient(WindowHandle window, std::uint32_t message, WParam wparam,
                                              LParam lparam) {
+  if (message == WM_NCHITTEST && (::GetWindowLongA(ToHwnd(window), GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0) {
+    return HTTRANSPARENT;
+  }
   // A replacement has the first look at the message, and then this has been done already.
   if (!Find(window)->replacement) {
     if (Suppressed(window, message, lparam)) return message == WM_ERASEBKGND;

@@ -113,9 +113,11 @@ int AddControl(lua_State* L) {
     ConnectControl(form, *control);
     Assign(*control, values, TextsOf(L));
   } catch (const Error&) {
-    form->form->Remove(name);
+    // A handler may have put another one in its place.
+    if (form->form->Find(name) == control) form->form->Remove(name);
     throw;
   }
+  if (!control->GetControl()) throw RemovedWhileAdded(*control);
   PushControl(L, control);
   return 1;
 }

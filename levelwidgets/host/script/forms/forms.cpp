@@ -64,7 +64,8 @@ constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadForm>},
 // --- Methods ---------------------------------------------------------------------------------------
 
 void RaiseLoadOnce(ScriptForm& form) {
-  if (!std::exchange(form.load_raised, true)) form.form->Loaded();
+  // Its script may have closed it.
+  if (!form.form->Closed() && !std::exchange(form.load_raised, true)) form.form->Loaded();
 }
 
 // A form built by hand is complete when it is shown first: Load comes then.
@@ -158,11 +159,14 @@ FormRef CheckForm(lua_State* L, int index) {
 }
 
 int NewForm(lua_State* L) {
-  const OptionTable table(L, 1, "Form", {"Name", "Caption", "Width", "Height", "Font", "BackColor", "Design"},
+  const OptionTable table(L, 1, "Form",
+                          {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "Design"},
                           TextsOf(L));
   FormOptions options;
   options.name = table.Text("Name", options.name);
   options.caption = table.Text("Caption", options.caption);
+  if (table.Has("Left")) options.left = table.Length("Left", Twips());
+  if (table.Has("Top")) options.top = table.Length("Top", Twips());
   options.size = {table.Length("Width", options.size.width), table.Length("Height", options.size.height)};
   if (table.Has("Font")) options.font = ToFont(table.Value("Font"))->Description();
   if (table.Has("BackColor")) {

@@ -62,7 +62,20 @@ std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
   kept->document = std::move(document);
   kept->opener = opener.shared_from_this();
   forms_.push_back(kept);
+  ReportErrorsOf(kept);
   return kept;
+}
+
+void ScriptState::ReportErrorsOf(const std::shared_ptr<ScriptForm>& form) {
+  form->form->SetErrorHandler(
+      [kept = std::weak_ptr(form)](std::string_view control, std::string_view event, const Error& error) {
+        const auto alive = kept.lock();
+        if (!alive || !alive->opener) return false;
+        const ScriptRealm& realm = alive->realm ? *alive->realm : *alive->opener;
+        realm.Host().ReportHandlerError(
+            realm, {alive->form->Name(), std::string(control), std::string(event), error.what(), ""});
+        return true;
+      });
 }
 
 void ScriptState::Forget(const std::shared_ptr<ScriptForm>& form) {

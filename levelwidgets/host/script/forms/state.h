@@ -54,6 +54,9 @@ class ScriptState : public ScriptRun {
   void Forget(const std::shared_ptr<ScriptForm>& form);
 
  private:
+  // What its controls raise by themselves is reported as the errors of handlers are.
+  static void ReportErrorsOf(const std::shared_ptr<ScriptForm>& form);
+
   Platform* platform_;
   bool desktop_is_given_ = false;
   bool trusts_forms_;
