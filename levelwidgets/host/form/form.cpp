@@ -9,6 +9,7 @@
 namespace levelwidgets {
 
 namespace {
+
 constexpr std::uint32_t kStyle =
     kWsCaption | kWsSysMenu | kWsMinimizeBox | kWsThickFrame | kWsClipChildren | kWsClipSiblings;
 

@@ -151,7 +151,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   std::vector<HostedControl*> TabOrderFromFocus(bool forward) const;
   bool MoveFocus(bool forward);
   void FocusCame(HostedControl& control);
-  void FocusWent(const HostedControl& control, WindowHandle other);
+  void FocusWent(const HostedControl& control);
   bool PressAccessKey(std::int16_t character);
   // Delivers the key to the control that has `role` (default or cancel button).
   bool ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii);

@@ -80,7 +80,7 @@ TEST_F(FormErrorTest, ABarThatStepsOutOfItsRangeAtAClickIsReportedAndGoesOn) {
   EXPECT_THAT(TakeReports(), ElementsAre("scrQty MouseDown: Invalid Value"));
   EXPECT_EQ(bar.Value(), 50);
   bar.SetSmallChange(2);
-  Driver().MovePointer(ScreenPoint(bar, PixelPoint{8, 60}));
+  Driver().Advance(600);  // no double click
   Driver().Click(ScreenPoint(bar, PixelPoint{8, 5}));
   EXPECT_THAT(TakeReports(), IsEmpty());
   EXPECT_EQ(bar.Value(), 48);

@@ -177,13 +177,13 @@ void HostedControl::PropertyChanged(std::string_view name) {
   keep->PropertyChanged.Raise(name_, name);
 }
 
-void HostedControl::FocusChanged(bool has_focus, WindowHandle other) {
+void HostedControl::FocusChanged(bool has_focus, WindowHandle) {
   if (!form_) return;
   const auto keep = form_->shared_from_this();
   if (has_focus) {
     keep->FocusCame(*this);
   } else {
-    keep->FocusWent(*this, other);
+    keep->FocusWent(*this);
   }
 }
 

@@ -91,19 +91,22 @@ bool Form::ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii
   return true;
 }
 
+// By now a listener may have given it to another one, or removed the control.
 void Form::FocusCame(HostedControl& control) {
+  if (!control.GetControl() || !control.GetControl()->Holds(platform_.Windows().GetFocus())) return;
   active_control_ = control.weak_from_this();
   vacant_place_ = 0;
 }
 
-// A control that can take no input any more hands the focus to the next one, unless it has been given to
-// another already.
-void Form::FocusWent(const HostedControl& control, WindowHandle other) {
-  const bool is_free = !other || other == window_;
-  if (!is_free || control.CanTakeInput() || platform_.Windows().GetActiveWindow() != window_) return;
+// A control that can take no input any more hands the focus to the next one, unless another has it already.
+void Form::FocusWent(const HostedControl& control) {
+  WindowApi& windows = platform_.Windows();
+  const WindowHandle now = windows.GetFocus();
+  if (now && now != window_) return;
+  if (control.CanTakeInput() || !window_ || windows.GetActiveWindow() != window_) return;
   if (MoveFocus(true)) return;
   active_control_.reset();
-  platform_.Windows().SetFocus(window_);
+  windows.SetFocus(window_);
 }
 
 // The form's window got the focus: it belongs to the control that had it, or to the next in the order.

@@ -82,7 +82,7 @@ TEST_F(FormFile, AFormStandsWhereTheFileSaysOrInTheMiddle) {
   EXPECT_EQ(rect.left, (screen.width - rect.width()) / 2);
   EXPECT_EQ(rect.top, 20);
   ExpectTold("[form]\nLeft = 1e30\n", "f:2:8: Left is at most 1000000000 twips; 1e30 is too far\n");
-  ExpectTold("[form]\nTop = \"low\"\n", "f:2:7: Top is a number; \"low\" is a string\n");
+  ExpectTold("[form]\nTop = \"low\"\n", "f:2:7: Top is a length in twips, a number; \"low\" is a string\n");
 }
 
 TEST_F(FormFile, AControlWithoutPropertiesIsALoadedOne) {
