@@ -88,8 +88,11 @@ std::string Ending(const std::string& name) {
         "for _, one in ipairs(f:controls()) do f:remove(one.Name) end\n"
         "d:advance(0)\n"
         "local left = d:close_all()\nif left then error(\"nothing left: there are \" .. left, 0) end\n";
-  } else if (name == "handler") {
-    text += "local first = lw.errors()[1]\nif first then error(\"handler: \" .. first.message, 0) end\n";
+  } else if (name == "handler" || name == "error") {
+    // Only what a handler raises has come by way of a script.
+    text += "for _, one in ipairs(lw.errors()) do\n  if one.traceback " +
+            std::string(name == "handler" ? "~=" : "==") + " \"\" then error(\"" + name +
+            ": \" .. one.message, 0) end\nend\n";
   } else if (name == "removed") {
     text += "if late then error(\"removed: \" .. late, 0) end\n";
   } else {
