@@ -49,12 +49,29 @@ struct Canvas {
   SDL_Surface* surface;
 };
 
+// Takes the waiting events of moves of the window `id` out of the queue.
+void DropMoves(std::uint32_t id) {
+  SDL_FilterEvents(
+      [](void* window, SDL_Event* event) {
+        const bool is_move = event->type == SDL_WINDOWEVENT && event->window.event == SDL_WINDOWEVENT_MOVED &&
+                             event->window.windowID == *static_cast<std::uint32_t*>(window);
+        return is_move ? 0 : 1;
+      },
+      &id);
+}
+
 }  // namespace
 
 NativeWindow::NativeWindow(WindowKind kind, const std::string& title, PixelPoint place, PixelSize size)
     : kind_(kind),
       window_(SDL_CreateWindow(title.c_str(), place.x, place.y, size.width, size.height, FlagsOf(kind))) {
   if (!window_) throw std::runtime_error(std::string("No native window can be made: ") + SDL_GetError());
+  if (kind == WindowKind::kPopup) return;
+  // A window manager takes the first place for that of its frame. Once the window has a frame, the place is
+  // that of the client area; nobody needs to hear of the place between.
+  SDL_PumpEvents();
+  DropMoves(Id());
+  MoveTo(place);
 }
 
 NativeWindow::~NativeWindow() { SDL_DestroyWindow(window_); }

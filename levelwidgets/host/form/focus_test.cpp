@@ -12,7 +12,9 @@ using ::testing::IsEmpty;
 class Stop : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Stop>("Stop", "Takes the focus.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Stop>("Stop", "Takes the focus."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   static inline std::vector<std::string> notes;

@@ -15,7 +15,9 @@ using ::testing::IsEmpty;
 class Faulty : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Faulty>("Faulty", "Raises errors.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Faulty>("Faulty", "Raises errors."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Faulty(std::shared_ptr<ControlSite> site)
@@ -46,7 +48,9 @@ class Faulty : public Control {
 class Owner : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info = Describe<Owner>("Owner", "A control with a part.").Build();
+    static constexpr auto data =
+        ClassTable(ControlClass<Owner>("Owner", "A control with a part."), table::Properties());
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Owner(std::shared_ptr<ControlSite> site)

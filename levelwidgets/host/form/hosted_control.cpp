@@ -32,8 +32,9 @@ const ClassInfo& HostedControl::Table() {
           Row::Property<&H::Default, &H::SetDefault>(9, "Default", Always(false), "Whether Enter clicks it."),
           Row::Property<&H::Cancel, &H::SetCancel>(10, "Cancel", Always(false), "Whether Escape clicks it."),
           Row::Property<&H::Tag, &H::SetTag>(11, "Tag", Always(""), "Any text of the user's."),
-          Row::Property<&H::ToolTipText, &H::SetToolTipText>(12, "ToolTipText", Always(""),
-                                                             "Text that explains the control, shown below the pointer after half a second over it.")),
+          Row::Property<&H::ToolTipText, &H::SetToolTipText>(
+              12, "ToolTipText", Always(""),
+              "Text that explains the control, shown below the pointer after half a second over it.")),
       table::Persisted("Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default",
                        "Cancel", "Tag", "ToolTipText"),
       table::Methods(

@@ -130,7 +130,7 @@ TEST_F(InterferenceTest, AListenerMayDoAnythingAtEveryNoticeOfAControlThatIsBein
   for (const ClassInfo* control_class : ControlClasses()) {
     for (const bool loaded : {false, true}) {
       for (const Deed deed : kDeeds) {
-        SCOPED_TRACE(control_class->Name() + (loaded ? " loaded, deed " : " new, deed ") +
+        SCOPED_TRACE(std::string(control_class->Name()) + (loaded ? " loaded, deed " : " new, deed ") +
                      std::to_string(static_cast<int>(deed)));
         for (int at = 0; AddWith(*control_class, loaded, at, deed); ++at) ++tried;
       }
@@ -146,7 +146,7 @@ TEST_F(InterferenceTest, AListenerMayDoAnythingWhenAPropertyIsSet) {
     for (const PropertyInfo* property : control_class->Persisted()) {
       if (property->Indexed()) continue;
       for (const Deed deed : kDeeds) {
-        SCOPED_TRACE(control_class->Name() + "." + property->name + ", deed " +
+        SCOPED_TRACE(std::string(control_class->Name()) + "." + std::string(property->name) + ", deed " +
                      std::to_string(static_cast<int>(deed)));
         Begin();
         const auto control =
@@ -190,7 +190,7 @@ TEST_F(InterferenceTest, AListenerOfTheFormMayDoAnythingAtEachOfItsEvents) {
   for (const ClassInfo* control_class : ControlClasses()) {
     for (const auto& event : kEvents) {
       for (const Deed deed : kDeeds) {
-        SCOPED_TRACE(control_class->Name() + " at " + event.name + ", deed " +
+        SCOPED_TRACE(std::string(control_class->Name()) + " at " + std::string(event.name) + ", deed " +
                      std::to_string(static_cast<int>(deed)));
         Begin();
         form_->Add(*control_class, "ctl", nullptr, {{Twips(150), Twips(150)}, {}}).SetFocus();

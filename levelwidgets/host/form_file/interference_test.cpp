@@ -12,12 +12,13 @@ using ::testing::HasSubstr;
 class Meddler : public Control {
  public:
   static const ClassInfo& Table() {
-    static const ClassInfo info =
-        Describe<Meddler>("Meddler", "Interferes.")
-            .Property("Deed", &Meddler::Deed, &Meddler::SetDeed, {.defaults = Always("")})
-            .Property("Last", &Meddler::Last, &Meddler::SetLast, {.defaults = Always("")})
-            .Persisted({"Deed", "Last"})
-            .Build();
+    using Row = table::Row<Meddler>;
+    static constexpr auto data = ClassTable(
+        ControlClass<Meddler>("Meddler", "Interferes."),
+        table::Properties(Row::Property<&Meddler::Deed, &Meddler::SetDeed>(1, "Deed", Always(""), ""),
+                          Row::Property<&Meddler::Last, &Meddler::SetLast>(2, "Last", Always(""), "")),
+        table::Persisted("Deed", "Last"));
+    static constexpr ClassInfo info(data);
     return info;
   }
   explicit Meddler(std::shared_ptr<ControlSite> site)

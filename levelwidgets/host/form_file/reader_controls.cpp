@@ -51,7 +51,8 @@ void FormReader::ReadControl(const FormNode& table) {
   if (!control) return;
   Assign(*control, placement);
   if (!control->GetControl()) {
-    report_.Error(table.span.begin, control_class->Name() + ": " + RemovedWhileAdded(*control).Description());
+    report_.Error(table.span.begin,
+                  std::string(control_class->Name()) + ": " + RemovedWhileAdded(*control).Description());
   } else if (properties) {
     WarnOfUnknownProperties(*properties, *control);
   }

@@ -159,9 +159,9 @@ FormRef CheckForm(lua_State* L, int index) {
 }
 
 int NewForm(lua_State* L) {
-  const OptionTable table(L, 1, "Form",
-                          {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "Design"},
-                          TextsOf(L));
+  const OptionTable table(
+      L, 1, "Form", {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "Design"},
+      TextsOf(L));
   FormOptions options;
   options.name = table.Text("Name", options.name);
   options.caption = table.Text("Caption", options.caption);

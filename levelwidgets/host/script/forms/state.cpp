@@ -72,7 +72,7 @@ void ScriptState::ReportErrorsOf(const std::shared_ptr<ScriptForm>& form) {
         const auto alive = kept.lock();
         if (!alive || !alive->opener) return false;
         const ScriptRealm& realm = alive->realm ? *alive->realm : *alive->opener;
-        realm.Host().ReportHandlerError(
+        realm.Run().ReportHandlerError(
             realm, {alive->form->Name(), std::string(control), std::string(event), error.what(), ""});
         return true;
       });
