@@ -152,9 +152,9 @@ TEST_F(Win32DrawingTest, PaletteColorsAreLeftAsTheyAreAndDrawAsTheDisplaysOwn) {
     ColorRef result{7};
     EXPECT_TRUE(drawing.OleTranslateColor(Color(bits), 0, result)) << bits;
     EXPECT_EQ(result, ColorRef{bits});
-    const ObjectHandle brush = drawing.CreateSolidBrush(result);
-    drawing.FillRect(dc, {0, 0, 1, 1}, brush);
-    drawing.DeleteObject(brush);
+    const ObjectHandle own = drawing.CreateSolidBrush(result);
+    drawing.FillRect(dc, {0, 0, 1, 1}, own);
+    drawing.DeleteObject(own);
     return drawing.GetPixel(dc, {0, 0}).value;
   };
   EXPECT_EQ(drawn(0x02ABCDEF), 0xABCDEFu);
