@@ -13,4 +13,7 @@ std::shared_ptr<DesktopDriver> TestDriver();
 // A desktop with another code page; null where the system's is the only one.
 std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number);
 
+// Whether the activation of a form gives the focus to the form's window before the control that asked for it.
+bool SystemActivatesFormsFirst();
+
 }  // namespace levelwidgets::testing

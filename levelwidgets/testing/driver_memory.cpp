@@ -9,4 +9,6 @@ std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number) {
   return std::make_shared<memory::Desktop>(memory::DesktopOptions{.code_page = number});
 }
 
+bool SystemActivatesFormsFirst() { return false; }
+
 }  // namespace levelwidgets::testing

@@ -12,4 +12,6 @@ std::shared_ptr<DesktopDriver> TestDriver() {
 
 std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int) { return nullptr; }
 
+bool SystemActivatesFormsFirst() { return true; }
+
 }  // namespace levelwidgets::testing

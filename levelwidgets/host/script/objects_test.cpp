@@ -143,7 +143,7 @@ TEST_F(ScriptByReference, ByReferenceValuesFollowTheResult) {
 
 TEST_F(ScriptByReference, TheyStandInsteadOfTheResultOfAVoidMethod) {
   EXPECT_EQ(Value("table.concat({ sheet:Locate('abc') }, ' ')"), "3 <abc>");
-  EXPECT_EQ(Value("sheet:Double('21')"), "42");
+  EXPECT_EQ(Value("sheet:Double(20.6)"), "42");
   EXPECT_EQ(Value("select('#', sheet:Touch())"), "1");
   EXPECT_EQ(Value("sheet:Touch()"), "nil");
 }
