@@ -35,7 +35,7 @@ std::string NameOfMember(const ClassInfo& info, std::string_view member) {
   throw Error(kWrongNumberOfArguments, info.QualifiedName(), NameOfMember(info, member) + because);
 }
 
-// Runs a conversion; its error is told again with the member's name in front.
+// Runs a conversion; its error is raised again with the member's name in front.
 template <typename Conversion>
 auto NamingMember(const ClassInfo& info, std::string_view member, const MemberType& type,
                   const Variant& value, Conversion convert) {

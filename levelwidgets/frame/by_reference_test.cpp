@@ -58,7 +58,7 @@ const ClassInfo& Sheet::Table() {
   return info;
 }
 
-TEST(ByReference, ATableTellsWhichArgumentsHandValuesBack) {
+TEST(ByReference, ATableShowsWhichArgumentsHandValuesBack) {
   std::vector<std::string> told;
   for (const char* method : {"HitTest", "Locate", "Double"}) {
     for (const ArgumentInfo& argument : Sheet::Table().FindMethod(method)->arguments) {

@@ -207,7 +207,7 @@ class ClassInfo {
   PersistedKey FindPersisted(std::string_view key) const;
   // The property or method that stands for the object itself; "" when there is none.
   std::string_view DefaultMember() const { return default_member_; }
-  // The read-only property that for-each asks a collection for; "" for a class that is none.
+  // The read-only property through which for-each asks for the items; "" when the class is no collection.
   std::string_view EnumeratorMember() const { return enumerator_member_; }
   // The size of a control that is placed without one.
   TwipSize DefaultSize() const { return head_.default_size; }
@@ -262,7 +262,7 @@ Variant InvokeByName(Object& object, std::string_view method, std::span<const Va
 Variant InvokeByReference(Object& object, std::string_view method, std::vector<Variant>& arguments,
                           const TextConversions& texts = {});
 Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener);
-// The items of a collection; raises 438 for an object that is none.
+// The items of a collection; raises 438 when the object is no collection.
 std::shared_ptr<Enumerator> Enumerate(const Object& object);
 
 // The candidate with the fewest edits, when few enough to be a slip; else "".

@@ -199,7 +199,7 @@ const ClassInfo& Board::Table() {
   return info;
 }
 
-TEST(IndexedProperties, TellTheirIndicesDefaultsAndTheDefaultMember) {
+TEST(IndexedProperties, HaveIndicesAndDefaultsAndMayBeTheDefaultMember) {
   const PropertyInfo& cell = *Board::Table().FindProperty("Cell");
   ASSERT_EQ(cell.indices.size(), 2u);
   EXPECT_EQ(cell.indices[1].name, "Column");
@@ -224,7 +224,7 @@ TEST(IndexedProperties, AreReadAndWrittenByNameWithConversion) {
   EXPECT_EQ(GetIndexedByName(board, "Rows", {}), Variant(2)) << "no index for none";
 }
 
-TEST(IndexedProperties, RefuseWhatOthersRefuseAndWrongIndices) {
+TEST(IndexedProperties, RefuseWrongValuesAndWrongIndices) {
   Board board;
   const std::vector<Variant> one{1}, two{1, 2}, word{"x"}, large{40000};
   EXPECT_EQ(RaisedBy([&] { GetIndexedByName(board, "Titel", one); }).Description(),
@@ -285,7 +285,7 @@ TEST(ClassTable, RefusesToPersistAPropertyOfTwoIndicesOrWithoutACount) {
       std::logic_error);
 }
 
-TEST(ClassTable, RefusesWhatNoTableMayHave) {
+TEST(ClassTable, RefusesInvalidTables) {
   using Row = table::Row<Dial>;
   const ClassHead head = ObjectClass("Dial", "");
   const PropertyInfo first = Row::ReadOnly<&Dial::Locked>(1, "Locked", "");
@@ -312,7 +312,7 @@ TEST(ClassTable, RefusesWhatNoTableMayHave) {
   EXPECT_THROW(Row::Event<&Dial::Turned>(1, "Turned", "By, X, Y", ""), std::logic_error) << "too many names";
 }
 
-TEST(NearestName, FindsASlipButNoOtherWord) {
+TEST(NearestName, FindsAMisspeltNameAndNoOtherWord) {
   const std::vector<std::string_view> names{"Caption", "BackColor", "ForeColor"};
   EXPECT_EQ(NearestName("caption", names), "Caption");
   EXPECT_EQ(NearestName("BackColour", names), "BackColor");

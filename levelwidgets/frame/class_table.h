@@ -64,7 +64,7 @@ extern template const std::string& Held(const Variant&);
 extern template const FontRef& Held(const Variant&);
 extern template const ObjectRef& Held(const Variant&);
 
-// `value` has been converted to the type that MemberTypeOf<T> tells.
+// `value` has been converted to the type that MemberTypeOf<T> names.
 template <typename T>
 T Unbox(const Variant& value) {
   if constexpr (std::is_enum_v<T>) {
@@ -252,7 +252,7 @@ struct Row {
     return row;
   }
 
-  // A property with a value for each of `indices`, which names them. `Count` tells how many values a
+  // A property with a value for each of `indices`, which names them. `Count` returns how many values a
   // persisted one has.
   template <auto Get, auto Set, auto Count>
   static constexpr PropertyInfo Indexed(int number, std::string_view name, std::string_view indices,

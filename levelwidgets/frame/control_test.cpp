@@ -57,7 +57,7 @@ class Probe : public ControlWith<ClickEvents> {
   void OnMouseUp(const PointerInput& input) override { Note("MouseUp " + std::to_string(input.button)); }
   void OnClick() override { Note("Click"); }
   void OnDblClick() override { Note("DblClick"); }
-  // Only a real keyboard tells of the modifier keys themselves.
+  // Only a real keyboard reports the modifier keys themselves.
   static bool IsModifier(std::int16_t code) { return code >= kKeyShift && code <= kKeyAlt; }
   void OnKeyDown(std::int16_t code, std::int16_t shift) override {
     if (IsModifier(code)) return;
@@ -157,7 +157,7 @@ TEST_F(ControlTest, TheClientRectangleIsTheScaleByTheRoundingDivision) {
   EXPECT_EQ(probe.GetSurface().ClientPixels(), (PixelRect{0, 0, 1, 2}));
 }
 
-TEST_F(ControlTest, MovingWithoutANewSizeIsNoResize) {
+TEST_F(ControlTest, MovingWithoutANewSizeDoesNotResize) {
   auto& probe = AddNew<Probe>("prb");
   TakeNotes();
   Hosted(probe).SetLeft(Twips(900));
@@ -165,7 +165,7 @@ TEST_F(ControlTest, MovingWithoutANewSizeIsNoResize) {
   EXPECT_EQ(std::ranges::count(notes, "Resize"), 0);
 }
 
-TEST_F(ControlTest, APressIsFollowedByTheFocusAReleaseByTheClick) {
+TEST_F(ControlTest, TheFocusFollowsThePressAndTheClickFollowsTheRelease) {
   auto& probe = AddNew<Probe>("prb");
   AddNew<Probe>("other", {Twips(0), Twips(3000)});
   TheForm().Find("other")->SetFocus();
@@ -187,7 +187,7 @@ TEST_F(ControlTest, ThePlatformsPressCaptureHasEndedWhenTheReleaseArrives) {
   EXPECT_FALSE(Windows().GetCapture());
 }
 
-TEST_F(ControlTest, AReleaseElsewhereIsNoClickAndOnlyTheLeftButtonClicks) {
+TEST_F(ControlTest, OnlyALeftReleaseInsideTheControlClicks) {
   auto& probe = AddNew<Probe>("prb");
   Driver().Click(ScreenPoint(probe, PixelPoint{5, 5}));
   TakeNotes();
@@ -202,7 +202,7 @@ TEST_F(ControlTest, AReleaseElsewhereIsNoClickAndOnlyTheLeftButtonClicks) {
   EXPECT_EQ(std::ranges::count(notes, "Click"), 0);
 }
 
-TEST_F(ControlTest, APressThatLosesTheCaptureIsNoClickAndANewOneIs) {
+TEST_F(ControlTest, APressThatLosesTheCaptureDoesNotClickAndANewOneDoes) {
   auto& probe = AddNew<Probe>("prb");
   Driver().MovePointer(ScreenPoint(probe, PixelPoint{5, 5}));
   Driver().Press(kLeftButton);
@@ -240,7 +240,7 @@ TEST_F(ControlTest, TheSecondClickOfADoubleClickArrivesOnlyAsDoubleClick) {
   EXPECT_THAT(TakeNotes(), ElementsAre("MouseDown 1", "MouseUp 1", "Click", "DblClick", "MouseUp 1"));
 }
 
-TEST_F(ControlTest, TwoClicksFarApartInTimeAreNoDoubleClick) {
+TEST_F(ControlTest, TwoClicksFarApartInTimeDoNotDoubleClick) {
   auto& probe = AddNew<Probe>("prb");
   Driver().Click(ScreenPoint(probe, PixelPoint{5, 5}));
   Driver().Advance(1500);

@@ -9,7 +9,7 @@
 
 namespace levelwidgets {
 
-// Ends a subscription when told to; does nothing after the event is gone.
+// Ends a subscription on request; does nothing once the event has been destroyed.
 class Subscription {
  public:
   Subscription() = default;
@@ -50,9 +50,9 @@ class EventBase {
 
 // One of a control's events. By-reference arguments are reference types (Event<std::int16_t&>).
 //
-// A listener may do anything, destroying the sender included: Raise touches nothing of the event after
-// it has called the first one. Listeners that were there when Raise began are called in the order added;
-// one whose subscription has ended meanwhile is not. An exception passes through, the rest is not called.
+// A listener may do anything, even destroy the sender: Raise does not touch the event again after it has
+// called the first listener. It calls the listeners that it found, in the order added, except those whose
+// subscription has ended meanwhile. An exception passes through, and the other listeners are not called.
 template <typename... Args>
 class Event : public EventBase {
  public:

@@ -37,7 +37,7 @@ class Font : public Object {
   void SetDescription(const FontDescription& description);
 
   // --- Properties -------------------------------------------------------------------------------
-  // Each setter tells the observers when it changes something.
+  // Each setter notifies the observers when it changes something.
 
   const std::string& Name() const { return description_.name; }
   void SetName(std::string name);

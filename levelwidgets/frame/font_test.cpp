@@ -69,7 +69,7 @@ TEST(Font, HasAPropertyForEachOfItsParts) {
                                                   .charset = 2}));
 }
 
-TEST(Font, RefusesASizeThatIsNotMoreThanNothing) {
+TEST(Font, RefusesASizeOfZeroOrBelow) {
   Font font;
   for (const double size :
        {0.0, -1.0, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {

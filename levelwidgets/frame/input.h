@@ -1,4 +1,4 @@
-// From window messages to what a control is told, the same on every platform.
+// Turns window messages into a control's notifications, the same way on every platform.
 #pragma once
 
 #include <cstdint>
@@ -23,12 +23,12 @@ struct PointerInput {
 
 enum class PointerAction { kNone, kMove, kPress, kDoubleClick, kRelease };
 
-// What a message tells of the pointer. The second press of a double click is kDoubleClick for the left button
-// and a plain press for the others.
+// What a message says about the pointer. The second press of a double click is kDoubleClick for the left
+// button and a plain press for the others.
 PointerAction PointerActionOf(std::uint32_t message);
 PointerInput PointerInputOf(Platform& platform, std::uint32_t message, WParam wparam, LParam lparam);
 
-// The key message, if it is one.
+// The key message, when the message is one.
 std::optional<KeyMessage> KeyMessageOf(WindowApi& windows, std::uint32_t message, WParam wparam);
 
 // What the container is notified of when the message comes.
@@ -53,8 +53,8 @@ auto Reporting(ControlSite& site, std::string_view event, Call call) -> decltype
 class ClickTracker {
  public:
   void Press(std::uint32_t message) { pressed_ = pressed_ || message == kWmLButtonDown; }
-  // The window has lost the capture. While the button is still down, nobody tells the window of its release
-  // any more, so the press is over; at a release the capture ends before the release is delivered.
+  // The window has lost the capture. While the button is still down, nobody notifies the window of its
+  // release any more, so the press is over; at a release the capture ends before the release is delivered.
   void CaptureLost(WindowApi& windows) {
     if (windows.GetKeyState(kKeyLeftButton) < 0) pressed_ = false;
   }

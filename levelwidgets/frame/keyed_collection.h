@@ -88,14 +88,14 @@ class KeyedCollection {
 
   const T& At(std::int32_t position) const { return entries_[IndexOf(position)]->item; }
   const T& Under(std::string_view key) const { return EntryUnder(key).item; }
-  // By the key that a text is, otherwise by the position that the value converts to; raises 13 or 6 when it
+  // A text is a key; any other value is converted to a position; raises 13 or 6 when it
   // does not convert.
   const T& Item(const Variant& position_or_key) const {
     const std::string* key = std::get_if<std::string>(&position_or_key.Get());
     return key ? Under(*key) : At(ToInt32(position_or_key));
   }
 
-  // An empty key is none. Raises 457 for a key that is there already.
+  // An empty key means that there is no key. Raises 457 for a key that is in use.
   void Add(T item, std::string_view key = {}, const InsertPlace& place = InsertPlace::AtEnd()) {
     const std::size_t index = IndexOf(place);
     if (!key.empty() && HasKey(key)) throw Error(kKeyInUse);

@@ -31,7 +31,7 @@ inline constexpr EnumerationInfo kEnumerationOf{};
 enum class TypeKind : std::uint8_t {
   kNone,         // no value: the result of a method that returns nothing
   kAny,          // a value of any type
-  kPlain,        // what the VariantType says, and no more
+  kPlain,        // exactly what the VariantType says
   kColor,        // 32 bits, without a sign
   kHandle,       // 32 bits, without a sign
   kEnumeration,  // 32 bits: mostly one of the named numbers
@@ -62,7 +62,7 @@ struct IsObjectPointer<std::shared_ptr<T>> : std::is_base_of<Object, T> {};
 template <typename T>
 concept ObjectPointer = IsObjectPointer<T>::value;
 
-// Of the types whose values are no more than the VariantType says.
+// Of the types whose values are exactly what the VariantType says.
 template <typename T>
 constexpr VariantType PlainTypeOf() {
   if constexpr (std::same_as<T, bool>) return VariantType::kBoolean;

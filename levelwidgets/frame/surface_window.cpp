@@ -74,7 +74,7 @@ bool SurfaceWindow::Pointer(std::uint32_t message, WParam wparam, LParam lparam)
     default: {
       const bool clicked = click_.Release(message, lparam, surface_.ClientPixels());
       OnMouseUp(input);
-      // A listener may have taken the control off its container, which then hears no more of it.
+      // A listener may have taken the control off its container, which then hears nothing from it.
       const bool contained = surface_.hWnd() && Site().ParentWindow();
       if (clicked && contained && surface_.Enabled()) OnClick();
     }

@@ -216,7 +216,7 @@ inline constexpr std::uintptr_t kEcLeftMargin = 1;
 inline constexpr std::uintptr_t kEcRightMargin = 2;
 inline constexpr std::uintptr_t kEcUseFontInfo = 0xFFFF;
 
-// What edit boxes tell their parent, in the high word of kWmCommand's first parameter.
+// What edit boxes report to their parent, in the high word of kWmCommand's first parameter.
 inline constexpr std::uint32_t kEnSetFocus = 0x0100;
 inline constexpr std::uint32_t kEnKillFocus = 0x0200;
 inline constexpr std::uint32_t kEnChange = 0x0300;

@@ -20,11 +20,11 @@ struct NullValue {
   friend constexpr bool operator==(NullValue, NullValue) = default;
 };
 
-// What is converted; a text (UTF-8) belongs to the caller. Booleans count as -1 and 0, empty as 0 or "".
+// The value to convert; a text (UTF-8) belongs to the caller. Booleans count as -1 and 0, empty as 0 or "".
 using ConversionValue = std::variant<EmptyValue, NullValue, bool, std::int16_t, std::int32_t, float, double,
                                      Date, std::string_view>;
 
-// A result, or why there is none; then `value` is its type's default.
+// A result, or the reason why there is no result; then `value` is its type's default.
 template <typename T>
 struct Converted {
   ConversionStatus status = ConversionStatus::kOk;
@@ -61,7 +61,7 @@ struct DateParts {
   friend constexpr bool operator==(const DateParts&, const DateParts&) = default;
 };
 
-// All follow the desktop's locale. Nothing is thrown.
+// All operations follow the desktop's locale. None throws.
 class ConversionApi {
  public:
   virtual ~ConversionApi() = default;
@@ -70,11 +70,11 @@ class ConversionApi {
   virtual std::string LocaleName() = 0;
 
   // A text may hold signs, parentheses, thousands separators, the currency symbol, an exponent, or
-  // hexadecimal and octal digits after &H and &O. 13 for what is no number and for null, 6 for a text beyond
-  // a double's range.
+  // hexadecimal and octal digits after &H and &O. 13 for null and for a text that is no number, 6 for a text
+  // beyond a double's range.
   virtual Converted<double> ToDouble(const ConversionValue& value) = 0;
-  // A text is read as a date, a time or both, otherwise as a number of days; what a text leaves out of a date
-  // is taken from today's. 13 for what is neither, 6 outside the years 100 to 9999.
+  // A text is read as a date, a time or both, otherwise as a number of days; today's date supplies what the
+  // text leaves out. 13 for a text that is neither, 6 outside the years 100 to 9999.
   virtual Converted<Date> ToDate(const ConversionValue& value) = 0;
   // The general form: up to 15 digits of a double and 7 of a single, dates as short date and long time. 13
   // for null.
@@ -84,15 +84,15 @@ class ConversionApi {
   // of it is not 0. Fails as that does.
   virtual Converted<bool> ToBoolean(const ConversionValue& value) = 0;
 
-  // Whether ToDouble can convert it; not for dates.
+  // Whether ToDouble can convert it; false for dates.
   virtual bool IsNumeric(const ConversionValue& value) = 0;
-  // Dates, and texts that are one; not for numbers.
+  // True for dates and for texts of dates; false for numbers.
   virtual bool IsDate(const ConversionValue& value) = 0;
 
   // `value` by a named or user-defined format; by the general form when `format` is empty. A value that the
   // format does not apply to, such as a text that is no number, is given in its general form. "" for null,
-  // but by the fourth section of a number format. 5 for a format of more than four sections and when one of
-  // the last two arguments is out of range.
+  // except by the fourth section of a number format. 5 for a format of more than four sections and when one
+  // of the last two arguments is out of range.
   virtual Converted<std::string> Format(const ConversionValue& value, std::string_view format,
                                         int first_day = kSunday, int first_week = kWeekOfJanuary1) = 0;
 

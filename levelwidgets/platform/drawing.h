@@ -57,7 +57,7 @@ class DrawingApi {
   // Outline in the current pen, interior in the current brush; right and bottom are excluded. With
   // the null brush it draws the one-pixel frame only. An empty rectangle draws nothing.
   virtual bool Rectangle(DcHandle dc, PixelRect rect) = 0;
-  // Fills with `brush`, without outline; right and bottom are excluded.
+  // Fills with `brush` and draws no outline; right and bottom are excluded.
   virtual bool FillRect(DcHandle dc, PixelRect rect, ObjectHandle brush) = 0;
   virtual bool MoveTo(DcHandle dc, PixelPoint point) = 0;
   // From the current position to `point`, which is not drawn but becomes the current position.

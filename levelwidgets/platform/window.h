@@ -42,20 +42,20 @@ struct WindowRequest {
 //
 // Promises about plain windows, kept on every platform:
 //
-// - A window has a drawing context of its own. GetDC and BeginPaint give always that one, with the
-//   objects and colours last selected into it, so nothing needs to be selected again for a paint.
+// - A window has a drawing context of its own. GetDC and BeginPaint always return it, with the
+//   objects and colours last selected into it, so a paint need not select anything again.
 //   It starts with the stock objects, transparent background mode and black text.
-// - A window whose size changes is invalidated as a whole. Painting is asked for by kWmPaint, after all
-//   other input, or at once by UpdateWindow. The background is never erased by the platform.
+// - A window whose size changes is invalidated as a whole. kWmPaint asks for a paint after all
+//   other input, UpdateWindow asks at once. The platform never erases the background.
 // - Pointer messages carry client pixels in the second parameter (x in the low, y in the high word,
 //   signed) and the button and key bits in the first. A press captures the pointer to its window until
-//   the last button is up; this press capture, or whatever capture took its place, has ended when that
-//   release is delivered. An explicit SetCapture lasts otherwise until released or taken over.
-// - A move is delivered only when the pointer has moved since the last one, never because a window or the
-//   capture changed under it.
+//   the last button is up; this press capture, or the capture that took its place, has ended when that
+//   release is delivered. Otherwise an explicit SetCapture lasts until it is released or taken over.
+// - A move is delivered only when the pointer has moved since the last move, never because a window or the
+//   capture changed under the pointer.
 // - The second press within the double-click time and distance arrives as ...DblClk instead of ...Down.
-// - A press activates the top-level window under it, before it is delivered; it moves no focus but
-//   what activation implies.
+// - A press activates the top-level window under it before it is delivered; it does not move the focus,
+//   except as activation does.
 // - kWmKillFocus carries the handle of the window that gets the focus, kWmSetFocus that of the one that has
 //   lost it: in the low 32 bits of the first parameter, 0 when that is nobody, or no window of this program.
 //   The window that loses the focus hears of it first; GetFocus then gives the other one.
@@ -122,8 +122,8 @@ class WindowApi {
 
   // --- Pointer and keys ----------------------------------------------------------------------
 
-  // Directs all later pointer messages to `window`, also while the pointer is outside it. Returns the
-  // window that had the capture; a different one is told by kWmCaptureChanged.
+  // Directs all later pointer messages to `window`, even while the pointer is outside it. Returns the
+  // window that had the capture; a different window gets kWmCaptureChanged.
   virtual WindowHandle SetCapture(WindowHandle window) = 0;
   virtual bool ReleaseCapture() = 0;
   virtual WindowHandle GetCapture() = 0;

@@ -24,7 +24,7 @@ std::int64_t HandleOf(const TracedCall& call) {
   return handle ? *handle : 0;
 }
 
-// Real keyboards tell of Shift, Ctrl and Alt as keys of their own; what the tests state is the key that
+// Real keyboards report Shift, Ctrl and Alt as keys of their own; what the tests state is the key that
 // they modify.
 bool IsModifierKey(const RaisedEvent& raised) {
   if (raised.info.name != "KeyDown" && raised.info.name != "KeyUp") return false;

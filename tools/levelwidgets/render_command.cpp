@@ -83,7 +83,7 @@ int Render(const RenderArguments& arguments) {
   PixelRect area = form->ScreenRect();
   if (!arguments.open.empty()) area = Union(area, Open(desktop, FindControl(*form, arguments.open)));
   desktop.Settle();
-  if (host.OutOfTime() || ScriptInterrupted()) return 1;  // which has been told
+  if (host.OutOfTime() || ScriptInterrupted()) return 1;  // which has been reported
   CheckSize(*form, area);
   WritePng(desktop.Capture(area), arguments.picture);
   return 0;

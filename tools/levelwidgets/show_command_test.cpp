@@ -166,7 +166,7 @@ TEST_F(ShowCommand, TheColorsAreThoseOfThePalette) {
   EXPECT_TRUE(Shows(kAfter));
 }
 
-TEST_F(ShowCommand, TypedTextArrivesOnce) {
+TEST_F(ShowCommand, TypedTextArrivesExactlyOnce) {
   Show("function txtNote_Change() if txtNote.Text == 'Az1!?' then state(kAfter) end end");
   Screen().Do("type --delay 1 Az1!?");
   EXPECT_TRUE(Shows(kAfter));
@@ -205,7 +205,7 @@ TEST_F(ShowCommand, TheWheelScrollsTheTextWithTheFocus) {
   EXPECT_TRUE(Shows(kLast));
 }
 
-TEST_F(ShowCommand, LeavingTheWindowEndsTheLookUnderThePointer) {
+TEST_F(ShowCommand, LeavingTheWindowShowsTheNormalColoursAgain) {
   Show("cmdSave.BackColorMouseOver = kLast");
   Screen().Do("mousemove " + Middle(button_));
   EXPECT_TRUE(Shows(kLast));
@@ -215,7 +215,7 @@ TEST_F(ShowCommand, LeavingTheWindowEndsTheLookUnderThePointer) {
 
 // --- Windows -----------------------------------------------------------------------------------
 
-TEST_F(ShowCommand, ResizingIsTheFormsResize) {
+TEST_F(ShowCommand, ResizingTheWindowRaisesTheFormsResize) {
   Show("function form_Resize() if form.Width > 5900 and form.Height == 3750 then state(kAfter) end end");
   Screen().DoAtLast("search --name Order windowsize 400 250");
   EXPECT_TRUE(Shows(kAfter));
@@ -311,7 +311,7 @@ TEST_F(ShowCommand, EachPixelMayBeASquare) {
 
 // --- Ends and errors -----------------------------------------------------------------------------
 
-TEST_F(ShowCommand, AnInterruptEndsIt) {
+TEST_F(ShowCommand, AnInterruptEndsTheProgram) {
   Show("");
   program_->Signal(SIGINT);
   EXPECT_EQ(program_->Ended(), 0) << Errors();
@@ -328,7 +328,7 @@ TEST_F(ShowCommand, NothingOfABrokenFormIsShown) {
   EXPECT_THAT(Errors(), HasSubstr("did you mean \"FlatButton\"?"));
 }
 
-TEST_F(ShowCommand, AScriptThatFailsIsTold) {
+TEST_F(ShowCommand, AScriptThatFailsIsReported) {
   File("order.form.toml", kFormFile);
   Script("lblStat.Caption = 'x'");
   Start();
@@ -336,7 +336,7 @@ TEST_F(ShowCommand, AScriptThatFailsIsTold) {
   EXPECT_THAT(Errors(), HasSubstr("order.lua:4: attempt to index a nil value (global 'lblStat')"));
 }
 
-TEST_F(ShowCommand, AnErrorInAHandlerIsToldAndTheFormStays) {
+TEST_F(ShowCommand, AnErrorInAHandlerIsReportedAndTheFormStays) {
   Show("function cmdSave_Click() state(kAfter) error('broken') end");
   Click(button_);
   EXPECT_TRUE(WaitForError("frmOrder.cmdSave Click: order.lua:4: broken"));
@@ -346,7 +346,7 @@ TEST_F(ShowCommand, AnErrorInAHandlerIsToldAndTheFormStays) {
 
 // --- Watching ------------------------------------------------------------------------------------
 
-TEST_F(ShowCommand, AnErrorOfAControlsOwnIsReportedAndTheFormStays) {
+TEST_F(ShowCommand, AnErrorOfAControlItselfIsReportedAndTheFormStays) {
   Show(
       "scrCount.SmallChange = -40000\n"
       "function scrCount_MouseUp() state(kAfter) end");

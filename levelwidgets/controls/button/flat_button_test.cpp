@@ -189,7 +189,7 @@ TEST_F(FlatButtonTest, DefaultsOfTheTableAreThoseOfInstances) {
   }
 }
 
-TEST_F(FlatButtonTest, IsReachableByName) {
+TEST_F(FlatButtonTest, AButtonsMembersAreReachableByName) {
   auto& button = AddNew<FlatButton>("cmdSave");
   SetByName(button, "Caption", "&Store");
   SetByName(button, "BackColor", 255.0);
@@ -200,7 +200,7 @@ TEST_F(FlatButtonTest, IsReachableByName) {
   EXPECT_EQ(GetByName(button, "hWnd"), Variant(button.hWnd()));
 }
 
-TEST_F(FlatButtonTest, ASharedFontShowsItsChangesAndAnAmbientOneIsACopy) {
+TEST_F(FlatButtonTest, AButtonFollowsChangesOfASharedFontAndCopiesTheAmbientOne) {
   auto& one = AddNew<FlatButton>("cmdOne");
   auto& two = AddNew<FlatButton>("cmdTwo");
   EXPECT_NE(one.GetFont(), two.GetFont());

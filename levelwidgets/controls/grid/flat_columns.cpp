@@ -62,7 +62,7 @@ std::shared_ptr<FlatColumn> FlatColumns::Add(std::string caption, std::int32_t w
                                              std::int32_t insert_after) {
   const auto keep = shared_from_this();  // a listener may let go of the collection
   auto column = std::make_shared<FlatColumn>();
-  // Before the properties: each of them is told, although the column is not in the collection yet.
+  // Before the properties: each of them is reported, although the column is not in the collection yet.
   column->SetOwner(weak_from_this());
   column->SetCaption(std::move(caption));
   column->SetWidth(width);

@@ -24,7 +24,7 @@ class FlatColumns : public Object, public std::enable_shared_from_this<FlatColum
   // --- Methods ----------------------------------------------------------------------------------
 
   // Inserts a new column behind the one at position `insert_after`, or at the end for 0. `width` is in twips;
-  // `key` is none when empty. Raises ColumnInfoChanged six times, before the column is in the collection,
+  // an empty `key` is no key. Raises ColumnInfoChanged six times, before the column is in the collection,
   // then ColumnAdded.
   std::shared_ptr<FlatColumn> Add(std::string caption, std::int32_t width = 0,
                                   ksxAlignmentConstants header_alignment = ksxLeft,
@@ -41,13 +41,13 @@ class FlatColumns : public Object, public std::enable_shared_from_this<FlatColum
   void Remove(const Variant& index_or_key);
   std::shared_ptr<Enumerator> NewEnum() const { return Enumerator::Of(columns_); }
 
-  // For range-based for. A handler that changes the collection ends the loop's right to go on.
+  // For range-based for. A loop must end after a handler has changed the collection.
   auto begin() const { return columns_.begin(); }
   auto end() const { return columns_.end(); }
 
   // --- Events -----------------------------------------------------------------------------------
 
-  // The set or the order of the columns has changed: after Remove and Clear, too.
+  // The set or the order of the columns has changed, also after Remove and Clear.
   Event<> ColumnAdded;
   // A property of a column was assigned.
   Event<> ColumnInfoChanged;

@@ -72,7 +72,7 @@ TEST(FlatColumnsPersistence, PositionsAreWrittenWithoutPadding) {
 }
 
 // What a value becomes by saving and loading.
-TEST(FlatColumnsPersistence, ValuesComeBackButThoseThatTheDefaultsChange) {
+TEST(FlatColumnsPersistence, ValuesComeBackExceptThoseThatTheDefaultsChange) {
   const struct {
     const char* property;
     Variant value;
@@ -102,7 +102,7 @@ TEST(FlatColumnsPersistence, ValuesComeBackButThoseThatTheDefaultsChange) {
   }
 }
 
-TEST(FlatColumnsPersistence, AColumnOfWhichNothingWasSavedTakesTheDefaultsOfReading) {
+TEST(FlatColumnsPersistence, AColumnWithoutSavedValuesTakesTheDefaultsOfReading) {
   const auto columns = Loaded(BagOf({{"ColumnCount", 1}}));
   ASSERT_EQ(columns->Count(), 1);
   const auto column = columns->Item(1);
@@ -164,7 +164,7 @@ TEST(FlatColumnsPersistence, AWidthOfMoreThan16BitsIsNotSaved) {
   EXPECT_EQ(ErrorOf([&] { Saved(*columns); }), kOverflow);
 }
 
-TEST(FlatColumnsPersistence, SavingTellsNothing) {
+TEST(FlatColumnsPersistence, SavingNotifiesNobody) {
   const auto columns = FlatColumns::Create();
   AddFull(*columns, "a");
   int events = 0;

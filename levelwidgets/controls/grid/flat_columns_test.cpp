@@ -72,7 +72,7 @@ TEST_F(FlatColumnsTest, AnOmittedArgumentIsZeroOfItsType) {
   EXPECT_EQ(column->Format(), "");
 }
 
-TEST_F(FlatColumnsTest, AddTellsSixPropertiesBeforeTheColumnIsThereAndOneAddition) {
+TEST_F(FlatColumnsTest, AddReportsSixPropertiesBeforeTheColumnIsInsertedThenOneAddition) {
   columns_->Add("Qty");
   EXPECT_THAT(TakeJournal(), ElementsAre("Info0", "Info0", "Info0", "Info0", "Info0", "Info0", "Added1"));
   columns_->Add("Price", 1440, ksxLeft, ksxLeft, ksxEditText, true, "", "", 1);
@@ -151,7 +151,7 @@ TEST_F(FlatColumnsTest, ItemAndRemoveTakeAPositionOrAKey) {
   }
 }
 
-TEST_F(FlatColumnsTest, ClearEmptiesAndIsTellingAnAddition) {
+TEST_F(FlatColumnsTest, ClearEmptiesTheCollectionAndReportsAnAddition) {
   Fill("ab");
   EXPECT_TRUE(columns_->Clear().IsEmpty());
   EXPECT_EQ(columns_->Count(), 0);
@@ -188,7 +188,7 @@ TEST_F(FlatColumnsTest, EnumeratesInTheOrderOfPositions) {
 
 // --- Columns -----------------------------------------------------------------------------------
 
-TEST_F(FlatColumnsTest, EachAssignmentIsToldOnceButThatOfTheEditorAndTheList) {
+TEST_F(FlatColumnsTest, EachAssignmentIsReportedOnceExceptThoseOfTheEditorAndTheList) {
   const auto column = columns_->Add("a");
   const struct {
     const char* property;
@@ -293,7 +293,7 @@ TEST(FlatColumnsListeners, AnExceptionAfterAnAdditionLeavesTheColumnIn) {
 
 // --- By name -----------------------------------------------------------------------------------
 
-TEST_F(FlatColumnsTest, AreUsableByName) {
+TEST_F(FlatColumnsTest, TheMembersOfColumnsAreUsableByName) {
   std::vector<int> numbers;
   for (const EventInfo& event : FlatColumns::Table().Events()) {
     SubscribeByName(*columns_, event.name,

@@ -44,7 +44,7 @@ TEST_F(FlatLabelTimerTest, TheColoursAreRestoredAtTheTickAndNotAMillisecondBefor
   EXPECT_FALSE(Highlighted());
 }
 
-TEST_F(FlatLabelTimerTest, AMoveBackDoesNotPutTheTickOff) {
+TEST_F(FlatLabelTimerTest, AMoveBackDoesNotDelayTheTick) {
   MoveTo(10, 10);
   Driver().Advance(60);
   Driver().Press(kLeftButton);

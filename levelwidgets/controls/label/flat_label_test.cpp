@@ -126,7 +126,7 @@ TEST_F(FlatLabelTest, FontAndCaptionRepaintThenNotify) {
   EXPECT_THAT(TakeJournal(), ElementsAre("paint", "PropertyChanged(Caption)"));
 }
 
-TEST_F(FlatLabelTest, MouseUnderlineStoresOnly) {
+TEST_F(FlatLabelTest, MouseUnderlineIsStoredWithoutRepaintOrNotification) {
   auto& label = AddNew<FlatLabel>("lblHelp");
   Watch(label);
   label.SetMouseUnderline(false);
@@ -134,7 +134,7 @@ TEST_F(FlatLabelTest, MouseUnderlineStoresOnly) {
   EXPECT_FALSE(label.MouseUnderline());
 }
 
-TEST_F(FlatLabelTest, AlignmentRepaintsAndTellsNobody) {
+TEST_F(FlatLabelTest, AlignmentRepaintsAndNotifiesNobody) {
   auto& label = AddNew<FlatLabel>("lblHelp");
   Watch(label);
   label.SetAlignment(ksxCenter);

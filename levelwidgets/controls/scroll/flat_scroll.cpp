@@ -153,7 +153,7 @@ void FlatScroll::OnResize() {
   try {
     position = CheckedPosition(value);
   } catch (const Error&) {
-    return;  // a range that admits no value leaves the thumb as it was: there is nobody here to tell
+    return;  // a range that admits no value leaves the thumb as it was: there is nobody here to notify
   }
   WriteValue(value, position);
 }

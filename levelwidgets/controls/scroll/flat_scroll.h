@@ -39,8 +39,8 @@ class FlatScroll : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Po
   bool Enabled() const { return GetSurface().Enabled(); }
   void SetEnabled(bool enabled);
   WindowHandle hWnd() const { return GetSurface().hWnd(); }
-  // Takes Value along when it passes it, as long as the range is not inverted; recomputes the thumb's length.
-  // No notice.
+  // Moves Value along when they pass it, as long as the range is not inverted; recompute the thumb's length.
+  // Notify nobody.
   std::int32_t Min() const { return range_.min; }
   void SetMin(std::int32_t min);
   std::int32_t Max() const { return range_.max; }
@@ -90,7 +90,7 @@ class FlatScroll : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Po
   void OnMouseUp(const PointerInput& input) override;
 
  private:
-  // What the held mouse button repeats.
+  // The action that the held mouse button repeats.
   enum class Action { kNone, kPageBack, kStepBack, kPageForward, kStepForward, kDragThumb };
   enum class ButtonState { kNone, kFirstMouseOver, kSecondMouseOver, kFirstPushed, kSecondPushed };
 

@@ -66,7 +66,7 @@ TEST_F(FlatScrollPartTest, IsPaintedInItsPlace) {
   EXPECT_EQ(PixelAt(Bar(), {2, 198}), ColorRef{0x00CEDBDE});
 }
 
-TEST_F(FlatScrollPartTest, TellsItsOwnerOfEveryChange) {
+TEST_F(FlatScrollPartTest, NotifiesItsOwnerOfEveryChange) {
   TheLines();
   Driver().Click(OnBar({8, 195}));
   Driver().Click(OnBar({8, 150}));

@@ -153,7 +153,7 @@ TEST_F(FlatScrollRepeatTest, ABarDisabledInsideItsOwnChangeStopsWhenTheButtonIsU
   EXPECT_FALSE(TimerRuns());
 }
 
-TEST_F(FlatScrollRepeatTest, ABarThatStoppedSoTakesTheNextPressAsEver) {
+TEST_F(FlatScrollRepeatTest, ABarThatWasStoppedTakesTheNextPressAsUsual) {
   PressAt(5);
   MoveTo(40, 5);
   Driver().Release(kLeftButton);

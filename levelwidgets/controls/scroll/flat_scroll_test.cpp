@@ -161,7 +161,7 @@ TEST_F(FlatScrollTest, WithMinAboveMaxEveryValueIsRejected) {
   EXPECT_EQ(bar.Value(), 1);
 }
 
-TEST_F(FlatScrollTest, MinTakesTheValueAlongWithinTheRange) {
+TEST_F(FlatScrollTest, MinMovesTheValueAlongWithinTheRange) {
   auto& bar = Bar();
   Watch(bar);
   bar.SetMin(10);
@@ -178,7 +178,7 @@ TEST_F(FlatScrollTest, MinAtOrAboveMaxLeavesTheValue) {
   EXPECT_EQ(bar.Value(), 1);
 }
 
-TEST_F(FlatScrollTest, MaxTakesTheValueAlongWithinTheRange) {
+TEST_F(FlatScrollTest, MaxMovesTheValueAlongWithinTheRange) {
   auto& bar = Bar();
   bar.SetValue(50);
   Watch(bar);
@@ -234,7 +234,7 @@ TEST_F(FlatScrollTest, OrientationLaysOutRepaintsThenNotifies) {
                                          "PropertyChanged(Orientation)"));
 }
 
-TEST_F(FlatScrollTest, AResizeReAppliesTheValueOrMaxWhereThatIsLess) {
+TEST_F(FlatScrollTest, AResizeAppliesTheSmallerOfValueAndMaxAgain) {
   auto& bar = Bar();
   bar.SetValue(50);
   bar.SetMin(60);  // value follows
@@ -267,7 +267,7 @@ TEST_F(FlatScrollTest, AResizedBarKeepsItsThumbLengthUntilMinOrMaxIsSet) {
   EXPECT_EQ(thumb(), "Rectangle 0 13 17 41");  // 415 twips
 }
 
-TEST_F(FlatScrollTest, AThumbFarBeyondTheBarIsNoError) {
+TEST_F(FlatScrollTest, AThumbFarBeyondTheBarRaisesNoError) {
   auto& bar = Bar();
   bar.SetMax(1000000002);
   bar.SetMin(1000000000);

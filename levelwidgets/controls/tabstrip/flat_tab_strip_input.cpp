@@ -30,7 +30,7 @@ void FlatTabStrip::OnKeyDown(std::int16_t code, std::int16_t shift) {
   KeyDown.Raise(code, shift);
 }
 
-// Without tabs there is none to select.
+// Without tabs there is nothing to select.
 void FlatTabStrip::SelectByKey(std::int16_t tab) {
   if (tab_count_ > 0) SetSelectedTab(tab);
 }

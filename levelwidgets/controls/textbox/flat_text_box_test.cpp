@@ -173,7 +173,7 @@ TEST_F(FlatTextBoxTest, SwitchingMultiLineKeepsToTheAmbientFontAndSavesNone) {
   }
 }
 
-TEST_F(FlatTextBoxTest, APasswordCharacterThatTheEditBoxRefusesIsItsError) {
+TEST_F(FlatTextBoxTest, APasswordCharacterThatTheEditBoxRefusesRaisesItsError) {
   auto& box = Single();
   box.SetPasswordChar("*");
   EXPECT_EQ(RaisedBy([&] { box.SetPasswordChar("ab"); }).Number(), kInvalidPropertyValue);
@@ -220,7 +220,7 @@ TEST_F(FlatTextBoxTest, AMultiLineBoxLeavesTheRightEdgeToTheBar) {
 
 // --- Events ------------------------------------------------------------------------------------------
 
-TEST_F(FlatTextBoxTest, EventsOfTheEditBoxAreItsOwn) {
+TEST_F(FlatTextBoxTest, EventsOfTheEditBoxAreRaisedAsTheTextBoxsOwn) {
   auto& box = Single();
   Hosted(box).SetFocus();
   Driver().Settle();
@@ -316,7 +316,7 @@ TEST_F(FlatTextBoxTest, OneLineMoreThanFitsEnablesTheBarWithMaxThree) {
   EXPECT_EQ(box.Bar()->ForeColor(), Color(0x80000011));
 }
 
-TEST_F(FlatTextBoxTest, TypingTheLineThatIsTooMuchEnablesTheBar) {
+TEST_F(FlatTextBoxTest, TypingOneLineMoreThanFitsEnablesTheBar) {
   auto& box = Multi();
   box.SetText("one\r\ntwo");
   const int fits = Fits(box);
@@ -356,7 +356,7 @@ TEST_F(FlatTextBoxTest, TheBarsArrowsScrollALineAndItsTrackAPageByOneMessageEach
   EXPECT_EQ(box.Bar()->Value(), FirstVisible(box) + 1);
 }
 
-TEST_F(FlatTextBoxTest, AChangeToWhereTheTextIsSendsNothing) {
+TEST_F(FlatTextBoxTest, ABarChangeToThePresentPlaceSendsNoMessage) {
   auto& box = Multi(Lines(100));
   EXPECT_THAT(ScrollMessages(box, [&] { box.Bar()->SetValue(1); }), IsEmpty());
 }
@@ -372,7 +372,7 @@ TEST_F(FlatTextBoxTest, ClickingTheBarScrollsAndLeavesTheFocusWithTheText) {
   EXPECT_EQ(Windows().GetFocus(), box.ActiveEdit().hWnd());
 }
 
-TEST_F(FlatTextBoxTest, PaintingInStepRepaintsNoBar) {
+TEST_F(FlatTextBoxTest, APaintThatFindsTheBarInStepDoesNotRepaintIt) {
   auto& box = Multi(Lines(100));
   Driver().Settle();
   FlatScroll& bar = *box.Bar();
@@ -403,7 +403,7 @@ TEST_F(FlatTextBoxTest, TheWindowProcedureIsReplacedOnceAndPutBackBeforeTheWindo
   EXPECT_THAT(calls, ElementsAre("long -21", "long -4", "long -4", "long -21", "destroy"));
 }
 
-TEST_F(FlatTextBoxTest, ClosingTheFormPutsItBackToo) {
+TEST_F(FlatTextBoxTest, ClosingTheFormPutsTheWindowProcedureBack) {
   Multi(Lines(50));
   TheForm().Close();
   EXPECT_TRUE(TheForm().Closed());
@@ -411,7 +411,7 @@ TEST_F(FlatTextBoxTest, ClosingTheFormPutsItBackToo) {
 
 // --- Bad input ---------------------------------------------------------------------------------------
 
-TEST_F(FlatTextBoxTest, OddTextsAreTaken) {
+TEST_F(FlatTextBoxTest, TextsWithOddCharactersAreTaken) {
   auto& box = Multi();
   box.SetText("lone\rreturn\nand feed");
   EXPECT_FALSE(box.Text().empty());

@@ -9,7 +9,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Writes down what it is told.
+// Writes down its notifications.
 class Knob : public ControlWith<ClickEvents, KeyEvents, PointerEvents> {
  public:
   static const ClassInfo& Table() {
@@ -128,7 +128,7 @@ TEST_F(ChildControlTest, MovesInTwipsOfItsOwner) {
   EXPECT_EQ(PixelAt(ThePanel(), {50, 29}), ColorRef{0x0000FF00});
 }
 
-TEST_F(ChildControlTest, ANewSizeIsAResizeAndANewPlaceIsNone) {
+TEST_F(ChildControlTest, OnlyANewSizeCallsForAResize) {
   Knob& knob = ShownKnob();
   ThePanel().knob.Move({Twips(600), Twips(300)}, {Twips(300), Twips(150)});
   EXPECT_THAT(knob.notes, IsEmpty());
@@ -137,7 +137,7 @@ TEST_F(ChildControlTest, ANewSizeIsAResizeAndANewPlaceIsNone) {
   EXPECT_EQ(ThePanel().knob.Position(), (TwipPoint{Twips(600), Twips(300)}));
 }
 
-TEST_F(ChildControlTest, NegativeLengthsCountAsNone) {
+TEST_F(ChildControlTest, NegativeLengthsCountAsZero) {
   Knob& knob = ShownKnob();
   ThePanel().knob.Move({}, {Twips(-15), Twips(-1)});
   EXPECT_EQ(ThePanel().knob.Size(), TwipSize());
@@ -155,7 +155,7 @@ TEST_F(ChildControlTest, AmbientPropertiesAreTheOwnersOwn) {
   EXPECT_NE(font, ThePanel().GetSurface().GetFont());  // a copy
 }
 
-TEST_F(ChildControlTest, WhatItTellsOfItsPropertiesStaysWithItsOwner) {
+TEST_F(ChildControlTest, ItsPropertyChangesAreNotReportedToTheForm) {
   Knob& knob = ShownKnob();
   std::vector<std::string> notices;
   TheForm().PropertyChanged.Add([&](std::string_view, std::string_view name) { notices.emplace_back(name); });
@@ -221,7 +221,7 @@ TEST_F(ChildControlTest, AListenerOfThePartMayRemoveTheOwner) {
   EXPECT_FALSE(TheForm().Find("pnl"));
 }
 
-TEST_F(ChildControlTest, GoesWithItsOwner) {
+TEST_F(ChildControlTest, IsDestroyedWithItsOwner) {
   const WindowHandle window = ShownKnob().GetSurface().hWnd();
   TheForm().Remove("pnl");
   EXPECT_FALSE(Windows().IsWindow(window));

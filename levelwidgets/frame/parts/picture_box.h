@@ -10,9 +10,9 @@ namespace levelwidgets {
 
 class WindowlessPart;
 
-// Hidden and of no size until told otherwise. It can hold edit boxes, controls and other panels, which have
-// windows of their own, and parts without a window (TextLabel, LineShape), which it paints and hit-tests. A
-// frame is a panel that paints nothing of its own.
+// Hidden and of no size until it is placed and shown. It can hold edit boxes, controls and other panels,
+// which have windows of their own, and parts without a window (TextLabel, LineShape), which it paints and
+// hit-tests. A frame is a panel that paints nothing of its own.
 //
 // Its keys and its focus are its owner's, also when its window has been moved to the desktop. Pointer events
 // come from where no part is; positions are twips of the panel's inner area. A listener may destroy the

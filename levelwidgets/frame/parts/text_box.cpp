@@ -77,7 +77,7 @@ void TextBox::SetText(std::string_view text) {
   setting_text_ = true;
   Windows().SetWindowTextA(window_, text);
   setting_text_ = false;
-  // The edit box tells of a text that was set in one of its modes only.
+  // The edit box reports a text that was set in one of its modes only.
   if (Text() != before) Change.Raise();
 }
 

@@ -1,4 +1,4 @@
-// What the edit box hears and tells.
+// What the edit box hears and reports.
 #include <levelwidgets/frame/paint.h>
 #include <levelwidgets/frame/parts/text_box.h>
 
@@ -28,7 +28,7 @@ LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) 
   const PointerAction action = PointerActionOf(message);
   const auto key = KeyMessageOf(Windows(), message, wparam);
   if (!owner_.Site().UserMode()) {
-    // The form's designer has the input; everything else is the edit box's as ever.
+    // The form's designer has the input; everything else stays with the edit box.
     return action != PointerAction::kNone || key ? 0 : Pass(message, wparam, lparam);
   }
   if (message == kWmCaptureChanged) click_.CaptureLost(Windows());

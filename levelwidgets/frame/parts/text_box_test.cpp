@@ -83,7 +83,7 @@ TEST_F(TextBoxPartTest, TypingRaisesDownPressChangeUp) {
   EXPECT_THAT(TakeLog(), ElementsAre("KeyDown 65", "KeyPress 97", "Change a", "KeyUp 65"));
 }
 
-TEST_F(TextBoxPartTest, AChangedCharacterIsTypedAndZeroIsNone) {
+TEST_F(TextBoxPartTest, TheEditBoxTypesAChangedCharacterAndNothingForZero) {
   TheField().txtMain.KeyPress += [](std::int16_t& code) {
     if (code == 'a') code = 'Z';
     if (code == 'b') code = 0;
@@ -92,7 +92,7 @@ TEST_F(TextBoxPartTest, AChangedCharacterIsTypedAndZeroIsNone) {
   EXPECT_EQ(TheField().txtMain.Text(), "Zc");
 }
 
-TEST_F(TextBoxPartTest, AChangedKeyCodeIsWhatTheEditBoxActsOnAndZeroIsNone) {
+TEST_F(TextBoxPartTest, TheEditBoxActsOnAChangedKeyCodeAndNotOnZero) {
   TextBox& box = TheField().txtMain;
   box.SetText("abc");
   box.Select(3, 0);
@@ -120,7 +120,7 @@ TEST_F(TextBoxPartTest, AssigningATextRaisesChangeOnlyWhenItDiffers) {
   EXPECT_THAT(TakeLog(), IsEmpty());
 }
 
-TEST_F(TextBoxPartTest, ClicksArriveAsFromAnyControl) {
+TEST_F(TextBoxPartTest, ClicksOnTheEditBoxRaiseTheUsualEvents) {
   Field& field = TheField();
   Driver().Click(ScreenPoint(field, PixelPoint{20, 10}));
   EXPECT_THAT(TakeLog(), ElementsAre("MouseDown 1", "MouseUp 1", "Click"));
@@ -138,7 +138,7 @@ TEST_F(TextBoxPartTest, APressThatLosesTheCaptureIsNoClick) {
   EXPECT_THAT(TakeLog(), ElementsAre("MouseDown 1", "MouseUp 1"));
 }
 
-TEST_F(TextBoxPartTest, ColoursAreThoseOfThePart) {
+TEST_F(TextBoxPartTest, TheEditBoxIsDrawnInItsOwnColours) {
   Field& field = TheField();
   field.txtMain.SetBackColor(Color(0x0000FF00));
   EXPECT_EQ(PixelAt(field, {190, 10}), ColorRef{0x0000FF00});
@@ -163,7 +163,7 @@ TEST_F(TextBoxPartTest, AChangedAlignmentKeepsTextSelectionAndFocus) {
   EXPECT_EQ(Windows().GetFocus(), box.hWnd());
 }
 
-TEST_F(TextBoxPartTest, APasswordCharacterIsOneOfTheCodePage) {
+TEST_F(TextBoxPartTest, APasswordCharacterOutsideTheCodePageIsRefused) {
   TextBox& box = TheField().txtMain;
   box.SetPasswordChar("*");
   EXPECT_EQ(box.Send(kEmGetPasswordChar), '*');

@@ -75,7 +75,7 @@ TEST(SavedCollection, TheSchemaHasItsKeys) {
   EXPECT_FALSE(properties.contains("Columns"));
 }
 
-TEST(SavedCollection, DescriptionsTellItsKeys) {
+TEST(SavedCollection, DescriptionsShowItsKeys) {
   const Json columns = DescribeAsJson(Ledger::Table()).at("properties")[1];
   EXPECT_EQ(columns.at("items"),
             Json::parse(R"({ "count": "ColumnCount", "prefix": "Column", "class": "FlatColumn" })"));

@@ -24,7 +24,7 @@ constexpr char kList[] =
 
 FrozenMembers Grown(const std::vector<std::string>& members) { return GrowFrozenMembers(kList, members); }
 
-TEST(FrozenMembers, AListOfWhatThereIsStaysAsItIs) {
+TEST(FrozenMembers, ACompleteListStaysAsItIs) {
   const FrozenMembers same =
       Grown({"Knob property 1 Level Long", "Dial property 1 Steps Integer", "Dial event 1 Turned ()"});
   EXPECT_EQ(same.text, kList);
@@ -67,7 +67,7 @@ TEST(FrozenMembers, AClassIsNotTakenForAnotherWhoseNameBeginsWithIts) {
             "Dials event 1 A ()\nDial event 1 B ()\n");
 }
 
-TEST(MemberLines, TellClassKindNumberNameAndType) {
+TEST(MemberLines, ShowClassKindNumberNameAndType) {
   const std::vector<std::string> lines = MemberLines(DescribedClasses());
   EXPECT_THAT(lines, Contains("FlatButton property 1 BackColor Color"));
   EXPECT_THAT(lines, Contains("FlatButton property 5 hWnd Handle, read-only"));

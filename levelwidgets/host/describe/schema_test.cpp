@@ -172,7 +172,7 @@ TEST_F(ValidatedForms, TheFormsOfTheExamplesAreGood) {
   EXPECT_EQ(ValidateFiles(forms), "");
 }
 
-TEST_F(ValidatedForms, WhatIsRightIsTaken) {
+TEST_F(ValidatedForms, CorrectFormsAreAccepted) {
   std::vector<std::string> forms{
       "[form]\n",
       "[form]\nName = \"frm\"\nWidth = 0\nHeight = 1.5\nBackColor = -1\n",
@@ -270,7 +270,7 @@ TEST_F(ValidatedForms, NullsAndDatesHaveTheirForms) {
   EXPECT_THAT(Validate(bad), Each(Not(IsEmpty())));
 }
 
-TEST_F(ValidatedForms, ASchemaThatIsNoneWouldBeFound) {
+TEST_F(ValidatedForms, AnInvalidSchemaIsReported) {
   WriteSchema(Json{{"type", "colour"}});
   EXPECT_NE(ValidateFiles(""), "");
 }

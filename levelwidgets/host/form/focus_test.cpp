@@ -81,7 +81,7 @@ TEST_F(FocusTest, AHiddenControlHandsItToTheNextInTabOrder) {
 TEST_F(FocusTest, ARemovedControlHandsItToTheNextInTabOrder) {
   TheForm().Remove("b");
   EXPECT_EQ(Active(), "c");
-  EXPECT_THAT(TakeNotes(), ElementsAre("enter c"));  // what is removed hears no more
+  EXPECT_THAT(TakeNotes(), ElementsAre("enter c"));  // a removed control hears nothing
 }
 
 TEST_F(FocusTest, TheLastInTheOrderHandsItToTheFirst) {
@@ -95,7 +95,7 @@ TEST_F(FocusTest, TheLastInTheOrderHandsItToTheFirst) {
   EXPECT_EQ(Active(), "a");
 }
 
-TEST_F(FocusTest, WhatCannotTakeItIsPassedOver) {
+TEST_F(FocusTest, ControlsThatCannotTakeTheFocusAreSkipped) {
   Disable("c");
   Get("d").SetTabStop(false);
   Add("e");
@@ -113,7 +113,7 @@ TEST_F(FocusTest, TheOrderIsThatOfTheTabIndexNotOfTheAdding) {
   EXPECT_EQ(Active(), "d");
 }
 
-TEST_F(FocusTest, WithoutAnyOtherTheFormHasIt) {
+TEST_F(FocusTest, TheFormGetsTheFocusWithoutAnotherControl) {
   for (const char* name : {"a", "c", "d"}) Disable(name);
   Disable("b");
   EXPECT_EQ(Windows().GetFocus(), TheForm().hWnd());

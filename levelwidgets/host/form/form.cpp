@@ -54,7 +54,7 @@ const ClassInfo& Form::Table() {
           Row::Event<&Form::Deactivate>(2, "Deactivate", "", "Another window became active."),
           Row::Event<&Form::Load>(3, "Load", "", "The form and its controls are there, not yet shown."),
           Row::Event<&Form::PropertyChanged>(4, "PropertyChanged", "Control, Name",
-                                             "A control told that a persisted property changed."),
+                                             "A control reported that a persisted property changed."),
           Row::Event<&Form::Resize>(5, "Resize", "", "The inner size changed."),
           Row::Event<&Form::Unload>(6, "Unload", "Cancel", "The form is about to close.")));
   static constexpr ClassInfo info(data);

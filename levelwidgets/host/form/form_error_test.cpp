@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Raises an error at whatever it is told of, and removes itself first when it is to.
+// Raises an error at every notification, and removes itself first when it is to.
 class Faulty : public Control {
  public:
   static const ClassInfo& Table() {
@@ -114,7 +114,7 @@ TEST_F(FormErrorTest, ATickIsReportedAsOfItsTimer) {
   EXPECT_THAT(TakeReports(), ElementsAre("flt Timer: Invalid Value"));
 }
 
-TEST_F(FormErrorTest, AnErrorOfAPartIsItsOwners) {
+TEST_F(FormErrorTest, AnErrorOfAPartIsReportedAsItsOwners) {
   Report();
   auto& owner = AddNew<Owner>("own");
   owner.part.SetVisible(true);

@@ -117,7 +117,7 @@ TEST_F(ToolTipTest, AControlWithoutATextHasNoneAndRunsNoTimer) {
   EXPECT_THAT(Tips(), IsEmpty());
 }
 
-TEST_F(ToolTipTest, InDesignModeThereIsNone) {
+TEST_F(ToolTipTest, InDesignModeNoTipAppears) {
   MakeForm({.design = true});
   MoveOver(Button());
   WaitForTip();
@@ -160,7 +160,7 @@ TEST_F(ToolTipTest, GoesWhenThePointerLeavesTheProgramsWindows) {
   EXPECT_THAT(Tips(), IsEmpty());
 }
 
-TEST_F(ToolTipTest, LeavingInTimeShowsNone) {
+TEST_F(ToolTipTest, LeavingInTimeShowsNoTip) {
   auto& button = Button();
   MoveOver(button);
   Driver().Advance(200);

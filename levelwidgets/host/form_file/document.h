@@ -60,7 +60,7 @@ class FormDocument {
     return std::string_view(text_).substr(span.begin, span.end - span.begin);
   }
   TextPosition PositionOf(std::size_t offset) const;
-  // The [form] table and the [[control]] tables; the loader has seen to it that they are there.
+  // The [form] table and the [[control]] tables; the loader has made sure that they exist.
   const FormNode& FormTable() const { return *root_.Find("form"); }
   const std::vector<FormNode>& ControlTables() const;
 

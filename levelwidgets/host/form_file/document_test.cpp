@@ -46,7 +46,7 @@ TEST(FormDocument, KeepsEntriesInTheOrderOfTheText) {
   EXPECT_EQ(keys, "bac");
 }
 
-TEST(FormDocument, TellsHowATableIsWritten) {
+TEST(FormDocument, KnowsHowATableIsWritten) {
   const FormDocument document = Parsed("d.x = 1\ni = { y = 2 }\n[h]\nz = 3\n");
   EXPECT_EQ(document.Root().Find("d")->shape, FormNode::Shape::kDotted);
   EXPECT_EQ(document.Root().Find("i")->shape, FormNode::Shape::kInline);
@@ -63,14 +63,14 @@ TEST(FormDocument, ReportsTheFirstSyntaxErrorWithItsPlace) {
             "1:7: syntax error in a key-value pair: expected a comment or whitespace, saw '2'");
 }
 
-TEST(FormDocument, ReportsBytesThatAreNoUtf8WhereTheyStand) {
+TEST(FormDocument, ReportsBytesThatAreNotUtf8WhereTheyStand) {
   EXPECT_EQ(SyntaxErrorOf("a = 1\nb = \"\xC3\xA4\xFF\"\n"),
             "2:7: the text is not UTF-8: the byte 0xFF at offset 13 is no character");
   EXPECT_EQ(SyntaxErrorOf("a = \"" + std::string(100, 'x') + "\xC3"),
             "1:106: the text is not UTF-8: the byte 0xC3 at offset 105 is no character");
 }
 
-TEST(FormDocument, RefusesKeysAndValuesNestedWithoutEnd) {
+TEST(FormDocument, RefusesEndlesslyNestedKeysAndValues) {
   std::string parts;
   std::string open;
   for (int i = 0; i < 100'000; ++i) {
@@ -91,7 +91,7 @@ TEST(FormDocument, CharactersOutOfPlaceAreSyntaxErrors) {
   EXPECT_THAT(SyntaxErrorOf("a = \xC3\xA4\n"), ::testing::StartsWith("1:5: "));
 }
 
-TEST(FormDocument, DotsInTextsAreNoKeys) {
+TEST(FormDocument, DotsInTextsDoNotDivideKeys) {
   const std::string dots = "a.b.c.d.e.f.g.h.i.j.k.l.m.n.o.p.q.r.s.t.u.v.w.x.y.z";
   EXPECT_EQ(SyntaxErrorOf("# " + dots + "\na = \"\\\"" + dots + "\"\nb = '" + dots + "'\nc = \"\"\"\n\"" +
                           dots + "\"\"\"\nd = '''\n'" + dots + "'''\ne = [1.5, 2.5, 3.5,\n4.5]\n"),

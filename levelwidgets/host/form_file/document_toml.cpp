@@ -13,7 +13,7 @@
 #define TOML_MAX_NESTED_VALUES 64
 #define TOML_ENABLE_FORMATTERS 0
 #define TOML_ENABLE_WINDOWS_COMPAT 0
-// The library takes it for impossible to meet a letter such as U+00E4 where it looks for blanks. It is none.
+// The library assumes that it never meets a letter such as U+00E4 where it looks for blanks. It does.
 // clang-format off
 #include <toml++/impl/preprocessor.h>
 #pragma push_macro("TOML_UNREACHABLE")

@@ -85,7 +85,7 @@ TEST_F(FormFile, AFormStandsWhereTheFileSaysOrInTheMiddle) {
   ExpectTold("[form]\nTop = \"low\"\n", "f:2:7: Top is a length in twips, a number; \"low\" is a string\n");
 }
 
-TEST_F(FormFile, AControlWithoutPropertiesIsALoadedOne) {
+TEST_F(FormFile, AControlWithoutPropertiesIsLoadedFromAnEmptyBag) {
   const LoadedForm loaded = Load("[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"cmdOK\"\n");
   ASSERT_TRUE(loaded.form);
   // A new one would have its name as its caption.
@@ -122,7 +122,7 @@ TEST_F(FormFile, IndexedPropertiesStandUnderTheirNameAndTheIndex) {
             "Properties = { TabCount = 3, TabCaption1 = \"One\", TabCaption2 = \"Two\" }\n");
 }
 
-TEST_F(FormFile, AnIndexBeyondTheValuesIsAWarningAndAnUnknownOneOrAWrongTypeIsTold) {
+TEST_F(FormFile, AnIndexBeyondTheValuesIsAWarningAndAWrongKeyOrTypeIsReported) {
   ExpectTold(
       "[form]\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tabMain\"\n"
       "[control.Properties]\nTabCount = 2\nTabCaption3 = \"Three\"\nTabCaption03 = \"x\"\n",
@@ -224,14 +224,14 @@ TEST_F(FormFile, UnknownKeysAreWarnings) {
       "f:7:16: warning: FlatButton has no property \"Mine\" to load\n");
 }
 
-TEST_F(FormFile, NothingOfABrokenFormIsLeft) {
+TEST_F(FormFile, NothingIsLeftOfABrokenForm) {
   const std::size_t windows = Driver().LiveWindows();
   ASSERT_TRUE(Load("[form]\nWidth = \"\"\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\n").HasErrors());
   EXPECT_EQ(Driver().LiveWindows(), windows);
 }
 
-// Bytes lost, doubled and changed: the file is loaded, or what is wrong with it is told.
-TEST_F(FormFile, AnyDamageIsEitherLoadedOrTold) {
+// Bytes lost, doubled and changed: the file is loaded, or what is wrong with it is reported.
+TEST_F(FormFile, AnyDamagedFileIsEitherLoadedOrReported) {
   const std::string whole =
       "[form]\nName = \"f\"\nFont = { Name = \"\xC3\xA4\", Size = 8.25 }\n[[control]]\nClass = "
       "\"FlatButton\"\n"

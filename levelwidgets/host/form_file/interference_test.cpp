@@ -98,7 +98,7 @@ TEST_F(FormFileInterferenceTest, AFormThatIsClosedWhileItIsReadIsReportedForEach
   EXPECT_TRUE(form_->Closed());
 }
 
-TEST_F(FormFileInterferenceTest, AControlThatGoesWhileItsPlacementIsAssignedIsReported) {
+TEST_F(FormFileInterferenceTest, AControlRemovedWhileItsPlacementIsAssignedIsReported) {
   EXPECT_THAT(Read("by default", "Default = true\n"), HasSubstr("mdl was not added"));
   EXPECT_FALSE(form_->Find("mdl"));
 }

@@ -50,7 +50,7 @@ class FormReader {
   bool ReportRefused(const PropertyRefused& refused, const ClassInfo& control_class, const FormNode& table,
                      PropertyBag& bag);
   static Placement PlaceOf(const ClassInfo& control_class, const Values& placement);
-  // What of the placement is no place.
+  // The keys of the placement that are no place.
   static void Assign(HostedControl& control, const Values& placement);
   void WarnOfUnknownProperties(const FormNode& node, const HostedControl& control);
 

@@ -19,7 +19,7 @@ struct ValueType {
 
 inline ValueType TypeOf(const PropertyInfo& property) { return {property.type, property.stored_as}; }
 
-// The value of `node` as one of `type`; where it is none, reports that for `label` and returns nothing.
+// The value of `node` as one of `type`; when it is not, reports that for `label` and returns nothing.
 // Numbers out of the type's range are reported, never cut. An enumeration's items may be given by name.
 std::optional<Variant> ReadValue(const FormNode& node, std::string_view label, const ValueType& type,
                                  FormReport& report);

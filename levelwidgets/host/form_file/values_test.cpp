@@ -90,7 +90,7 @@ TEST(FormValues, EnumerationsTakeNumbersAndItemNames) {
                   "f:1:5: X is one of ksxLeft, ksxRight, ksxCenter, or its number; true is a boolean");
 }
 
-TEST(FormValues, SayWhatIsThereAndWhatWouldBeRight) {
+TEST(FormValues, AreRefusedWithWhatIsThereAndWhatWouldBeRight) {
   ExpectComplaint("\"wide\"", kSingle, "f:1:5: X is a length in twips, a number; \"wide\" is a string");
   ExpectComplaint("12", kBoolean, "f:1:5: X is true or false; 12 is a number");
   ExpectComplaint("12", kString, "f:1:5: X is a string; 12 is a number");
@@ -117,7 +117,7 @@ TEST(FormValues, SayWhatIsThereAndWhatWouldBeRight) {
   ExpectComplaint("{ Nil = true }", kAny, "f:1:5: X is a single value; this is a table");
 }
 
-TEST(FormValues, OfAnyTypeAreReadAsTheyAreWritten) {
+TEST(FormValues, WithoutAKnownTypeAreReadAsTheyAreWritten) {
   ExpectValue("true", kAny, true);
   ExpectValue("7", kAny, std::int32_t{7});
   ExpectValue("9999999999", kAny, 9999999999.0);
@@ -160,11 +160,11 @@ TEST(FormValues, AreWrittenInTheStyleOfTheirType) {
             "\"a\\\"\\\\\\t\\r\\n\\u0001\\u007F\xC3\xA4\"");
 }
 
-TEST(FormValues, BytesThatAreNoUtf8BecomeReplacementCharacters) {
+TEST(FormValues, BytesThatAreNotUtf8BecomeReplacementCharacters) {
   EXPECT_EQ(WriteString("a\xFF\xC3\xA4"), "\"a\xEF\xBF\xBD\xC3\xA4\"");
 }
 
-TEST(FormValues, WhatNoFileCanHoldIsRefused) {
+TEST(FormValues, ThatNoFileCanHoldAreRefused) {
   EXPECT_THROW(WriteValue(Variant(), {}), Error);
   EXPECT_THROW(WriteValue(Date{1e9}, kDate), Error);
   EXPECT_THROW(WriteValue(Date{std::numeric_limits<double>::quiet_NaN()}, kDate), Error);

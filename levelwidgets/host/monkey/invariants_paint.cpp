@@ -70,7 +70,7 @@ void InvalidateTree(memory::MemoryWindows& windows, const memory::Window& window
   for (const WindowHandle one : all) windows.InvalidateRect(one);
 }
 
-// What is late on purpose is no matter of the checks.
+// The checks ignore what is late on purpose.
 void PaintLate(const Subject& subject) {
   const auto& controls = subject.form.Controls();
   for (const auto& hosted : controls) {
@@ -107,7 +107,7 @@ std::string CheckPaintInside(const Subject& subject) {
   const auto control = hosted->GetControl();
   PaintLate(subject);
   const auto before = PixelsOf(subject);
-  // Not asked to by the system: drawing is clipped by nothing but the control's window.
+  // The system has not asked for this paint: only the control's window clips the drawing.
   control->OnPaint();
   return Difference(subject, before, PixelsOf(subject));
 }

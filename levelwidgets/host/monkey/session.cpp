@@ -268,7 +268,7 @@ bool Session::Once(const Event& event) {
                     const auto keep = nested;
                     try {
                       Do(*keep);
-                    } catch (const Error&) {  // a handler of the user's fails: told, and no more
+                    } catch (const Error&) {  // a handler of the user's fails: reported, and that is all
                       ++tally_.refused;
                     }
                   });

@@ -153,7 +153,7 @@ TEST_F(ScriptByReference, PureOutputsMayBePassedInTheirPlaces) {
   EXPECT_EQ(Value("table.concat({ sheet:HitTest(250, 70, nil) }, ' ')"), "7 2");
 }
 
-TEST_F(ScriptByReference, WhatIsReadMustBeGivenAndNoMoreThanThereIs) {
+TEST_F(ScriptByReference, ArgumentsThatAreReadMustBeGivenAndExtraOnesAreRefused) {
   EXPECT_THAT(Value("sheet:HitTest(1)"), HasSubstr("Sheet.HitTest needs the argument Y"));
   EXPECT_THAT(Value("sheet:Locate()"), HasSubstr("Sheet.Locate needs the argument Of"));
   EXPECT_THAT(Value("sheet:HitTest(1, 2, 3, 4)"), HasSubstr("Sheet.HitTest takes 3 arguments, not 4"));

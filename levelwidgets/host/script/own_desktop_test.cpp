@@ -10,7 +10,7 @@
 namespace levelwidgets {
 namespace {
 
-TEST(OwnDesktop, DesktopIsMadeOnceAsToldOrByDefault) {
+TEST(OwnDesktop, DesktopIsMadeOnceAsAskedForOrByDefault) {
   ScriptHost host;
   host.MakeDesktop({.size = {640, 480}, .dpi = 120});
   EXPECT_EQ(host.Desktop().GetPlatform().Screen().Size(), (PixelSize{640, 480}));
@@ -31,7 +31,7 @@ TEST(OwnDesktop, DesktopHasTheColorsOfThePaletteThatIsNamed) {
             memory::FindPalette("dark")->At(kColorButtonFace));
 }
 
-TEST(OwnDesktop, UnknownPaletteIsRefusedWithTheNamesOfThoseThereAre) {
+TEST(OwnDesktop, UnknownPaletteIsRefusedWithTheNamesOfThePalettes) {
   ScriptHost host;
   try {
     host.RunText("lw.desktop{ palette='mauve' }", "test.lua");

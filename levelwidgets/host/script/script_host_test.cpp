@@ -184,7 +184,7 @@ TEST_F(ScriptHostTest, MissingFileIsAFailure) {
   EXPECT_THROW(host_->RunFile((folder_ / "missing.lua").string()), ScriptFailure);
 }
 
-TEST_F(ScriptHostTest, HandlerErrorIsReportedAndEndsNothing) {
+TEST_F(ScriptHostTest, HandlerErrorIsReportedAndTheProgramGoesOn) {
   Run("form = lw.form{ Name='frm' }\nform:on('Resize', function() error('broken') end)\nform.Width = 3000");
   ASSERT_EQ(host_->HandlerErrors().size(), 1u);
   const HandlerError& error = host_->HandlerErrors().front();
@@ -230,7 +230,7 @@ TEST_F(ScriptHostTest, LoadedFormHasRunItsScript) {
   EXPECT_EQ(button->Tag(), "loaded");
 }
 
-TEST_F(ScriptHostTest, EveryErrorOfAFormFileIsTold) {
+TEST_F(ScriptHostTest, EveryErrorOfAFormFileIsReported) {
   const std::string path = File("bad.form.toml",
                                 "[form]\nName = \"frmBad\"\nWidth = \"wide\"\n\n"
                                 "[[control]]\nClass = \"FlatButon\"\nName = \"cmdOne\"\n");
@@ -248,7 +248,7 @@ TEST_F(ScriptHostTest, WarningsOfAFormFileAreReported) {
   EXPECT_THAT(reports_, HasSubstr("odd.form.toml:3:1: warning: "));
 }
 
-TEST_F(ScriptHostTest, FormOfAFailingScriptIsGone) {
+TEST_F(ScriptHostTest, FormOfAFailingScriptIsClosed) {
   File("failing.lua", "error('not today')");
   const std::string path = File("failing.form.toml", "[form]\nName = \"frm\"\nScript = \"failing.lua\"\n");
   const std::size_t windows = Driver().LiveWindows();
@@ -257,7 +257,7 @@ TEST_F(ScriptHostTest, FormOfAFailingScriptIsGone) {
   EXPECT_EQ(Driver().LiveWindows(), windows);
 }
 
-TEST_F(ScriptHostTest, BytecodeIsNoFormScript) {
+TEST_F(ScriptHostTest, BytecodeIsRefusedAsAFormScript) {
   const std::string script = File("code.lua", "\x1bLua");
   EXPECT_THAT(ScriptHost::SyntaxError(script), HasSubstr("binary"));
 }
@@ -278,7 +278,7 @@ TEST_F(ScriptHostTest, FormsAreMadeOnThePlatformThatIsGivenAndThereIsNoDesktopTo
   EXPECT_THROW(host.MakeDesktop({}), Error);
 }
 
-TEST_F(ScriptHostTest, DesktopThatIsGivenIsHadAtAnyTimeAsItIs) {
+TEST_F(ScriptHostTest, DesktopThatIsGivenCanBeAskedForAtAnyTimeAndStaysAsItIs) {
   EXPECT_EQ(&host_->Desktop(), &Driver());
   EXPECT_EQ(Run("lw.form{}:show() return #lw.desktop{}:windows()"), 1);
   EXPECT_EQ(Run("local ok, err = pcall(lw.desktop, { width=640 }) return err.number"), 5);

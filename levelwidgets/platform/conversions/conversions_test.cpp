@@ -67,7 +67,7 @@ TEST_F(ConversionsTest, AnExclamationMarkFillsFromTheLeftWhereverItStands) {
 
 // --- Types -----------------------------------------------------------------------------------
 
-TEST_F(ConversionsTest, ValuesThatAreNoTextConvertByTheirType) {
+TEST_F(ConversionsTest, ValuesOtherThanTextConvertByTheirType) {
   EXPECT_EQ(conversions.ToDouble(EmptyValue{}).value, 0);
   EXPECT_EQ(conversions.ToDouble(true).value, -1);
   EXPECT_EQ(conversions.ToDouble(std::int16_t{-7}).value, -7);
@@ -90,7 +90,7 @@ TEST_F(ConversionsTest, ATextThatIsNoDateIsANumberOfDays) {
   EXPECT_EQ(conversions.ToDate(std::string_view("abc")).status, ConversionStatus::kMismatch);
 }
 
-TEST_F(ConversionsTest, NumericIsWhatConvertsToANumberButDates) {
+TEST_F(ConversionsTest, EverythingThatConvertsToANumberIsNumericExceptDates) {
   EXPECT_TRUE(conversions.IsNumeric(EmptyValue{}));
   EXPECT_TRUE(conversions.IsNumeric(true));
   EXPECT_TRUE(conversions.IsNumeric(1.5F));
@@ -103,7 +103,7 @@ TEST_F(ConversionsTest, NumericIsWhatConvertsToANumberButDates) {
   EXPECT_FALSE(conversions.IsNumeric(std::string_view("1\0", 2)));
 }
 
-TEST_F(ConversionsTest, DatesAreDatesAndTextsThatAreOne) {
+TEST_F(ConversionsTest, DatesAndTextsOfDatesAreDates) {
   EXPECT_TRUE(conversions.IsDate(kToday));
   EXPECT_TRUE(conversions.IsDate(std::string_view("5/31/2024")));
   EXPECT_FALSE(conversions.IsDate(5.0));
@@ -113,7 +113,7 @@ TEST_F(ConversionsTest, DatesAreDatesAndTextsThatAreOne) {
 
 // --- Format ----------------------------------------------------------------------------------
 
-TEST_F(ConversionsTest, FormatRefusesWhatIsNoDayWeekOrFormat) {
+TEST_F(ConversionsTest, FormatRefusesUnknownDaysWeeksAndFormats) {
   for (int first_day : {-1, 8}) {
     EXPECT_EQ(conversions.Format(1.0, "0", first_day).status, ConversionStatus::kInvalid);
   }
@@ -147,7 +147,7 @@ TEST_F(ConversionsTest, ManyFormatsInTurnDoNotMixUp) {
   }
 }
 
-TEST_F(ConversionsTest, TheSystemsDayAndWeekAreTheLocales) {
+TEST_F(ConversionsTest, TheSystemsFirstDayAndWeekAreThoseOfTheLocale) {
   Conversions german = Of("de-DE");
   const Date first = On(2023, 1, 1);  // a Sunday
   EXPECT_EQ(conversions.Format(first, "w ww", kSystemDay, kSystemWeek).value, "1 1");
@@ -230,7 +230,7 @@ TEST_F(ConversionsTest, WeekdaysCountFromAnyDay) {
 
 // --- Names and letters -----------------------------------------------------------------------
 
-TEST_F(ConversionsTest, NamesAreTheLocales) {
+TEST_F(ConversionsTest, MonthsAndDaysHaveTheLocalesNames) {
   EXPECT_EQ(conversions.MonthName(5).value, "May");
   EXPECT_EQ(Of("fr-FR").MonthName(2).value, "février");
   EXPECT_EQ(Of("fr-FR").MonthName(7, true).value, "juil.");
@@ -303,7 +303,7 @@ TEST_F(ConversionsTest, TextsOfBooleansCountInAnyCaseAndNumbersByWhetherTheyAreZ
   EXPECT_EQ(boolean(EmptyValue{}), Converted<bool>(false));
 }
 
-TEST_F(ConversionsTest, CapitalsKeepWhatHasNoneInTheCodePage) {
+TEST_F(ConversionsTest, ALetterWithoutACapitalInTheCodePageStays) {
   EXPECT_EQ(conversions.UpperCase("May 2024, août straße ÿ"), "MAY 2024, AOÛT STRAßE Ÿ");
   const Latin1 latin1;
   Conversions narrow(
@@ -349,7 +349,7 @@ TEST_F(ConversionsTest, AGeneralDateConvertsBack) {
   }
 }
 
-TEST_F(ConversionsTest, EverySecondOfADayIsItself) {
+TEST_F(ConversionsTest, EverySecondOfADayComesBackFromItsDate) {
   for (int day : {-657434, -1, 0, 1, 45427, 2958465}) {
     for (int second = 0; second < calendar::kSecondsPerDay; second += 7) {
       const std::optional<calendar::Moment> moment =

@@ -45,7 +45,7 @@ void FormatText(std::string_view text, const ParsedFormat& format, TextBuilder& 
       out.Append(TakeFront(rest));
     }
   }
-  // What there was no placeholder for follows at the end.
+  // Characters without a placeholder follow at the end.
   out.Append(rest);
 }
 

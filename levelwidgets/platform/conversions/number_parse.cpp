@@ -159,7 +159,7 @@ class NumberReader {
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const bool negative_exponent = mark != std::string_view::npos && digits[mark + 1] == '-';
     if (mark == std::string_view::npos) return first > point;
-    // The exponent outweighs the mantissa's length in any text that can be out of range but for very long
+    // The exponent outweighs the mantissa's length in any text that can be out of range except for very long
     // ones.
     long long exponent = 0;
     const char* begin =

@@ -31,7 +31,7 @@ TEST_F(DesktopTest, TheScreenHandsOutWholeTwipsToThePixel) {
   }
 }
 
-TEST_F(DesktopTest, TheClipboardIsOneForAll) {
+TEST_F(DesktopTest, AllWindowsShareOneClipboard) {
   EXPECT_EQ(desktop.Clipboard(), "");
   desktop.SetClipboard("text");
   EXPECT_EQ(desktop.Clipboard(), "text");

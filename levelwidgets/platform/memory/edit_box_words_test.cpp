@@ -92,7 +92,7 @@ TEST_F(EditWordsTest, CtrlBackspaceErasesTheWordBeforeTheCaret) {
   EXPECT_EQ(Text(), "\r\nthree");
   Send(kEmUndo);
   EXPECT_EQ(Text(), "one \r\nthree");
-  Select(1, 3);  // what is selected, and no more
+  Select(1, 3);  // exactly what is selected
   desktop.Key(kKeyBackspace, kCtrlMask);
   EXPECT_EQ(Text(), "o \r\nthree");
   Send(kEmSetReadOnly, 1);

@@ -64,7 +64,7 @@ TEST_F(EditMenuTest, TheRightButtonOpensItAndWhatCannotBeDoneIsGrey) {
   EXPECT_EQ(Selected(), (Range{0, 3}));
 }
 
-TEST_F(EditMenuTest, NothingButCopyAndSelectAllIsForATextThatIsOnlyRead) {
+TEST_F(EditMenuTest, AReadOnlyTextOffersOnlyCopyAndSelectAll) {
   Make(kEsAutoHScroll, "one two");
   desktop.Type("x");
   desktop.SetClipboard("more");
@@ -146,7 +146,7 @@ TEST_F(EditMenuTest, APressElsewhereClosesItAndIsAPressThere) {
   desktop.Release(kLeftButton);
 }
 
-TEST_F(EditMenuTest, KeysAreTheMenusWhileItIsOpen) {
+TEST_F(EditMenuTest, TheMenuGetsTheKeysWhileItIsOpen) {
   Make(kEsAutoHScroll, "one two");
   Select(0, 3);
   OpenAt(2);
@@ -224,7 +224,7 @@ TEST_F(EditMenuTest, ItEndsWithItsBoxItsFormAndWhenAnotherProgramIsActive) {
   desktop.Key('A', 0);
 }
 
-TEST_F(EditMenuTest, AChoiceMayEndTheBox) {
+TEST_F(EditMenuTest, AListenerOfAChoiceMayDestroyTheBox) {
   Make(kEsAutoHScroll, "one");
   Select(0, 3);
   OpenAt(1);

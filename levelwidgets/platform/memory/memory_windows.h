@@ -41,7 +41,7 @@ struct PointerHit {
 // - Only what is shown and enabled takes the focus; hiding a focused child gives it to the parent,
 //   disabling it to nobody. When the active window goes, its owner or else the next one is activated.
 // - A window whose kWmPaint calls no BeginPaint counts as painted.
-// - The title of a plain window is kept as it is set; no message tells of it.
+// - The title of a plain window is kept as it is set; no message reports it.
 class MemoryWindows final : public WindowApi {
  public:
   MemoryWindows(PixelSize screen, int dpi_x, int dpi_y, MemoryDrawing& drawing, MemoryClock& clock);

@@ -40,12 +40,12 @@ struct SystemPalette {
   friend bool operator==(const SystemPalette&, const SystemPalette&) = default;
 };
 
-// "light": light grey faces, white windows, blue selection; what a desktop shows that is told nothing.
+// "light": light grey faces, white windows, blue selection; the palette of a desktop whose options name none.
 SystemPalette StandardPalette();
 
 // "light", "classic" (warm grey, dark blue), "dark" and "high-contrast" (white on black).
 std::span<const std::string_view> PaletteNames();
-// Nothing for a name that is none of them.
+// Nothing for an unknown name.
 std::optional<SystemPalette> FindPalette(std::string_view name);
 
 }  // namespace levelwidgets::memory

@@ -19,7 +19,7 @@ TEST(CalendarTest, DaysCountFromTheLastButOneOf1899) {
   EXPECT_EQ(DateOf(DateParts{2024, 5, 15, 10, 30, 0})->days, 45427.4375);
 }
 
-TEST(CalendarTest, DaysAndTimesThatThereAreNotAreRefused) {
+TEST(CalendarTest, DaysAndTimesThatDoNotExistAreRefused) {
   EXPECT_TRUE(DateOf(DateParts{2024, 2, 29}));
   for (const DateParts& parts : {DateParts{2023, 2, 29},
                                  {2024, 13, 1},

@@ -9,7 +9,7 @@
 namespace levelwidgets::text {
 
 // One character from the front of `utf8`, which is not empty and moves behind it. A byte that begins no
-// well-formed character (overlong forms and surrogates are none) stands for itself plus kIllFormedByte.
+// well-formed character (overlong forms and surrogates are not) stands for itself plus kIllFormedByte.
 inline constexpr char32_t kIllFormedByte = 0x110000;
 char32_t TakeCharacter(std::string_view& utf8);
 // The bytes of that character; "" of "".

@@ -269,7 +269,7 @@ TEST_F(TracingPlatformTest, ANoteStandsAmongTheCallsWhileActive) {
   EXPECT_THAT(TakeLines(), ElementsAre("GetFocus()", "Click(\"x\", 1.5)", "GetCapture()"));
 }
 
-TEST_F(TracingPlatformTest, CallbacksArePassedOnButAreNoArguments) {
+TEST_F(TracingPlatformTest, CallbacksArePassedOnAndNotRecorded) {
   std::function<void()> given;
   EXPECT_CALL(fake.clock, SetTimer(100, _))
       .WillOnce(DoAll(testing::SaveArg<1>(&given), Return(TimerHandle{5})));

@@ -137,7 +137,7 @@ LResult MessageRouter::CallWindowProcA(std::intptr_t previous, WindowHandle wind
 }
 
 std::size_t MessageRouter::LiveWindows() const {
-  // A window of another class can be gone without our procedure having been told.
+  // A window of another class can be destroyed without a message to our procedure.
   return static_cast<std::size_t>(std::count_if(known_.begin(), known_.end(), [](const auto& entry) {
     return ::IsWindow(ToHwnd(WindowHandle{entry.first})) != FALSE;
   }));
@@ -158,7 +158,7 @@ std::intptr_t MessageRouter::DeliverToClient(WindowHandle window, std::uint32_t 
     if (Suppressed(window, message, lparam)) return message == WM_ERASEBKGND;
     TrackPress(window, message, wparam);
   }
-  // Ending a capture tells its window, whose client may have destroyed this one.
+  // Ending a capture notifies its window, whose client may have destroyed this one.
   const Window* const known = Find(window);
   WindowClient* const client = known ? known->client : nullptr;
   if (message == WM_NCDESTROY) Forget(window);
@@ -195,7 +195,7 @@ std::intptr_t MessageRouter::DeliverToReplacement(WindowHandle window, std::uint
 bool MessageRouter::Suppressed(WindowHandle window, std::uint32_t message, LParam lparam) {
   if (message == WM_MOUSEMOVE) return PointerRests(window, lparam);
   if (message == WM_MOUSELEAVE) PointerLeft();
-  // The system tells a window that it has taken the capture over from itself.
+  // The system notifies a window that it has taken the capture over from itself.
   const bool capture_kept = message == WM_CAPTURECHANGED && lparam != 0 &&
                             FromNative<WindowHandle>(reinterpret_cast<HWND>(lparam)) == window;
   return message == WM_ERASEBKGND || capture_kept;

@@ -79,7 +79,7 @@ bool IsSameDate(const std::string& a, const std::string& b) {
   return a[0] != 'e' && b[0] != 'e' && std::fabs(std::stod(a) - std::stod(b)) < 1e-9;
 }
 
-// Those that only the system's own bugs tell apart are listed with their reasons in the table.
+// Those that differ only by the system's own bugs are listed with their reasons in the table.
 TEST(Win32ConversionsTest, TheLibrarysOwnConversionsAgreeWithTheSystems) {
   const auto table = conversions::ReadConversionCases(SourceDir());
   std::map<std::string, std::unique_ptr<Pair>> pairs;

@@ -136,7 +136,7 @@ TEST_F(Win32DrawingTest, ColorsAndModeReturnWhatTheyReplace) {
   EXPECT_EQ(drawing.SetBkMode(dc, kOpaque), kTransparent);
 }
 
-TEST_F(Win32DrawingTest, TranslatesSystemColorsAndRefusesWhatIsNone) {
+TEST_F(Win32DrawingTest, TranslatesSystemColorsAndRefusesUnknownOnes) {
   ColorRef result{7};
   EXPECT_TRUE(drawing.OleTranslateColor(Color(0x8000000F), 0, result));
   EXPECT_EQ(result, drawing.GetSysColor(kColorButtonFace));
@@ -186,7 +186,7 @@ TEST(Win32Text, ACharacterOutsideTheCodePageBecomesAQuestionMark) {
   EXPECT_EQ(ToCodePage("a\xE2\x86\x92z"), "a?z");
 }
 
-TEST(Win32Text, NoSimilarCharacterIsTaken) {
+TEST(Win32Text, ACharacterIsNotReplacedByASimilarOne) {
   EXPECT_EQ(ToCodePage("\xC4\x81"), "?");  // a with macron, which a best fit would make a plain a
 }
 

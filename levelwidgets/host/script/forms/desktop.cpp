@@ -22,7 +22,7 @@ WindowApi& CheckWindows(lua_State* L) { return CheckScriptDesktop(L).platform->W
 ScreenApi& CheckScreen(lua_State* L) { return CheckScriptDesktop(L).platform->Screen(); }
 TracingPlatform& CheckTracing(lua_State* L) { return *CheckScriptDesktop(L).tracing; }
 
-// The point at `index`; where there is none, the pointer's position.
+// The point at `index`, or the pointer's position without one.
 PixelPoint PointAt(lua_State* L, int index) {
   PixelPoint point;
   if (lua_isnoneornil(L, index)) {
@@ -121,7 +121,7 @@ int Advance(lua_State* L) {
 }
 
 // --- Screen ----------------------------------------------------------------------------------------
-// Who reads the screen sees it with all pending paints done.
+// The screen is read after all pending paints are done.
 
 // nil outside the screen
 int Pixel(lua_State* L) {

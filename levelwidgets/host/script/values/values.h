@@ -32,7 +32,7 @@ std::int32_t IntegerAt(lua_State* L, int index);
 // `otherwise` where there is none.
 std::int32_t OptionalIntegerAt(lua_State* L, int index, std::int32_t otherwise);
 
-// lw.date(year, month, day [, hour, minute, second]). Raises 5 for a day or time that there is not.
+// lw.date(year, month, day [, hour, minute, second]). Raises 5 for a day or time that does not exist.
 int NewDate(lua_State* L);
 
 }  // namespace levelwidgets

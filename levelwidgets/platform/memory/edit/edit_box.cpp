@@ -1,4 +1,4 @@
-// Life and state of an edit box, and which message is whose. Whatever tells the parent comes last: a
+// Life and state of an edit box, and which message is whose. Whatever notifies the parent comes last: a
 // parent may destroy the edit box, which leaves `window_` empty and makes all that follows do nothing.
 #include <levelwidgets/platform/memory/edit/edit_box.h>
 
@@ -8,7 +8,7 @@ namespace levelwidgets::memory {
 
 namespace {
 
-// What the operating system allows before it is told otherwise.
+// What the operating system allows until a limit is set.
 constexpr std::size_t kFirstLimit = 30000;
 constexpr char kDefaultPassword = '*';
 

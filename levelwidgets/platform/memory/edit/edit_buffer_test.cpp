@@ -44,7 +44,7 @@ TEST_F(EditBufferTest, ARunEndsWhereTheCaretIsMoved) {
   EXPECT_EQ(Text(), "ab");
 }
 
-TEST_F(EditBufferTest, ARunCanBeEnded) {
+TEST_F(EditBufferTest, ATypedRunCanBeEnded) {
   Type("ab");
   buffer.EndRun();
   Type("c");
@@ -99,7 +99,7 @@ TEST_F(EditBufferTest, TheOldestStepsAreForgotten) {
   EXPECT_EQ(Text(), "xxxxx");
 }
 
-TEST_F(EditBufferTest, AsMuchAsFitsIntoTheLines) {
+TEST_F(EditBufferTest, OnlyAsMuchTextIsTakenAsFitsIntoTheLines) {
   buffer.SetText("a\r\nb");
   buffer.Select({4, 4});
   EXPECT_EQ(buffer.FittingLines("cd", 2), 2u);
@@ -117,7 +117,7 @@ TEST_F(EditBufferTest, ACaretBehindAWrappedLineIsOnIt) {
   EXPECT_EQ(buffer.CaretLine(), 1u);
 }
 
-TEST_F(EditBufferTest, TheWordAroundAPlace) {
+TEST_F(EditBufferTest, FindsTheWordAroundAPlace) {
   buffer.SetText("one two  three");
   const auto around = [&](std::size_t offset) {
     const WordRange word = WordAround(buffer.Text(), buffer.Lines(), offset);
