@@ -22,7 +22,7 @@ from conversion_cases_facts import (DATE_FACTS, DATE_PICTURES, DATES, DOUBLES, F
                                     NUMBER_FACTS, NUMBER_PICTURES, TEXT_PICTURES, TEXTS)
 from conversion_cases_locales import LOCALES, NBSP
 from conversion_cases_remarks import (REMARKS, date_text_remark, format_remark, general_remark, number_text_remark)
-from conversion_cases_rules import (DATE_NAMES, by_locale, days_of, format_value, general, general_date, to_decimal)
+from conversion_cases_rules import (DATE_NAMES, NUMBER_NAMES, by_locale, days_of, format_value, general, general_date, to_decimal)
 
 ROWS = []
 
@@ -62,6 +62,9 @@ def formats():
     for picture in DATE_PICTURES:
         for value in DATES:
             add_format("d", value, picture)
+    for picture in NUMBER_NAMES + ["general number", "GENERAL NUMBER"]:
+        for value in DATES[:8]:
+            add_format("d", value, picture)
     for picture in ("yyyy", "c", "Short Date", "hh:nn"):
         for value in ("45427.4375", "0", "-1.5", "3000000", "-657435", "1e20"):
             add_format("r", value, picture)
@@ -78,6 +81,8 @@ def formats():
         for picture in ("", "Currency", "Standard", "Percent", "#,##0.00", "0.00;(0.00)", "0.0E+0", "General Number"):
             for value in ("0", "0.5", "-0.5", "1234.5", "-1234567.891", "1e15", "1e-10"):
                 add_format("r", value, picture, loc)
+        for value in DATES[:8]:
+            add_format("d", value, "General Number", loc)
         for picture in DATE_NAMES + ["c", "ddd d mmm yy", "dddd d mmmm yyyy", "dd/mm/yyyy hh:nn", "h AMPM", "ttttt", "dddddd"]:
             for value in DATES[:8]:
                 add_format("d", value, picture, loc)

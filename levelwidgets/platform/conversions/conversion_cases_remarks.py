@@ -27,7 +27,7 @@ REMARKS = {
     "capitals": "letters with accents have capitals, too; Wine knows those of the alphabet only",
     "numeric-text": "a text with thousands separators or zeros in front is a number; Wine gives it as it is",
     "currency": "the named format follows the locale's patterns; Wine the American one",
-    "date-number": "a date has its number of days in a number format; Wine gives its text",
+    "date-number": "a date has its number of days in a number format that is written out; Wine gives its text",
     "medium": "the medium date is dd-mmm-yy; Wine gives the long date",
     "half-day": "h is 1 to 12 beside AM/PM; Wine writes 0 to 23",
     "midnight": "midnight has a long time, and a time that rounds to it is none; Wine takes both the other way",
@@ -71,7 +71,7 @@ def number_remark(kind, text, name, loc):
         return "null" if len(split_sections(picture)) > 3 else ""
     if kind == "e":
         return "empty"
-    if kind == "d":
+    if kind == "d" and name not in NUMBER_NAMES:
         return "date-number"
     number = number_of(kind, text, loc)
     if number is None:

@@ -4,9 +4,12 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/letter_case.h>
 #include <levelwidgets/platform/win32/win32_text.h>
 
 namespace levelwidgets::win32 {
@@ -90,6 +93,19 @@ Converted<double> DoubleOf(std::string_view text, LCID locale_id) {
   return SUCCEEDED(result) ? Converted<double>(number) : StatusOf(result);
 }
 
+bool IsNamedNumberFormat(std::string_view format) {
+  constexpr std::string_view kNames[] = {"General Number", "Currency", "Fixed",      "Standard", "Percent",
+                                         "Scientific",     "Yes/No",   "True/False", "On/Off"};
+  return std::any_of(std::begin(kNames), std::end(kNames),
+                     [format](std::string_view name) { return text::EqualIgnoringCase(format, name); });
+}
+
+// What is handed to the system: not every version of it takes a date for its number in these formats.
+ConversionValue ValueToFormat(const ConversionValue& value, std::string_view format) {
+  const Date* const date = std::get_if<Date>(&value);
+  return date && IsNamedNumberFormat(format) ? ConversionValue(date->days) : value;
+}
+
 // The locale's first day, 1 for Sunday.
 int FirstDayOf(LCID locale_id) {
   DWORD from_monday = 0;
@@ -162,7 +178,7 @@ Converted<std::string> Win32Conversions::Format(const ConversionValue& value, st
       ::VarTokenizeFormatString(wide.data(), tokens.data(), static_cast<int>(tokens.size()), first_day,
                                 first_week, locale_id_, nullptr);
   if (FAILED(tokenized)) return kInvalid;
-  OwnedVariant variant(value);
+  OwnedVariant variant(ValueToFormat(value, format));
   OwnedText text;
   return text.As(
       ::VarFormatFromTokens(variant.Address(), wide.data(), tokens.data(), 0, text.Address(), locale_id_));

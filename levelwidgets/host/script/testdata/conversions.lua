@@ -41,8 +41,8 @@ expect.fails(6, "Overflow", function() lw.format(1, "0", 4294967297) end)
 expect.fails(6, "Overflow", function() lw.weekday(lw.date(2024, 5, 31), 4294967298) end)
 expect.fails(6, "Overflow", function() lw.date(4294969320, 5, 31) end)
 
--- By the number, not by the text of a date; an exclamation mark keeps the last characters.
+-- By the number, not by the text of a date.
 expect.equal(lw.format(lw.date(2024, 5, 31, 12), "General Number"), "45443.5")
-expect.equal(lw.format("abcdefgh", "!@@@@"), "efgh")
+expect.equal(lw.format(lw.date(2024, 5, 31, 12), "standard"), "45,443.50")
 expect.equal(lw.format("abcdefgh", "@@@@"), "abcdefgh")
 expect.fails(438, 'lw has no member "fromat"; did you mean "format"?', function() return lw.fromat end)

@@ -3,6 +3,9 @@ local expect = require "expect"
 local d = lw.desktop{ width=1024, height=768, dpi=96, locale="en-US", today="2024-05-15T10:30:00" }  -- before the first form
 expect.equal(lw.to_date("12/31"), lw.date(2024, 12, 31))  -- of this year
 expect.equal(lw.color(0x8000000D), 0x00D77800)  -- of the light palette
+-- An exclamation mark keeps the last characters, which not every system's own conversions do.
+expect.equal(lw.format("abcdefgh", "!@@@@"), "efgh")
+
 local cmdOK_is_at = function(f) return f:add("FlatButton", "cmdOK", { Left=120, Top=150, Width=1200, Height=375 }) end
 local f = lw.form{ Name="frm", Caption="Title", Width=6000, Height=4000 }
 local cmdOK = cmdOK_is_at(f)
