@@ -8,22 +8,19 @@ namespace levelwidgets {
 
 namespace {
 
-// What is wrong with the text of the script at `path`; "" for nothing.
-std::string ErrorInScript(const std::string& path) {
-  return path.empty() ? "" : ScriptHost::SyntaxError(path);
-}
-
-bool IsGood(const std::string& path) {
+bool IsGood(const std::string& path, bool trusted) {
   const auto platform = MakeHiddenPlatform();
   const LoadedForm loaded = LoadForm(*platform, path);
   PrintDiagnostics(loaded.diagnostics);
-  const std::string in_script = ErrorInScript(loaded.script);
-  if (!in_script.empty()) std::cerr << in_script << "\n";
+  const std::string in_script =
+      loaded.script.empty() ? "" : ScriptHost::SyntaxError(path, loaded.script, trusted);
+  if (!in_script.empty()) PrintError(in_script);
   return !loaded.HasErrors() && in_script.empty();
 }
 
-int Check(const std::vector<std::string>& forms) {
-  const auto bad = std::ranges::count_if(forms, [](const std::string& form) { return !IsGood(form); });
+int Check(const std::vector<std::string>& forms, bool trusted) {
+  const auto bad =
+      std::ranges::count_if(forms, [=](const std::string& form) { return !IsGood(form, trusted); });
   if (bad == 0) std::cout << forms.size() << (forms.size() == 1 ? " form is good\n" : " forms are good\n");
   return bad == 0 ? 0 : 1;
 }
@@ -33,11 +30,17 @@ int Check(const std::vector<std::string>& forms) {
 void AddCheckCommand(Program& program) {
   Command& command = program.Add("check", "Tells everything that is wrong with form files");
   command.SetFooter(
-      "Errors and warnings are printed as file:line:column: message; the exit status is 1 on an error.\n\n"
+      "Errors and warnings are printed as file:line:column: message; the exit status is 1 on an error. No "
+      "script is run, and none is read outside its form's folder unless it is trusted.\n\n"
       "Example:\n  levelwidgets check *.form.toml");
-  const auto forms = std::make_shared<std::vector<std::string>>();
-  command.AddOption("FORM", forms.get(), "The form files", {.required = true});
-  command.SetBody([forms] { return Check(*forms); });
+  struct Arguments {
+    std::vector<std::string> forms;
+    bool trust = false;
+  };
+  const auto given = std::make_shared<Arguments>();
+  command.AddOption("FORM", &given->forms, "The form files", {.required = true});
+  AddTrustOption(command, given->trust);
+  command.SetBody([given] { return Check(given->forms, given->trust); });
 }
 
 }  // namespace levelwidgets

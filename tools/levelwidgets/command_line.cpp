@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <levelwidgets/platform/text/printable.h>
 #include <tools/levelwidgets/commands.h>
 #include <tools/levelwidgets/word_wrap.h>
 
@@ -147,8 +148,13 @@ int Parse(CLI::App& program, std::vector<std::string> arguments, const int& stat
 
 }  // namespace
 
+void PrintError(const std::string& text) {
+  std::cout.flush();
+  std::cerr << text::PrintableLines(text) << std::endl;
+}
+
 void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics) {
-  for (const Diagnostic& diagnostic : diagnostics) std::cerr << diagnostic.ToString() << "\n";
+  for (const Diagnostic& diagnostic : diagnostics) PrintError(diagnostic.ToString());
 }
 
 void AddTrustOption(Command& command, bool& trusted) {
@@ -177,18 +183,16 @@ int RunCommandLine(std::vector<std::string> arguments) {
 #endif
   AddDescribeCommand(program);
   if (const std::string wrong = WrongCommand(app, arguments); !wrong.empty()) {
-    std::cerr << wrong << "\nRun with --help for more information.\n";
+    std::cerr << text::Printable(wrong) << "\nRun with --help for more information.\n";
     return kUsage;
   }
   try {
     return Parse(app, WithScriptArgumentsApart(std::move(arguments)), status);
   } catch (const Error& error) {
-    std::cout.flush();
-    std::cerr << error.Description() << "\n";
+    PrintError(error.Description());
     return kFailed;
   } catch (const std::exception& error) {
-    std::cout.flush();
-    std::cerr << error.what() << "\n";
+    PrintError(error.what());
     return kFailed;
   }
 }

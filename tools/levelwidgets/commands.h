@@ -21,8 +21,8 @@ void AddRenderCommand(Program& program);
 void AddMonkeyCommand(Program& program);
 #endif
 
-// The exit status of `body`, during which an interrupt (Ctrl+C) ends the script that runs: that is then
-// reported on standard error, and the status is 130.
+// The exit status of `body`, during which Ctrl+C, or another signal to end, ends the script that runs:
+// that is then reported on standard error, and the status is that of the signal, 130 for Ctrl+C.
 int RunInterruptibly(const std::function<int()>& body);
 
 // The option --trust, which leaves in `trusted` whether it is given.
@@ -32,6 +32,9 @@ void AddTrustOption(Command& command, bool& trusted);
 // The option --palette, which leaves one of the names of palettes in `palette`.
 void AddPaletteOption(Command& command, std::string& palette);
 #endif
+
+// `text` on standard error, as a terminal shows it safely, after what was printed before.
+void PrintError(const std::string& text);
 
 // On standard error, a line each.
 void PrintDiagnostics(const std::vector<Diagnostic>& diagnostics);

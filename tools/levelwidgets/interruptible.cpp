@@ -1,5 +1,3 @@
-#include <iostream>
-
 #include <levelwidgets/host/script/lua/interrupt.h>
 #include <levelwidgets/host/script/script_host.h>
 #include <tools/levelwidgets/commands.h>
@@ -11,11 +9,10 @@ int RunInterruptibly(const std::function<int()>& body) {
   try {
     const int status = body();
     // A handler that was ended is reported already.
-    return ScriptInterrupted() ? kInterruptedStatus : status;
+    return ScriptInterrupted() ? InterruptedStatus() : status;
   } catch (const ScriptInterruption& interruption) {
-    std::cout.flush();
-    std::cerr << interruption.what() << "\n";
-    return kInterruptedStatus;
+    PrintError(interruption.what());
+    return InterruptedStatus();
   }
 }
 

@@ -1,4 +1,3 @@
-#include <cstdio>
 #include <cstdlib>
 
 #include <levelwidgets/host/script/forms/png_file.h>
@@ -52,7 +51,7 @@ PixelRect Union(const PixelRect& a, const PixelRect& b) {
 
 // Nothing else ends a script that is stuck in a function of a library.
 [[noreturn]] void EndProcess(const std::string& text) {
-  std::fprintf(stderr, "%s\n", text.c_str());
+  PrintError(text);
   std::_Exit(1);
 }
 

@@ -24,8 +24,8 @@ struct ShowArguments {
 // An interrupt that ends a script ends the program as well.
 std::unique_ptr<ScriptHost> MakeScriptHost(Platform& platform, bool trusted) {
   const auto report = [&platform](const std::string& text) {
-    std::cerr << text << std::endl;
-    if (ScriptInterrupted()) platform.Clock().Quit(kInterruptedStatus);
+    PrintError(text);
+    if (ScriptInterrupted()) platform.Clock().Quit(InterruptedStatus());
   };
   return std::make_unique<ScriptHost>(
       ScriptOptions{.report = report, .platform = &platform, .trusted = trusted});
@@ -59,8 +59,8 @@ class ShownForm {
       Load();
       std::cerr << "reloaded" << std::endl;
     } catch (const std::exception& error) {
-      std::cerr << error.what() << std::endl;
-      if (ScriptInterrupted()) platform_.Clock().Quit(kInterruptedStatus);
+      PrintError(error.what());
+      if (ScriptInterrupted()) platform_.Clock().Quit(InterruptedStatus());
     }
   }
 
@@ -78,7 +78,7 @@ int Show(const ShowArguments& arguments) {
   FileWatch watch(arguments.form);
   ShownForm shown(platform, arguments.form, arguments.trust);
   shown.Load();
-  if (ScriptInterrupted()) return kInterruptedStatus;
+  if (ScriptInterrupted()) return InterruptedStatus();
   if (arguments.watch) {
     platform.Clock().SetTimer(kWatchInterval, [&] {
       if (watch.HasChanged()) shown.Reload();

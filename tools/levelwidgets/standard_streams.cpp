@@ -1,6 +1,7 @@
 #include <tools/levelwidgets/standard_streams.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -18,8 +19,13 @@ namespace {
 #ifdef _WIN32
 
 void TakeClosedStreams() {}
+void FailOnLargeFiles() {}
 
 #else
+
+// What goes beyond the limit of a file's size is an error of the write then, which is reported and leaves
+// nothing behind, not the end of the program.
+void FailOnLargeFiles() { std::signal(SIGXFSZ, SIG_IGN); }
 
 // Each is opened the wrong way round: whoever writes to standard output gets an error.
 void TakeClosedStreams() {
@@ -46,6 +52,7 @@ void CheckStandardOutput() {
 
 void GuardStandardStreams() {
   TakeClosedStreams();
+  FailOnLargeFiles();
   std::atexit(CheckStandardOutput);
 }
 

@@ -8,7 +8,8 @@
 
 namespace levelwidgets {
 
-// Paths in the API are UTF-8.
+// Paths in the API are UTF-8. Raises std::system_error for one with a NUL character, at which the system
+// would cut it off.
 std::filesystem::path PathOf(std::string_view utf8);
 std::string TextOfPath(const std::filesystem::path& path);
 

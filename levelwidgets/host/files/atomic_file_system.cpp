@@ -128,7 +128,12 @@ class RealFiles final : public FileSystem {
 
 }  // namespace
 
-std::filesystem::path PathOf(std::string_view utf8) { return std::u8string(utf8.begin(), utf8.end()); }
+std::filesystem::path PathOf(std::string_view utf8) {
+  if (utf8.find('\0') != std::string_view::npos) {
+    throw std::system_error(std::make_error_code(std::errc::invalid_argument), "a path has no NUL character");
+  }
+  return std::u8string(utf8.begin(), utf8.end());
+}
 
 std::string TextOfPath(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();

@@ -33,6 +33,8 @@ LoadedForm LoadForm(Platform& platform, const std::string& path) {
     text = ReadWholeFile(PathOf(path));
   } catch (const Unreadable& cause) {
     return Refused(path, std::string("the form file cannot be read: ") + cause.what());
+  } catch (const std::system_error& cause) {
+    return Refused(path, std::string("the form file cannot be read: ") + cause.what());
   }
   if (text.empty()) return Refused(path, "the file is empty: a form file begins with a [form] table");
   return LoadFormText(platform, std::move(text), path);
@@ -45,7 +47,7 @@ LoadedForm LoadFormText(Platform& platform, std::string text, const std::string&
     loaded.diagnostics.push_back({.file = file,
                                   .line = error->at.line,
                                   .column = error->at.column,
-                                  .message = Printable(error->message)});
+                                  .message = text::Printable(error->message)});
     return loaded;
   }
   const auto document =

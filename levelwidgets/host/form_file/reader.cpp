@@ -62,7 +62,7 @@ std::shared_ptr<Form> FormReader::Read() {
 }
 
 std::string FormReader::Quoted(const FormNode& node) const {
-  return Printable(report_.Document().TextOf(node.span), 60);
+  return text::Printable(report_.Document().TextOf(node.span), 60);
 }
 
 bool FormReader::CheckRoot(const FormNode& root) {
@@ -159,9 +159,9 @@ void FormReader::WarnOfName(const FormNode& node, const std::string& name) {
 void FormReader::ReadScript(const FormNode& node) {
   const auto value = ReadString(node, "Script", report_);
   if (!value) return;
-  const std::filesystem::path script = PathOf(*value);
-  if (script.empty() || script.has_root_path() || std::ranges::find(script, "..") != script.end() ||
-      value->find('\0') != std::string::npos) {
+  const bool is_cut = value->find('\0') != std::string::npos;
+  const std::filesystem::path script = is_cut ? "" : PathOf(*value);
+  if (script.empty() || script.has_root_path() || std::ranges::find(script, "..") != script.end()) {
     report_.Error(node.span.begin,
                   "Script is the name of a file beside the form; " + Quoted(node) + " is none");
     return;

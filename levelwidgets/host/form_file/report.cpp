@@ -1,8 +1,6 @@
 #include <levelwidgets/host/form_file/report.h>
-#include <levelwidgets/platform/text/utf8.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <span>
 
 namespace levelwidgets {
@@ -31,39 +29,6 @@ std::vector<Diagnostic> FormReport::Diagnostics() const {
       {errors > 0 ? Severity::kError : Severity::kWarning, file_, 0, 0,
        "and " + std::to_string(errors) + " more errors and " + std::to_string(warnings) + " more warnings"});
   return diagnostics;
-}
-
-namespace {
-
-bool IsControlCharacter(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
-
-// The texts before and after the middle that is left out; neither cuts a character.
-std::pair<std::string_view, std::string_view> Ends(std::string_view text, std::size_t before,
-                                                   std::size_t after) {
-  while (before > 0 && text::IsContinuation(text[before])) --before;
-  std::size_t resume = text.size() - after;
-  while (resume < text.size() && text::IsContinuation(text[resume])) ++resume;
-  return {text.substr(0, before), text.substr(resume)};
-}
-
-}  // namespace
-
-std::string Printable(std::string_view text, std::size_t longest) {
-  if (text.size() > longest) {
-    const auto [begin, end] = Ends(text, longest / 2, longest / 3);
-    return Printable(begin) + " ... " + Printable(end);
-  }
-  std::string printable;
-  for (const char c : text) {
-    if (IsControlCharacter(c)) {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04X", static_cast<unsigned>(c));
-      printable += escape;
-    } else {
-      printable += c;
-    }
-  }
-  return printable;
 }
 
 std::string Suggestion(std::string_view name, std::span<const std::string_view> candidates) {

@@ -3,12 +3,9 @@
 
 #include <levelwidgets/host/form_file/document.h>
 #include <levelwidgets/host/form_file/form_file.h>
+#include <levelwidgets/platform/text/printable.h>
 
 namespace levelwidgets {
-
-// `text` on one line that a terminal shows as it is: control characters are written as escapes, and of one
-// with more than `longest` bytes loses its middle.
-std::string Printable(std::string_view text, std::size_t longest = 500);
 
 class FormReport {
  public:
@@ -35,7 +32,7 @@ class FormReport {
     std::string message;
   };
   void Add(Severity severity, std::size_t offset, std::string_view message) {
-    entries_.push_back({offset, severity, Printable(message)});
+    entries_.push_back({offset, severity, text::Printable(message)});
   }
 
   const FormDocument& document_;

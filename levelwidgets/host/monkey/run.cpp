@@ -3,6 +3,9 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/mman.h>
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -54,6 +57,14 @@ std::string CauseOf(int status) {
   return "crash: the process ended with status " + std::to_string(WEXITSTATUS(status));
 }
 
+// What is killed leaves nobody behind who works on and holds its output open.
+void EndWithParent([[maybe_unused]] pid_t parent) {
+#ifdef __linux__
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != parent) _exit(1);  // it has ended already
+#endif
+}
+
 void Silence() {
   const int nowhere = open("/dev/null", O_WRONLY);
   if (nowhere >= 0) dup2(nowhere, STDERR_FILENO);
@@ -76,9 +87,11 @@ void EndIn(int milliseconds) {
 // Runs `work` in a process of its own.
 template <typename Work>
 void InProcess(Report& report, bool shown, Work work) {
+  const pid_t parent = getpid();
   const pid_t child = fork();
   if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
   if (child == 0) {
+    EndWithParent(parent);
     if (!shown) Silence();
     for (const int ends : {SIGALRM, SIGPROF}) signal(ends, SIG_DFL);
     work();

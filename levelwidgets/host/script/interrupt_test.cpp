@@ -34,6 +34,18 @@ TEST_F(Interrupt, EndsALoopAndNamesItsLine) {
               StartsWith("program.lua:2: interrupted\nstack traceback:"));
 }
 
+TEST_F(Interrupt, EndsALoopByTheOtherSignalsToEndToo) {
+  for (const int number : {SIGINT, SIGTERM}) {
+    const ScriptInterruptSignal signal;
+    const auto form = Host().LoadForm(FormFile("form", ""));
+    form->Resize += [number] { std::raise(number); };
+    Host().SetGlobal("raising", form);
+    EXPECT_THROW(Host().RunText("raising.Width = 3000\nwhile true do end", "program.lua"),
+                 ScriptInterruption);
+    EXPECT_EQ(InterruptedStatus(), 128 + number);
+  }
+}
+
 TEST_F(Interrupt, IsNotStoppedByAProtectedCall) {
   EXPECT_THAT(InterruptionOf("raising.Width = 3000\n"
                              "while true do pcall(function() while true do end end) end"),

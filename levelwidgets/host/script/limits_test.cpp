@@ -30,6 +30,23 @@ struct NamedScript {
 
 std::string NameOf(const ::testing::TestParamInfo<NamedScript>& info) { return info.param.name; }
 
+// --- Output ----------------------------------------------------------------------------------------
+
+TEST(PrintLimit, ShowsAMebibyteThenSaysSoOnceAndThenShowsNothing) {
+  ScriptLimits limits(1, milliseconds(0), {});
+  const std::string line(1023, 'x');
+  for (int i = 0; i < 1024; ++i) ASSERT_EQ(limits.Shown(line), line) << i;
+  EXPECT_EQ(
+      limits.Shown(""),
+      "no more is shown: the scripts of the forms have printed 1 MiB; --trust lifts the limits for a form "
+      "that you trust");
+  EXPECT_FALSE(limits.Shown(""));
+}
+
+TEST(PrintLimit, EscapesWhatATerminalWouldObey) {
+  EXPECT_EQ(ScriptLimits(1, milliseconds(0), {}).Shown("\x1B]0;title\a\ttab"), "\\u001B]0;title\\u0007\ttab");
+}
+
 // --- Memory ----------------------------------------------------------------------------------------
 
 class MemoryLimit : public SandboxTest, public ::testing::WithParamInterface<NamedScript> {};

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <limits>
 
+#include <levelwidgets/host/files/atomic_file.h>
 #include <levelwidgets/host/script/forms/environment.h>
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/forms/module.h>
@@ -10,6 +11,8 @@
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/lua/interrupt.h>
 #include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/sandbox/folder.h>
+#include <levelwidgets/platform/text/printable.h>
 
 namespace levelwidgets {
 
@@ -17,7 +20,7 @@ namespace {
 
 void ReportToStandardError(const std::string& text) {
   std::fflush(stdout);  // in the order in which it happened
-  std::fprintf(stderr, "%s\n", text.c_str());
+  std::fprintf(stderr, "%s\n", text::PrintableLines(text).c_str());
 }
 
 void SetArguments(lua_State* L, const std::string& program, const std::vector<std::string>& arguments) {
@@ -98,7 +101,12 @@ void ScriptHost::SetGlobal(const std::string& name, const ObjectRef& object) {
   lua_setglobal(L, name.c_str());
 }
 
-std::string ScriptHost::SyntaxError(const std::string& path) {
+std::string ScriptHost::SyntaxError(const std::string& form_path, const std::string& path, bool trusted) {
+  try {
+    if (!trusted) RequireScriptInFolder(PathOf(form_path).parent_path(), path);
+  } catch (const ScriptFailure& failure) {
+    return failure.what();
+  }
   const std::unique_ptr<lua_State, void (*)(lua_State*)> L(luaL_newstate(), lua_close);
   return luaL_loadfilex(L.get(), path.c_str(), "t") == LUA_OK ? "" : lua_tostring(L.get(), -1);
 }

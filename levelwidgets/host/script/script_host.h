@@ -39,8 +39,9 @@ class ScriptHost {
   // Gives scripts `object` as the global `name`.
   void SetGlobal(const std::string& name, const ObjectRef& object);
 
-  // Why the script in the file at `path` cannot be run at all, as file:line: message; "" when it can.
-  static std::string SyntaxError(const std::string& path);
+  // Why the script at `path` of the form file at `form_path` cannot be run at all, as file:line: message; ""
+  // when it can. Unless it is `trusted`, nothing is read outside the form's folder.
+  static std::string SyntaxError(const std::string& form_path, const std::string& path, bool trusted = false);
 
   // The form of the form file at `path`, with its script run, in a sandbox unless forms are trusted, and Load
   // raised; not shown. Raises an Error with every diagnostic of the file on a line of its own, or

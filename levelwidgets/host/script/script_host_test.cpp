@@ -259,13 +259,22 @@ TEST_F(ScriptHostTest, FormOfAFailingScriptIsClosed) {
 
 TEST_F(ScriptHostTest, BytecodeIsRefusedAsAFormScript) {
   const std::string script = File("code.lua", "\x1bLua");
-  EXPECT_THAT(ScriptHost::SyntaxError(script), HasSubstr("binary"));
+  EXPECT_THAT(ScriptHost::SyntaxError(File("f.form.toml", ""), script), HasSubstr("binary"));
 }
 
 TEST_F(ScriptHostTest, SyntaxErrorHasItsLine) {
-  EXPECT_THAT(ScriptHost::SyntaxError(File("bad.lua", "\nx = = 1")),
+  const std::string form = File("f.form.toml", "");
+  EXPECT_THAT(ScriptHost::SyntaxError(form, File("bad.lua", "\nx = = 1")),
               HasSubstr("bad.lua:2: unexpected symbol"));
-  EXPECT_EQ(ScriptHost::SyntaxError(File("good.lua", "x = 1")), "");
+  EXPECT_EQ(ScriptHost::SyntaxError(form, File("good.lua", "x = 1")), "");
+}
+
+TEST_F(ScriptHostTest, SyntaxErrorOfAFileOutsideTheFormsFolderShowsNothingOfItUnlessTrusted) {
+  const std::string form = File("forms/f.form.toml", "");
+  const std::string secret = File("secret.lua", "hunter2 hunter2");
+  EXPECT_EQ(ScriptHost::SyntaxError(form, secret),
+            secret + ": the script of a form is a file in the form's own folder");
+  EXPECT_THAT(ScriptHost::SyntaxError(form, secret, true), HasSubstr("hunter2"));
 }
 
 TEST_F(ScriptHostTest, FormsAreMadeOnThePlatformThatIsGivenAndThereIsNoDesktopToDrive) {

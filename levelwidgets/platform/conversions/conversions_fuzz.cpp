@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 #include <string_view>
 
 #include <levelwidgets/platform/conversions/conversions.h>
@@ -46,6 +47,21 @@ void CheckConversions(Conversions& conversions, std::string_view text, std::stri
   conversions.UpperCase(text);
 }
 
+// A format as the fuzzer writes it: \x01 to \x04 repeat the character in front of them 10 to 10,000 times.
+std::string Unfolded(std::string_view written) {
+  std::string format;
+  for (const char c : written) {
+    if (c < 1 || c > 4 || format.empty()) {
+      format += c;
+      continue;
+    }
+    std::size_t times = 1;
+    for (int power = 0; power < c; ++power) times *= 10;
+    format.append(times, format.back());
+  }
+  return format;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -54,7 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                       {LocaleOrDefault("ja-JP"), [] { return Date{45427}; }}};
   const std::string_view input(reinterpret_cast<const char*>(data), size);
   const std::size_t line = input.find('\n');
-  const std::string_view format = line == std::string_view::npos ? input : input.substr(line + 1);
+  const std::string format = Unfolded(line == std::string_view::npos ? input : input.substr(line + 1));
   for (Conversions& local : conversions) CheckConversions(local, input.substr(0, line), format);
   return 0;
 }

@@ -138,6 +138,15 @@ TEST_F(ConversionsTest, NumbersMayBeOfAnyLength) {
   EXPECT_EQ(Format(1.0, '"' + std::string(1000, 'x') + "\"0"), std::string(1000, 'x') + "1");
 }
 
+TEST_F(ConversionsTest, AnExponentHasAsManyDigitsAsItsFormatAsksFor) {
+  for (const std::size_t digits : {1u, 2u, 9u, 10u, 11u, 16u, 17u, 1000u, 100'000u}) {
+    const std::string exponent = std::string(digits - 1, '0') + "1";
+    EXPECT_EQ(conversions.Format(12.5, "0E+" + std::string(digits, '0')).value, "1E+" + exponent) << digits;
+    EXPECT_EQ(conversions.Format(0.125, "0.0e-" + std::string(digits, '0')).value, "1.3e-" + exponent)
+        << digits;
+  }
+}
+
 TEST_F(ConversionsTest, ManyFormatsInTurnDoNotMixUp) {
   for (int round = 0; round < 2; ++round) {
     for (int zeros = 1; zeros < 100; ++zeros) {

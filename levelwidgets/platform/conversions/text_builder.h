@@ -1,8 +1,11 @@
 // Text put together without allocating until it is taken.
 #pragma once
 
+#include <charconv>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -22,13 +25,12 @@ class TextBuilder {
   void Append(std::size_t count, char c) {
     for (; count > 0; --count) Append(c);
   }
-  // At least `digits` digits, zeros in front.
+  // At least `digits` digits, zeros in front; `number` is not negative.
   void AppendNumber(int number, int digits = 1) {
-    char reversed[16];
-    int count = 0;
-    for (; number > 0 || count < digits; number /= 10)
-      reversed[count++] = static_cast<char>('0' + number % 10);
-    while (count > 0) Append(reversed[--count]);
+    char text[std::numeric_limits<int>::digits10 + 1];
+    const auto size = static_cast<std::size_t>(std::to_chars(text, std::end(text), number).ptr - text);
+    for (auto missing = static_cast<std::size_t>(std::max(digits, 0)); missing > size; --missing) Append('0');
+    Append(std::string_view(text, size));
   }
 
   std::string Take() const {

@@ -157,7 +157,7 @@ PixelRect AreaAt(lua_State* L, int index) {
 
 int Screenshot(lua_State* L) {
   DesktopDriver& desktop = CheckDesktop(L);
-  const std::string path = luaL_checkstring(L, 2);
+  const std::string path = PathAt(L, 2);
   const PixelSize screen = CheckScreen(L).Size();
   PixelRect area{0, 0, screen.width, screen.height};
   if (!lua_isnoneornil(L, 3)) {

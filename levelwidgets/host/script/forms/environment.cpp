@@ -96,9 +96,7 @@ void MakeEnvironment(ScriptState& state, const std::shared_ptr<ScriptForm>& form
 void RunFormScript(const ScriptForm& form, const std::string& path) {
   CallFailure failure;
   const auto realm = form.realm;
-  if (realm->IsSandbox() && !IsFileInFolder(realm->Folder(), PathOf(path))) {
-    throw ScriptFailure(path + ": the script of a form is a file in the form's own folder");
-  }
+  if (realm->IsSandbox()) RequireScriptInFolder(realm->Folder(), path);
   bool succeeded = false;
   const bool entered = EnterRealm(realm, failure, [&](lua_State* L) {
     if (!realm->IsSandbox()) SearchModulesBeside(L, path);

@@ -119,7 +119,7 @@ int FormFileText(lua_State* L) {
 int SaveFormFile(lua_State* L) {
   const FormRef form = CheckForm(L, 1);
   RefuseInSandbox(L, "form:save", "writes no files");
-  SaveForm(*form->form, luaL_checkstring(L, 2), form->document.get());
+  SaveForm(*form->form, PathAt(L, 2), form->document.get());
   return 0;
 }
 
@@ -203,7 +203,7 @@ FormRef LoadScriptForm(ScriptRealm& opener, const std::string& path) {
 
 int LoadFormFile(lua_State* L) {
   ScriptRealm& realm = RealmOf(L);
-  const std::string path = luaL_checkstring(L, 1);
+  const std::string path = PathAt(L, 1);
   if (!realm.IsSandbox()) {
     PushForm(L, LoadScriptForm(realm, PathBesideCaller(L, path)));
     return 1;

@@ -1,11 +1,11 @@
-// Ctrl+C while a script runs.
+// Ctrl+C and other requests to end, while a script runs.
 #pragma once
 
 namespace levelwidgets {
 
-// While one lives, the first interrupt signal (Ctrl+C) that comes while a script runs ends that script, by an
-// error that no pcall holds up; a second one ends the process. One that comes while no script runs does what
-// it would do without this. At most one at a time.
+// While one lives, the first SIGINT (Ctrl+C), SIGTERM or SIGHUP that comes while a script runs ends that
+// script, by an error that no pcall holds up; a second one ends the process. One that comes while no script
+// runs does what it would do without this. At most one at a time.
 class ScriptInterruptSignal {
  public:
   ScriptInterruptSignal();
@@ -14,11 +14,10 @@ class ScriptInterruptSignal {
   ~ScriptInterruptSignal();
 };
 
-// What a program's exit status is after an interrupt.
-inline constexpr int kInterruptedStatus = 130;
-
 // Whether a script was asked to end since the last ScriptInterruptSignal was made.
 bool ScriptInterrupted();
+// What a program's exit status is then: 128 and the number of the signal, 130 for Ctrl+C.
+int InterruptedStatus();
 
 // Says that a script runs, for as long as it lives; may be nested.
 class InterruptibleScript {

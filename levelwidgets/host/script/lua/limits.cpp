@@ -5,6 +5,7 @@
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/script/lua/process_memory.h>
 #include <levelwidgets/host/script/lua/watchdog.h>
+#include <levelwidgets/platform/text/printable.h>
 
 namespace levelwidgets {
 
@@ -69,6 +70,14 @@ void ScriptLimits::NoteUse(std::size_t bytes) {
                     InMebibytes(kGrowthFactor * memory_) + kHowToLift);
   }
   noted_use_ = 0;
+}
+
+std::optional<std::string> ScriptLimits::Shown(std::string_view text) {
+  if (printed_ > kMostPrinted) return {};
+  std::string shown = text::PrintableLines(text);
+  printed_ += shown.size() + 1;  // with the end of the line
+  if (printed_ <= kMostPrinted) return shown;
+  return "no more is shown: the scripts of the forms have printed " + InMebibytes(kMostPrinted) + kHowToLift;
 }
 
 void ScriptLimits::Enter() {

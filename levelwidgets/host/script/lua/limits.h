@@ -5,11 +5,15 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace levelwidgets {
 
 class ScriptWatchdog;
+
+inline constexpr std::size_t kMostPrinted = std::size_t{1} << 20;  // bytes
 
 class ScriptLimits {
  public:
@@ -37,6 +41,12 @@ class ScriptLimits {
   // process has grown by four times the limit, where the system reports its size.
   void NoteUse(std::size_t bytes);
 
+  // --- Output -----------------------------------------------------------------------------------
+
+  // What is shown of the line or lines that a script prints; nothing once all scripts together have printed
+  // kMostPrinted bytes, and what was said of that.
+  std::optional<std::string> Shown(std::string_view text);
+
   // --- Time -------------------------------------------------------------------------------------
 
   // Each call of such a script is between these two; calls inside calls count once.
@@ -51,7 +61,8 @@ class ScriptLimits {
   std::size_t memory_;
   std::size_t memory_in_use_ = 0;
   std::size_t process_memory_;  // at the beginning
-  std::size_t noted_use_ = 0;   // since the growth was looked at
+  std::size_t printed_ = 0;
+  std::size_t noted_use_ = 0;  // since the growth was looked at
   std::chrono::milliseconds time_;
   Clock::duration time_used_{};  // by the calls that have ended
   Clock::time_point entered_;

@@ -1,7 +1,10 @@
 // The base library and coroutines in a sandbox.
+#include <algorithm>
+#include <cstdio>
+#include <string>
 #include <string_view>
 
-#include <levelwidgets/host/script/lua/realm.h>
+#include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/sandbox/functions.h>
 #include <levelwidgets/host/script/sandbox/sandbox.h>
 
@@ -45,6 +48,25 @@ int CollectGarbage(lua_State* L) {
     lua_pushnumber(L, lua_gc(L, LUA_GCCOUNT) + lua_gc(L, LUA_GCCOUNTB) / 1024.0);
   }
   return 1;
+}
+
+// print(...), as a terminal shows it safely and as far as the limits allow.
+int Print(lua_State* L) {
+  const int count = lua_gettop(L);
+  std::string line;
+  for (int i = 1; i <= count; ++i) {
+    std::size_t length = 0;
+    const char* text = luaL_tolstring(L, i, &length);
+    line += i > 1 ? "\t" : "";
+    if (line.size() < kMostPrinted) line.append(text, std::min(length, kMostPrinted));
+    lua_pop(L, 1);
+  }
+  if (const auto shown = RealmOf(L).Run().Limits().Shown(line)) {
+    std::fwrite(shown->data(), 1, shown->size(), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+  }
+  return 0;
 }
 
 // --- xpcall ----------------------------------------------------------------------------------------
@@ -139,6 +161,7 @@ void ConfineBase(lua_State* L) {
   }
   ReplaceFunction(L, "load", LoadText);
   static constexpr luaL_Reg kOwn[] = {{"collectgarbage", CollectGarbage},
+                                      {"print", Guarded<Print, false>},
                                       {"setmetatable", SetMetatable},
                                       {"xpcall", CallWithHandler},
                                       {nullptr, nullptr}};

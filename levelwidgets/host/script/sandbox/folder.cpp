@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <levelwidgets/host/files/atomic_file.h>
+#include <levelwidgets/host/script/lua/failure.h>
 
 namespace levelwidgets {
 
@@ -24,9 +25,15 @@ bool IsFileInFolder(const std::filesystem::path& folder, const std::filesystem::
          real_folder.end();
 }
 
+void RequireScriptInFolder(const std::filesystem::path& folder, const std::string& path) {
+  if (IsFileInFolder(folder, PathOf(path))) return;
+  throw ScriptFailure(path + ": the script of a form is a file in the form's own folder");
+}
+
 std::optional<std::string> FileInFolder(const std::filesystem::path& folder, const std::string& path) {
+  if (path.find('\0') != std::string::npos) return {};
   const std::filesystem::path relative = PathOf(path);
-  if (relative.empty() || relative.has_root_path() || path.find('\0') != std::string::npos) return {};
+  if (relative.empty() || relative.has_root_path()) return {};
   if (!IsFileInFolder(folder, folder / relative)) return {};
   return TextOfPath(folder / relative);
 }

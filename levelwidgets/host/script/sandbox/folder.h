@@ -11,6 +11,10 @@ namespace levelwidgets {
 // folder.
 bool IsFileInFolder(const std::filesystem::path& folder, const std::filesystem::path& file);
 
+// Raises ScriptFailure when the script at `path` of a form in `folder` is not there or below: nobody is shown
+// a word of it.
+void RequireScriptInFolder(const std::filesystem::path& folder, const std::string& path);
+
 // The file at the relative `path` (UTF-8) in `folder` or below; nothing when there is none, or when it is
 // elsewhere.
 std::optional<std::string> FileInFolder(const std::filesystem::path& folder, const std::string& path);

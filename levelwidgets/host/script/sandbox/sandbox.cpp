@@ -33,7 +33,9 @@ void AddTime(lua_State* L) {
 }
 
 int Require(lua_State* L) {
-  const std::string name = luaL_checkstring(L, 1);
+  std::size_t length = 0;
+  const char* const text = luaL_checklstring(L, 1, &length);
+  const std::string name(text, length);
   lua_settop(L, 1);
   luaL_getsubtable(L, LUA_REGISTRYINDEX, kLoaded);
   lua_getfield(L, 2, name.c_str());

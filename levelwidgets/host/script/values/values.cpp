@@ -6,6 +6,7 @@
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/values/fonts.h>
 #include <levelwidgets/platform/text/calendar.h>
+#include <levelwidgets/platform/text/printable.h>
 
 namespace levelwidgets {
 
@@ -168,6 +169,15 @@ std::int32_t IntegerAt(lua_State* L, int index) {
 
 std::int32_t OptionalIntegerAt(lua_State* L, int index, std::int32_t otherwise) {
   return lua_isnoneornil(L, index) ? otherwise : IntegerAt(L, index);
+}
+
+std::string PathAt(lua_State* L, int index) {
+  std::size_t length = 0;
+  const char* const text = luaL_checklstring(L, index, &length);
+  std::string path(text, length);
+  if (path.find('\0') == std::string::npos) return path;
+  throw Error(kInvalidCall, "LevelWidgets",
+              "\"" + text::Printable(path) + "\" is no path: it has a NUL character");
 }
 
 int NewDate(lua_State* L) {

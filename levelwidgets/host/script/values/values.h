@@ -1,6 +1,8 @@
 // Values of properties and arguments as scripts have them.
 #pragma once
 
+#include <string>
+
 #include <levelwidgets/frame/class_info.h>
 #include <levelwidgets/host/script/lua/realm.h>
 
@@ -31,6 +33,9 @@ Variant ToVariant(lua_State* L, int index, const MemberType& type = {});
 std::int32_t IntegerAt(lua_State* L, int index);
 // `otherwise` where there is none.
 std::int32_t OptionalIntegerAt(lua_State* L, int index, std::int32_t otherwise);
+
+// The path at `index`; raises 5 for one with a NUL character, at which the system would cut it off.
+std::string PathAt(lua_State* L, int index);
 
 // lw.date(year, month, day [, hour, minute, second]). Raises 5 for a day or time that does not exist.
 int NewDate(lua_State* L);
