@@ -9,6 +9,7 @@ class OblongScreen : public ScreenApi {
  public:
   explicit OblongScreen(ScreenApi& screen) : screen_(screen) {}
   PixelSize Size() override { return screen_.Size(); }
+  std::vector<Monitor> Monitors() override { return screen_.Monitors(); }
   float TwipsPerPixelX() override { return 15; }
   float TwipsPerPixelY() override { return 20; }
 

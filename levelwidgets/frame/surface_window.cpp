@@ -39,6 +39,7 @@ LResult SurfaceWindow::HandleMessage(WindowHandle window, std::uint32_t message,
     default: break;
   }
   const bool in_use = keep && Site().UserMode();
+  if (message == kWmSetCursor && in_use && ShapePointer(window, wparam)) return 1;
   if (const InputKind kind = InputKindOf(message); in_use && kind != InputKind::kNone) {
     Site().InputArrived(kind);
   }
@@ -101,6 +102,13 @@ void SurfaceWindow::TakeFocusAfterPress(WindowHandle focus_before) {
   const WindowHandle window = surface_.hWnd();
   if (!window || windows.GetFocus() != focus_before || Holds(focus_before) || !FocusByPress()) return;
   if (windows.IsWindowVisible(window) && windows.IsWindowEnabled(window)) windows.SetFocus(window);
+}
+
+// Parts ask their parents first, and decide for themselves.
+bool SurfaceWindow::ShapePointer(WindowHandle window, WParam over) {
+  const int shape = static_cast<std::uint32_t>(over) == window.value ? PointerShape() : 0;
+  if (shape != 0) surface_.Windows().SetCursor(shape);
+  return shape != 0;
 }
 
 // --- Focus -------------------------------------------------------------------------------------------

@@ -48,6 +48,8 @@ class SurfaceWindow : public PartHost, public WindowClient {
   virtual WindowHandle FocusWindow() const { return surface_.hWnd(); }
   // Whether a press gives the window the focus.
   virtual bool FocusByPress() const = 0;
+  // The pointer's shape over the window while it is in use, a kIdc...; 0 leaves it to what the window is in.
+  virtual int PointerShape() const { return 0; }
   // The client area may have another size.
   virtual void OnWindowSize() {}
   // Where the press or double click that is being handled happened.
@@ -62,6 +64,7 @@ class SurfaceWindow : public PartHost, public WindowClient {
   bool Pointer(std::uint32_t message, WParam wparam, LParam lparam);
   bool Focus(std::uint32_t message, WParam wparam);
   bool Key(std::uint32_t message, WParam wparam, LResult& result);
+  bool ShapePointer(WindowHandle window, WParam over);
   bool PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result);
   void Press(std::uint32_t message, PointerAction action, const PointerInput& input);
   void TakeFocusAfterPress(WindowHandle focus_before);

@@ -74,6 +74,7 @@ inline constexpr std::uint32_t kWsChild = 0x40000000u;
 inline constexpr std::uint32_t kWsVisible = 0x10000000u;
 inline constexpr std::uint32_t kWsMinimize = 0x20000000u;
 inline constexpr std::uint32_t kWsDisabled = 0x08000000u;
+inline constexpr std::uint32_t kWsMaximize = 0x01000000u;
 inline constexpr std::uint32_t kWsClipSiblings = 0x04000000u;
 inline constexpr std::uint32_t kWsClipChildren = 0x02000000u;
 inline constexpr std::uint32_t kWsCaption = 0x00C00000u;
@@ -110,8 +111,35 @@ inline constexpr std::uint32_t kSwpHideWindow = 0x0080;
 // ShowWindow commands.
 inline constexpr int kSwHide = 0;
 inline constexpr int kSwShowNormal = 1;
+inline constexpr int kSwShowMinimized = 2;
+inline constexpr int kSwMaximize = 3;
 inline constexpr int kSwShowNoActivate = 4;
 inline constexpr int kSwShow = 5;
+inline constexpr int kSwMinimize = 6;
+inline constexpr int kSwRestore = 9;
+
+// What kWmSize says of the window, in its first parameter.
+inline constexpr std::uintptr_t kSizeRestored = 0;
+inline constexpr std::uintptr_t kSizeMinimized = 1;
+inline constexpr std::uintptr_t kSizeMaximized = 2;
+
+// What kWmSysCommand asks for, in its first parameter; the lowest four bits are the system's own.
+inline constexpr std::uintptr_t kScMinimize = 0xF020;
+inline constexpr std::uintptr_t kScMaximize = 0xF030;
+inline constexpr std::uintptr_t kScClose = 0xF060;
+inline constexpr std::uintptr_t kScRestore = 0xF120;
+
+// Shapes of the pointer.
+inline constexpr int kIdcArrow = 32512;
+inline constexpr int kIdcIBeam = 32513;
+inline constexpr int kIdcWait = 32514;
+inline constexpr int kIdcCross = 32515;
+inline constexpr int kIdcSizeNwSe = 32642;
+inline constexpr int kIdcSizeNeSw = 32643;
+inline constexpr int kIdcSizeWe = 32644;
+inline constexpr int kIdcSizeNs = 32645;
+inline constexpr int kIdcNo = 32648;
+inline constexpr int kIdcHand = 32649;
 
 // Window messages.
 inline constexpr std::uint32_t kWmCreate = 0x0001;
@@ -129,6 +157,7 @@ inline constexpr std::uint32_t kWmPaint = 0x000F;
 inline constexpr std::uint32_t kWmClose = 0x0010;
 inline constexpr std::uint32_t kWmEraseBackground = 0x0014;
 inline constexpr std::uint32_t kWmShowWindow = 0x0018;
+inline constexpr std::uint32_t kWmSetCursor = 0x0020;
 inline constexpr std::uint32_t kWmMouseActivate = 0x0021;
 inline constexpr std::uint32_t kWmSetFont = 0x0030;
 inline constexpr std::uint32_t kWmGetFont = 0x0031;
@@ -140,6 +169,7 @@ inline constexpr std::uint32_t kWmSysKeyDown = 0x0104;
 inline constexpr std::uint32_t kWmSysKeyUp = 0x0105;
 inline constexpr std::uint32_t kWmSysChar = 0x0106;
 inline constexpr std::uint32_t kWmCommand = 0x0111;
+inline constexpr std::uint32_t kWmSysCommand = 0x0112;
 inline constexpr std::uint32_t kWmCtlColorEdit = 0x0133;
 inline constexpr std::uint32_t kWmCtlColorStatic = 0x0138;
 inline constexpr std::uint32_t kWmMouseMove = 0x0200;

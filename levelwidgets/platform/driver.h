@@ -43,6 +43,14 @@ class DesktopDriver {
   // Types each character as key down, character, key up. UTF-8.
   virtual void Type(std::string_view text) = 0;
 
+  // Another program becomes active, as by a click on its window. Then this one again, with the window that
+  // was active before if it is still there.
+  virtual void Leave() = 0;
+  virtual void Enter() = 0;
+  // Chooses from the system menu of a window with a caption: kScMinimize, kScMaximize, kScRestore or
+  // kScClose.
+  virtual void SystemCommand(WindowHandle window, std::uintptr_t command) = 0;
+
   // Lets `ms` milliseconds pass: by the hand clock in memory, in real time elsewhere.
   virtual void Advance(std::uint32_t ms) = 0;
   // Does everything that is pending now.
@@ -52,6 +60,9 @@ class DesktopDriver {
   virtual ColorRef PixelAt(PixelPoint screen) = 0;
   // Parts outside the screen are black.
   virtual Picture Capture(PixelRect screen) = 0;
+
+  // The pointer's shape at this moment, a kIdc...; 0 for none, or one that has no name here.
+  virtual int PointerShape() = 0;
 
   // Visible top-level windows of this program, front to back.
   virtual std::vector<TopLevelWindow> TopLevelWindows() = 0;

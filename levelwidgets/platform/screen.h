@@ -1,8 +1,9 @@
-// The screen's size and its twips per pixel.
+// The screen's size, its twips per pixel and the monitors that make it.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include <levelwidgets/platform/types.h>
 
@@ -16,11 +17,25 @@ inline float WholeTwipsPerPixel(int dots_per_inch) {
   return std::max(1.0F, std::nearbyint(kTwipsPerInch / static_cast<float>(dots_per_inch)));
 }
 
+// Screen pixels. Those of a monitor to the left of the primary one, or above it, are negative.
+struct Monitor {
+  PixelRect area;
+  PixelRect work_area;  // without what the system keeps for itself, such as a task bar
+
+  friend constexpr bool operator==(const Monitor&, const Monitor&) = default;
+};
+
 class ScreenApi {
  public:
   virtual ~ScreenApi() = default;
 
+  // Of the primary monitor.
   virtual PixelSize Size() = 0;
+  // The same in twips.
+  virtual float Width() { return static_cast<float>(Size().width) * TwipsPerPixelX(); }
+  virtual float Height() { return static_cast<float>(Size().height) * TwipsPerPixelY(); }
+  // The primary one first, whose left top corner is (0, 0).
+  virtual std::vector<Monitor> Monitors() = 0;
   // WholeTwipsPerPixel of its dots per inch. The two differ on displays with oblong pixels.
   virtual float TwipsPerPixelX() = 0;
   virtual float TwipsPerPixelY() = 0;

@@ -53,6 +53,11 @@ struct WindowRequest {
 //   release is delivered. Otherwise an explicit SetCapture lasts until it is released or taken over.
 // - A move is delivered only when the pointer has moved since the last move, never because a window or the
 //   capture changed under the pointer.
+// - Before a move is delivered while no window has the capture, kWmSetCursor (with the window in its first
+// parameter) asks
+//   for the pointer's shape. Who answers other than 0 has set it; otherwise the window's parents are asked,
+//   and then it is that of the window's class: an I-beam over an edit box, an arrow over any other. While a
+//   window has the capture the shape stays as it is.
 // - The second press within the double-click time and distance arrives as ...DblClk instead of ...Down.
 // - A press activates the top-level window under it before it is delivered; it does not move the focus,
 //   except as activation does.
@@ -63,6 +68,11 @@ struct WindowRequest {
 //   with Alt held kWmSysKeyDown, kWmSysChar, kWmSysKeyUp.
 // - A disabled window gets no pointer messages; they go to the nearest enabled ancestor.
 // - A top-level window with kWsExTransparent is seen and never hit: pointer messages go to what is behind it.
+// - kWmSysCommand asks a window with a caption to do what its system menu offers (kScMinimize and the
+// others); the
+//   default does it, kScClose by kWmClose. kWmSize says in its first parameter whether the window is
+//   minimised, maximised or neither, and the style has kWsMinimize or kWsMaximize. A minimised window takes
+//   no part in painting and input; its client area is 0 by 0 pixels.
 // - DestroyWindow sends kWmDestroy to the window, then to its children, and ends its capture, focus and
 //   context. Nothing is sent to `client` afterwards.
 class WindowApi {
@@ -128,6 +138,9 @@ class WindowApi {
   virtual bool ReleaseCapture() = 0;
   virtual WindowHandle GetCapture() = 0;
   virtual bool GetCursorPos(PixelPoint& point) = 0;
+  // The shape of the pointer from now on, a kIdc...; 0 for none that can be seen. Returns the former. The
+  // next move decides again.
+  virtual int SetCursor(int shape) = 0;
   // Negative while the key `code` is down, as of the message being handled.
   virtual std::int16_t GetKeyState(int code) = 0;
   // Negative while the key or pointer button `code` is down at this moment, whoever hears of its release. The
@@ -148,12 +161,18 @@ class WindowApi {
 
   virtual DcHandle GetDC(WindowHandle window) = 0;
   virtual bool ReleaseDC(WindowHandle window, DcHandle dc) = 0;
-  // The whole client area.
+  // The whole client area, or what of it is in `area`, in client pixels.
   virtual bool InvalidateRect(WindowHandle window) = 0;
+  virtual bool InvalidateRect(WindowHandle window, const PixelRect& area) = 0;
   // Delivers kWmPaint at once when anything of the window is invalid and can be seen.
   virtual bool UpdateWindow(WindowHandle window) = 0;
-  // Between the two the context is clipped to the invalid part, which is then valid.
-  virtual DcHandle BeginPaint(WindowHandle window) = 0;
+  // Between the two the context is clipped to the invalid part, which is then valid. `part` becomes the
+  // rectangle around what of it can be seen, in client pixels: empty when there is nothing to paint.
+  virtual DcHandle BeginPaint(WindowHandle window, PixelRect& part) = 0;
+  DcHandle BeginPaint(WindowHandle window) {
+    PixelRect part;
+    return BeginPaint(window, part);
+  }
   virtual bool EndPaint(WindowHandle window) = 0;
 };
 

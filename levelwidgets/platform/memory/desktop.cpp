@@ -9,11 +9,16 @@ namespace {
 // The system colour of the bare desktop.
 constexpr int kColorBackground = 1;
 
-DrawingOptions DrawingOptionsOf(const DesktopOptions& options) {
+std::vector<PixelRect> MonitorsOf(const DesktopOptions& options) {
+  if (!options.monitors.empty()) return options.monitors;
+  return {{0, 0, options.screen.width, options.screen.height}};
+}
+
+DrawingOptions DrawingOptionsOf(const DesktopOptions& options, PixelSize screen) {
   DrawingOptions drawing;
   drawing.dpi_x = options.dpi_x;
   drawing.dpi_y = options.dpi_y;
-  drawing.screen = options.screen;
+  drawing.screen = screen;
   drawing.code_page = options.code_page;
   drawing.palette = options.palette;
   drawing.fonts = options.fonts;
@@ -24,16 +29,17 @@ DrawingOptions DrawingOptionsOf(const DesktopOptions& options) {
 
 Desktop::Desktop(const DesktopOptions& options)
     : options_(options),
-      drawing_(DrawingOptionsOf(options)),
+      screen_(MonitorsOf(options), options.dpi_x, options.dpi_y),
+      drawing_(DrawingOptionsOf(options, screen_.Size())),
       clock_(options.now, [this] { return windows_.PaintPending(); }),
       edit_host_(windows_, clock_, drawing_, clipboard_, options.code_page),
-      windows_(options.screen, options.dpi_x, options.dpi_y, drawing_, clock_),
-      screen_(options.screen, options.dpi_x, options.dpi_y),
+      windows_(screen_, drawing_, clock_),
       input_(windows_, clock_, drawing_),
       code_page_(drawing_),
       conversions_(
           conversions::LocaleOrDefault(options.locale), [this] { return clock_.Now(); }, &code_page_) {
-  windows_.RegisterClass("EDIT", [this] { return std::make_unique<EditBox>(edit_host_); });
+  windows_.RegisterClass(
+      "EDIT", [this] { return std::make_unique<EditBox>(edit_host_); }, kIdcIBeam);
 }
 
 void Desktop::SetOutwardPlatform(Platform* platform) {
@@ -88,16 +94,31 @@ void Desktop::EnterText(std::string_view text) {
   Settle();
 }
 
+void Desktop::Leave() {
+  windows_.LeaveProgram();
+  Settle();
+}
+
+void Desktop::Enter() {
+  windows_.EnterProgram();
+  Settle();
+}
+
+void Desktop::SystemCommand(WindowHandle window, std::uintptr_t command) {
+  windows_.PostMessageA(window, kWmSysCommand, command, 0);
+  Settle();
+}
+
 // --- What can be seen ------------------------------------------------------------------------
 
 ColorRef Desktop::PixelAt(PixelPoint screen) {
-  if (!windows_.Tree().Desktop().rect.Contains(screen)) return kInvalidColorRef;
+  if (!screen_.Contains(screen)) return kInvalidColorRef;
   return Capture({screen.x, screen.y, screen.x + 1, screen.y + 1}).At({0, 0});
 }
 
 Picture Desktop::Capture(PixelRect screen) {
   Settle();
-  return ComposeScreen(windows_.Tree(), drawing_.GetSysColor(kColorBackground), screen);
+  return ComposeScreen(windows_.Tree(), screen_, drawing_.GetSysColor(kColorBackground), screen);
 }
 
 std::vector<TopLevelWindow> Desktop::TopLevelWindows() {

@@ -22,7 +22,8 @@ namespace levelwidgets::memory {
 inline constexpr Date kStandardNow{45427.4375};
 
 struct DesktopOptions {
-  PixelSize screen{1024, 768};
+  PixelSize screen{1024, 768};      // of the only monitor
+  std::vector<PixelRect> monitors;  // instead of it, the primary one first; that one begins at (0, 0)
   int dpi_x = 96;
   int dpi_y = 96;
   std::string locale = "en-US";
@@ -56,7 +57,7 @@ class Desktop final : public Platform, public DesktopDriver {
   MemoryDrawing& Drawing() override { return drawing_; }
   MemoryWindows& Windows() override { return windows_; }
   MemoryClock& Clock() override { return clock_; }
-  ScreenApi& Screen() override { return screen_; }
+  MemoryScreen& Screen() override { return screen_; }
   // Of the locale of the options; en-US for one that is not built in.
   ConversionApi& Conversions() override { return conversions_; }
 
@@ -93,12 +94,17 @@ class Desktop final : public Platform, public DesktopDriver {
   void KeyUp(int code, int shift) override;
   void Type(std::string_view text) override;
 
+  void Leave() override;
+  void Enter() override;
+  void SystemCommand(WindowHandle window, std::uintptr_t command) override;
+
   void Advance(std::uint32_t ms) override { clock_.Advance(ms); }
   void Settle() override { clock_.DoEvents(); }
 
   ColorRef PixelAt(PixelPoint screen) override;
   Picture Capture(PixelRect screen) override;
 
+  int PointerShape() override { return windows_.Input().pointer_shape; }
   std::vector<TopLevelWindow> TopLevelWindows() override;
   std::size_t LiveObjects() override { return drawing_.LiveObjects(); }
   std::size_t LiveWindows() override { return windows_.Tree().Count(); }
@@ -106,12 +112,12 @@ class Desktop final : public Platform, public DesktopDriver {
 
  private:
   DesktopOptions options_;
+  MemoryScreen screen_;
   MemoryDrawing drawing_;
   MemoryClock clock_;
   ClipboardState clipboard_;
   DesktopEditHost edit_host_;  // before the windows: edit boxes use it until they end
   MemoryWindows windows_;
-  MemoryScreen screen_;
   MemoryInput input_;
   DesktopCodePage code_page_;
   conversions::Conversions conversions_;

@@ -20,7 +20,7 @@ class DesktopEditHost final : public EditHost {
   WindowApi& Windows() override { return windows_; }
   DrawingApi& Drawing() override { return drawing_; }
 
-  void Invalidate(WindowHandle window, PixelRect area) override { windows_.InvalidateArea(window, area); }
+  void Invalidate(WindowHandle window, PixelRect area) override { windows_.InvalidateRect(window, area); }
   PixelRect PendingArea(WindowHandle window) override { return windows_.PendingPaint(window).Bounds(); }
   void Invert(WindowHandle window, PixelRect area) override;
 

@@ -23,7 +23,7 @@ class Recorder : public WindowClient {
   Recorder(Desktop& desktop, Log& log) : desktop_(desktop), log_(log) {}
 
   LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override {
-    log_.push_back(Line(window, message, wparam, lparam));
+    if (message != kWmSetCursor || log_shapes) log_.push_back(Line(window, message, wparam, lparam));
     if (const auto handler = handlers_.find(message); handler != handlers_.end()) {
       const Handler call = handler->second;  // the handler may replace itself
       return call(window, wparam, lparam);
@@ -34,6 +34,8 @@ class Recorder : public WindowClient {
   void Name(WindowHandle window, std::string name) { names_[window.value] = std::move(name); }
   void On(std::uint32_t message, Handler handler) { handlers_[message] = std::move(handler); }
   void Off(std::uint32_t message) { handlers_.erase(message); }
+
+  bool log_shapes = false;  // the questions about the pointer's shape, too: each move asks
 
  private:
   static const char* NameOf(std::uint32_t message) {
@@ -49,6 +51,8 @@ class Recorder : public WindowClient {
                                                                {kWmClose, "Close"},
                                                                {kWmShowWindow, "ShowWindow"},
                                                                {kWmMouseActivate, "MouseActivate"},
+                                                               {kWmSetCursor, "SetCursor"},
+                                                               {kWmSysCommand, "SysCommand"},
                                                                {kWmKeyDown, "KeyDown"},
                                                                {kWmKeyUp, "KeyUp"},
                                                                {kWmChar, "Char"},
@@ -90,6 +94,8 @@ class Recorder : public WindowClient {
       case kWmPaint:
       case kWmClose:
       case kWmMouseActivate: return start;
+      case kWmSysCommand: return start + " " + std::to_string(wparam);
+      case kWmSetCursor:
       case kWmSetFocus:
       case kWmKillFocus: return start + " " + NameOf(first);
       case kWmCaptureChanged: return start + " " + NameOf(second);

@@ -377,7 +377,7 @@ TEST_F(EditBoxSlantedTest, ACaretBetweenTwoLettersCutsNeither) {
 TEST_F(EditBoxSlantedTest, APartThatIsPaintedAloneShowsTheLettersThatReachIntoIt) {
   const Picture before = Shown();
   for (int x = 0; x < before.size.width; ++x) {
-    windows.InvalidateArea(edit, {x, 0, x + 1, before.size.height});
+    windows.InvalidateRect(edit, {x, 0, x + 1, before.size.height});
     desktop.Settle();
     ASSERT_EQ(Shown(), before) << "column " << x;
   }

@@ -13,6 +13,9 @@ namespace {
 
 constexpr int kWheelDelta = 120;
 
+// Where in a window the pointer is: WM_SETCURSOR names it.
+constexpr LParam kHtClient = 1;
+
 constexpr int kKeyF10 = 121;
 // The key of a character that no key types.
 constexpr int kKeyPacket = 231;
@@ -82,7 +85,7 @@ void MemoryInput::SendPointer(WindowHandle window, std::uint32_t message) {
 }
 
 void MemoryInput::MovePointer(PixelPoint screen) {
-  const PixelRect area = pointer_area_.value_or(windows_.Tree().Desktop().rect);
+  const PixelRect area = pointer_area_.value_or(windows_.Screen().AreaNear(screen));
   const PixelPoint point{std::clamp(screen.x, area.left, std::max(area.left, area.right - 1)),
                          std::clamp(screen.y, area.top, std::max(area.top, area.bottom - 1))};
   if (point == windows_.Input().pointer) return;
@@ -90,8 +93,20 @@ void MemoryInput::MovePointer(PixelPoint screen) {
   if (grab_.window) {
     DragFrame();
   } else {
-    SendPointer(PointerTarget(), kWmMouseMove);
+    Move();
   }
+}
+
+void MemoryInput::Move() {
+  if (windows_.Input().menu || windows_.GetCapture()) return SendPointer(PointerTarget(), kWmMouseMove);
+  const PointerHit hit = windows_.WindowAt(windows_.Input().pointer);
+  if (!hit.window) {
+    windows_.SetCursor(FrameShape(hit));
+    return;
+  }
+  constexpr LParam kOnMove = kHtClient | LParam{kWmMouseMove} << 16;
+  windows_.SendMessageA(hit.window, kWmSetCursor, hit.window.value, kOnMove);
+  SendPointer(hit.window, kWmMouseMove);
 }
 
 void MemoryInput::Press(int button) {
@@ -182,34 +197,6 @@ void MemoryInput::Wheel(int notches) {
   if (!target) target = windows_.WindowAt(pointer).window;
   const auto delta = static_cast<std::uint16_t>(notches * kWheelDelta);
   windows_.SendMessageA(target, kWmMouseWheel, PointerBits() | WParam{delta} << 16, LParamOfPoint(pointer));
-}
-
-// --- Frames ----------------------------------------------------------------------------------
-
-bool MemoryInput::PressFrame(const PointerHit& hit) {
-  const PixelPoint pointer = windows_.Input().pointer;
-  const FramePart part = windows_.FrameAt(hit.top_level, pointer);
-  PixelRect rect;
-  if (part != FramePart::kCaption && part != FramePart::kCloseBox) return false;
-  if (!windows_.GetWindowRect(hit.top_level, rect)) return false;
-  grab_ = {hit.top_level, part, {pointer.x - rect.left, pointer.y - rect.top}};
-  return true;
-}
-
-void MemoryInput::DragFrame() {
-  if (grab_.part != FramePart::kCaption) return;
-  const PixelPoint pointer = windows_.Input().pointer;
-  const PixelPoint corner{pointer.x - grab_.offset.x, pointer.y - grab_.offset.y};
-  windows_.SetWindowPos(grab_.window, {}, {corner.x, corner.y, corner.x, corner.y},
-                        kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
-}
-
-void MemoryInput::ReleaseFrame() {
-  const FrameGrab grab = grab_;
-  grab_ = {};
-  const bool closes = grab.part == FramePart::kCloseBox &&
-                      windows_.FrameAt(grab.window, windows_.Input().pointer) == FramePart::kCloseBox;
-  if (closes) windows_.SendMessageA(grab.window, kWmClose, 0, 0);
 }
 
 // --- Keys ------------------------------------------------------------------------------------

@@ -49,7 +49,9 @@ class MemoryInput {
   struct FrameGrab {
     WindowHandle window;
     FramePart part = FramePart::kNone;
-    PixelPoint offset;  // of the pointer from the window's outer corner
+    FrameEdges edges;  // those that are dragged
+    PixelPoint from;   // where the pointer was
+    PixelRect rect;    // the window's outer rectangle then
   };
 
   struct ButtonMessages;
@@ -60,11 +62,13 @@ class MemoryInput {
   bool AnyButton() const;
   WParam PointerBits() const;
 
+  void Move();
+  int FrameShape(const PointerHit& hit);
   WindowHandle PointerTarget();
   void SendPointer(WindowHandle window, std::uint32_t message);
   bool PressMenu(std::uint32_t message);
   WindowHandle PressTarget(std::uint32_t message);
-  bool PressFrame(const PointerHit& hit);
+  void PressFrame(const PointerHit& hit);
   void DragFrame();
   void ReleaseFrame();
   bool IsSecondPress(int button, WindowHandle window);

@@ -278,7 +278,7 @@ TEST_F(FrameInputTest, TheCloseBoxAsksTheWindowToClose) {
   client.On(kWmClose, [](WindowHandle, WParam, LParam) { return 0; });
   Begin();
   desktop.Click({290, 110});
-  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form Close"));
+  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form SysCommand 61536", "form Close"));
   desktop.Press(kLeftButton);
   desktop.MovePointer({250, 110});
   desktop.Release(kLeftButton);

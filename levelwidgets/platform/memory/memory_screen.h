@@ -1,28 +1,48 @@
 // The screen of the desktop in memory.
 #pragma once
 
-#include <levelwidgets/platform/memory/window_tree.h>
+#include <vector>
+
 #include <levelwidgets/platform/picture.h>
 #include <levelwidgets/platform/screen.h>
 
 namespace levelwidgets::memory {
 
+class WindowTree;
+
 class MemoryScreen final : public ScreenApi {
  public:
-  MemoryScreen(PixelSize size, int dpi_x, int dpi_y) : size_(size), dpi_x_(dpi_x), dpi_y_(dpi_y) {}
+  // The areas of the monitors, the primary one first, whose left top corner is (0, 0).
+  MemoryScreen(std::vector<PixelRect> monitors, int dpi_x, int dpi_y)
+      : monitors_(std::move(monitors)), dpi_x_(dpi_x), dpi_y_(dpi_y) {}
 
-  PixelSize Size() override { return size_; }
+  // --- For the desktop -----------------------------------------------------------------------
+
+  int DpiX() const { return dpi_x_; }
+  int DpiY() const { return dpi_y_; }
+  const std::vector<PixelRect>& Areas() const { return monitors_; }
+  bool Contains(PixelPoint point) const;
+  // Of the monitor that `point` is on, or else the nearest one.
+  const PixelRect& AreaNear(PixelPoint point) const;
+  // Of the monitor that has the largest part of `rect`, or else the nearest one.
+  const PixelRect& AreaOf(const PixelRect& rect) const;
+
+  // --- ScreenApi -----------------------------------------------------------------------------
+
+  PixelSize Size() override { return {monitors_.front().width(), monitors_.front().height()}; }
+  // Nothing is kept for the system: a work area is all of its monitor.
+  std::vector<Monitor> Monitors() override;
   float TwipsPerPixelX() override { return WholeTwipsPerPixel(dpi_x_); }
   float TwipsPerPixelY() override { return WholeTwipsPerPixel(dpi_y_); }
 
  private:
-  PixelSize size_;
+  std::vector<PixelRect> monitors_;
   int dpi_x_;
   int dpi_y_;
 };
 
 // What a person sees in `area`: the shown top-level windows in their order on `background`. Black
-// outside the screen.
-Picture ComposeScreen(WindowTree& tree, ColorRef background, PixelRect area);
+// where there is no monitor.
+Picture ComposeScreen(WindowTree& tree, const MemoryScreen& screen, ColorRef background, PixelRect area);
 
 }  // namespace levelwidgets::memory

@@ -22,16 +22,22 @@ constexpr LResult kMaActivate = 1;
 // In a key message: Alt is held.
 constexpr LParam kAltContext = LParam{1} << 29;
 
+// The lowest four bits of a system command are nobody's business.
+constexpr WParam kCommandMask = 0xFFF0;
+
 }  // namespace
 
-MemoryWindows::MemoryWindows(PixelSize screen, int dpi_x, int dpi_y, MemoryDrawing& drawing,
-                             MemoryClock& clock)
-    : drawing_(drawing), clock_(clock), frame_(drawing, dpi_x, dpi_y), tree_(screen) {}
+MemoryWindows::MemoryWindows(MemoryScreen& screen, MemoryDrawing& drawing, MemoryClock& clock)
+    : screen_(screen),
+      drawing_(drawing),
+      clock_(clock),
+      frame_(drawing, screen.DpiX(), screen.DpiY()),
+      tree_(screen.Size()) {}
 
 MemoryWindows::~MemoryWindows() = default;
 
-void MemoryWindows::RegisterClass(std::string_view name, ClassFactory factory) {
-  classes_[text::UpperCase(name)] = std::move(factory);
+void MemoryWindows::RegisterClass(std::string_view name, ClassFactory factory, int pointer_shape) {
+  classes_[text::UpperCase(name)] = {std::move(factory), pointer_shape};
 }
 
 // --- Life ------------------------------------------------------------------------------------
@@ -62,9 +68,10 @@ WindowHandle MemoryWindows::CreateWindowExA(const WindowRequest& request) {
 bool MemoryWindows::Prepare(Window& window, const WindowRequest& request) {
   window.client = request.client;
   if (!request.class_name.empty()) {
-    const auto factory = classes_.find(text::UpperCase(request.class_name));
-    if (factory == classes_.end()) return false;
-    window.class_part = factory->second();
+    const auto known = classes_.find(text::UpperCase(request.class_name));
+    if (known == classes_.end()) return false;
+    window.class_part = known->second.factory();
+    window.pointer_shape = known->second.pointer_shape;
     window.client = window.class_part.get();
   }
   window.title = request.title;
@@ -272,10 +279,12 @@ LResult MemoryWindows::DefWindowProcA(WindowHandle window, std::uint32_t message
       EndPaint(window);
       return 0;
     case kWmMouseActivate: return ForwardToParent(window, message, wparam, lparam, kMaActivate);
+    case kWmSetCursor: return ShapePointer(window, wparam, lparam);
+    case kWmSysCommand: DoSystemCommand(window, wparam & kCommandMask); return 0;
     case kWmMouseWheel: return ForwardToParent(window, message, wparam, lparam, 0);
     case kWmSysKeyDown:
       if (wparam == kKeyF4 && (lparam & kAltContext) != 0)
-        SendMessageA(tree_.Root(*found).handle, kWmClose, 0, 0);
+        SendMessageA(tree_.Root(*found).handle, kWmSysCommand, kScClose, 0);
       return 0;
     case kWmSetText:
       found->title = lparam == 0 ? "" : drawing_.FromCodePage(reinterpret_cast<const char*>(lparam));

@@ -6,10 +6,12 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <levelwidgets/platform/memory/memory_clock.h>
 #include <levelwidgets/platform/memory/memory_drawing.h>
+#include <levelwidgets/platform/memory/memory_screen.h>
 #include <levelwidgets/platform/memory/window_frame.h>
 #include <levelwidgets/platform/memory/window_tree.h>
 #include <levelwidgets/platform/window.h>
@@ -25,6 +27,7 @@ struct InputState {
   PixelPoint pointer;
   std::array<bool, 256> down{};
   WindowHandle menu;  // the open menu, to which all input goes
+  int pointer_shape = kIdcArrow;
 };
 
 // Which window the pointer is over: the deepest enabled one, or none.
@@ -44,7 +47,7 @@ struct PointerHit {
 // - The title of a plain window is kept as it is set; no message reports it.
 class MemoryWindows final : public WindowApi {
  public:
-  MemoryWindows(PixelSize screen, int dpi_x, int dpi_y, MemoryDrawing& drawing, MemoryClock& clock);
+  MemoryWindows(MemoryScreen& screen, MemoryDrawing& drawing, MemoryClock& clock);
   ~MemoryWindows() override;
 
   // --- For the desktop -----------------------------------------------------------------------
@@ -53,11 +56,17 @@ class MemoryWindows final : public WindowApi {
   InputState& Input() { return input_; }
   // Who is handed to window procedures instead of this, when it stands behind another one.
   void SetOutwardApi(WindowApi& api) { outward_ = &api; }
-  // The name counts without case.
-  void RegisterClass(std::string_view name, ClassFactory factory);
+  // The name counts without case. `pointer_shape` is the pointer's over windows of the class.
+  void RegisterClass(std::string_view name, ClassFactory factory, int pointer_shape = kIdcArrow);
 
   PointerHit WindowAt(PixelPoint screen);
   FramePart FrameAt(WindowHandle top_level, PixelPoint screen);
+  // Those that a press there drags.
+  FrameEdges EdgesAt(WindowHandle top_level, PixelPoint screen);
+  // Whether its caption can be dragged.
+  bool CanBeMoved(WindowHandle top_level);
+  // Maximises a window that can be, or makes it what it was before.
+  void DoubleClickCaption(WindowHandle top_level);
   // As a press does it: asks `hit` whether to activate its top-level window. False: no message for the
   // press is wanted.
   bool ActivateByPress(WindowHandle hit, WindowHandle top_level, std::uint32_t message);
@@ -65,9 +74,11 @@ class MemoryWindows final : public WindowApi {
   void EndMenu();
   // Another program is active.
   void Deactivate() { Activate({}, false, true); }
+  // The same, and back to the window that was active then, or else to the frontmost one.
+  void LeaveProgram();
+  void EnterProgram();
+  const MemoryScreen& Screen() const { return screen_; }
 
-  // A part of the client area, in client pixels; otherwise as InvalidateRect.
-  bool InvalidateArea(WindowHandle window, const PixelRect& area);
   // Does the paints that are pending, outer windows first; what they make invalid is left. Returns
   // whether there was one.
   bool PaintPending();
@@ -109,6 +120,7 @@ class MemoryWindows final : public WindowApi {
   bool ReleaseCapture() override;
   WindowHandle GetCapture() override { return capture_; }
   bool GetCursorPos(PixelPoint& point) override;
+  int SetCursor(int shape) override { return std::exchange(input_.pointer_shape, shape); }
   std::int16_t GetKeyState(int code) override;
   std::int16_t GetAsyncKeyState(int code) override { return GetKeyState(code); }
 
@@ -121,8 +133,10 @@ class MemoryWindows final : public WindowApi {
   DcHandle GetDC(WindowHandle window) override;
   bool ReleaseDC(WindowHandle window, DcHandle dc) override;
   bool InvalidateRect(WindowHandle window) override;
+  bool InvalidateRect(WindowHandle window, const PixelRect& area) override;
   bool UpdateWindow(WindowHandle window) override;
-  DcHandle BeginPaint(WindowHandle window) override;
+  using WindowApi::BeginPaint;
+  DcHandle BeginPaint(WindowHandle window, PixelRect& part) override;
   bool EndPaint(WindowHandle window) override;
 
  private:
@@ -139,9 +153,19 @@ class MemoryWindows final : public WindowApi {
   LResult ForwardToParent(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam,
                           LResult without_parent);
   LResult StoredText(Window& window, WParam room, LParam buffer);
+  LResult ShapePointer(WindowHandle window, WParam over, LParam where);
+  void DoSystemCommand(WindowHandle window, WParam command);
 
   // Place
-  struct Before;
+  // What a window was before a change of its place, order or visibility.
+  struct Before {
+    Region visible;  // of the outer rectangle, in the store of `root`
+    PixelRect rect;
+    PixelPoint client_corner;  // in the parent's client pixels
+    PixelSize client_size;
+    std::uint32_t style = 0;
+    bool shown = false;
+  };
   Before Remember(Window& window);
   void Rearranged(Window& window, const Before& before, bool redraw);
   void SetShown(Window& window, bool shown, bool redraw);
@@ -168,16 +192,27 @@ class MemoryWindows final : public WindowApi {
   bool Paint(WindowHandle window);
   void PaintWithChildren(WindowHandle window);
 
+  // Minimised and maximised windows
+  void TakeState(WindowHandle window, int command);
+  void SetState(WindowHandle window, std::uint32_t state);
+  PixelRect RectInState(const Window& window, std::uint32_t state) const;
+
+  MemoryScreen& screen_;
   MemoryDrawing& drawing_;
   MemoryClock& clock_;
   WindowFrame frame_;
   WindowTree tree_;
   WindowApi* outward_ = this;
-  std::map<std::string, ClassFactory> classes_;  // by name in upper case
+  struct WindowClass {
+    ClassFactory factory;
+    int pointer_shape = kIdcArrow;
+  };
+  std::map<std::string, WindowClass> classes_;  // by name in upper case
   InputState input_;
 
   WindowHandle focus_;
   WindowHandle active_;
+  WindowHandle active_when_left_;
   WindowHandle capture_;
 
   std::vector<WindowHandle> to_paint_;

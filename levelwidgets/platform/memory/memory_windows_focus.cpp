@@ -132,7 +132,7 @@ void MemoryWindows::LeaveHidden(WindowHandle window) {
 WindowHandle MemoryWindows::NextActive(const Window& leaving) {
   if (leaving.owner && TakesFocus(*leaving.owner)) return leaving.owner->handle;
   for (const Window* window : tree_.Desktop().children) {
-    if (window != &leaving && TakesFocus(*window)) return window->handle;
+    if (window != &leaving && TakesFocus(*window) && !window->Has(kWsMinimize)) return window->handle;
   }
   return {};
 }
@@ -198,12 +198,6 @@ PointerHit MemoryWindows::WindowAt(PixelPoint screen) {
     hit.window = {};
   }
   return hit;
-}
-
-FramePart MemoryWindows::FrameAt(WindowHandle top_level, PixelPoint screen) {
-  const Window* found = tree_.Find(top_level);
-  if (!found) return FramePart::kNone;
-  return frame_.HitTest(*found, {screen.x - found->rect.left, screen.y - found->rect.top});
 }
 
 }  // namespace levelwidgets::memory

@@ -72,7 +72,7 @@ void MemoryWindows::QueuePaint(Window& window) {
   window.queued_for_paint = true;
 }
 
-bool MemoryWindows::InvalidateArea(WindowHandle window, const PixelRect& area) {
+bool MemoryWindows::InvalidateRect(WindowHandle window, const PixelRect& area) {
   Window* found = tree_.Find(window);
   if (!found) return false;
   Invalidate(*found, Region(area), !found->Has(kWsClipChildren));
@@ -81,7 +81,7 @@ bool MemoryWindows::InvalidateArea(WindowHandle window, const PixelRect& area) {
 
 bool MemoryWindows::InvalidateRect(WindowHandle window) {
   const Window* found = tree_.Find(window);
-  return found && InvalidateArea(window, ClientArea(*found).Bounds());
+  return found && InvalidateRect(window, ClientArea(*found).Bounds());
 }
 
 Region MemoryWindows::PendingPaint(WindowHandle window) {
@@ -151,11 +151,14 @@ bool MemoryWindows::UpdateWindow(WindowHandle window) {
   return true;
 }
 
-DcHandle MemoryWindows::BeginPaint(WindowHandle window) {
+DcHandle MemoryWindows::BeginPaint(WindowHandle window, PixelRect& part) {
   Window* found = tree_.Find(window);
   if (!found) return {};
   found->paint_unanswered = false;
   WindowTree::LimitPaint(*found, std::exchange(found->invalid, {}));
+  const PixelPoint origin = tree_.StoreOrigin(*found);
+  part = tree_.Clip(*found).Bounds().Offset(-origin.x, -origin.y);
+  if (part.empty()) part = {};
   return GetDC(window);
 }
 

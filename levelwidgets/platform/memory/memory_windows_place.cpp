@@ -5,19 +5,15 @@
 
 namespace levelwidgets::memory {
 
-// What a window was before a change of its place, order or visibility.
-struct MemoryWindows::Before {
-  Region visible;  // of the outer rectangle, in the store of `root`
-  PixelRect rect;
-  PixelPoint client_corner;  // in the parent's client pixels
-  PixelSize client_size;
-  bool shown = false;
-};
-
 namespace {
 
 PixelPoint ClientCorner(const Window& window) {
   return {window.rect.left + window.frame.left, window.rect.top + window.frame.top};
+}
+
+WParam SizeKind(std::uint32_t style) {
+  if ((style & kWsMinimize) != 0) return kSizeMinimized;
+  return (style & kWsMaximize) != 0 ? kSizeMaximized : kSizeRestored;
 }
 
 bool IsSpecialPlace(std::uint32_t insert_after) {
@@ -39,8 +35,8 @@ PixelRect PlacedRect(const PixelRect& old, const PixelRect& place, std::uint32_t
 }  // namespace
 
 MemoryWindows::Before MemoryWindows::Remember(Window& window) {
-  return {tree_.VisibleOuter(window), window.rect, ClientCorner(window), WindowTree::ClientSize(window),
-          window.Shown()};
+  return {tree_.VisibleOuter(window),     window.rect,  ClientCorner(window),
+          WindowTree::ClientSize(window), window.style, window.Shown()};
 }
 
 // Invalidates what a change has brought to light.
@@ -80,8 +76,8 @@ void MemoryWindows::SendMovedAndSized(WindowHandle window, const Before& before)
   }
   if (const Window* found = tree_.Find(window)) {
     const PixelSize size = WindowTree::ClientSize(*found);
-    if (size != before.client_size) {
-      SendMessageA(window, kWmSize, 0, LParamOfPoint({size.width, size.height}));
+    if (size != before.client_size || SizeKind(found->style) != SizeKind(before.style)) {
+      SendMessageA(window, kWmSize, SizeKind(found->style), LParamOfPoint({size.width, size.height}));
     }
   }
 }
@@ -228,12 +224,13 @@ bool MemoryWindows::ShowWindow(WindowHandle window, int command) {
   const bool show = command != kSwHide;
   if (!show && !was_shown) return false;
   if (show != was_shown) SendMessageA(window, kWmShowWindow, show ? 1 : 0, 0);
+  TakeState(window, command);
   found = tree_.Find(window);
   if (!found) return was_shown;
   const Before before = Remember(*found);
   SetShown(*found, show, true);
   SendMovedAndSized(window, before);
-  if (!show) {
+  if (!show || command == kSwMinimize) {
     LeaveHidden(window);
   } else if ((found = tree_.Find(window)) && command != kSwShowNoActivate && tree_.IsTopLevel(*found)) {
     Activate(window, false, true);

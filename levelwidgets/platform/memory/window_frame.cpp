@@ -11,6 +11,18 @@ bool HasCaption(std::uint32_t style) { return (style & kWsCaption) == kWsCaption
 bool HasBorder(std::uint32_t style) { return (style & kWsBorder) != 0; }
 bool HasCloseBox(std::uint32_t style) { return HasCaption(style) && (style & kWsSysMenu) != 0; }
 
+// From the right.
+struct BoxStyle {
+  FramePart part;
+  std::uint32_t style;
+};
+constexpr BoxStyle kBoxes[] = {{FramePart::kCloseBox, kWsSysMenu},
+                               {FramePart::kMaximizeBox, kWsMaximizeBox},
+                               {FramePart::kMinimizeBox, kWsMinimizeBox}};
+
+// How far from a corner the border drags both its edges.
+constexpr int kCornerReach = 16;
+
 // What the frame is drawn on: the outer rectangle without the client area.
 class FrameTarget final : public TargetSource {
  public:
@@ -40,7 +52,7 @@ std::uint32_t CompletedStyle(std::uint32_t style) {
 WindowFrame::WindowFrame(MemoryDrawing& drawing, int dpi_x, int dpi_y)
     : drawing_(drawing),
       caption_height_(drawing.MulDiv(kCaptionHeight, dpi_y, 96)),
-      close_box_width_(drawing.MulDiv(kCaptionHeight, dpi_x, 96)) {}
+      box_width_(drawing.MulDiv(kCaptionHeight, dpi_x, 96)) {}
 
 FrameWidths WindowFrame::Widths(std::uint32_t style) const {
   if (HasCaption(style)) return {1, 1 + caption_height_, 1, 1};
@@ -53,19 +65,41 @@ PixelRect WindowFrame::Caption(const Window& window) const {
   return {window.frame.left, 1, window.rect.width() - window.frame.right, window.frame.top};
 }
 
-PixelRect WindowFrame::CloseBox(const Window& window) const {
-  if (!HasCloseBox(window.style)) return {};
-  PixelRect box = Caption(window);
-  box.left = box.right - close_box_width_;
-  return box;
+PixelRect WindowFrame::Box(const Window& window, FramePart box) const {
+  const PixelRect caption = Caption(window);
+  int right = caption.right;
+  for (const BoxStyle& other : kBoxes) {
+    const bool there = HasCloseBox(window.style) && window.Has(other.style);
+    if (other.part == box)
+      return there ? PixelRect{right - box_width_, caption.top, right, caption.bottom} : PixelRect{};
+    if (there) right -= box_width_;
+  }
+  return {};
 }
 
 FramePart WindowFrame::HitTest(const Window& window, PixelPoint point) const {
   const PixelSize size = WindowTree::ClientSize(window);
   const PixelRect client{0, 0, size.width, size.height};
   if (client.Offset(window.frame.left, window.frame.top).Contains(point)) return FramePart::kNone;
-  if (CloseBox(window).Contains(point)) return FramePart::kCloseBox;
+  for (const BoxStyle& box : kBoxes) {
+    if (Box(window, box.part).Contains(point)) return box.part;
+  }
   return Caption(window).Contains(point) ? FramePart::kCaption : FramePart::kBorder;
+}
+
+FrameEdges WindowFrame::EdgesAt(const Window& window, PixelPoint point) const {
+  if (!window.Has(kWsThickFrame) || window.Has(kWsMaximize)) return {};
+  if (HitTest(window, point) != FramePart::kBorder) return {};
+  const auto reaches = [&](int reach) {
+    return FrameEdges{point.x < reach, point.y < reach, point.x >= window.rect.width() - reach,
+                      point.y >= window.rect.height() - reach};
+  };
+  const FrameEdges on = reaches(1);
+  const FrameEdges near = reaches(kCornerReach);
+  const bool across = on.left || on.right;
+  const bool down = on.top || on.bottom;
+  return {on.left || (down && near.left), on.top || (across && near.top), on.right || (down && near.right),
+          on.bottom || (across && near.bottom)};
 }
 
 void WindowFrame::Draw(WindowTree& tree, Window& window, bool active) {
@@ -90,9 +124,9 @@ void WindowFrame::DrawCaption(DcHandle dc, const Window& window, bool active) {
   PixelRect title = Caption(window);
   Fill(dc, title, active ? kColorHighlight : kColorButtonFace);
   const ColorRef color = drawing_.GetSysColor(active ? kColorHighlightText : kColorGrayText);
-  if (const PixelRect box = CloseBox(window); !box.empty()) {
-    DrawCloseBox(dc, box, color);
-    title.right = box.left;
+  DrawBoxes(dc, window, color);
+  for (const BoxStyle& box : kBoxes) {
+    if (const PixelRect place = Box(window, box.part); !place.empty()) title.right = place.left;
   }
   title.left += kTitleMargin;
   drawing_.SetTextColor(dc, color);
@@ -101,18 +135,36 @@ void WindowFrame::DrawCaption(DcHandle dc, const Window& window, bool active) {
   }
 }
 
-// A cross of two strokes.
-void WindowFrame::DrawCloseBox(DcHandle dc, const PixelRect& box, ColorRef color) {
+// A cross of two strokes, an open square (two of them once the window is maximised), a line.
+void WindowFrame::DrawBoxes(DcHandle dc, const Window& window, ColorRef color) {
+  const ObjectHandle pen = drawing_.CreatePen(kPsSolid, 1, color);
+  const ObjectHandle pen_before = drawing_.SelectObject(dc, pen);
+  const ObjectHandle brush_before = drawing_.SelectObject(dc, drawing_.GetStockObject(kNullBrush));
+  for (const BoxStyle& box : kBoxes) {
+    const PixelRect place = Box(window, box.part);
+    if (!place.empty()) DrawSign(dc, box.part, place, window.Has(kWsMaximize));
+  }
+  drawing_.SelectObject(dc, brush_before);
+  drawing_.SelectObject(dc, pen_before);
+  drawing_.DeleteObject(pen);
+}
+
+void WindowFrame::DrawSign(DcHandle dc, FramePart part, const PixelRect& box, bool maximized) {
   const int arm = box.height() / 5;
   const PixelPoint middle{(box.left + box.right) / 2, (box.top + box.bottom) / 2};
-  const ObjectHandle pen = drawing_.CreatePen(kPsSolid, 1, color);
-  const ObjectHandle before = drawing_.SelectObject(dc, pen);
-  drawing_.MoveTo(dc, {middle.x - arm, middle.y - arm});
-  drawing_.LineTo(dc, {middle.x + arm + 1, middle.y + arm + 1});
-  drawing_.MoveTo(dc, {middle.x - arm, middle.y + arm});
-  drawing_.LineTo(dc, {middle.x + arm + 1, middle.y - arm - 1});
-  drawing_.SelectObject(dc, before);
-  drawing_.DeleteObject(pen);
+  const PixelRect square{middle.x - arm, middle.y - arm, middle.x + arm + 1, middle.y + arm + 1};
+  if (part == FramePart::kMinimizeBox) {
+    drawing_.MoveTo(dc, {square.left, square.bottom - 1});
+    drawing_.LineTo(dc, {square.right, square.bottom - 1});
+  } else if (part == FramePart::kMaximizeBox) {
+    if (maximized) drawing_.Rectangle(dc, square.Offset(2, -2));
+    drawing_.Rectangle(dc, square);
+  } else {
+    drawing_.MoveTo(dc, {square.left, square.top});
+    drawing_.LineTo(dc, {square.right, square.bottom});
+    drawing_.MoveTo(dc, {square.left, square.bottom - 1});
+    drawing_.LineTo(dc, {square.right, square.top - 1});
+  }
 }
 
 }  // namespace levelwidgets::memory

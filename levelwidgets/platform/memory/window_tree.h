@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,8 +57,13 @@ struct Window final : TargetSource {
   WindowClient* client = nullptr;
   WindowProc proc = nullptr;                 // replaces `client` when set
   std::unique_ptr<WindowClient> class_part;  // `client` of a window of a built-in class
+  int pointer_shape = kIdcArrow;             // of its class
   std::intptr_t user_data = 0;
   DcHandle dc;
+
+  // Of a minimised or maximised window: where it is otherwise, and whether that is maximised, too.
+  std::optional<PixelRect> restored;
+  bool maximized_before = false;
 
   Region invalid;  // client pixels
   std::unique_ptr<PaintLimit> paint_limit;

@@ -42,6 +42,9 @@ class TracingScreen final : public ScreenApi {
   TracingScreen(ScreenApi& target, CallLog& log) : target_(target), log_(log) {}
 
   PixelSize Size() override { return log_.Pass("Size", target_, &ScreenApi::Size); }
+  float Width() override { return log_.Pass("Width", target_, &ScreenApi::Width); }
+  float Height() override { return log_.Pass("Height", target_, &ScreenApi::Height); }
+  std::vector<Monitor> Monitors() override { return log_.Pass("Monitors", target_, &ScreenApi::Monitors); }
   float TwipsPerPixelX() override { return log_.Pass("TwipsPerPixelX", target_, &ScreenApi::TwipsPerPixelX); }
   float TwipsPerPixelY() override { return log_.Pass("TwipsPerPixelY", target_, &ScreenApi::TwipsPerPixelY); }
 

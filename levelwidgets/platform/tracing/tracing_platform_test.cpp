@@ -72,6 +72,7 @@ class FakeWindows : public WindowApi {
   MOCK_METHOD(bool, ReleaseCapture, (), (override));
   MOCK_METHOD(WindowHandle, GetCapture, (), (override));
   MOCK_METHOD(bool, GetCursorPos, (PixelPoint&), (override));
+  MOCK_METHOD(int, SetCursor, (int), (override));
   MOCK_METHOD(std::int16_t, GetKeyState, (int), (override));
   MOCK_METHOD(std::int16_t, GetAsyncKeyState, (int), (override));
   MOCK_METHOD(LResult, SendMessageA, (WindowHandle, std::uint32_t, WParam, LParam), (override));
@@ -82,8 +83,9 @@ class FakeWindows : public WindowApi {
   MOCK_METHOD(DcHandle, GetDC, (WindowHandle), (override));
   MOCK_METHOD(bool, ReleaseDC, (WindowHandle, DcHandle), (override));
   MOCK_METHOD(bool, InvalidateRect, (WindowHandle), (override));
+  MOCK_METHOD(bool, InvalidateRect, (WindowHandle, const PixelRect&), (override));
   MOCK_METHOD(bool, UpdateWindow, (WindowHandle), (override));
-  MOCK_METHOD(DcHandle, BeginPaint, (WindowHandle), (override));
+  MOCK_METHOD(DcHandle, BeginPaint, (WindowHandle, PixelRect&), (override));
   MOCK_METHOD(bool, EndPaint, (WindowHandle), (override));
 };
 
@@ -103,6 +105,9 @@ class FakeClock : public ClockApi {
 class FakeScreen : public ScreenApi {
  public:
   MOCK_METHOD(PixelSize, Size, (), (override));
+  MOCK_METHOD(float, Width, (), (override));
+  MOCK_METHOD(float, Height, (), (override));
+  MOCK_METHOD(std::vector<Monitor>, Monitors, (), (override));
   MOCK_METHOD(float, TwipsPerPixelX, (), (override));
   MOCK_METHOD(float, TwipsPerPixelY, (), (override));
 };

@@ -99,6 +99,7 @@ class TracingWindows final : public WindowApi {
     log_.Record("GetCursorPos");
     return target_.GetCursorPos(point);
   }
+  int SetCursor(int shape) override { return log_.Pass("SetCursor", target_, &WindowApi::SetCursor, shape); }
   std::int16_t GetKeyState(int code) override {
     return log_.Pass("GetKeyState", target_, &WindowApi::GetKeyState, code);
   }
@@ -128,13 +129,19 @@ class TracingWindows final : public WindowApi {
     return log_.Pass("ReleaseDC", target_, &WindowApi::ReleaseDC, window, dc);
   }
   bool InvalidateRect(WindowHandle window) override {
-    return log_.Pass("InvalidateRect", target_, &WindowApi::InvalidateRect, window);
+    log_.Record("InvalidateRect", window);
+    return target_.InvalidateRect(window);
+  }
+  bool InvalidateRect(WindowHandle window, const PixelRect& area) override {
+    log_.Record("InvalidateRect", window, area);
+    return target_.InvalidateRect(window, area);
   }
   bool UpdateWindow(WindowHandle window) override {
     return log_.Pass("UpdateWindow", target_, &WindowApi::UpdateWindow, window);
   }
-  DcHandle BeginPaint(WindowHandle window) override {
-    return log_.Pass("BeginPaint", target_, &WindowApi::BeginPaint, window);
+  DcHandle BeginPaint(WindowHandle window, PixelRect& part) override {
+    log_.Record("BeginPaint", window);
+    return target_.BeginPaint(window, part);
   }
   bool EndPaint(WindowHandle window) override {
     return log_.Pass("EndPaint", target_, &WindowApi::EndPaint, window);

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <levelwidgets/platform/win32/cursor_shape.h>
 #include <levelwidgets/platform/win32/injected_input.h>
 #include <levelwidgets/platform/win32/native.h>
 #include <levelwidgets/platform/win32/object_count.h>
@@ -30,10 +31,9 @@ bool WaitForInput(DWORD ms) {
   return ::MsgWaitForMultipleObjectsEx(0, nullptr, ms, QS_ALLINPUT, MWMO_INPUTAVAILABLE) == WAIT_OBJECT_0;
 }
 
+// Its windows are those of this thread: another thread of the process plays another program.
 bool IsOfThisProgram(HWND hwnd) {
-  DWORD process = 0;
-  ::GetWindowThreadProcessId(hwnd, &process);
-  return process == ::GetCurrentProcessId();
+  return ::GetWindowThreadProcessId(hwnd, nullptr) == ::GetCurrentThreadId();
 }
 
 std::string TitleOf(HWND hwnd) {
@@ -99,6 +99,28 @@ void Win32Driver::Type(std::string_view text) {
   for (const wchar_t unit : ToWide(text)) TypeUnit(unit);
 }
 
+void Win32Driver::Leave() {
+  active_before_ = platform_.Windows().GetActiveWindow();
+  if (!other_program_) other_program_ = std::make_unique<OtherProgram>();
+  other_program_->Activate();
+  Settle();
+}
+
+void Win32Driver::Enter() {
+  HWND window = ToNative<HWND>(active_before_);
+  if (!::IsWindowVisible(window)) {
+    const std::vector<TopLevelWindow> windows = TopLevelWindows();
+    window = windows.empty() ? nullptr : ToNative<HWND>(windows.front().handle);
+  }
+  if (window) ::SetForegroundWindow(window);
+  Settle();
+}
+
+void Win32Driver::SystemCommand(WindowHandle window, std::uintptr_t command) {
+  ::PostMessageA(ToNative<HWND>(window), WM_SYSCOMMAND, command, 0);
+  Settle();
+}
+
 void Win32Driver::Advance(std::uint32_t ms) {
   // No timer of the system is later than this.
   constexpr std::uint64_t kPatience = 100;
@@ -133,6 +155,8 @@ Picture Win32Driver::Capture(PixelRect screen) {
   Settle();
   return CaptureScreen(screen);
 }
+
+int Win32Driver::PointerShape() { return ShapeOfCursor(::GetCursor()); }
 
 std::vector<TopLevelWindow> Win32Driver::TopLevelWindows() {
   std::vector<TopLevelWindow> windows;

@@ -1,7 +1,10 @@
 // Real input, real time and the real screen.
 #pragma once
 
+#include <memory>
+
 #include <levelwidgets/platform/driver.h>
+#include <levelwidgets/platform/win32/other_program.h>
 #include <levelwidgets/platform/win32/win32_platform.h>
 
 namespace levelwidgets::win32 {
@@ -26,6 +29,11 @@ class Win32Driver final : public DesktopDriver {
   void KeyUp(int code, int shift) override;
   void Type(std::string_view text) override;
 
+  // The other program is a window of another thread.
+  void Leave() override;
+  void Enter() override;
+  void SystemCommand(WindowHandle window, std::uintptr_t command) override;
+
   // Never shorter than `ms`, and as much longer as a timer needs whose time has come.
   void Advance(std::uint32_t ms) override;
   void Settle() override;
@@ -33,6 +41,7 @@ class Win32Driver final : public DesktopDriver {
   ColorRef PixelAt(PixelPoint screen) override;
   Picture Capture(PixelRect screen) override;
 
+  int PointerShape() override;
   std::vector<TopLevelWindow> TopLevelWindows() override;
   std::size_t LiveObjects() override;
   std::size_t LiveWindows() override;
@@ -45,6 +54,8 @@ class Win32Driver final : public DesktopDriver {
   Win32Platform& platform_;
   int held_buttons_ = 0;
   int held_shift_ = 0;
+  std::unique_ptr<OtherProgram> other_program_;  // while it is active, and until the driver ends
+  WindowHandle active_before_;                   // it
 };
 
 }  // namespace levelwidgets::win32

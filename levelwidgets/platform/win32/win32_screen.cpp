@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <levelwidgets/platform/win32/native.h>
+
 namespace levelwidgets::win32 {
 namespace {
 
@@ -12,7 +14,24 @@ float TwipsPerPixel(int dots_per_inch_index) {
   return WholeTwipsPerPixel(dots_per_inch);
 }
 
+BOOL CALLBACK NoteMonitor(HMONITOR handle, HDC, RECT*, LPARAM found) {
+  MONITORINFO info = {};
+  info.cbSize = sizeof info;
+  if (!::GetMonitorInfoA(handle, &info)) return TRUE;
+  auto& monitors = *reinterpret_cast<std::vector<Monitor>*>(found);
+  const bool primary = (info.dwFlags & MONITORINFOF_PRIMARY) != 0;
+  monitors.insert(primary ? monitors.begin() : monitors.end(),
+                  {FromNativeRect(info.rcMonitor), FromNativeRect(info.rcWork)});
+  return TRUE;
+}
+
 }  // namespace
+
+std::vector<Monitor> Win32Screen::Monitors() {
+  std::vector<Monitor> monitors;
+  ::EnumDisplayMonitors(nullptr, nullptr, NoteMonitor, reinterpret_cast<LPARAM>(&monitors));
+  return monitors;
+}
 
 PixelSize Win32Screen::Size() { return {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}; }
 

@@ -4,10 +4,11 @@
 
 namespace levelwidgets::win32 {
 
-// The primary screen.
+// Size and resolution are those of the primary monitor.
 class Win32Screen final : public ScreenApi {
  public:
   PixelSize Size() override;
+  std::vector<Monitor> Monitors() override;
   float TwipsPerPixelX() override;
   float TwipsPerPixelY() override;
 };

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <levelwidgets/platform/win32/cursor_shape.h>
 #include <levelwidgets/platform/win32/native.h>
 #include <levelwidgets/platform/win32/win32_text.h>
 
@@ -153,6 +154,10 @@ bool Win32Windows::GetCursorPos(PixelPoint& point) {
   return true;
 }
 
+int Win32Windows::SetCursor(int shape) {
+  return ShapeOfCursor(::SetCursor(static_cast<HCURSOR>(CursorOfShape(shape))));
+}
+
 std::int16_t Win32Windows::GetKeyState(int code) { return ::GetKeyState(code); }
 
 std::int16_t Win32Windows::GetAsyncKeyState(int code) {
@@ -197,14 +202,20 @@ bool Win32Windows::InvalidateRect(WindowHandle window) {
   return Known(window) && ::InvalidateRect(Native(window), nullptr, FALSE) != FALSE;
 }
 
+bool Win32Windows::InvalidateRect(WindowHandle window, const PixelRect& area) {
+  const RECT native = ToNative<RECT>(area);
+  return Known(window) && ::InvalidateRect(Native(window), &native, FALSE) != FALSE;
+}
+
 bool Win32Windows::UpdateWindow(WindowHandle window) {
   return Known(window) && relay_.Run([&] { return ::UpdateWindow(Native(window)); }) != FALSE;
 }
 
-DcHandle Win32Windows::BeginPaint(WindowHandle window) {
+DcHandle Win32Windows::BeginPaint(WindowHandle window, PixelRect& part) {
   PAINTSTRUCT paint = {};
   const auto dc = FromNative<DcHandle>(relay_.Run([&] { return ::BeginPaint(Native(window), &paint); }));
   if (dc) painting_[window] = dc;
+  part = FromNativeRect(paint.rcPaint);
   return dc;
 }
 

@@ -47,6 +47,7 @@ class Win32Windows final : public WindowApi {
   bool ReleaseCapture() override;
   WindowHandle GetCapture() override;
   bool GetCursorPos(PixelPoint& point) override;
+  int SetCursor(int shape) override;
   std::int16_t GetKeyState(int code) override;
   std::int16_t GetAsyncKeyState(int code) override;
 
@@ -59,8 +60,10 @@ class Win32Windows final : public WindowApi {
   DcHandle GetDC(WindowHandle window) override;
   bool ReleaseDC(WindowHandle window, DcHandle dc) override;
   bool InvalidateRect(WindowHandle window) override;
+  bool InvalidateRect(WindowHandle window, const PixelRect& area) override;
   bool UpdateWindow(WindowHandle window) override;
-  DcHandle BeginPaint(WindowHandle window) override;
+  using WindowApi::BeginPaint;
+  DcHandle BeginPaint(WindowHandle window, PixelRect& part) override;
   bool EndPaint(WindowHandle window) override;
 
   std::size_t LiveWindows() const { return router_.LiveWindows(); }
