@@ -42,6 +42,7 @@ libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.f
 windows_packages='
 g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
 googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
+lld                  | ld.lld                              | links the test program for Windows in a second
 dpkg-dev             | dpkg-source                         | unpacks the sources of Lua
 wine                 | wine                                | runs the Windows tests
 wine64               | /usr/lib/wine/wine64                | runs the Windows tests

@@ -547,7 +547,6 @@ TEST_P(ComposedLifeTest, AListenerMayRemoveTheControlOrCloseTheForm) {
         EXPECT_EQ(window.handle, TheForm().hWnd()) << cause.name << " leaves a window behind";
       }
       Driver().MovePointer({1000, 750});
-      Driver().Advance(1000);
     }
   }
 }

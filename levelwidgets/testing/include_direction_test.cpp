@@ -72,6 +72,13 @@ TEST_F(IncludeDirectionTest, ThePlatformsContractDoesNotIncludeConversions) {
                 DoesNotBuildOn("platform", "platform/conversions"));
 }
 
+TEST_F(IncludeDirectionTest, TheFrameDoesNotIncludeTheConversionsOfTheDesktopInMemory) {
+  ExpectRefused("frame/variant.cpp", "platform/conversions/conversions.h",
+                DoesNotBuildOn("frame", "platform/conversions"));
+  ExpectRefused("frame/variant_test.cpp", "platform/conversions/conversions.h",
+                "levelwidgets/frame's tests do not build on levelwidgets/platform/conversions");
+}
+
 TEST_F(IncludeDirectionTest, TheEditBoxDoesNotIncludeTheDesktopThatHoldsIt) {
   ExpectRefused("platform/memory/edit/edit_box.cpp", "platform/memory/desktop.h",
                 DoesNotBuildOn("platform/memory/edit", "platform/memory"));

@@ -33,6 +33,16 @@ class FlatScrollInputTest : public DesktopTest {
     for (int i = 0; i < 100 && Bar().Value() != value; ++i) Driver().Advance(10);
     return Bar().Value() == value;
   }
+  // The bar has the value also after a time. On Windows a busy machine may let more than that time pass, of
+  // which nothing can be said.
+  void ExpectStill(std::int32_t value, std::uint32_t ms) {
+    constexpr std::uint64_t kLateness = 30;
+    ClockApi& clock = Driver().GetPlatform().Clock();
+    const std::uint64_t before = clock.GetTickCount();
+    Driver().Advance(ms);
+    if (clock.GetTickCount() - before > ms + kLateness) return;
+    EXPECT_EQ(Bar().Value(), value);
+  }
 
   std::size_t timers_when_idle_ = 0;
 
@@ -142,11 +152,9 @@ TEST_F(FlatScrollInputTest, AListenerThatHasSeenTheReleaseLeavesNothingRepeating
 TEST_F(FlatScrollInputTest, AHeldButtonRepeatsAfter250ThenEvery100Milliseconds) {
   PressAt(5);
   EXPECT_EQ(Bar().Value(), 49);
-  Driver().Advance(200);
-  EXPECT_EQ(Bar().Value(), 49);
+  ExpectStill(49, 200);
   EXPECT_TRUE(ComesTo(48));
-  Driver().Advance(60);
-  EXPECT_EQ(Bar().Value(), 48);
+  ExpectStill(48, 60);
   EXPECT_TRUE(ComesTo(47));
   Driver().Release(kLeftButton);
   Driver().Advance(400);

@@ -1,4 +1,6 @@
 // Listeners that interfere: at every moment that notifies them, with every class.
+#include <set>
+
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/testing/desktop_fixture.h>
@@ -71,12 +73,14 @@ class InterferenceTest : public DesktopTest {
     return "";
   }
 
-  // What a person may do with whatever is there now.
-  void Use() {
+  // What a person may do with whatever is there now. Keys and timers come once for each deed to each class:
+  // on Windows they take their time.
+  void Use(const ClassInfo& control_class, Deed deed) {
     const auto form = watched_.lock();
     if (!form || form->Closed()) return;
     const auto control = form->Find("ctl");
     if (control) Driver().Click(control->ScreenCentre());
+    if (!used_at_length_.insert({&control_class, deed}).second) return;
     Driver().Key(kKeyTab);
     Driver().Key('A');
     Driver().Advance(200);
@@ -115,7 +119,7 @@ class InterferenceTest : public DesktopTest {
     });
     const bool was_done = std::exchange(done_, true);
     if (was_done) ExpectOutcome(deed, raised, form_);
-    Use();
+    Use(control_class, deed);
     End();
     return was_done;
   }
@@ -123,6 +127,7 @@ class InterferenceTest : public DesktopTest {
   std::shared_ptr<Form> form_;
   std::weak_ptr<Form> watched_;
   bool done_ = false;
+  std::set<std::pair<const ClassInfo*, Deed>> used_at_length_;
 };
 
 TEST_F(InterferenceTest, AListenerMayDoAnythingAtEveryNoticeOfAControlThatIsBeingAdded) {
@@ -158,7 +163,7 @@ TEST_F(InterferenceTest, AListenerMayDoAnythingWhenAPropertyIsSet) {
           ++tried;
           EXPECT_EQ(raised, deed == Deed::kRaise ? "refused" : "");
         }
-        Use();
+        Use(*control_class, deed);
         End();
       }
     }
@@ -204,7 +209,7 @@ TEST_F(InterferenceTest, AListenerOfTheFormMayDoAnythingAtEachOfItsEvents) {
         });
         EXPECT_TRUE(done_);
         RaisedBy([&] { Driver().Settle(); });
-        Use();
+        Use(*control_class, deed);
         End();
       }
     }
