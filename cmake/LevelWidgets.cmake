@@ -114,6 +114,12 @@ function(levelwidgets_library name)
   endif()
 endfunction()
 
+# Folders of headers that the test programs see when they link the folder `name`, and that nobody else does.
+function(levelwidgets_include_in_tests name)
+  set(is_test $<BOOL:$<TARGET_PROPERTY:LEVELWIDGETS_IS_TEST>>)
+  target_include_directories(levelwidgets_${name} SYSTEM INTERFACE "$<BUILD_INTERFACE:$<${is_test}:${ARGN}>>")
+endfunction()
+
 # Each line is a folder: its path, its name, the names of the folders that it links to, those that its tests use besides, and
 # its public headers ("*" for all), separated by tabs. tools/check reads which includes are right from here.
 function(levelwidgets_note_folder name depends test_depends public_headers)
@@ -187,6 +193,7 @@ endfunction()
 function(levelwidgets_test_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc)
+  set_target_properties(${name} PROPERTIES LEVELWIDGETS_IS_TEST ON)
   target_link_libraries(${name} PRIVATE levelwidgets_options ${arg_LIBRARIES} levelwidgets_gtest)
   # Their run is short and their compilation is not: no optimisation, and undefined behaviour is looked for in
   # the libraries only. Without inlining there are more sections than the usual object format of Windows holds.
