@@ -93,11 +93,12 @@ void HundredButtons::Check(std::size_t button, Color expected) const {
 
 std::string FormTextOf(int count, Mix mix) {
   constexpr int kColumns = 25;
-  constexpr PixelSize kCell{32, 15};
-  constexpr PixelSize kSize{28, 13};
+  constexpr int kRows = 40;
+  constexpr PixelSize kCell{kFormSize.width / kColumns, kFormSize.height / kRows};
+  constexpr PixelSize kSize{kCell.width - 2, kCell.height - 2};
   std::string text = FormTable(kFormSize);
   for (int i = 0; i < count; ++i) {
-    const PixelPoint corner{i % kColumns * kCell.width, i / kColumns * kCell.height};
+    const PixelPoint corner{i % kColumns * kCell.width, i / kColumns % kRows * kCell.height};
     text += ControlTable(i, mix == Mix::kWithTextBoxes ? 3 : 2, corner, kSize);
   }
   return text;

@@ -66,11 +66,11 @@ class HundredButtons {
 };
 
 // The form of FormTextOf.
-inline constexpr PixelSize kFormSize{800, 600};
+inline constexpr PixelSize kFormSize{1250, 920};
 enum class Mix { kLabelsAndButtons, kWithTextBoxes };
-// The text of a form file with `count` controls of 28 by 13 pixels in rows of 25, a few pixels apart: labels
-// and buttons in turn, or labels, buttons and text boxes, each of which has two edit boxes and a scroll bar
-// inside.
+// The text of a form file with `count` controls of 48 by 21 pixels in rows of 25, two pixels apart: buttons
+// and labels in turn, or buttons, labels and text boxes, each of which has windows of its own inside. Rows
+// beyond the first 40 begin at the top again.
 std::string FormTextOf(int count, Mix mix);
 // The text of a form file with one button.
 std::string OneButtonFormText(PixelSize size);
