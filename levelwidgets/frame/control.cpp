@@ -56,10 +56,10 @@ bool Control::TakeKey(KeyMessage& key) {
     site_->TakeKey(key);
     return true;
   }
-  if (site_->LastUsedKey().Takes(key)) return true;
+  if (used_key_.Takes(key)) return true;
   const KeyMessage pressed = key;
   const bool used = OnKeyPreview(key) || site_->TakeKey(key) || (key.code == 0 && pressed.code != 0);
-  if (used && pressed.kind == KeyMessage::Kind::kDown) site_->LastUsedKey().Use(pressed.code);
+  if (used && pressed.kind == KeyMessage::Kind::kDown) used_key_.Use(pressed.code);
   return used;
 }
 

@@ -105,6 +105,7 @@ class Control : public Object, public SurfaceWindow, public std::enable_shared_f
   std::shared_ptr<ControlSite> site_;
   bool started_ = false;
   bool focused_ = false;
+  UsedKey used_key_;
 };
 
 // Makes a control of class T whose last notification, Terminate, runs before its destruction.

@@ -74,8 +74,6 @@ class ControlSite {
   // Offers a key to the container before the control acts on it. The container may change it; true when it
   // has used it.
   virtual bool TakeKey(KeyMessage& key) = 0;
-  // One for all controls of the outermost container, because a used key may move the focus before it types.
-  virtual UsedKey& LastUsedKey() = 0;
   // Input has come to the control or to a part of it, which has not seen it yet.
   virtual void InputArrived(InputKind) {}
   // The control's own code raised `error` while it handled the message or the tick that `event` names. True

@@ -37,14 +37,12 @@ class RecordingSite : public ControlSite {
   void PropertyChanged(std::string_view) override {}
   void FocusChanged(bool, WindowHandle) override {}
   bool TakeKey(KeyMessage& key) override { return take(key); }
-  UsedKey& LastUsedKey() override { return used_; }
 
   std::function<bool(KeyMessage&)> take;
 
  private:
   Platform& platform_;
   WindowHandle parent_;
-  UsedKey used_;
 };
 
 class ComposedKeysTest : public DesktopTest {
@@ -363,6 +361,14 @@ TEST_F(ComposedOnFormTest, ADisabledControlGivesUpTheFocusOfItsPartsAndHearsNoKe
     EXPECT_EQ(cmp.txtInner.Text(), "");
     cmp.SetEnabled(true);
   }
+}
+
+TEST_F(ComposedOnFormTest, APressBesideThePartsLeavesTheFocusWithThePartThatHasIt) {
+  Composed& cmp = Make();
+  Focus(cmp);
+  cmp.txtInner.SetFocus();
+  Driver().Click(Inside(cmp.GetSurface().hWnd(), {90, 5}));
+  EXPECT_EQ(Windows().GetFocus(), cmp.txtInner.hWnd());
 }
 
 // --- Pointer -----------------------------------------------------------------------------------------

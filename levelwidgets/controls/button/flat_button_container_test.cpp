@@ -22,11 +22,9 @@ class SiteWithoutDefault : public ControlSite {
   void PropertyChanged(std::string_view) override {}
   void FocusChanged(bool, WindowHandle) override {}
   bool TakeKey(KeyMessage&) override { return false; }
-  UsedKey& LastUsedKey() override { return used_key_; }
 
  private:
   Form& form_;
-  UsedKey used_key_;
 };
 
 class FlatButtonContainerTest : public DesktopTest {};

@@ -29,7 +29,6 @@ class ChildSite : public ControlSite {
   void PropertyChanged(std::string_view) override {}
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool TakeKey(KeyMessage& key) override { return owner_ && owner_->TakeKey(key); }
-  UsedKey& LastUsedKey() override { return owner_ ? owner_->Site().LastUsedKey() : used_key_; }
   void InputArrived(InputKind kind) override;
   bool TakeError(std::string_view event, const Error& error) override {
     return container_->TakeError(event, error);
@@ -37,10 +36,9 @@ class ChildSite : public ControlSite {
 
  private:
   Platform& platform_;
-  std::shared_ptr<ControlSite> container_;  // the owner's; hears of errors after the owner has gone, too
+  std::shared_ptr<ControlSite> container_;  // the owner's; takes errors after the owner has gone, too
   PartHost* owner_;
   std::string name_;
-  UsedKey used_key_;  // of a part without an owner
 };
 
 // What ChildControl does whatever the class of the control is.

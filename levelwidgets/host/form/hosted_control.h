@@ -93,7 +93,6 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void PropertyChanged(std::string_view name) override;
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool TakeKey(KeyMessage& key) override;
-  UsedKey& LastUsedKey() override;
   void InputArrived(InputKind kind) override;
   bool TakeError(std::string_view event, const Error& error) override;
 
@@ -103,6 +102,9 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // it meanwhile.
   void Create(const PropertyBag* saved, const Placement& place);
   void CheckPlace(TwipPoint position, TwipSize size) const;
+  // From now on the form has nothing from the control, nor the control from the form.
+  void Disconnect();
+  // Disconnects and gives up the control.
   void Detach();
 
   Platform& platform_;
@@ -120,7 +122,6 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   bool cancel_ = false;
   std::string tag_;
   std::string tool_tip_text_;
-  UsedKey used_key_;  // of a control that its form has given up
 };
 
 // What adding a control raises when a listener removes it, or closes the form, before it has been added.
