@@ -1,4 +1,4 @@
-#include <levelwidgets/frame/class_table.h>
+#include <levelwidgets/frame/boxing.h>
 #include <levelwidgets/frame/error.h>
 
 namespace levelwidgets::table {
@@ -29,12 +29,5 @@ template const Date& Held(const Variant&);
 template const std::string& Held(const Variant&);
 template const FontRef& Held(const Variant&);
 template const ObjectRef& Held(const Variant&);
-
-template struct EventRow<>;
-template struct EventRow<std::int16_t&>;
-template struct EventRow<std::int16_t, std::int16_t>;
-template struct EventRow<std::int16_t&, std::int16_t&>;
-template struct EventRow<std::int16_t, std::int16_t, Twips, Twips>;
-template struct EventRow<std::int16_t&, std::int16_t&, Twips&, Twips&>;
 
 }  // namespace levelwidgets::table
