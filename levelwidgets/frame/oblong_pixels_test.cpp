@@ -96,8 +96,12 @@ TEST_F(OblongPixelsTest, ThePointerArrivesInTwipsOfBothMeasures) {
 }
 
 TEST_F(OblongPixelsTest, AnEditBoxIsPlacedByBothMeasures) {
-  plate_->txtMain.Move({Twips(300), Twips(300)}, {Twips(600), Twips(600)});
-  EXPECT_EQ(PlaceIn(plate_->GetSurface().hWnd(), plate_->txtMain.hWnd()), (PixelRect{20, 15, 60, 45}));
+  TextBox& edit = plate_->txtMain;
+  edit.Move({Twips(300), Twips(300)}, {Twips(600), Twips(600)});
+  edit.SetVisible(true);
+  EXPECT_EQ(PlaceIn(plate_->GetSurface().hWnd(), edit.hWnd()), (PixelRect{20, 15, 60, 45}));
+  edit.Move({Twips(600), Twips(600)}, {Twips(600), Twips(600)});
+  EXPECT_EQ(PlaceIn(plate_->GetSurface().hWnd(), edit.hWnd()), (PixelRect{40, 30, 80, 60}));
 }
 
 }  // namespace

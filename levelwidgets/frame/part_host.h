@@ -16,6 +16,7 @@ struct KeyMessage;
 class WindowPart {
  public:
   virtual ~WindowPart() = default;
+  // Null while it has none.
   virtual WindowHandle hWnd() const = 0;
   // Whether `window` is the part's, or that of a part inside it. Windows that were moved to the desktop
   // count.

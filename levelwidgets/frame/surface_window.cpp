@@ -151,9 +151,9 @@ bool SurfaceWindow::Key(std::uint32_t message, WParam wparam, LResult& result) {
 
 bool SurfaceWindow::PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result) {
   // Both kinds of message name the part's window in the second parameter.
-  const auto window = static_cast<std::uint32_t>(lparam);
-  const auto part =
-      std::ranges::find_if(parts_, [window](WindowPart* p) { return p->hWnd().value == window; });
+  const WindowHandle window{static_cast<std::uint32_t>(lparam)};
+  if (!window) return false;  // a part may have no window yet
+  const auto part = std::ranges::find_if(parts_, [window](WindowPart* p) { return p->hWnd() == window; });
   return part != parts_.end() && (*part)->OnParentMessage(message, wparam, result);
 }
 

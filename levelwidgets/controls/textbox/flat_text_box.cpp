@@ -67,10 +67,9 @@ const ClassInfo& FlatTextBox::Table() {
 
 FlatTextBox::FlatTextBox(std::shared_ptr<ControlSite> site)
     : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
-      scrV_(*this, "scrV", kBarSize) {
+      bar_colors_{kScrollBackColor, kScrollButtonColor, kScrollMouseOverColor, kScrollPushedColor} {
   Relay(txtSingle_);
   Relay(txtMulti_);
-  scrV_->Change += [this] { ScrollToBar(); };
 }
 
 void FlatTextBox::OnInitialize() {
@@ -81,7 +80,6 @@ void FlatTextBox::OnInitialize() {
   // Both, so that neither has a font that nobody has chosen when MultiLine shows it.
   txtSingle_.SetFont(Site().AmbientFont());
   txtMulti_.SetFont(Site().AmbientFont());
-  ShowMode();
 }
 
 // --- Properties --------------------------------------------------------------------------------------
@@ -98,10 +96,20 @@ void FlatTextBox::SetMultiLine(bool multi_line) {
 
 void FlatTextBox::ShowMode() {
   txt_ = multi_line_ ? &txtMulti_ : &txtSingle_;
+  if (multi_line_ && !scrV_ && hWnd()) MakeBar();
   txtSingle_.SetVisible(!multi_line_);
   txtMulti_.SetVisible(multi_line_);
-  scrV_.SetVisible(multi_line_);
+  if (scrV_) scrV_->SetVisible(multi_line_);
   LayOut();
+}
+
+void FlatTextBox::MakeBar() {
+  FlatScroll& bar = *scrV_.emplace(*this, "scrV", kBarSize);
+  bar.SetBackColor(bar_colors_.back);
+  bar.SetButtonColor(bar_colors_.button);
+  bar.SetButtonColorMouseOver(bar_colors_.mouse_over);
+  bar.SetButtonColorPushed(bar_colors_.pushed);
+  bar.Change += [this] { ScrollToBar(); };
 }
 
 void FlatTextBox::SetBackColor(Color color) {
@@ -140,19 +148,27 @@ void FlatTextBox::SetText(std::string_view text) {
 }
 
 void FlatTextBox::SetScrollBackColor(Color color) {
-  Assign("ScrollBackColor", Then::kNotify, [&] { scrV_->SetBackColor(color); });
+  AssignBarColor("ScrollBackColor", &BarColors::back, &FlatScroll::SetBackColor, color);
 }
 
 void FlatTextBox::SetScrollButtonColor(Color color) {
-  Assign("ScrollButtonColor", Then::kNotify, [&] { scrV_->SetButtonColor(color); });
+  AssignBarColor("ScrollButtonColor", &BarColors::button, &FlatScroll::SetButtonColor, color);
 }
 
 void FlatTextBox::SetScrollMouseOverColor(Color color) {
-  Assign("ScrollMouseOverColor", Then::kNotify, [&] { scrV_->SetButtonColorMouseOver(color); });
+  AssignBarColor("ScrollMouseOverColor", &BarColors::mouse_over, &FlatScroll::SetButtonColorMouseOver, color);
 }
 
 void FlatTextBox::SetScrollPushedColor(Color color) {
-  Assign("ScrollPushedColor", Then::kNotify, [&] { scrV_->SetButtonColorPushed(color); });
+  AssignBarColor("ScrollPushedColor", &BarColors::pushed, &FlatScroll::SetButtonColorPushed, color);
+}
+
+void FlatTextBox::AssignBarColor(std::string_view name, Color BarColors::*kept,
+                                 void (FlatScroll::*set)(Color), Color color) {
+  Assign(name, Then::kNotify, [&] {
+    bar_colors_.*kept = color;
+    if (scrV_) ((**scrV_).*set)(color);
+  });
 }
 
 Variant FlatTextBox::Refresh() {
@@ -173,8 +189,8 @@ void FlatTextBox::OnEditChange() {
 void FlatTextBox::LayOut() {
   const Twips width = GetSurface().ScaleWidth();
   const Twips height = GetSurface().ScaleHeight();
-  const Twips bar = scrV_.Size().width;
-  scrV_.Move({width - bar, Twips()}, {bar, height});
+  const Twips bar = kBarSize.width;
+  if (scrV_) scrV_->Move({width - bar, Twips()}, {bar, height});
   if (multi_line_) {
     txtMulti_.Move({}, {width - bar, height});
   } else {

@@ -14,7 +14,8 @@ namespace levelwidgets {
 
 // Holds a single-line and a multi-line edit box, and MultiLine chooses which of them is shown; the text
 // and the events are those of the shown one. In multi-line mode a bar at the right edge mirrors where the
-// text is scrolled to. An edit box notifies nobody when it scrolls, yet it asks its parent for colours
+// text is scrolled to. Most text boxes are of one line for ever: what the other mode needs is made when that
+// is first chosen. An edit box notifies nobody when it scrolls, yet it asks its parent for colours
 // whenever it paints: a replaced window procedure of the control sees these requests and brings the bar in
 // step each time.
 class FlatTextBox : public EditControl {
@@ -49,13 +50,13 @@ class FlatTextBox : public EditControl {
   std::string Text() const { return txt_->Text(); }
   void SetText(std::string_view text);
   // The bar's track, buttons, and buttons under the pointer and pushed.
-  Color ScrollBackColor() const { return scrV_->BackColor(); }
+  Color ScrollBackColor() const { return bar_colors_.back; }
   void SetScrollBackColor(Color color);
-  Color ScrollButtonColor() const { return scrV_->ButtonColor(); }
+  Color ScrollButtonColor() const { return bar_colors_.button; }
   void SetScrollButtonColor(Color color);
-  Color ScrollMouseOverColor() const { return scrV_->ButtonColorMouseOver(); }
+  Color ScrollMouseOverColor() const { return bar_colors_.mouse_over; }
   void SetScrollMouseOverColor(Color color);
-  Color ScrollPushedColor() const { return scrV_->ButtonColorPushed(); }
+  Color ScrollPushedColor() const { return bar_colors_.pushed; }
   void SetScrollPushedColor(Color color);
   WindowHandle hWnd() const { return GetSurface().hWnd(); }
 
@@ -68,13 +69,16 @@ class FlatTextBox : public EditControl {
 
   const ClassInfo& Class() const override { return Table(); }
   void OnInitialize() override;
+  void OnInitProperties() override { ShowMode(); }
   void OnResize() override;
   void OnPaint() override { GetSurface().Cls(); }
   void OnTerminate() override { subclass_.reset(); }
 
   // The parts, for tests and for whoever composes this control further.
   TextBox& ActiveEdit() const override { return *txt_; }
-  const ChildControl<FlatScroll>& Bar() const { return scrV_; }
+  // Whether the box has ever had many lines, and so has a bar.
+  bool HasBar() const { return scrV_.has_value(); }
+  const ChildControl<FlatScroll>& Bar() const { return scrV_.value(); }
 
  protected:
   void OnEditChange() override;
@@ -98,12 +102,26 @@ class FlatTextBox : public EditControl {
   void ScrollToBar();
 
   void ShowMode();
+  void MakeBar();
   void LayOut();
+
+  // --- State --------------------------------------------------------------------------------------
+
+  struct BarColors {
+    Color back;
+    Color button;
+    Color mouse_over;
+    Color pushed;
+  };
+  // Keeps one of the colours of the bar, and gives it to the bar when there is one.
+  void AssignBarColor(std::string_view name, Color BarColors::*kept, void (FlatScroll::*set)(Color),
+                      Color color);
 
   TextBox txtSingle_{*this, false};
   TextBox txtMulti_{*this, true};
   TextBox* txt_ = &txtSingle_;
-  ChildControl<FlatScroll> scrV_;
+  std::optional<ChildControl<FlatScroll>> scrV_;
+  BarColors bar_colors_;
   bool multi_line_ = false;
   std::optional<Subclass> subclass_;
 };

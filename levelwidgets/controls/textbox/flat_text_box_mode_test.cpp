@@ -147,7 +147,7 @@ TEST_F(FlatTextBoxOrderTest, AChangeOfTheModeIsNotifiedBeforeTheOtherEditIsShown
   auto& box = AddNew<FlatTextBox>("txtDesigned", kAt, kSize);
   std::vector<bool> bar_when_notified;
   TheForm().PropertyChanged.Add(
-      [&](std::string_view, std::string_view) { bar_when_notified.push_back(box.Bar().Visible()); });
+      [&](std::string_view, std::string_view) { bar_when_notified.push_back(box.HasBar()); });
   box.SetMultiLine(true);
   EXPECT_THAT(bar_when_notified, ElementsAre(false));
   EXPECT_TRUE(box.Bar().Visible());

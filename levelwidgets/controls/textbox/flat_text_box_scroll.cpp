@@ -55,10 +55,10 @@ FlatTextBox::View FlatTextBox::ViewOfEdit() const {
 }
 
 void FlatTextBox::SynchroniseBar() {
-  if (!txt_->hWnd() || !scrV_->hWnd()) return;
+  if (!scrV_ || !txt_->hWnd() || !scrV_->hWnd()) return;
   const View view = ViewOfEdit();
   const bool scrollable = view.line_count > view.visible_lines;
-  FlatScroll& bar = *scrV_;
+  FlatScroll& bar = **scrV_;
   if (bar.Min() != 1) bar.SetMin(1);
   if (bar.LargeChange() != view.visible_lines - 1) bar.SetLargeChange(view.visible_lines - 1);
   if (scrollable) {
@@ -70,7 +70,7 @@ void FlatTextBox::SynchroniseBar() {
     if (bar.Value() != 1) bar.SetValue(1);
     if (bar.Max() != 1) bar.SetMax(1);
   }
-  if (scrV_.TabStop() != scrollable) scrV_.SetTabStop(scrollable);
+  if (scrV_->TabStop() != scrollable) scrV_->SetTabStop(scrollable);
   const Color arrows = scrollable ? kScrollable : kNotScrollable;
   if (bar.ForeColor() != arrows) bar.SetForeColor(arrows);
 }
@@ -79,7 +79,7 @@ void FlatTextBox::SynchroniseBar() {
 
 void FlatTextBox::ScrollToBar() {
   const auto top = static_cast<std::int32_t>(txt_->Send(kEmGetFirstVisibleLine)) + 1;
-  const std::int32_t value = scrV_->Value();
+  const std::int32_t value = (*scrV_)->Value();
   if (top == value - 1) {
     txt_->Send(kEmScroll, kSbLineDown);
   } else if (top == value + 1) {

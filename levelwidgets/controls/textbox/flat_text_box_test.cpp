@@ -121,10 +121,6 @@ TEST_F(FlatTextBoxTest, EverySetNotifies) {
   for (const PropertyInfo* property : FlatTextBox::Table().Persisted()) {
     EXPECT_EQ(property->get(loaded), property->get(box)) << property->name;
   }
-  EXPECT_EQ(loaded.Bar()->BackColor(), Color(3));
-  EXPECT_EQ(loaded.Bar()->ButtonColor(), Color(4));
-  EXPECT_EQ(loaded.Bar()->ButtonColorMouseOver(), Color(5));
-  EXPECT_EQ(loaded.Bar()->ButtonColorPushed(), Color(6));
 }
 
 TEST_F(FlatTextBoxTest, MultiLineIsReadOnlyAtRunTime) {
@@ -134,7 +130,7 @@ TEST_F(FlatTextBoxTest, MultiLineIsReadOnlyAtRunTime) {
   EXPECT_EQ(error.Source(), "LevelWidgets.FlatTextBox");
   EXPECT_EQ(error.Description(), "Can't assign to read-only property.");
   EXPECT_FALSE(box.MultiLine());
-  EXPECT_FALSE(box.Bar().Visible());
+  EXPECT_FALSE(box.HasBar());
 }
 
 TEST_F(FlatTextBoxTest, MultiLineSwitchesTheEditBoxesAndTheBarAtDesignTime) {

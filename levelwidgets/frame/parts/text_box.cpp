@@ -32,7 +32,6 @@ WParam PasswordCode(std::string_view character, ConversionApi& conversions) {
 TextBox::TextBox(PartHost& owner, bool multi_line)
     : owner_(owner), multi_line_(multi_line), font_(MakeFont()) {
   owner_.AddPart(*this);
-  CreateWindow();
 }
 
 TextBox::~TextBox() {
@@ -46,6 +45,7 @@ void TextBox::CreateWindow() {
   request.class_name = "EDIT";
   request.style = StyleOf(multi_line_, alignment_);
   request.parent = owner_.GetSurface().hWnd();
+  request.rect = PlaceInPixels();
   window_ = Windows().CreateWindowExA(request);
   if (!window_) return;
   subclass_.emplace(Windows(), window_, [this](std::uint32_t message, WParam wparam, LParam lparam) {
@@ -53,6 +53,7 @@ void TextBox::CreateWindow() {
     return Reporting(*site, EventOf(message), [&] { return OnMessage(message, wparam, lparam); });
   });
   Send(kEmSetLimitText, static_cast<WParam>(max_length_));
+  if (!multi_line_ && password_code_ != 0) Send(kEmSetPasswordChar, password_code_);
   font_->Forget(font_token_);
   font_token_ = font_->Observe([this] { ApplyFont(); });
   ApplyFont();
@@ -70,9 +71,11 @@ LResult TextBox::Send(std::uint32_t message, WParam wparam, LParam lparam) const
 
 // --- Properties --------------------------------------------------------------------------------------
 
-std::string TextBox::Text() const { return Windows().GetWindowTextA(window_); }
+std::string TextBox::Text() const { return window_ ? Windows().GetWindowTextA(window_) : std::string(); }
 
 void TextBox::SetText(std::string_view text) {
+  if (!window_ && text.empty()) return;
+  NeedWindow();
   const std::string before = Text();
   setting_text_ = true;
   Windows().SetWindowTextA(window_, text);
@@ -108,6 +111,10 @@ void TextBox::ApplyFont() {
 // The alignment of an edit box is fixed when it is created.
 void TextBox::SetAlignment(ksxAlignmentConstants alignment) {
   if (alignment == alignment_) return;
+  if (!window_) {
+    alignment_ = alignment;
+    return;
+  }
   const std::string text = Text();
   const std::int32_t start = SelStart();
   const std::int32_t length = SelLength();
@@ -118,8 +125,6 @@ void TextBox::SetAlignment(ksxAlignmentConstants alignment) {
   setting_text_ = true;
   Windows().SetWindowTextA(window_, text);
   setting_text_ = false;
-  SetPasswordChar(password_char_);
-  Move(position_, size_);
   SetVisible(visible_);
   Select(start, length);
   if (focused) SetFocus();
@@ -132,14 +137,15 @@ void TextBox::SetMaxLength(std::int32_t length) {
 }
 
 void TextBox::SetPasswordChar(std::string_view character) {
-  const WParam code = PasswordCode(character, owner_.GetSurface().GetPlatform().Conversions());
+  password_code_ = PasswordCode(character, owner_.GetSurface().GetPlatform().Conversions());
   password_char_ = character;
-  if (!multi_line_) Send(kEmSetPasswordChar, code);
+  if (!multi_line_) Send(kEmSetPasswordChar, password_code_);
   Refresh();
 }
 
 void TextBox::SetVisible(bool visible) {
   visible_ = visible;
+  if (visible) NeedWindow();
   if (window_) Windows().ShowWindow(window_, visible ? kSwShowNoActivate : kSwHide);
 }
 
@@ -166,13 +172,16 @@ void TextBox::Select(std::int32_t start, std::int32_t length) {
 void TextBox::Move(TwipPoint position, TwipSize size) {
   position_ = position;
   size_ = size;
-  if (!window_) return;
+  if (window_) Windows().SetWindowPos(window_, {}, PlaceInPixels(), kSwpNoZOrder | kSwpNoActivate);
+}
+
+PixelRect TextBox::PlaceInPixels() const {
   ScreenApi& screen = owner_.GetSurface().GetPlatform().Screen();
-  const int left = ToPixels(position.x, screen.TwipsPerPixelX());
-  const int top = ToPixels(position.y, screen.TwipsPerPixelY());
-  const int width = std::max(0, ToPixels(size.width, screen.TwipsPerPixelX()));
-  const int height = std::max(0, ToPixels(size.height, screen.TwipsPerPixelY()));
-  Windows().SetWindowPos(window_, {}, {left, top, left + width, top + height}, kSwpNoZOrder | kSwpNoActivate);
+  const int left = ToPixels(position_.x, screen.TwipsPerPixelX());
+  const int top = ToPixels(position_.y, screen.TwipsPerPixelY());
+  const int width = std::max(0, ToPixels(size_.width, screen.TwipsPerPixelX()));
+  const int height = std::max(0, ToPixels(size_.height, screen.TwipsPerPixelY()));
+  return {left, top, left + width, top + height};
 }
 
 void TextBox::Refresh() {

@@ -15,7 +15,8 @@
 namespace levelwidgets {
 
 // The system's edit box inside the owner's window, hidden and of no size until it is placed and shown. Its
-// focus is the owner's, its keys are offered to the owner and its container first. Events carry the owner's
+// window is made when it is first shown or given a text; until then its properties are only kept. Its focus
+// is the owner's, its keys are offered to the owner and its container first. Events carry the owner's
 // argument types; the pointer's position is relative to the edit box.
 //
 // Events of keys come before the edit box acts on them, so a changed KeyAscii is what it types and 0 nothing;
@@ -29,6 +30,7 @@ class TextBox : public WindowPart, public EditEvents {
 
   // --- Properties -------------------------------------------------------------------------------
 
+  // None before it is made, and once the owner's window is destroyed.
   WindowHandle hWnd() const override { return window_; }
   // UTF-8; lines end with "\r\n".
   std::string Text() const;
@@ -69,8 +71,13 @@ class TextBox : public WindowPart, public EditEvents {
  private:
   bool OnParentMessage(std::uint32_t message, WParam wparam, LResult& result) override;
 
+  // With all the properties, hidden and without text.
   void CreateWindow();
+  void NeedWindow() {
+    if (!window_) CreateWindow();
+  }
   void DestroyWindow();
+  PixelRect PlaceInPixels() const;
   LResult OnMessage(std::uint32_t message, WParam wparam, LParam lparam);
   LResult Pass(std::uint32_t message, WParam wparam, LParam lparam);
   LResult PointerMessage(PointerAction action, std::uint32_t message, WParam wparam, LParam lparam);
@@ -90,6 +97,7 @@ class TextBox : public WindowPart, public EditEvents {
   ksxAlignmentConstants alignment_ = ksxLeft;
   std::int32_t max_length_ = 0;
   std::string password_char_;
+  WParam password_code_ = 0;
   bool visible_ = false;
   TwipPoint position_;
   TwipSize size_;

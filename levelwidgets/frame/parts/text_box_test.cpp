@@ -198,7 +198,8 @@ TEST_F(TextBoxPartTest, TheSameAlignmentKeepsTheWindowAndAnotherOneIsItsStyle) {
 }
 
 TEST_F(TextBoxPartTest, AMultiLineBoxTakesEnterAndScrollsDownOnly) {
-  const TextBox lines(TheField(), true);
+  TextBox lines(TheField(), true);
+  lines.SetVisible(true);
   const auto style = Windows().GetWindowLongA(lines.hWnd(), kGwlStyle);
   EXPECT_EQ(style & (kEsMultiLine | kEsAutoVScroll | kEsWantReturn | kEsAutoHScroll),
             kEsMultiLine | kEsAutoVScroll | kEsWantReturn);
@@ -206,10 +207,78 @@ TEST_F(TextBoxPartTest, AMultiLineBoxTakesEnterAndScrollsDownOnly) {
 
 TEST_F(TextBoxPartTest, AMultiLineBoxKeepsAPasswordCharacterAndShowsItsText) {
   TextBox lines(TheField(), true);
-  for (const TracedCall& call : CallsNamed({"SendMessageA"}, [&] { lines.SetPasswordChar("*"); })) {
-    EXPECT_NE(call.arguments[1], TraceArgument(std::int64_t{kEmSetPasswordChar}));
-  }
-  EXPECT_EQ(lines.PasswordChar(), "*");
+  const auto password_messages = [&](auto action) {
+    const auto calls = CallsNamed({"SendMessageA"}, action);
+    return std::ranges::count_if(calls, [](const TracedCall& call) {
+      return call.arguments[1] == TraceArgument(std::int64_t{kEmSetPasswordChar});
+    });
+  };
+  lines.SetPasswordChar("*");
+  EXPECT_EQ(password_messages([&] { lines.SetVisible(true); }), 0);
+  EXPECT_EQ(password_messages([&] { lines.SetPasswordChar("+"); }), 0);
+  EXPECT_EQ(lines.PasswordChar(), "+");
+}
+
+// --- The window that is made when it is needed -------------------------------------------------------
+
+TEST_F(TextBoxPartTest, ABoxGetsItsWindowWhenItIsFirstShown) {
+  TextBox box(TheField(), false);
+  box.SetVisible(false);
+  box.SetText("");
+  box.Refresh();
+  box.SetFocus();
+  box.Select(0, 1);
+  EXPECT_EQ(box.Text(), "");
+  EXPECT_EQ(box.SelStart(), 0);
+  EXPECT_FALSE(box.hWnd());
+  box.SetVisible(true);
+  const WindowHandle window = box.hWnd();
+  EXPECT_TRUE(Windows().IsWindowVisible(window));
+  box.SetVisible(false);
+  box.SetVisible(true);
+  EXPECT_EQ(box.hWnd(), window);
+}
+
+TEST_F(TextBoxPartTest, AHiddenBoxKeepsAText) {
+  TextBox box(TheField(), false);
+  std::vector<std::string> changes;
+  box.Change += [&] { changes.push_back(box.Text()); };
+  box.SetText("kept");
+  EXPECT_FALSE(Windows().IsWindowVisible(box.hWnd()));
+  box.SetVisible(true);
+  EXPECT_EQ(box.Text(), "kept");
+  EXPECT_THAT(changes, ElementsAre("kept"));
+}
+
+TEST_F(TextBoxPartTest, WhatABoxWasGivenBeforeItsWindowWasMadeHoldsOnceItIs) {
+  TextBox box(TheField(), false);
+  const FontRef font = MakeFont({.size = 20});
+  box.SetAlignment(ksxRight);
+  box.SetMaxLength(7);
+  box.SetPasswordChar("*");
+  box.SetFont(font);
+  box.Move({Twips(150), Twips(30)}, {Twips(300), Twips(150)});
+  box.SetVisible(true);
+  EXPECT_EQ(Windows().GetWindowLongA(box.hWnd(), kGwlStyle) & (kEsCenter | kEsRight), kEsRight);
+  EXPECT_EQ(box.Send(kEmGetLimitText), 7);
+  EXPECT_EQ(box.Send(kEmGetPasswordChar), '*');
+  EXPECT_NE(box.Send(kWmGetFont), 0);
+  EXPECT_EQ(CallsNamed({"CreateFontA"}, [&] { font->SetUnderline(true); }).size(), 1u);
+  PixelRect client;
+  Windows().GetClientRect(box.hWnd(), client);
+  EXPECT_EQ(client, (PixelRect{0, 0, 20, 10}));
+  PixelPoint corner;
+  Windows().ClientToScreen(box.hWnd(), corner);
+  EXPECT_EQ(corner, ScreenPoint(TheField(), PixelPoint{10, 2}));
+}
+
+TEST_F(TextBoxPartTest, ACommandOfNoWindowIsNoneOfABoxWithoutAWindow) {
+  Field& field = TheField();
+  TextBox box(field, false);
+  int changes = 0;
+  box.Change += [&] { ++changes; };
+  Windows().SendMessageA(field.GetSurface().hWnd(), kWmCommand, WParam{kEnChange} << 16, 0);
+  EXPECT_EQ(changes, 0);
 }
 
 TEST_F(TextBoxPartTest, ItsTextIsDrawnInItsColoursOnItsBackground) {
