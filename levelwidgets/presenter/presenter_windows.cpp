@@ -51,7 +51,7 @@ void Presenter::Sync() {
     return true;
   });
   // From behind to the front, so that new ones end up in their order.
-  const std::vector<memory::Window*> windows = desktop_.Windows().Tree().Desktop().children;
+  const std::list<memory::Window*> windows = desktop_.Windows().Tree().Desktop().children;
   for (memory::Window* window : std::views::reverse(windows)) {
     if (window->Shown() && window->store) SyncWindow(*window, vanished);
   }

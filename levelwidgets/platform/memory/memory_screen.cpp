@@ -35,7 +35,7 @@ void ComposeMonitor(WindowTree& tree, ColorRef background, const PixelRect& area
   const PixelRect on_monitor = Intersect(area, monitor);
   if (on_monitor.empty()) return;
   FillBackground(picture, on_monitor.Offset(-origin.x, -origin.y), background);
-  const std::vector<Window*>& front_to_back = tree.Desktop().children;
+  const auto& front_to_back = tree.Desktop().children;
   for (auto at = front_to_back.rbegin(); at != front_to_back.rend(); ++at) {
     const Window* window = *at;
     if (!window->store) continue;

@@ -105,7 +105,7 @@ void MemoryWindows::PutAt(Window& window, WindowHandle insert_after) {
 void MemoryWindows::Raise(Window& window) {
   tree_.PutInFront(window);
   if (!tree_.IsTopLevel(window)) return;
-  const std::vector<Window*>& front_to_back = tree_.Desktop().children;
+  const auto& front_to_back = tree_.Desktop().children;
   const std::vector<Window*> back_to_front(front_to_back.rbegin(), front_to_back.rend());
   for (Window* other : back_to_front) {
     if (other->owner == &window) Raise(*other);

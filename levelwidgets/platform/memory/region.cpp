@@ -43,7 +43,11 @@ class Sieve {
     for (; next_ < holes_.size() && holes_[next_].top <= top; ++next_) {
       const PixelRect& hole = holes_[next_];
       if (hole.bottom <= top || !Overlap(hole, rect_)) continue;
-      open_.insert(std::ranges::upper_bound(open_, hole.left, {}, &PixelRect::left), hole);
+      const auto place = std::ranges::upper_bound(open_, hole.left, {}, &PixelRect::left);
+      // Of many in one place one is enough.
+      const bool inside = place != open_.begin() && std::prev(place)->right >= hole.right &&
+                          std::prev(place)->bottom >= hole.bottom;
+      if (!inside) open_.insert(place, hole);
     }
   }
 

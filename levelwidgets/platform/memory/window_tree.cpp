@@ -38,7 +38,8 @@ Window& WindowTree::Create(Window& parent) {
   auto window = std::make_unique<Window>(*this);
   window->handle = {slots_[slot].generation << kSlotBits | slot};
   window->parent = &parent;
-  Insert(*window, &parent == &desktop_ ? FirstOfBand(*window) : parent.children.size());
+  Siblings linked{window.get()};
+  Insert(linked, parent.children, &parent == &desktop_ ? FirstOfBand(*window) : parent.children.end());
   free_slots_.pop_back();
   ++count_;
   slots_[slot].window = std::move(window);
@@ -95,52 +96,55 @@ bool WindowTree::IsEnabled(const Window& window) {
 
 void WindowTree::Reparent(Window& window, Window& parent) {
   Window& old_root = Root(window);
-  Unlink(window);
+  Siblings unlinked = Unlink(window);
   if (&old_root != &window) Changed(old_root);
   window.parent = &parent;
   window.owner = nullptr;
   window.store.reset();
-  Insert(window, FirstOfBand(window));
+  Insert(unlinked, parent.children, FirstOfBand(window));
   Changed(window);
 }
 
-void WindowTree::Unlink(Window& window) { std::erase(window.parent->children, &window); }
-
-void WindowTree::Insert(Window& window, std::size_t position) {
-  auto& siblings = window.parent->children;
-  siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(position), &window);
+WindowTree::Siblings WindowTree::Unlink(Window& window) {
+  Siblings unlinked;
+  unlinked.splice(unlinked.begin(), window.parent->children, window.place);
+  return unlinked;
 }
 
-std::size_t WindowTree::TopMostCount() const {
-  const auto& windows = desktop_.children;
-  const auto last =
-      std::find_if(windows.begin(), windows.end(), [](const Window* w) { return !w->TopMost(); });
-  return static_cast<std::size_t>(last - windows.begin());
+void WindowTree::Insert(Siblings& window, Siblings& siblings, Siblings::iterator position) {
+  window.front()->place = window.begin();
+  siblings.splice(position, window);
 }
 
-std::size_t WindowTree::FirstOfBand(const Window& window) const {
-  return IsTopLevel(window) && !window.TopMost() ? TopMostCount() : 0;
+WindowTree::Siblings::iterator WindowTree::EndOfTopMost() {
+  return std::ranges::find_if(desktop_.children, [](const Window* w) { return !w->TopMost(); });
 }
 
-std::size_t WindowTree::EndOfBand(const Window& window) const {
-  return IsTopLevel(window) && window.TopMost() ? TopMostCount() : window.parent->children.size();
+WindowTree::Siblings::iterator WindowTree::FirstOfBand(const Window& window) {
+  return IsTopLevel(window) && !window.TopMost() ? EndOfTopMost() : window.parent->children.begin();
+}
+
+WindowTree::Siblings::iterator WindowTree::EndOfBand(const Window& window) {
+  return IsTopLevel(window) && window.TopMost() ? EndOfTopMost() : window.parent->children.end();
 }
 
 void WindowTree::PutInFront(Window& window) {
-  Unlink(window);
-  Insert(window, FirstOfBand(window));
+  Siblings unlinked = Unlink(window);
+  Insert(unlinked, window.parent->children, FirstOfBand(window));
 }
 
 void WindowTree::PutBehind(Window& window) {
-  Unlink(window);
-  Insert(window, EndOfBand(window));
+  Siblings unlinked = Unlink(window);
+  Insert(unlinked, window.parent->children, EndOfBand(window));
 }
 
 void WindowTree::PutAfter(Window& window, Window& sibling) {
-  Unlink(window);
-  const auto& siblings = window.parent->children;
-  const auto at = std::find(siblings.begin(), siblings.end(), &sibling) - siblings.begin();
-  Insert(window, std::clamp(static_cast<std::size_t>(at) + 1, FirstOfBand(window), EndOfBand(window)));
+  Siblings unlinked = Unlink(window);
+  Siblings::iterator position = std::next(sibling.place);
+  if (IsTopLevel(window) && window.TopMost() != sibling.TopMost()) {
+    position = window.TopMost() ? EndOfBand(window) : FirstOfBand(window);
+  }
+  Insert(unlinked, window.parent->children, position);
 }
 
 // --- Geometry --------------------------------------------------------------------------------

@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include <levelwidgets/platform/memory/region.h>
+#include <levelwidgets/platform/memory/sibling_grid.h>
 #include <levelwidgets/platform/memory/target.h>
 #include <levelwidgets/platform/window.h>
 
@@ -44,9 +46,11 @@ struct Window final : TargetSource {
 
   WindowTree* tree;
   WindowHandle handle;
-  Window* parent = nullptr;       // the desktop for a top-level window
-  Window* owner = nullptr;        // only of a top-level window
-  std::vector<Window*> children;  // front to back
+  Window* parent = nullptr;  // the desktop for a top-level window
+  Window* owner = nullptr;   // only of a top-level window
+  // Front to back. A list, because a form may have very many, each of which is put in front of the others.
+  std::list<Window*> children;
+  std::list<Window*>::iterator place;  // in the parent's children
 
   PixelRect rect;  // outer rectangle in the parent's client pixels
   FrameWidths frame;
@@ -78,6 +82,10 @@ struct Window final : TargetSource {
   std::uint64_t seen_at = 0;
   DrawingTarget target;
   std::uint64_t target_at = 0;
+
+  // Of a window with children: how they lie over each other, as far as it has been asked.
+  ChildrenSeen children_seen;
+  std::uint32_t number_among_siblings = 0;  // in the grid of the parent's children
 
   // Of a top-level window: its pixels, while it is shown, and the time of its tree's last change.
   std::unique_ptr<PixelStore> store;
@@ -147,6 +155,8 @@ class WindowTree {
   // lets them clip.
   Region VisibleOuter(Window& window);
   const DrawingTarget& Target(Window& window);
+  // How many siblings have been looked at so far to answer all this; for tests of the cost.
+  std::uint64_t SiblingsLookedAt() const { return siblings_looked_at_; }
 
  private:
   struct Slot {
@@ -154,11 +164,14 @@ class WindowTree {
     std::uint32_t generation = 1;
   };
 
-  void Unlink(Window& window);
-  void Insert(Window& window, std::size_t position);
-  std::size_t TopMostCount() const;
-  std::size_t FirstOfBand(const Window& window) const;
-  std::size_t EndOfBand(const Window& window) const;
+  using Siblings = std::list<Window*>;
+  // Out of its parent's children into a list of its own, with which it can be put back.
+  static Siblings Unlink(Window& window);
+  static void Insert(Siblings& window, Siblings& siblings, Siblings::iterator position);
+  // Among the children of the window's parent, which need not hold the window.
+  Siblings::iterator EndOfTopMost();
+  Siblings::iterator FirstOfBand(const Window& window);
+  Siblings::iterator EndOfBand(const Window& window);
   void FitStore(Window& root);
   bool VisibleIsKnown(Window& window);
   void RefreshVisible(Window& window);
@@ -166,6 +179,10 @@ class WindowTree {
   Region ComputeVisible(Window& window, const PixelRect& part);
   Region Uncovered(Window& window, const PixelRect& part, bool by_style);
   void SubtractSiblingsAbove(Window& window, Region& region);
+  // Puts those of the siblings in front of `window` that touch `bounds`, in the parent's client pixels, into
+  // holes_. False when one of them covers all of it.
+  bool FindHoles(Window& window, const PixelRect& bounds);
+  bool FindHolesOneByOne(Window& window, const PixelRect& bounds);
   void SubtractChildren(Window& window, Region& region);
 
   Window desktop_;
@@ -173,6 +190,7 @@ class WindowTree {
   std::vector<std::uint32_t> free_slots_;
   std::size_t count_ = 0;
   std::uint64_t changes_ = 0;
+  std::uint64_t siblings_looked_at_ = 0;
   std::vector<PixelRect> holes_;  // kept for its memory
 };
 

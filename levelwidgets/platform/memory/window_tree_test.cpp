@@ -138,21 +138,21 @@ TEST_F(WindowTreeTest, TopMostWindowsStayInFront) {
   tree.PutInFront(top_most);
   Window& other = tree.Create(tree.Desktop());
   tree.PutInFront(other);
-  EXPECT_EQ(tree.Desktop().children, (std::vector<Window*>{&top_most, &other, &top}));
+  EXPECT_EQ(tree.Desktop().children, (std::list<Window*>{&top_most, &other, &top}));
   tree.PutBehind(top_most);
   EXPECT_EQ(tree.Desktop().children.front(), &top_most);
   tree.PutAfter(top_most, top);
   EXPECT_EQ(tree.Desktop().children.front(), &top_most);
   tree.PutAfter(other, top);
-  EXPECT_EQ(tree.Desktop().children, (std::vector<Window*>{&top_most, &top, &other}));
+  EXPECT_EQ(tree.Desktop().children, (std::list<Window*>{&top_most, &top, &other}));
 }
 
 TEST_F(WindowTreeTest, ChildrenAreMadeBehindTheirSiblings) {
   Window& first = Make(top, {0, 0, 1, 1});
   Window& second = Make(top, {0, 0, 1, 1});
-  EXPECT_EQ(top.children, (std::vector<Window*>{&first, &second}));
+  EXPECT_EQ(top.children, (std::list<Window*>{&first, &second}));
   tree.PutInFront(second);
-  EXPECT_EQ(top.children, (std::vector<Window*>{&second, &first}));
+  EXPECT_EQ(top.children, (std::list<Window*>{&second, &first}));
 }
 
 }  // namespace

@@ -140,13 +140,41 @@ Region WindowTree::Uncovered(Window& window, const PixelRect& part, bool by_styl
 void WindowTree::SubtractSiblingsAbove(Window& window, Region& region) {
   const PixelPoint origin = StoreOrigin(*window.parent);
   const PixelRect bounds = region.Bounds().Offset(-origin.x, -origin.y);
-  holes_.clear();
-  for (const Window* sibling : window.parent->children) {
-    if (sibling == &window) break;
-    if (!sibling->Shown() || Intersect(sibling->rect, bounds).empty()) continue;
-    holes_.push_back(sibling->rect.Offset(origin.x, origin.y));
+  if (!FindHoles(window, bounds)) {
+    region.Clear();
+    return;
   }
+  for (PixelRect& hole : holes_) hole = hole.Offset(origin.x, origin.y);
   region.Subtract(holes_);
+}
+
+// Siblings are looked at one by one until that has cost as much as putting all of them into a grid.
+bool WindowTree::FindHoles(Window& window, const PixelRect& bounds) {
+  Window& parent = *window.parent;
+  ChildrenSeen& seen = parent.children_seen;
+  const std::uint64_t changed_at = Root(parent).changed_at;
+  if (seen.at != changed_at) seen = {.at = changed_at, .looked_at = 0, .grid = nullptr};
+  holes_.clear();
+  if (!seen.grid) {
+    constexpr std::size_t kFew = 64;
+    if (seen.looked_at <= kFew + parent.children.size()) return FindHolesOneByOne(window, bounds);
+    seen.grid = std::make_unique<SiblingGrid>(parent.children, ClientSize(parent));
+    siblings_looked_at_ += parent.children.size();
+  }
+  return seen.grid->FindInFront(window, bounds, holes_, siblings_looked_at_);
+}
+
+bool WindowTree::FindHolesOneByOne(Window& window, const PixelRect& bounds) {
+  Window& parent = *window.parent;
+  for (const Window* sibling : parent.children) {
+    if (sibling == &window) break;
+    ++parent.children_seen.looked_at;
+    ++siblings_looked_at_;
+    if (!sibling->Shown() || Intersect(sibling->rect, bounds).empty()) continue;
+    if (Contains(sibling->rect, bounds)) return false;
+    holes_.push_back(sibling->rect);
+  }
+  return true;
 }
 
 void WindowTree::SubtractChildren(Window& window, Region& region) {
