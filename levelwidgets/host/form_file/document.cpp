@@ -2,9 +2,16 @@
 
 #include <algorithm>
 
+#include <levelwidgets/host/form_file/document_plain.h>
+#include <levelwidgets/host/form_file/document_toml.h>
 #include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets {
+
+std::variant<FormNode, FormSyntaxError> ParseFormNodes(const std::string& text) {
+  if (auto plain = ReadPlainFormNodes(text)) return *std::move(plain);
+  return ParseToml(text);
+}
 
 const FormNode* FormNode::Find(std::string_view name) const {
   const auto found = std::ranges::find(children, name, &FormNode::key);

@@ -1,7 +1,7 @@
 // The only file that sees the TOML library.
 #include <algorithm>
 
-#include <levelwidgets/host/form_file/document.h>
+#include <levelwidgets/host/form_file/document_toml.h>
 #include <levelwidgets/host/form_file/syntax_error.h>
 #include <levelwidgets/host/form_file/values_date.h>
 #include <levelwidgets/platform/text/calendar.h>
@@ -157,7 +157,7 @@ FormSyntaxError SyntaxError(const std::string& text, const toml::parse_error& er
 
 }  // namespace
 
-std::variant<FormNode, FormSyntaxError> ParseFormNodes(const std::string& text) {
+std::variant<FormNode, FormSyntaxError> ParseToml(const std::string& text) {
   // The library follows dotted keys by recursion, without a limit of its own.
   // It also looks for each of them in lists of those before.
   if (const auto refused = FindRefusedKey(text)) {

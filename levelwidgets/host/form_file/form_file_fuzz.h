@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string>
 
+#include <levelwidgets/host/form_file/document_testing.h>
 #include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/platform/driver.h>
 
@@ -31,6 +32,8 @@ class FormFilePromises {
   }
 
   std::string BrokenBy(const std::string& text) {
+    if (const auto plain = ReadPlainFormNodes(text); plain && TreeOf(*plain) != LibrarysTreeOf(text))
+      return "the quick reader reads something else than the library";
     const LoadedForm loaded = LoadFormText(platform_, text, "form");
     if (loaded.HasErrors()) return loaded.form ? "a form in spite of errors" : "";
     if (!loaded.form) return "neither a form nor an error";
