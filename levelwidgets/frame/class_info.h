@@ -27,7 +27,6 @@ enum class MemberFlags : std::uint16_t {
   kNone = 0,
   kDefault = 1 << 0,     // stands for the object itself
   kEnumerator = 1 << 1,  // what for-each asks a collection for
-  kExtent = 1 << 2,      // a length, which cannot be negative
   // Writing it may change how the control will look, without a repaint.
   kShownLater = 1 << 3,
   // It may refuse the value that it has.
@@ -42,6 +41,13 @@ enum class MemberFlags : std::uint16_t {
   kRangeStep = 1 << 9,
   // A size in points: more than 0, and small where it is sensible.
   kPoints = 1 << 10,
+  // The parts of a place, in twips. An extent cannot be negative.
+  kLeft = 1 << 11,
+  kTop = 1 << 12,
+  kWidth = 1 << 13,
+  kHeight = 1 << 14,
+  kExtent = kWidth | kHeight,
+  kPlace = kLeft | kTop | kExtent,
 };
 constexpr MemberFlags operator|(MemberFlags a, MemberFlags b) {
   return static_cast<MemberFlags>(static_cast<unsigned>(a) | static_cast<unsigned>(b));

@@ -30,9 +30,9 @@ const ClassInfo& Form::Table() {
           Row::Property<&Form::Caption, &Form::SetCaption>(2, "Caption", Always(""),
                                                            "Text of the title bar."),
           Row::Property<&Form::Width, &Form::SetWidth>(3, "Width", Always(6000.0f), "Inner width, twips.",
-                                                       {.flags = MemberFlags::kExtent}),
+                                                       {.flags = MemberFlags::kWidth}),
           Row::Property<&Form::Height, &Form::SetHeight>(4, "Height", Always(4500.0f), "Inner height, twips.",
-                                                         {.flags = MemberFlags::kExtent}),
+                                                         {.flags = MemberFlags::kHeight}),
           Row::Property<&Form::GetFont, &Form::SetFont>(5, "Font", Always(Literal::NewFont()),
                                                         "Default font of the controls."),
           Row::Property<&Form::BackColor, &Form::SetBackColor>(6, "BackColor", Always(Color(0x8000000Fu)),
@@ -41,9 +41,11 @@ const ClassInfo& Form::Table() {
                                        "Whether the form is being designed: controls get no input."),
           Row::ReadOnly<&Form::hWnd>(8, "hWnd", "Handle of the form's window."),
           Row::Property<&Form::Left, &Form::SetLeft>(
-              12, "Left", kNoDefault, "Left edge on the screen, twips; in the middle where not given."),
+              12, "Left", kNoDefault, "Left edge on the screen, twips; in the middle where not given.",
+              {.flags = MemberFlags::kLeft}),
           Row::Property<&Form::Top, &Form::SetTop>(
-              13, "Top", kNoDefault, "Top edge on the screen, twips; in the middle where not given.")),
+              13, "Top", kNoDefault, "Top edge on the screen, twips; in the middle where not given.",
+              {.flags = MemberFlags::kTop})),
       table::Persisted("Caption", "Left", "Top", "Width", "Height", "Font", "BackColor"),
       table::Methods(
           Row::Method<&Form::Show>(9, "Show", "", "Shows and activates the form."),
@@ -59,6 +61,14 @@ const ClassInfo& Form::Table() {
           Row::Event<&Form::Unload>(6, "Unload", "Cancel", "The form is about to close.")));
   static constexpr ClassInfo info(data);
   return info;
+}
+
+Twips* LengthOf(Placement& place, MemberFlags flags) {
+  if (Has(flags, MemberFlags::kLeft)) return &place.position.x;
+  if (Has(flags, MemberFlags::kTop)) return &place.position.y;
+  if (Has(flags, MemberFlags::kWidth)) return &place.size->width;
+  if (Has(flags, MemberFlags::kHeight)) return &place.size->height;
+  return nullptr;
 }
 
 bool IsControlName(std::string_view name) {
@@ -92,8 +102,13 @@ Form::~Form() { CloseWindow(); }
 void Form::CloseWindow() {
   tool_tip_.Leave();
   by_name_.clear();
-  for (const auto& control : std::exchange(controls_, {})) control->Detach();
-  if (window_) platform_.Windows().DestroyWindow(std::exchange(window_, {}));
+  const auto controls = std::exchange(controls_, {});
+  for (const auto& control : controls) control->Disconnect();
+  const WindowHandle window = std::exchange(window_, {});
+  // All at once: each control that leaves the screen by itself uncovers what is behind it.
+  if (window) platform_.Windows().ShowWindow(window, kSwHide);
+  for (const auto& control : controls) control->Detach();
+  if (window) platform_.Windows().DestroyWindow(window);
 }
 
 // --- Properties --------------------------------------------------------------------------------------

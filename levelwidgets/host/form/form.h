@@ -33,6 +33,9 @@ struct Placement {
   std::optional<TwipSize> size;  // the class's own when not given
 };
 
+// The length of `place`, which has a size, that the flags of a row name; null for flags that name none.
+Twips* LengthOf(Placement& place, MemberFlags flags);
+
 // Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
 bool IsControlName(std::string_view name);
 
@@ -169,7 +172,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   std::unordered_map<std::string_view, HostedControl*>
       by_name_;                                  // of controls_; the keys are the controls' own
   std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
-  UsedKey used_key_;                             // by the form or one of its controls
+  UsedKey used_key_;                             // by the form, while no control has the focus
   std::ptrdiff_t vacant_place_ = 0;  // in the order of the Tab key: of the control removed with the focus
   ErrorHandler error_handler_;
   ToolTip tool_tip_;

@@ -14,14 +14,16 @@ const ClassInfo& HostedControl::Table() {
       ObjectClass("Placement", "What the container adds to a control."),
       table::Properties(
           Row::ReadOnly<&H::Name>(1, "Name", "The control's name on its form, as the file gives it."),
-          Row::Property<&H::Left, &H::SetLeft>(2, "Left", Always(0.0f), "Left edge on the form, twips."),
-          Row::Property<&H::Top, &H::SetTop>(3, "Top", Always(0.0f), "Top edge on the form, twips."),
+          Row::Property<&H::Left, &H::SetLeft>(2, "Left", Always(0.0f), "Left edge on the form, twips.",
+                                               {.flags = MemberFlags::kLeft}),
+          Row::Property<&H::Top, &H::SetTop>(3, "Top", Always(0.0f), "Top edge on the form, twips.",
+                                             {.flags = MemberFlags::kTop}),
           Row::Property<&H::Width, &H::SetWidth>(4, "Width", kNoDefault,
                                                  "Width, twips; the class's own where not given.",
-                                                 {.flags = MemberFlags::kExtent}),
+                                                 {.flags = MemberFlags::kWidth}),
           Row::Property<&H::Height, &H::SetHeight>(5, "Height", kNoDefault,
                                                    "Height, twips; the class's own where not given.",
-                                                   {.flags = MemberFlags::kExtent}),
+                                                   {.flags = MemberFlags::kHeight}),
           Row::Property<&H::Visible, &H::SetVisible>(6, "Visible", Always(true),
                                                      "Whether the control is shown."),
           Row::Property<&H::TabIndex, &H::SetTabIndex>(
@@ -77,13 +79,16 @@ void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
   }
 }
 
-void HostedControl::Detach() {
+void HostedControl::Disconnect() {
   form_ = nullptr;
-  // Hidden and heard of no more at once; destroyed when the last of its own code has returned.
-  const auto control = std::exchange(control_, nullptr);
-  if (!control) return;
-  for (const EventInfo& event : control->Class().Events()) event.EndAll(*control);
-  control->Detached();
+  if (!control_) return;
+  for (const EventInfo& event : control_->Class().Events()) event.EndAll(*control_);
+}
+
+void HostedControl::Detach() {
+  Disconnect();
+  // Hidden at once; destroyed when the last of its own code has returned.
+  if (const auto control = std::exchange(control_, nullptr)) control->Detached();
 }
 
 void HostedControl::SetVisible(bool visible) {
@@ -193,8 +198,6 @@ bool HostedControl::TakeKey(KeyMessage& key) {
   const auto keep = form_->shared_from_this();
   return keep->TakeKey(key);
 }
-
-UsedKey& HostedControl::LastUsedKey() { return form_ ? form_->used_key_ : used_key_; }
 
 void HostedControl::InputArrived(InputKind kind) {
   if (form_) form_->tool_tip_.InputArrived(*this, kind);

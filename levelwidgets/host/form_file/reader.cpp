@@ -31,18 +31,13 @@ bool AreHeaderTables(const FormNode& controls) {
 }
 
 // Whether `key` is a length of the form's window, which is then in `options`.
-bool TakeLength(FormOptions& options, std::string_view key, const Variant& value) {
-  if (key == "Left") {
-    options.left = Twips(ToSingle(value));
-  } else if (key == "Top") {
-    options.top = Twips(ToSingle(value));
-  } else if (key == "Width") {
-    options.size.width = Twips(ToSingle(value));
-  } else if (key == "Height") {
-    options.size.height = Twips(ToSingle(value));
-  } else {
-    return false;
-  }
+bool TakeLength(FormOptions& options, const PropertyInfo& key, const Variant& value) {
+  if (!Has(key.flags, MemberFlags::kPlace)) return false;
+  const Twips length(ToSingle(value));
+  if (Has(key.flags, MemberFlags::kLeft)) options.left = length;
+  if (Has(key.flags, MemberFlags::kTop)) options.top = length;
+  if (Has(key.flags, MemberFlags::kWidth)) options.size.width = length;
+  if (Has(key.flags, MemberFlags::kHeight)) options.size.height = length;
   return true;
 }
 
@@ -141,7 +136,7 @@ void FormReader::ReadForm(const FormNode& table) {
   // Place and size are given at once: what is not placed stands in the middle by its size.
   std::vector<bool> given(values.size());
   for (std::size_t i = 0; i < values.size(); ++i) {
-    if (values[i].second) given[i] = TakeLength(options, FormKeys()[i]->name, *values[i].second);
+    if (values[i].second) given[i] = TakeLength(options, *FormKeys()[i], *values[i].second);
   }
   form_ = Form::Create(platform_, options);
   for (std::size_t i = 0; i < values.size(); ++i) {

@@ -7,15 +7,6 @@ namespace levelwidgets {
 
 namespace {
 
-// The length of `place` that the placement key `name` gives; null for a key that gives none.
-Twips* LengthOf(Placement& place, std::string_view name) {
-  if (name == "Left") return &place.position.x;
-  if (name == "Top") return &place.position.y;
-  if (name == "Width") return &place.size->width;
-  if (name == "Height") return &place.size->height;
-  return nullptr;
-}
-
 // How many values of the stored property, or items of the collection, there are.
 std::int32_t CountOf(const PersistedKey& stored, const Control& control) {
   if (!stored.field) return stored.property->count(control);
@@ -150,7 +141,7 @@ bool FormReader::ReportRefused(const PropertyRefused& refused, const ClassInfo& 
 Placement FormReader::PlaceOf(const ClassInfo& control_class, const Values& placement) {
   Placement place{{}, control_class.DefaultSize()};
   for (std::size_t i = 0; i < placement.size(); ++i) {
-    Twips* const length = LengthOf(place, PlacementKeys()[i]->name);
+    Twips* const length = LengthOf(place, PlacementKeys()[i]->flags);
     const auto& value = placement[i].second;
     if (length && value) *length = Twips(ToSingle(*value));
   }
@@ -158,11 +149,10 @@ Placement FormReader::PlaceOf(const ClassInfo& control_class, const Values& plac
 }
 
 void FormReader::Assign(HostedControl& control, const Values& placement) {
-  Placement place{{}, TwipSize{}};
   for (std::size_t i = 0; i < placement.size(); ++i) {
     const PropertyInfo& key = *PlacementKeys()[i];
     const auto& value = placement[i].second;
-    if (value && !LengthOf(place, key.name)) key.set(control, *value);
+    if (value && !Has(key.flags, MemberFlags::kPlace)) key.set(control, *value);
   }
 }
 

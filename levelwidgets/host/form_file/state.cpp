@@ -28,14 +28,15 @@ std::vector<Variant> ValuesOf(const Object& object, const std::vector<const Prop
 }
 
 // A form that was not placed has no place to keep.
-bool IsUnset(const Form& form, std::string_view key) {
-  return (key == "Left" && !form.LeftIsSet()) || (key == "Top" && !form.TopIsSet());
+bool IsUnset(const Form& form, MemberFlags key) {
+  return (Has(key, MemberFlags::kLeft) && !form.LeftIsSet()) ||
+         (Has(key, MemberFlags::kTop) && !form.TopIsSet());
 }
 
 std::vector<Variant> ValuesOf(const Form& form) {
   std::vector<Variant> values = ValuesOf(form, FormKeys());
   for (std::size_t i = 0; i < values.size(); ++i) {
-    if (IsUnset(form, FormKeys()[i]->name)) values[i] = {};
+    if (IsUnset(form, FormKeys()[i]->flags)) values[i] = {};
   }
   return values;
 }
@@ -74,8 +75,8 @@ FormState StateOf(const Form& form) {
 Variant FormDefault(const PropertyInfo& key) { return key.defaults.when_read.Value(); }
 
 Variant PlacementDefault(const PropertyInfo& key, const ClassInfo& control_class, std::size_t position) {
-  if (key.name == "Width") return control_class.DefaultSize().width;
-  if (key.name == "Height") return control_class.DefaultSize().height;
+  if (Has(key.flags, MemberFlags::kWidth)) return control_class.DefaultSize().width;
+  if (Has(key.flags, MemberFlags::kHeight)) return control_class.DefaultSize().height;
   if (key.name == "TabIndex") return static_cast<std::int32_t>(position);
   return key.defaults.when_read.Value();
 }

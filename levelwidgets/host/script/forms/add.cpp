@@ -64,9 +64,12 @@ HostedControl& Create(lua_State* L, Form& form, const ClassInfo& info, const std
 }
 
 Placement PlaceOf(const ClassInfo& info, const OptionTable& values) {
-  const TwipSize size = info.DefaultSize();
-  return {{values.Length("Left", Twips()), values.Length("Top", Twips())},
-          TwipSize{values.Length("Width", size.width), values.Length("Height", size.height)}};
+  Placement place{{}, info.DefaultSize()};
+  for (const PropertyInfo& property : HostedControl::Table().Properties()) {
+    Twips* const length = LengthOf(place, property.flags);
+    if (length) *length = values.Length(property.name, *length);
+  }
+  return place;
 }
 
 void AssignList(Object& object, const PropertyInfo& property, const std::vector<Variant>& list,
@@ -87,9 +90,9 @@ void Assign(HostedControl& hosted, const OptionTable& values, const TextConversi
     if (!control) return;  // a handler of its notices has removed it
     Object& object = containers ? static_cast<Object&>(hosted) : *control;
     for (const PropertyInfo& property : object.Class().Properties()) {
-      const bool is_place = property.name == "Left" || property.name == "Top" || property.name == "Width" ||
-                            property.name == "Height";
-      const bool is_containers = HostedControl::Table().FindProperty(property.name) != nullptr;
+      const PropertyInfo* const containers_own = HostedControl::Table().FindProperty(property.name);
+      const bool is_containers = containers_own != nullptr;
+      const bool is_place = is_containers && Has(containers_own->flags, MemberFlags::kPlace);
       if (is_place || is_containers != containers || !values.Has(property.name)) continue;
       if (property.Indexed()) {
         AssignList(object, property, values.List(property.name, property.type), texts);
