@@ -1,6 +1,6 @@
 // FlatButton: the pointer, the keyboard and the focus.
 #include <levelwidgets/controls/button/flat_button.h>
-#include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/pointer_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -12,24 +12,20 @@ constexpr Color kNormal{0x00CDD9DD};
 constexpr Color kMouseOver{0x00D9E5E9};
 constexpr Color kPushed{0x00112233};
 
-class FlatButtonInputTest : public DesktopTest {
+class FlatButtonInputTest : public PointerTest<FlatButton> {
  protected:
-  FlatButton& Button() {
-    if (!button_) {
-      AddNew<FlatButton>("cmdFirst", {Twips(0), Twips(3000)});
-      button_ = &AddNew<FlatButton>("cmdSave");
-      button_->SetBackColorPushed(kPushed);
-      TheForm().Find("cmdFirst")->SetFocus();
-      Driver().Settle();
-      Watch(*button_);
-    }
-    return *button_;
-  }
-  void MoveTo(int x, int y) { Driver().MovePointer(ScreenPoint(Button(), PixelPoint{x, y})); }
-  bool HoldsCapture() { return Windows().GetCapture() == Button().hWnd(); }
+  FlatButton& Button() { return Subject(); }
 
  private:
-  FlatButton* button_ = nullptr;
+  FlatButton& Make() override {
+    AddNew<FlatButton>("cmdFirst", {Twips(0), Twips(3000)});
+    auto& button = AddNew<FlatButton>("cmdSave");
+    button.SetBackColorPushed(kPushed);
+    TheForm().Find("cmdFirst")->SetFocus();
+    Driver().Settle();
+    Watch(button);
+    return button;
+  }
 };
 
 // --- Hover -------------------------------------------------------------------------------------------

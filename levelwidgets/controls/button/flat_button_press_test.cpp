@@ -1,6 +1,6 @@
 // FlatButton: presses that end elsewhere, and what disabling it ends.
 #include <levelwidgets/controls/button/flat_button.h>
-#include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/pointer_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -12,24 +12,18 @@ constexpr Color kNormal{0x00CDD9DD};
 constexpr Color kMouseOver{0x00D9E5E9};
 constexpr Color kPushed{0x00112233};
 
-class FlatButtonPressTest : public DesktopTest {
+class FlatButtonPressTest : public PointerTest<FlatButton> {
  protected:
   void SetUp() override {
     DesktopTest::SetUp();
-    one_ = &AddNew<FlatButton>("cmdOne", {Twips(600), Twips(600)});
+    one_ = &Subject();
     other_ = &AddNew<FlatButton>("cmdOther", {Twips(2400), Twips(600)});
     one_->SetBackColorPushed(kPushed);
     one_->Click += [this] { clicked_.emplace_back("one"); };
     other_->Click += [this] { clicked_.emplace_back("other"); };
     Driver().Settle();
   }
-  void MoveTo(const FlatButton& button, int x, int y) {
-    Driver().MovePointer(ScreenPoint(button, PixelPoint{x, y}));
-  }
-  void PressOn(const FlatButton& button) {
-    MoveTo(button, 10, 10);
-    Driver().Press(kLeftButton);
-  }
+  void PressOn(const FlatButton& button) { PointerTest::PressOn(button, 10, 10); }
   // Far enough that the button gives up the capture: its first move outside only highlights.
   void LeaveWithTheButtonDown(const FlatButton& button) {
     MoveTo(button, 10, -20);
@@ -41,6 +35,8 @@ class FlatButtonPressTest : public DesktopTest {
   FlatButton* other_ = nullptr;
 
  private:
+  FlatButton& Make() override { return AddNew<FlatButton>("cmdOne"); }
+
   Journal clicked_;
 };
 

@@ -1,6 +1,6 @@
 // FlatLabel: the pointer, the polling timer, the keyboard and the focus.
 #include <levelwidgets/controls/label/flat_label.h>
-#include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/pointer_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -16,23 +16,9 @@ constexpr Color kPushedBack{0x00BDCBCE};
 constexpr Color kPushedFore{0x00551122};
 constexpr std::uint32_t kTick = 100;
 
-class FlatLabelInputTest : public DesktopTest {
+class FlatLabelInputTest : public PointerTest<FlatLabel> {
  protected:
-  FlatLabel& Label() {
-    if (!label_) {
-      PropertyBag saved;
-      saved.WriteProperty("ForeColorMouseOver", kOverFore, Variant());
-      saved.WriteProperty("ForeColorPushed", kPushedFore, Variant());
-      saved.WriteProperty("Caption", "Help", Variant());
-      label_ = &AddLoaded<FlatLabel>("lblHelp", saved);
-      AddNew<FlatLabel>("lblOther", {Twips(0), Twips(3000)});
-      TheForm().Find("lblOther")->SetFocus();
-      Driver().Settle();
-      Watch(*label_);
-    }
-    return *label_;
-  }
-  void MoveTo(int x, int y) { Driver().MovePointer(ScreenPoint(Label(), PixelPoint{x, y})); }
+  FlatLabel& Label() { return Subject(); }
   void ExpectColors(Color back, Color fore) {
     EXPECT_EQ(Label().BackColor(), back);
     EXPECT_EQ(Label().ForeColor(), fore);
@@ -40,7 +26,18 @@ class FlatLabelInputTest : public DesktopTest {
   bool Underlined() { return Label().GetFont()->Underline(); }
 
  private:
-  FlatLabel* label_ = nullptr;
+  FlatLabel& Make() override {
+    PropertyBag saved;
+    saved.WriteProperty("ForeColorMouseOver", kOverFore, Variant());
+    saved.WriteProperty("ForeColorPushed", kPushedFore, Variant());
+    saved.WriteProperty("Caption", "Help", Variant());
+    auto& label = AddLoaded<FlatLabel>("lblHelp", saved);
+    AddNew<FlatLabel>("lblOther", {Twips(0), Twips(3000)});
+    TheForm().Find("lblOther")->SetFocus();
+    Driver().Settle();
+    Watch(label);
+    return label;
+  }
 };
 
 // --- Hover -------------------------------------------------------------------------------------------

@@ -1,6 +1,6 @@
 // FlatLabel: when the polling timer looks, what it does in which order, and the underline of the font.
 #include <levelwidgets/controls/label/flat_label.h>
-#include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/pointer_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -8,22 +8,19 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class FlatLabelTimerTest : public DesktopTest {
+class FlatLabelTimerTest : public PointerTest<FlatLabel> {
  protected:
-  FlatLabel& Label() {
-    if (!label_) {
-      label_ = &AddLoaded<FlatLabel>("lblHelp");
-      label_->SetForeColorMouseOver(Color(0x00112244));
-      label_->SetCaption("Help");
-      Driver().Settle();
-    }
-    return *label_;
-  }
-  void MoveTo(int x, int y) { Driver().MovePointer(ScreenPoint(Label(), PixelPoint{x, y})); }
+  FlatLabel& Label() { return Subject(); }
   bool Highlighted() { return Label().BackColor() == Label().BackColorMouseOver(); }
 
  private:
-  FlatLabel* label_ = nullptr;
+  FlatLabel& Make() override {
+    auto& label = AddLoaded<FlatLabel>("lblHelp");
+    label.SetForeColorMouseOver(Color(0x00112244));
+    label.SetCaption("Help");
+    Driver().Settle();
+    return label;
+  }
 };
 
 TEST_F(FlatLabelTimerTest, HoveringStartsATimerOf100Milliseconds) {

@@ -1,6 +1,6 @@
 // FlatScroll: pressing, repeating, dragging and hovering.
 #include <levelwidgets/controls/scroll/flat_scroll.h>
-#include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/pointer_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -8,26 +8,14 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class FlatScrollInputTest : public DesktopTest {
+class FlatScrollInputTest : public PointerTest<FlatScroll> {
  protected:
-  // 17 by 200 pixels; buttons to 13 and from 187; Value 50 puts the thumb at 1403 to 1596 twips.
-  FlatScroll& Bar() {
-    if (!bar_) {
-      bar_ = &AddNew<FlatScroll>("scr", {Twips(600), Twips(300)}, {Twips(255), Twips(3000)});
-      bar_->SetValue(50);
-      Driver().Settle();
-      timers_when_idle_ = Driver().LiveTimers();
-      Watch(*bar_);
-    }
-    return *bar_;
-  }
-  void MoveTo(int x, int y) { Driver().MovePointer(ScreenPoint(Bar(), PixelPoint{x, y})); }
+  FlatScroll& Bar() { return Subject(); }
   void PressAt(int y) {
     MoveTo(8, y);
     TakeJournal();
     Driver().Press(kLeftButton);
   }
-  bool HoldsCapture() { return Windows().GetCapture() == Bar().hWnd(); }
   // Waits for the bar to have another value; bounded.
   bool ComesTo(std::int32_t value) {
     for (int i = 0; i < 100 && Bar().Value() != value; ++i) Driver().Advance(10);
@@ -47,7 +35,15 @@ class FlatScrollInputTest : public DesktopTest {
   std::size_t timers_when_idle_ = 0;
 
  private:
-  FlatScroll* bar_ = nullptr;
+  // 17 by 200 pixels; buttons to 13 and from 187; Value 50 puts the thumb at 1403 to 1596 twips.
+  FlatScroll& Make() override {
+    auto& bar = AddNew<FlatScroll>("scr", {Twips(600), Twips(300)}, {Twips(255), Twips(3000)});
+    bar.SetValue(50);
+    Driver().Settle();
+    timers_when_idle_ = Driver().LiveTimers();
+    Watch(bar);
+    return bar;
+  }
 };
 
 // --- Press -------------------------------------------------------------------------------------------

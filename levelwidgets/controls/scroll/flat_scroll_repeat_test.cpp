@@ -1,6 +1,6 @@
 // FlatScroll: what a held button repeats, when, and what ends it.
 #include <levelwidgets/controls/scroll/flat_scroll.h>
-#include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/pointer_fixture.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -8,14 +8,11 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class FlatScrollRepeatTest : public DesktopTest {
+class FlatScrollRepeatTest : public PointerTest<FlatScroll> {
  protected:
-  // 17 by 200 pixels; buttons to 13 and from 187; Value 50 puts the thumb at 1403 to 1596 twips.
   void SetUp() override {
     DesktopTest::SetUp();
-    bar_ = &AddNew<FlatScroll>("scr", {Twips(600), Twips(300)}, {Twips(255), Twips(3000)});
-    bar_->SetValue(50);
-    Driver().Settle();
+    bar_ = &Subject();
     idle_timers_ = Driver().LiveTimers();
     bar_->Change += [this] { ++changes_; };
   }
@@ -23,17 +20,21 @@ class FlatScrollRepeatTest : public DesktopTest {
     Driver().Release(kLeftButton);
     DesktopTest::TearDown();
   }
-  void MoveTo(int x, int y) { Driver().MovePointer(ScreenPoint(*bar_, PixelPoint{x, y})); }
-  void PressAt(int y) {
-    MoveTo(8, y);
-    Driver().Press(kLeftButton);
-  }
+  void PressAt(int y) { PressOn(Subject(), 8, y); }
   int Changes() { return std::exchange(changes_, 0); }
   bool TimerRuns() { return Driver().LiveTimers() > idle_timers_; }
 
   FlatScroll* bar_ = nullptr;
 
  private:
+  // 17 by 200 pixels; buttons to 13 and from 187; Value 50 puts the thumb at 1403 to 1596 twips.
+  FlatScroll& Make() override {
+    auto& bar = AddNew<FlatScroll>("scr", {Twips(600), Twips(300)}, {Twips(255), Twips(3000)});
+    bar.SetValue(50);
+    Driver().Settle();
+    return bar;
+  }
+
   int changes_ = 0;
   std::size_t idle_timers_ = 0;
 };

@@ -4,6 +4,7 @@
 
 #include <levelwidgets/controls/grid/flat_columns.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/testing/sheet.h>
 
 namespace levelwidgets {
 namespace {
@@ -92,7 +93,7 @@ TEST_F(ScriptObjectsTest, AnErrorInAHandlerIsReportedWithTheClass) {
   EXPECT_EQ(error.form, "");
   EXPECT_EQ(error.control, "FlatColumns");
   EXPECT_EQ(error.event, "ColumnAdded");
-  EXPECT_THAT(reports_, testing::StartsWith("FlatColumns ColumnAdded: script:1: oops"));
+  EXPECT_THAT(reports_, ::testing::StartsWith("FlatColumns ColumnAdded: script:1: oops"));
 }
 
 TEST_F(ScriptObjectsTest, AScriptKeepsAnObjectAlive) {
@@ -102,38 +103,9 @@ TEST_F(ScriptObjectsTest, AScriptKeepsAnObjectAlive) {
 
 // --- Methods that hand values back ---------------------------------------------------------------------
 
-class Sheet : public Object {
- public:
-  static const ClassInfo& Table();
-  const ClassInfo& Class() const override { return Table(); }
-
-  std::int32_t HitTest(Twips x, Twips y, std::int32_t& column) {
-    column = static_cast<std::int32_t>(x.value) / 100;
-    return static_cast<std::int32_t>(y.value) / 10;
-  }
-  void Locate(std::int16_t& row, std::string& name, const std::string& of) {
-    row = static_cast<std::int16_t>(of.size());
-    name = "<" + of + ">";
-  }
-  void Double(std::int32_t& value) { value *= 2; }
-  void Touch() {}
-};
-
-const ClassInfo& Sheet::Table() {
-  using Row = table::Row<Sheet>;
-  static constexpr auto data =
-      ClassTable(ObjectClass("Sheet", ""), table::Properties(), table::Persisted(),
-                 table::Methods(Row::Method<&Sheet::HitTest>(1, "HitTest", "X, Y, out ColIndex", ""),
-                                Row::Method<&Sheet::Locate>(2, "Locate", "out Row, out Name, Of", ""),
-                                Row::Method<&Sheet::Double>(3, "Double", "Value", ""),
-                                Row::Method<&Sheet::Touch>(4, "Touch", "", "")));
-  static constexpr ClassInfo info(data);
-  return info;
-}
-
 class ScriptByReference : public ScriptObjectsTest {
  protected:
-  ScriptByReference() { host_.SetGlobal("sheet", std::make_shared<Sheet>()); }
+  ScriptByReference() { host_.SetGlobal("sheet", std::make_shared<testing::Sheet>()); }
 };
 
 TEST_F(ScriptByReference, ByReferenceValuesFollowTheResult) {
