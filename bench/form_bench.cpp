@@ -47,6 +47,33 @@ void Show(benchmark::State& state) {
 }
 BENCHMARK(Show)->UseManualTime()->Unit(benchmark::kMillisecond)->ArgsProduct({{10, 100, 1000}, {0, 1}});
 
+// Very many labels, in rows over each other or all in one place: loaded, shown and closed. Arguments: how
+// many, and whether in one place. times_copy and times_fill as above.
+void ManyLabels(benchmark::State& state) {
+  memory::Desktop desktop;
+  const auto mix = state.range(1) != 0 ? Mix::kLabelsInOnePlace : Mix::kLabels;
+  const std::string text = FormTextOf(static_cast<int>(state.range(0)), mix);
+  double seconds = 0;
+  for (auto _ : state) {
+    const auto start = Clock::now();
+    const auto form = LoadChecked(desktop, text);
+    form->Show();
+    desktop.Settle();
+    form->Close();
+    seconds += SecondsSince(start);
+    state.SetIterationTime(SecondsSince(start));
+  }
+  const auto runs = static_cast<std::size_t>(state.iterations());
+  state.counters["us_each"] = seconds * 1e6 / static_cast<double>(state.range(0)) / static_cast<double>(runs);
+  state.counters["times_copy"] = seconds / CopyTime(text, runs);
+  state.counters["times_fill"] = seconds / FillTime(kFormSize, runs);
+}
+BENCHMARK(ManyLabels)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->ArgsProduct({{1000, 10000, 100000}, {0, 1}});
+
 }  // namespace
 }  // namespace levelwidgets::bench
 

@@ -29,10 +29,17 @@ struct Kind {
 constexpr std::array<Kind, 3> kKinds = {
     {{"FlatButton", "Caption"}, {"FlatLabel", "Caption"}, {"FlatTextBox", "Text"}}};
 
-// The control number `i`, of the first `kinds` kinds in turn.
-std::string ControlTable(int i, int kinds, PixelPoint corner, PixelSize size) {
+const Kind& KindOf(int i, Mix mix) {
+  switch (mix) {
+    case Mix::kLabelsAndButtons: return kKinds[static_cast<std::size_t>(i % 2)];
+    case Mix::kWithTextBoxes: return kKinds[static_cast<std::size_t>(i % 3)];
+    default: return kKinds[1];
+  }
+}
+
+// The control number `i`.
+std::string ControlTable(int i, const Kind& kind, PixelPoint corner, PixelSize size) {
   const std::string number = std::to_string(i);
-  const Kind& kind = kKinds[static_cast<std::size_t>(i % kinds)];
   return std::string("\n[[control]]\nClass = \"") + kind.class_name + "\"\nName = \"ctl" + number + "\"\n" +
          LengthLine("Left", corner.x) + LengthLine("Top", corner.y) + LengthLine("Width", size.width) +
          LengthLine("Height", size.height) + "Properties = { " + kind.shown + " = \"N" + number + "\" }\n";
@@ -98,14 +105,15 @@ std::string FormTextOf(int count, Mix mix) {
   constexpr PixelSize kSize{kCell.width - 2, kCell.height - 2};
   std::string text = FormTable(kFormSize);
   for (int i = 0; i < count; ++i) {
-    const PixelPoint corner{i % kColumns * kCell.width, i / kColumns % kRows * kCell.height};
-    text += ControlTable(i, mix == Mix::kWithTextBoxes ? 3 : 2, corner, kSize);
+    const int cell = mix == Mix::kLabelsInOnePlace ? 0 : i;
+    const PixelPoint corner{cell % kColumns * kCell.width, cell / kColumns % kRows * kCell.height};
+    text += ControlTable(i, KindOf(i, mix), corner, kSize);
   }
   return text;
 }
 
 std::string OneButtonFormText(PixelSize size) {
-  return FormTable(size) + ControlTable(0, 1, {20, 20}, {120, 32});
+  return FormTable(size) + ControlTable(0, kKinds[0], {20, 20}, {120, 32});
 }
 
 std::shared_ptr<Form> LoadChecked(Platform& platform, const std::string& text) {

@@ -67,10 +67,10 @@ class HundredButtons {
 
 // The form of FormTextOf.
 inline constexpr PixelSize kFormSize{1250, 920};
-enum class Mix { kLabelsAndButtons, kWithTextBoxes };
+enum class Mix { kLabelsAndButtons, kWithTextBoxes, kLabels, kLabelsInOnePlace };
 // The text of a form file with `count` controls of 48 by 21 pixels in rows of 25, two pixels apart: buttons
-// and labels in turn, or buttons, labels and text boxes, each of which has windows of its own inside. Rows
-// beyond the first 40 begin at the top again.
+// and labels in turn, or buttons, labels and text boxes, or labels alone. Rows beyond the first 40 begin at
+// the top again.
 std::string FormTextOf(int count, Mix mix);
 // The text of a form file with one button.
 std::string OneButtonFormText(PixelSize size);
