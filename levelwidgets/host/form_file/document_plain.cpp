@@ -63,6 +63,7 @@ class PlainReader {
       SkipBlanks();
       if (!ReadEndOfLine()) return false;
     }
+    root.span = {0, text_.size()};
     return true;
   }
 
@@ -100,9 +101,10 @@ class PlainReader {
     if (!node) {
       node = AddChild(root, key_span);
       if (!node) return nullptr;
-      node->span = {begin, at_};
+      node->span.begin = begin;
       if (is_one_of_many) node->kind = Kind::kList;
     }
+    node->span.end = at_;
     FormNode& table = is_one_of_many ? node->children.emplace_back() : *node;
     table.span = {begin, at_};
     table.shape = Shape::kHeader;
