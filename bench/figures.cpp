@@ -40,8 +40,8 @@ double MedianFill(PixelSize size) {
   return Repeat(51, 1, [size] { FillTime(size, kBatch); }).Median() / kBatch;
 }
 
-// What a form of a thousand controls adds beside its window's pixels once another one has been shown, its file's
-// text not counted.
+// What a form of a thousand controls adds beside its window's pixels once another one has been shown, its
+// file's text not counted.
 void MeasureMemory(std::vector<Figure>& figures, Mix mix, const std::string& what) {
   memory::Desktop desktop({.screen = {1920, 1080}});
   const auto first = LoadChecked(desktop, FormTextOf(3, mix));
@@ -58,7 +58,8 @@ void MeasureMemory(std::vector<Figure>& figures, Mix mix, const std::string& wha
   figures.push_back(LowerIsBetter(what + " shown: heap growth", "MB", One(HeapBytes() - heap - pixels), kMega,
                                   "the file's text", file, 4));
   figures.push_back(LowerIsBetter(what + " shown: resident growth", "MB",
-                                  One(ResidentBytes() - resident - pixels), kMega, "the file's text", file, 4));
+                                  One(ResidentBytes() - resident - pixels), kMega, "the file's text", file,
+                                  4));
 }
 
 void MeasureButton(std::vector<Figure>& figures) {
