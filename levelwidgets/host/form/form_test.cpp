@@ -394,6 +394,12 @@ TEST_F(FormTest, StandsInTheMiddleOfTheScreenUnlessItIsPlaced) {
   EXPECT_TRUE(placed->LeftIsSet() && !placed->TopIsSet());
 }
 
+TEST_F(FormTest, OneThatIsLargerThanTheScreenBeginsAtItsCorner) {
+  const auto large = Form::Create(Tracer(), {.size = {Twips(30000), Twips(30000)}});
+  EXPECT_EQ(large->ScreenRect().left, 0);
+  EXPECT_EQ(large->ScreenRect().top, 0);
+}
+
 TEST_F(FormTest, LeftAndTopPlaceItOneByOne) {
   TheForm().SetLeft(Twips(3000));
   EXPECT_EQ(TheForm().ScreenRect().left, 200);
@@ -402,6 +408,9 @@ TEST_F(FormTest, LeftAndTopPlaceItOneByOne) {
   EXPECT_EQ(TheForm().ScreenRect().left, 200);
   EXPECT_EQ(TheForm().ScreenRect().top, -10);
   EXPECT_EQ(TheForm().Top(), Twips(-150));
+  TheForm().SetTop(Twips(-157));
+  EXPECT_EQ(TheForm().Top(), Twips(-157));
+  EXPECT_TRUE(TheForm().TopIsSet());
 }
 
 TEST_F(FormTest, APlaceThatWasSetFollowsTheWindow) {
@@ -413,6 +422,21 @@ TEST_F(FormTest, APlaceThatWasSetFollowsTheWindow) {
   TheForm().MoveTo({210, 150});
   EXPECT_EQ(TheForm().Left(), Twips(3150));
   EXPECT_FALSE(TheForm().TopIsSet());
+  TheForm().SetTop(Twips(2257));
+  EXPECT_EQ(TheForm().Top(), Twips(2257));
+  TheForm().MoveTo({210, 170});
+  EXPECT_EQ(TheForm().Top(), Twips(2550));
+}
+
+TEST_F(FormTest, APlaceThatWasSetStaysWhileTheFormIsMinimised) {
+  TheForm().SetLeft(Twips(3007));
+  TheForm().SetTop(Twips(2257));
+  for (const int command : {kSwMinimize, kSwRestore}) {
+    Windows().ShowWindow(TheForm().hWnd(), command);
+    Driver().Settle();
+    EXPECT_EQ(TheForm().Left(), Twips(3007));
+    EXPECT_EQ(TheForm().Top(), Twips(2257));
+  }
 }
 
 TEST_F(FormTest, APlaceThatIsTooFarIsRefusedAndChangesNothing) {

@@ -20,6 +20,11 @@ class ToolTipTest : public DesktopTest {
     Hosted(button).SetToolTipText(tip);
     return button;
   }
+  FlatLabel& Label() {
+    auto& label = AddNew<FlatLabel>("lblName", {Twips(300), Twips(300)}, {Twips(3000), Twips(750)});
+    Hosted(label).SetToolTipText(kText);
+    return label;
+  }
   PixelPoint In(const Control& control, PixelPoint inside = {20, 20}) { return ScreenPoint(control, inside); }
   void MoveOver(const Control& control, PixelPoint inside = {20, 20}) {
     Driver().MovePointer(In(control, inside));
@@ -150,6 +155,26 @@ TEST_F(ToolTipTest, GoesWhenThePointerLeaves) {
   EXPECT_THAT(Tips(), ElementsAre(kText));
 }
 
+TEST_F(ToolTipTest, GoesAtOnceWhenThePointerGoesFromALabelToTheForm) {
+  auto& label = Label();
+  MoveOver(label);
+  WaitForTip();
+  MoveOverTheForm();
+  EXPECT_THAT(Tips(), IsEmpty());
+}
+
+#ifndef _WIN32  // time is exact in memory only
+TEST_F(ToolTipTest, ThatThePointerHasLeftTheProgramIsNoticedWithinATenthOfASecond) {
+  auto& label = Label();
+  MoveOver(label);
+  Driver().Advance(500);
+  EXPECT_THAT(Tips(), ElementsAre(kText));
+  Driver().MovePointer({1000, 750});
+  Driver().Advance(100);
+  EXPECT_THAT(Tips(), IsEmpty());
+}
+#endif
+
 TEST_F(ToolTipTest, GoesWhenThePointerLeavesTheProgramsWindows) {
   auto& label = AddNew<FlatLabel>("lblName", {Twips(300), Twips(300)}, {Twips(3000), Twips(750)});
   Hosted(label).SetToolTipText(kText);
@@ -207,6 +232,17 @@ TEST_F(ToolTipTest, APressBeforeItsTimeKeepsItAway) {
   EXPECT_THAT(Tips(), IsEmpty());
 }
 
+TEST_F(ToolTipTest, APressThatComesBeforeAnyMoveKeepsItAway) {
+  Driver().MovePointer({200, 200});
+  auto& label = AddNew<FlatLabel>("lblName", {}, {Twips(6000), Twips(4500)});
+  Hosted(label).SetToolTipText(kText);
+  Driver().Press(kLeftButton);
+  Driver().Release(kLeftButton);
+  Driver().MovePointer({202, 200});
+  WaitForTip();
+  EXPECT_THAT(Tips(), IsEmpty());
+}
+
 TEST_F(ToolTipTest, GoesAtAKeyWhicheverControlHasTheFocus) {
   auto& button = Button();
   auto& other = Button("cmdOther", "");
@@ -229,6 +265,46 @@ TEST_F(ToolTipTest, GoesAtAKeyWhenNoControlHasTheFocus) {
   WaitForTip();
   Driver().Key('A');
   EXPECT_THAT(Tips(), IsEmpty());
+}
+
+TEST_F(ToolTipTest, ItsWindowStaysTheSameWhileItIsShown) {
+  MoveOver(Label());
+  WaitForTip();
+  const auto tips = [this] {
+    std::vector<std::uint32_t> handles;
+    for (const TopLevelWindow& window : Driver().TopLevelWindows()) handles.push_back(window.handle.value);
+    return handles;
+  };
+  const auto before = tips();
+  EXPECT_EQ(before.size(), 2u);
+  Driver().Advance(300);
+  EXPECT_EQ(tips(), before);
+}
+
+TEST_F(ToolTipTest, ATextThatChangesBeforeItsTimeDoesNotBringItEarly) {
+  auto& label = Label();
+  MoveOver(label);
+  Hosted(label).SetToolTipText("Other");
+  EXPECT_THAT(Tips(), IsEmpty());
+  WaitForTip();
+  EXPECT_THAT(Tips(), ElementsAre("Other"));
+}
+
+TEST_F(ToolTipTest, GoesAtOnceWhenItsControlIsRemoved) {
+  MoveOver(Label());
+  WaitForTip();
+  TheForm().Remove("lblName");
+  EXPECT_THAT(Tips(), IsEmpty());
+}
+
+TEST_F(ToolTipTest, AFormThatIsHiddenWithoutBeingActiveShowsNone) {
+  auto& label = Label();
+  const auto other = Form::Create(Tracer(), {.name = "frmOther", .caption = "Other", .left = Twips(10500)});
+  other->Show();
+  MoveOver(label);
+  TheForm().Hide();
+  WaitForTip();
+  EXPECT_THAT(Tips(), ElementsAre("Other"));
 }
 
 TEST_F(ToolTipTest, TheNextControlHasItsOwn) {
