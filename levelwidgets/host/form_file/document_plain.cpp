@@ -199,7 +199,7 @@ class PlainReader {
 
   static bool SetNumber(FormNode& node, std::string_view word) {
     const std::string_view digits = word.substr(word.starts_with('-') ? 1 : 0);
-    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const auto point = static_cast<std::size_t>(std::ranges::find(digits, '.') - digits.begin());
     const std::string_view whole = digits.substr(0, point);
     const bool leading_zero = whole.size() > 1 && whole[0] == '0';
     if (whole.empty() || leading_zero || !std::ranges::all_of(whole, IsDigit)) return false;
