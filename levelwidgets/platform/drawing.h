@@ -12,7 +12,7 @@ namespace levelwidgets {
 
 // The arguments of CreateFontA, with its meanings and defaults.
 struct FontRequest {
-  int height = 0;  // pixels: > 0 cell height, < 0 character height, 0 the platform's default
+  int height = 0;  // pixels: > 0 the most of a cell, < 0 character height, 0 the platform's default
   int width = 0;
   int escapement = 0;
   int orientation = 0;
@@ -54,23 +54,23 @@ class DrawingApi {
 
   // --- Drawing -------------------------------------------------------------------------------
 
-  // Outline in the current pen, interior in the current brush; right and bottom are excluded. With
-  // the null brush it draws the one-pixel frame only. An empty rectangle draws nothing.
+  // Outline in the current pen, interior in the current brush; right and bottom are excluded. With the null
+  // brush it draws the frame only. A rectangle that is empty, or a single pixel, draws nothing.
   virtual bool Rectangle(DcHandle dc, PixelRect rect) = 0;
-  // Fills with `brush` and draws no outline; right and bottom are excluded.
+  // Fills with `brush` and draws no outline; right and bottom are excluded, also where they come first.
   virtual bool FillRect(DcHandle dc, PixelRect rect, ObjectHandle brush) = 0;
   virtual bool MoveTo(DcHandle dc, PixelPoint point) = 0;
   // From the current position to `point`, which is not drawn but becomes the current position.
   virtual bool LineTo(DcHandle dc, PixelPoint point) = 0;
-  // The dotted one-pixel frame, by exclusive-or: drawing it twice restores the picture.
+  // The one-pixel frame, dotted from its top right corner on, by exclusive-or: done twice it is gone.
   virtual bool DrawFocusRect(DcHandle dc, PixelRect rect) = 0;
   // Draws `text` in the context's font and text colour inside `rect`, clipped to it unless kDtNoClip.
   // "&" underlines the next character and "&&" draws one "&", unless kDtNoPrefix. Line breaks count
   // only without kDtSingleLine; kDtVCenter and kDtBottom count only with it. With kDtCalcRect nothing
-  // is drawn and `rect` becomes the extent. Returns the height of the text in pixels (with kDtVCenter
-  // the distance from the rectangle's top to the bottom of the drawn text), 0 on failure.
+  // is drawn and `rect` becomes the extent. Returns the distance from the rectangle's top to the bottom of
+  // the text in pixels (the height of a line when there is none), 0 on failure.
   virtual int DrawTextA(DcHandle dc, std::string_view text, PixelRect& rect, std::uint32_t format) = 0;
-  // `raster_operation` is kSrcCopy.
+  // `raster_operation` is kSrcCopy. A negative size ends with the corners given, and mirrors nothing.
   virtual bool BitBlt(DcHandle target, PixelRect rect, DcHandle source, PixelPoint source_origin,
                       std::uint32_t raster_operation) = 0;
   // kInvalidColorRef outside the context's clip region.
@@ -105,7 +105,7 @@ class DrawingApi {
 
   // --- Measures ------------------------------------------------------------------------------
 
-  virtual bool GetTextExtentPoint32A(DcHandle dc, std::string_view text, PixelSize& size) = 0;
+  virtual bool GetTextExtentPoint32A(DcHandle dc, std::string_view text, PixelSize& size) = 0;  // "": 0 by 0
   virtual bool GetTextMetricsA(DcHandle dc, TextMetrics& metrics) = 0;
 
   // --- Colours -------------------------------------------------------------------------------
@@ -114,8 +114,8 @@ class DrawingApi {
   // has 0x01 or 0x02 in its top byte. False, with `result` untouched, for anything else (0x80000100,
   // 0x05000000).
   //
-  // Drawing operations take the two latter independently of any palette: 0x02BBGGRR draws as 0x00BBGGRR, and
-  // 0x0100iiii as colour i of the 20 that every display has, as its first (black) from 20 on.
+  // Drawing operations need no palette. What has the lowest bit of its top byte is, by its lower 16 bits, one
+  // of the 20 colours of every display, black from 20 on (so kInvalidColorRef); 0x02BBGGRR is 0x00BBGGRR.
   virtual bool OleTranslateColor(Color color, std::uint32_t palette, ColorRef& result) = 0;
   virtual ColorRef GetSysColor(int index) = 0;
 

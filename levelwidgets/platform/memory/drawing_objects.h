@@ -125,10 +125,13 @@ struct Context {
   const DrawingTarget& Target() { return source ? source->Target() : bitmap_target; }
 };
 
-// What is drawn for a colour (0x00BBGGRR): the display's colour for a palette index, otherwise the lower
-// three bytes whatever the top one says.
+// What is drawn for a colour (0x00BBGGRR). The lowest bit of the top byte says that the rest is a palette
+// index, whatever the other bits are: so the untranslatable 0xFFFFFFFF is black. 0x10FF names an index of a
+// bitmap's own colours, which no bitmap here has. Otherwise the lower three bytes count.
 constexpr std::uint32_t Drawable(ColorRef color) {
-  return color.value >> 24 == kPaletteIndex ? DisplayColor(color.value & 0xFFFF) : color.value & 0xFFFFFF;
+  constexpr std::uint32_t kBitmapIndex = 0x10FF;
+  if ((color.value >> 24 & kPaletteIndex) != 0) return DisplayColor(color.value & 0xFFFF);
+  return color.value >> 16 == kBitmapIndex ? 0 : color.value & 0xFFFFFF;
 }
 
 }  // namespace levelwidgets::memory

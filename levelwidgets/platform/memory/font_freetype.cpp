@@ -72,12 +72,19 @@ int Scaled(int units, int size, int units_per_em) {
   return static_cast<int>(std::lround(static_cast<double>(units) * size / units_per_em));
 }
 
-// Pixels per em for a height in the meaning of CreateFontA.
+// Pixels per em for a height in the meaning of CreateFontA: a cell height is that of the largest font that is
+// not higher.
 int EmSize(int height, const LineUnits& units, int units_per_em) {
   if (height < 0) return std::min(-std::max(height, -kLargestSize), kLargestSize);
-  const double cell = height == 0 ? kDefaultCellHeight : std::min(height, kLargestSize);
+  const int cell = height == 0 ? kDefaultCellHeight : std::min(height, kLargestSize);
   const int line = std::max(1, units.ascent + units.descent);
-  return std::clamp(static_cast<int>(std::lround(cell * units_per_em / line)), 1, kLargestSize);
+  int size =
+      std::clamp(static_cast<int>(static_cast<double>(cell) * units_per_em / line) + 1, 1, kLargestSize);
+  const auto line_height = [&] {
+    return Scaled(units.ascent, size, units_per_em) + Scaled(units.descent, size, units_per_em);
+  };
+  while (size > 1 && line_height() > cell) --size;
+  return size;
 }
 
 // Whether the upright of an "l" is as thick as its file says by calling itself bold: there are fonts with

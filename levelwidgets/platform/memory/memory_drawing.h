@@ -25,10 +25,8 @@ struct DrawingOptions {
 // Software drawing with the pixel rules of the original operations. Text is antialiased; its glyphs are
 // kept, so that repainting reads no font. Nothing is loaded before the first text is measured or drawn.
 //
-// A colour whose high byte is not 0 is drawn as if it were: the untranslatable 0xFFFFFFFF is white.
-// Rectangles given the wrong way round are put in order first. Pens wider than one pixel run along the
-// middle of their line and have square corners; the dash-dot styles are drawn as dashes. A character
-// without a glyph is a box, also the line breaks of a single-line text.
+// Pens wider than one pixel are round and run along the middle of their line; the dash-dot styles are
+// drawn as dashes. A character without a glyph is a box, also the line breaks of a single-line text.
 class MemoryDrawing final : public DrawingApi {
  public:
   explicit MemoryDrawing(const DrawingOptions& options);

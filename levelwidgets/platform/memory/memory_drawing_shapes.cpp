@@ -55,6 +55,8 @@ bool MemoryDrawing::Rectangle(DcHandle dc, PixelRect rect) {
   if (!context) return false;
   rect = Ordered(Reachable(rect));
   if (rect.empty()) return true;
+  // A line leaves out its last point, and here that is all there is.
+  const bool is_point = rect.width() == 1 && rect.height() == 1;
   const DrawingTarget& target = context->Target();
   const Pen& pen = context->pen;
   if (pen.style == kPsNull) {
@@ -62,8 +64,9 @@ bool MemoryDrawing::Rectangle(DcHandle dc, PixelRect rect) {
     FillInterior(target, context->brush, {rect.left, rect.top, rect.right - 1, rect.bottom - 1});
     return true;
   }
+  if (pen.width == 1 && is_point) return true;
   const Dashes dashes = DashesOf(pen, *context);
-  if (dashes.off > 0 && rect.width() > 1 && rect.height() > 1) {
+  if (dashes.off > 0) {
     DashedRectangle(target, rect, *context, dashes);
     return true;
   }
@@ -77,7 +80,7 @@ bool MemoryDrawing::FillRect(DcHandle dc, PixelRect rect, ObjectHandle brush) {
   Context* context = state_->FindContext(dc);
   const DrawingObject* object = state_->objects.Find(brush.value);
   if (!context || !object || object->kind != ObjectKind::kBrush) return false;
-  FillInterior(context->Target(), object->brush, Ordered(Reachable(rect)));
+  FillInterior(context->Target(), object->brush, Covered(Reachable(rect)));
   return true;
 }
 
@@ -116,7 +119,11 @@ bool MemoryDrawing::BitBlt(DcHandle target, PixelRect rect, DcHandle source, Pix
   Context* from = state_->FindContext(source);
   if (!to || !from || raster_operation != kSrcCopy) return false;
   if (rect != Reachable(rect) || source_origin != Reachable(source_origin)) return false;
-  CopyArea(to->Target(), rect, from->Target(), source_origin, state_->copied);
+  const PixelRect covered = Covered(rect);
+  // The source is the same way round: nothing is mirrored.
+  const PixelPoint origin{source_origin.x + covered.left - rect.left,
+                          source_origin.y + covered.top - rect.top};
+  CopyArea(to->Target(), covered, from->Target(), origin, state_->copied);
   return true;
 }
 

@@ -48,11 +48,11 @@ TEST_F(MemoryDrawingShapes, RectangleWithoutAreaDrawsNothing) {
   EXPECT_EQ(canvas.Ink(), (PixelRect{8, 6, 0, 0}));
 }
 
-TEST_F(MemoryDrawingShapes, RectangleOfOneOrTwoPixelsIsAllFrame) {
+TEST_F(MemoryDrawingShapes, RectangleOfTwoPixelsIsAllFrameAndOneOfASinglePixelNothing) {
   UseBrush(kGreen);
   drawing.Rectangle(dc, {0, 0, 1, 1});
   drawing.Rectangle(dc, {2, 0, 4, 3});
-  EXPECT_EQ(canvas.Rows(), (Rows{"#.##....", "..##....", "..##....", "........", "........", "........"}));
+  EXPECT_EQ(canvas.Rows(), (Rows{"..##....", "..##....", "..##....", "........", "........", "........"}));
 }
 
 TEST_F(MemoryDrawingShapes, RectangleGivenTheWrongWayRoundIsPutInOrder) {
@@ -90,10 +90,10 @@ TEST_F(MemoryDrawingShapes, FillRectHasNoOutline) {
   EXPECT_FALSE(drawing.FillRect(dc, {0, 0, 8, 6}, drawing.GetStockObject(kBlackPen)));
 }
 
-TEST_F(MemoryDrawingShapes, UntranslatableColourIsDrawnWhite) {
-  drawing.FillRect(dc, {0, 0, 8, 6}, drawing.GetStockObject(kBlackBrush));
+TEST_F(MemoryDrawingShapes, UntranslatableColourIsDrawnBlack) {
+  drawing.FillRect(dc, {0, 0, 8, 6}, drawing.GetStockObject(kWhiteBrush));
   drawing.FillRect(dc, {0, 0, 2, 1}, drawing.CreateSolidBrush(kInvalidColorRef));
-  EXPECT_EQ(canvas.Rows().front(), "..######");
+  EXPECT_EQ(canvas.Rows().front(), "##......");
 }
 
 TEST_F(MemoryDrawingShapes, LineToLeavesItsEndOutAndContinuesThere) {

@@ -10,14 +10,16 @@ namespace levelwidgets::memory {
 namespace {
 
 int LineLeft(const PixelRect& rect, int width, std::uint32_t format) {
-  if (format & kDtCenter) return rect.left + (rect.width() - width) / 2;
+  if (format & kDtCenter) return (rect.left + rect.right - width) / 2;
   if (format & kDtRight) return rect.right - width;
   return rect.left;
 }
 
 int FirstTop(const PixelRect& rect, int height, std::uint32_t format) {
   if (!(format & kDtSingleLine)) return rect.top;
-  if (format & kDtVCenter) return rect.top + (rect.height() - height) / 2;
+  // Each half is rounded on its own: a text of odd height is nearer to the bottom where it cannot be in the
+  // middle.
+  if (format & kDtVCenter) return rect.top + rect.height() / 2 - height / 2;
   if (format & kDtBottom) return rect.bottom - height;
   return rect.top;
 }
@@ -51,6 +53,8 @@ int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& plac
   Font& font = *context->font;
   const int line_height = font.Metrics().text.height;
   const bool one_line = (format & kDtSingleLine) != 0;
+  // Without text there is nothing to place.
+  if (text.empty() && one_line) format &= ~(kDtVCenter | kDtBottom);
   if (one_line && !(format & kDtCalcRect) && !context->Target().store) {
     return FirstTop(rect, line_height, format) + line_height - rect.top;  // nothing of it can be seen
   }
@@ -59,8 +63,10 @@ int MemoryDrawing::DrawTextA(DcHandle dc, std::string_view text, PixelRect& plac
   if (format & kDtCalcRect) {
     int width = 0;
     for (const TextLine& line : lines) width = std::max(width, line.width);
-    place = {rect.left, rect.top, rect.left + width, rect.top + height};
-    return std::max(height, line_height);
+    // Down to the bottom of the text where it would be drawn.
+    const int bottom = FirstTop(rect, height, format) + height;
+    place = {rect.left, rect.top, rect.left + width, bottom};
+    return lines.empty() ? line_height : bottom - rect.top;
   }
   const int top = FirstTop(rect, height, format);
   const PixelRect limit = format & kDtNoClip ? kNoLimit : rect;
@@ -77,6 +83,10 @@ bool MemoryDrawing::GetTextExtentPoint32A(DcHandle dc, std::string_view text, Pi
   if (!context) return false;
   state_->bytes.clear();
   state_->code_page.Append(text, state_->bytes);
+  if (state_->bytes.empty()) {
+    size = {};
+    return true;
+  }
   size = {context->font->Width(state_->bytes), context->font->Metrics().text.height};
   return true;
 }

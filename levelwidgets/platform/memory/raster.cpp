@@ -39,13 +39,26 @@ class LineSteps {
   int dx_, dy_, count_;
 };
 
-void InvertDotted(const DrawingTarget& target, const PixelRect& rect) {
-  ForEachPart(target, rect, [](const PixelRect& part, auto row) {
+// Every other pixel of `rect`, `dot` being one of them.
+void InvertDotted(const DrawingTarget& target, const PixelRect& rect, PixelPoint dot) {
+  ForEachPart(target, rect, [dot](const PixelRect& part, auto row) {
     for (int y = part.top; y < part.bottom; ++y) {
       std::uint32_t* pixels = row(y);
-      for (int x = part.left + ((part.left + y + 1) & 1); x < part.right; x += 2) pixels[x] ^= 0xFFFFFF;
+      for (int x = part.left + ((part.left - dot.x + y - dot.y) & 1); x < part.right; x += 2)
+        pixels[x] ^= 0xFFFFFF;
     }
   });
+}
+
+// How many pixels the row `row` of a round pen is shorter at each end than the pen is wide. With coordinates
+// doubled, so that the middle is whole: a pixel belongs to the pen when it is no further away than the
+// radius, which is a little less than half of the width.
+int RoundInset(int width, int row) {
+  const std::int64_t wide = width;
+  const std::int64_t down = 2 * row + 1 - wide;
+  std::int64_t across = wide - 1;
+  while (across > 0 && 5 * (across * across + down * down) > 5 * wide * wide - 2 * wide) across -= 2;
+  return static_cast<int>((wide - 1 - std::max<std::int64_t>(across, 0)) / 2);
 }
 
 PixelRect SourceBounds(const DrawingTarget& source) {
@@ -84,20 +97,35 @@ void FillArea(const DrawingTarget& target, const PixelRect& rect, std::uint32_t 
 }
 
 void FillFrame(const DrawingTarget& target, const PixelRect& rect, int width, std::uint32_t color) {
-  if (rect.width() <= 2 * width || rect.height() <= 2 * width) return FillArea(target, rect, color);
-  FillArea(target, {rect.left, rect.top, rect.right, rect.top + width}, color);
-  FillArea(target, {rect.left, rect.bottom - width, rect.right, rect.bottom}, color);
-  FillArea(target, {rect.left, rect.top + width, rect.left + width, rect.bottom - width}, color);
-  FillArea(target, {rect.right - width, rect.top + width, rect.right, rect.bottom - width}, color);
+  PixelRect rest = rect;
+  for (int row = 0; row < width / 2 && RoundInset(width, row) > 0; ++row) {
+    const int left = rect.left + RoundInset(width, row);
+    const int right = rect.right - RoundInset(width, row);
+    FillArea(target, {left, rest.top, right, rest.top + 1}, color);
+    FillArea(target, {left, rest.bottom - 1, right, rest.bottom}, color);
+    ++rest.top;
+    --rest.bottom;
+  }
+  const PixelRect inner = rect.Inset(width);
+  if (inner.empty()) return FillArea(target, rest, color);
+  FillArea(target, {rest.left, rest.top, rest.right, inner.top}, color);
+  FillArea(target, {rest.left, inner.bottom, rest.right, rest.bottom}, color);
+  FillArea(target, {rest.left, inner.top, inner.left, inner.bottom}, color);
+  FillArea(target, {inner.right, inner.top, rest.right, inner.bottom}, color);
 }
 
 void InvertDottedFrame(const DrawingTarget& target, const PixelRect& rect) {
-  if (rect.empty()) return;
-  if (rect.width() <= 2 || rect.height() <= 2) return InvertDotted(target, rect);
-  InvertDotted(target, {rect.left, rect.top, rect.right, rect.top + 1});
-  InvertDotted(target, {rect.left, rect.bottom - 1, rect.right, rect.bottom});
-  InvertDotted(target, {rect.left, rect.top + 1, rect.left + 1, rect.bottom - 1});
-  InvertDotted(target, {rect.right - 1, rect.top + 1, rect.right, rect.bottom - 1});
+  const PixelPoint start{rect.right - 1, rect.top};
+  const PixelPoint end{rect.left, rect.bottom - 1};
+  if (rect.empty() || start == end) return;
+  if (rect.width() == 1 || rect.height() == 1) {
+    InvertDotted(target, {start.x, start.y, start.x + 1, start.y + 1}, start);
+    return InvertDotted(target, {end.x, end.y, end.x + 1, end.y + 1}, start);
+  }
+  InvertDotted(target, {rect.left, rect.top, rect.right, rect.top + 1}, start);
+  InvertDotted(target, {rect.left, rect.bottom - 1, rect.right, rect.bottom}, start);
+  InvertDotted(target, {rect.left, rect.top + 1, rect.left + 1, rect.bottom - 1}, start);
+  InvertDotted(target, {rect.right - 1, rect.top + 1, rect.right, rect.bottom - 1}, start);
 }
 
 void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::uint32_t color,
@@ -123,19 +151,24 @@ void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::
 void DrawWideLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, int width,
                   std::uint32_t color) {
   const LineSteps line(from, to);
-  if (line.Count() == 0) return;
   const int before = width / 2;
-  ForEachPart(target, kNoLimit, [&](const PixelRect& part, auto row) {
+  std::vector<int> insets;
+  for (int row = 0; row < width; ++row) insets.push_back(RoundInset(width, row));
+  ForEachPart(target, kNoLimit, [&](const PixelRect& part, auto pixels) {
+    const auto stamp = [&](PixelPoint p) {
+      const PixelRect dot{p.x - before, p.y - before, p.x - before + width, p.y - before + width};
+      const PixelRect seen = Intersect(part, dot);
+      for (int y = seen.top; y < seen.bottom; ++y) {
+        const int inset = insets[static_cast<std::size_t>(y - dot.top)];
+        const int left = std::max(seen.left, dot.left + inset);
+        std::fill(pixels(y) + left, pixels(y) + std::max(left, std::min(seen.right, dot.right - inset)),
+                  color);
+      }
+    };
     int step = 0;
     int last = 0;
-    for (line.Limit(part.Inset(-width), step, last); step < last; ++step) {
-      const PixelPoint p = line.At(step);
-      const PixelRect dot =
-          Intersect(part, {p.x - before, p.y - before, p.x - before + width, p.y - before + width});
-      for (int y = dot.top; y < dot.bottom && dot.left < dot.right; ++y) {
-        std::fill(row(y) + dot.left, row(y) + dot.right, color);
-      }
-    }
+    for (line.Limit(part.Inset(-width), step, last); step < last; ++step) stamp(line.At(step));
+    stamp(to);
   });
 }
 

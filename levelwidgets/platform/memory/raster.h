@@ -30,6 +30,15 @@ constexpr PixelRect Ordered(const PixelRect& r) {
           r.left < r.right ? r.right : r.left, r.top < r.bottom ? r.bottom : r.top};
 }
 
+// What an operation covers that takes a corner and a size, where the size is negative: as many pixels that
+// end with the corner.
+constexpr PixelRect Covered(const PixelRect& r) {
+  PixelRect covered = r;
+  if (r.right < r.left) covered = {r.right + 1, covered.top, r.left + 1, covered.bottom};
+  if (r.bottom < r.top) covered = {covered.left, r.bottom + 1, covered.right, r.top + 1};
+  return covered;
+}
+
 // Calls `visit(part, row)` for each clip rectangle that meets `rect`: the common part in the context's
 // coordinates, and row(y) giving a pointer that is indexed by x.
 template <typename Visit>
@@ -43,10 +52,12 @@ void ForEachPart(const DrawingTarget& target, const PixelRect& rect, Visit&& vis
 }
 
 void FillArea(const DrawingTarget& target, const PixelRect& rect, std::uint32_t color);
-// The four sides of `rect`, each `width` pixels thick and inside it; sides that meet fill it.
+// The four sides of `rect`, each `width` pixels thick and inside it; sides that meet fill it. Its corners are
+// those of a round pen.
 void FillFrame(const DrawingTarget& target, const PixelRect& rect, int width, std::uint32_t color);
 
-// Inverts every other pixel of the one-pixel frame inside `rect`: those whose x + y is odd.
+// Inverts every other pixel of the one-pixel frame inside `rect`, from the top right corner on against the
+// clock. Of a frame that is one pixel wide or high the way back inverts the dots between its ends again.
 void InvertDottedFrame(const DrawingTarget& target, const PixelRect& rect);
 
 // A line's pixels that are on and off in turn; what is off is left as it is unless gaps are filled.
@@ -61,7 +72,7 @@ struct Dashes {
 // A one-pixel line without its last point.
 void DrawLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, std::uint32_t color,
               const Dashes& dashes);
-// A line as a square pen of `width` pixels leaves it, without its last position.
+// A line as a round pen of `width` pixels leaves it, with its last position.
 void DrawWideLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, int width,
                   std::uint32_t color);
 

@@ -1,13 +1,13 @@
 #include <levelwidgets/host/script/forms/desktop.h>
 
+#include <levelwidgets/host/script/forms/desktop_settings.h>
+#include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/forms/invariants.h>
 #include <levelwidgets/host/script/forms/png_file.h>
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/members/objects.h>
 #include <levelwidgets/host/script/sandbox/sandbox.h>
-#include <levelwidgets/host/script/values/dates.h>
-#include <levelwidgets/host/script/values/option_table.h>
 #include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
@@ -281,28 +281,6 @@ int ReadDesktop(lua_State* L) {
 
 constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadDesktop>}, {nullptr, nullptr}};
 
-[[noreturn]] void Refuse(const std::string& text) { throw Error(kInvalidCall, "LevelWidgets.Desktop", text); }
-
-DesktopSettings SettingsAt(lua_State* L, int index) {
-  const OptionTable table(L, index, "Desktop", {"width", "height", "dpi", "locale", "today", "palette"});
-  DesktopSettings settings;
-  settings.size = {table.Whole("width", settings.size.width), table.Whole("height", settings.size.height)};
-  settings.dpi = table.Whole("dpi", settings.dpi);
-  settings.locale = table.Text("locale", settings.locale);
-  settings.palette = table.Text("palette", settings.palette);
-  constexpr int kMost = 16384;
-  if (std::min(settings.size.width, settings.size.height) < 1 ||
-      std::max(settings.size.width, settings.size.height) > kMost) {
-    Refuse("The desktop's width and height are between 1 and 16384 pixels");
-  }
-  if (settings.dpi < 24 || settings.dpi > 960) Refuse("The desktop's dpi is between 24 and 960");
-  if (table.Has("today")) {
-    settings.today = DateOfIsoText(table.Text("today", ""));
-    if (!settings.today) Refuse("The desktop's today is written as \"2024-05-15T10:30:00\"");
-  }
-  return settings;
-}
-
 bool IsEmptyTable(lua_State* L, int index) {
   luaL_checktype(L, index, LUA_TTABLE);
   lua_pushnil(L);
@@ -321,6 +299,7 @@ ScriptDesktop& CheckScriptDesktop(lua_State* L) {
 void OpenDesktop(lua_State* L) {
   DefineType<DesktopValue>(L, kDesktopType, kMetamethods);
   SetScriptMethods(L, kMethods);
+  AddDesktopWindowMethods(L);
   AddInvariantMethods(L);
   lua_pop(L, 1);
 }
@@ -329,7 +308,7 @@ int NewDesktop(lua_State* L) {
   RefuseInSandbox(L, "lw.desktop", "drives no desktop");
   ScriptState& state = StateOf(L);
   const bool as_given = state.DesktopIsGiven() && IsEmptyTable(L, 1);
-  if (!as_given) state.MakeDesktop(SettingsAt(L, 1));
+  if (!as_given) state.MakeDesktop(DesktopSettingsAt(L, 1));
   PushUserdata(L, kDesktopType, DesktopValue{});
   return 1;
 }

@@ -5,6 +5,7 @@
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/frame/paint.h>
 #include <levelwidgets/host/script/forms/desktop.h>
+#include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/members/indexed.h>
@@ -70,10 +71,11 @@ int ConcreteColor(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kFunctions[] = {
-    {"color", Guarded<ConcreteColor>}, {"date", Guarded<NewDate>},  {"desktop", Guarded<NewDesktop>},
-    {"errors", Guarded<ListErrors>},   {"font", Guarded<NewFont>},  {"form", Guarded<NewForm>},
-    {"load", Guarded<LoadFormFile>},   {"new", Guarded<NewObject>}, {nullptr, nullptr}};
+constexpr luaL_Reg kFunctions[] = {{"color", Guarded<ConcreteColor>},  {"date", Guarded<NewDate>},
+                                   {"desktop", Guarded<NewDesktop>},   {"errors", Guarded<ListErrors>},
+                                   {"font", Guarded<NewFont>},         {"form", Guarded<NewForm>},
+                                   {"load", Guarded<LoadFormFile>},    {"new", Guarded<NewObject>},
+                                   {"screen", Guarded<ScreenInTwips>}, {nullptr, nullptr}};
 
 int RefuseUnknown(lua_State* L) {
   std::vector<std::string_view> names{"null"};

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <levelwidgets/host/script/lua/failure.h>
 #include <levelwidgets/platform/driver.h>
@@ -16,6 +17,9 @@ namespace levelwidgets {
 struct DesktopSettings {
   PixelSize size{1024, 768};
   int dpi = 96;
+  std::optional<int> dpi_x;         // instead of `dpi`, across
+  std::optional<int> dpi_y;         // and down
+  std::vector<PixelRect> monitors;  // instead of `size`, the primary one first
   std::string locale = "en-US";
   std::optional<Date> today;      // the desktop's own where not given
   std::string palette = "light";  // one of PaletteNames(); raises 5 for another

@@ -21,7 +21,9 @@ memory::SystemPalette PaletteNamed(const std::string& name) {
 ScriptDesktop MakeOwnDesktop(const DesktopSettings& settings) {
   memory::DesktopOptions options;
   options.screen = settings.size;
-  options.dpi_x = options.dpi_y = settings.dpi;
+  options.monitors = settings.monitors;
+  options.dpi_x = settings.dpi_x.value_or(settings.dpi);
+  options.dpi_y = settings.dpi_y.value_or(settings.dpi);
   options.locale = settings.locale;
   if (settings.today) options.now = *settings.today;
   options.palette = PaletteNamed(settings.palette);
