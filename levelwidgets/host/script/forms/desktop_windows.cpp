@@ -2,6 +2,7 @@
 
 #include <levelwidgets/host/script/forms/desktop.h>
 #include <levelwidgets/host/script/forms/forms.h>
+#include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/members/objects.h>
 
 namespace levelwidgets {
