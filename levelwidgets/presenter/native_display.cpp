@@ -108,9 +108,14 @@ NativeDisplay::NativeDisplay(std::optional<int> factor) {
 NativeDisplay::~NativeDisplay() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
 
 memory::DesktopOptions NativeDisplay::Fit(memory::DesktopOptions base) const {
-  SDL_Rect usable{};
-  if (SDL_GetDisplayUsableBounds(0, &usable) == 0) {
-    base.screen = scale_.ToDesktop(PixelSize{usable.w, usable.h});
+  // The first one's corner is the origin of the scale.
+  base.monitors.clear();
+  for (int i = 0; i < SDL_GetNumVideoDisplays(); ++i) {
+    SDL_Rect usable{};
+    if (SDL_GetDisplayUsableBounds(i, &usable) != 0) continue;
+    const PixelPoint corner = scale_.ToDesktop(PixelPoint{usable.x, usable.y});
+    const PixelSize size = scale_.ToDesktop(PixelSize{usable.w, usable.h});
+    base.monitors.push_back({corner.x, corner.y, corner.x + size.width, corner.y + size.height});
   }
   base.locale = LocaleOfEnvironment();
   base.now = RealNow();

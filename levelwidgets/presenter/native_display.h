@@ -20,8 +20,8 @@ class NativeDisplay {
   NativeDisplay& operator=(const NativeDisplay&) = delete;
 
   const Scale& GetScale() const { return scale_; }
-  // A desktop as large as the main screen without what the system keeps for itself, in its language, at this
-  // moment; otherwise as `base`.
+  // A desktop with the screens of the system as its monitors, each without what the system keeps for itself,
+  // in its language, at this moment; otherwise as `base`.
   memory::DesktopOptions Fit(memory::DesktopOptions base) const;
   // Where the pointer can be, in desktop pixels: on all screens, and at Nowhere.
   PixelRect PointerArea() const;

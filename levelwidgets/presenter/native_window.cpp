@@ -86,6 +86,24 @@ void NativeWindow::SetSize(PixelSize size) { SDL_SetWindowSize(window_, size.wid
 
 void NativeWindow::Raise() { SDL_RaiseWindow(window_); }
 
+void NativeWindow::Minimize() { SDL_MinimizeWindow(window_); }
+
+void NativeWindow::Maximize() { SDL_MaximizeWindow(window_); }
+
+void NativeWindow::Restore() { SDL_RestoreWindow(window_); }
+
+PixelPoint NativeWindow::Place() const {
+  PixelPoint place;
+  SDL_GetWindowPosition(window_, &place.x, &place.y);
+  return place;
+}
+
+PixelSize NativeWindow::Size() const {
+  PixelSize size;
+  SDL_GetWindowSize(window_, &size.width, &size.height);
+  return size;
+}
+
 void NativeWindow::Show(memory::PixelStore& store, const PixelRect& part, int factor) {
   SDL_Surface* surface = SDL_GetWindowSurface(window_);
   if (!surface) return;  // while it is minimised on some systems

@@ -34,8 +34,13 @@ class NativeWindow {
   void SetTitle(const std::string& title);
   void MoveTo(PixelPoint place);
   void SetSize(PixelSize size);
-  // To the front, with the keyboard.
+  // To the front; a form with the keyboard.
   void Raise();
+  void Minimize();
+  void Maximize();
+  void Restore();
+  PixelPoint Place() const;
+  PixelSize Size() const;
 
   // Brings what has changed in `part` of `store` to the screen, every pixel a square of `factor`.
   void Show(memory::PixelStore& store, const PixelRect& part, int factor);

@@ -10,6 +10,7 @@
 #include <levelwidgets/platform/memory/desktop.h>
 #include <levelwidgets/presenter/end_signals.h>
 #include <levelwidgets/presenter/native_display.h>
+#include <levelwidgets/presenter/native_pointer.h>
 #include <levelwidgets/presenter/native_window.h>
 
 union SDL_Event;
@@ -48,8 +49,9 @@ class Presenter {
     WindowHandle window;
     std::unique_ptr<NativeWindow> native;
     std::string title;
-    PixelRect part;         // on the desktop: the part of the window that is shown
-    PixelSize native_size;  // that the native window was given, or has taken
+    PixelRect part;           // on the desktop: the part of the window that is shown
+    PixelSize native_size;    // that the native window was given, or has taken
+    std::uint32_t state = 0;  // kWsMinimize, kWsMaximize or neither, the same on both sides
   };
 
   void Wait();
@@ -61,6 +63,8 @@ class Presenter {
   void Follow(Shown& shown, const memory::Window& window);
   void SyncActivation();
   void SyncClipboard();
+  void FollowState(Shown& shown, std::uint32_t state);
+  void RaisePopups();
   Shown* Find(WindowHandle window);
   Shown* FindNative(std::uint32_t id);
 
@@ -70,6 +74,9 @@ class Presenter {
   void HandlePointer(const SDL_Event& event);
   void HandleWindow(const SDL_WindowEvent& event);
   void PointTo(std::uint32_t native_id, PixelPoint place);
+  void NativeState(Shown& shown, std::uint32_t state);
+  void TakePlaceAndSize(WindowHandle window);
+  void MovePopups(WindowHandle form, PixelPoint by);
   void NativeMoved(Shown& shown, PixelPoint place);
   void NativeResized(Shown& shown, PixelSize size);
   void TakeFocus();
@@ -79,6 +86,7 @@ class Presenter {
   NativeDisplay& display_;
   memory::Desktop& desktop_;
   EndSignals signals_;
+  NativePointer pointer_;
   std::vector<Shown> shown_;
   std::chrono::steady_clock::time_point started_;
   std::uint64_t started_tick_;

@@ -131,9 +131,15 @@ void Presenter::HandleWindow(const SDL_WindowEvent& event) {
     case SDL_WINDOWEVENT_MOVED: NativeMoved(*shown, {event.data1, event.data2}); break;
     case SDL_WINDOWEVENT_SIZE_CHANGED: NativeResized(*shown, {event.data1, event.data2}); break;
     case SDL_WINDOWEVENT_EXPOSED: shown->native->Forget(); break;
+    case SDL_WINDOWEVENT_MINIMIZED: NativeState(*shown, kWsMinimize); break;
+    case SDL_WINDOWEVENT_MAXIMIZED: NativeState(*shown, kWsMaximize); break;
+    case SDL_WINDOWEVENT_RESTORED: NativeState(*shown, 0); break;
     case SDL_WINDOWEVENT_ENTER: pointer_left_ = false; break;
     case SDL_WINDOWEVENT_LEAVE: pointer_left_ = true; break;
-    case SDL_WINDOWEVENT_FOCUS_GAINED: native_focus_ = event.windowID; break;
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+      native_focus_ = event.windowID;
+      RaisePopups();
+      break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
       if (native_focus_ == event.windowID) native_focus_ = 0;
       break;
@@ -145,21 +151,72 @@ void Presenter::HandleWindow(const SDL_WindowEvent& event) {
   }
 }
 
+void Presenter::NativeState(Shown& shown, std::uint32_t state) {
+  const WindowHandle window = shown.window;
+  if (shown.state == state || shown.native->Kind() == WindowKind::kPopup) return;
+  shown.state = state;
+  const int command = state == kWsMinimize ? kSwMinimize : state == kWsMaximize ? kSwMaximize : kSwRestore;
+  desktop_.Windows().ShowWindow(window, command);
+  // A minimised window may have been a maximised one, which it is again.
+  const auto style = static_cast<std::uint32_t>(desktop_.Windows().GetWindowLongA(window, kGwlStyle));
+  if (Shown* left = Find(window)) left->state = style & (kWsMinimize | kWsMaximize);
+  if (state != kWsMinimize) TakePlaceAndSize(window);
+  desktop_.Settle();
+}
+
+// Those of the native window, from wherever the desktop has put it.
+void Presenter::TakePlaceAndSize(WindowHandle window) {
+  Shown* shown = Find(window);
+  if (!shown) return;
+  const Scale& scale = display_.GetScale();
+  const PixelPoint corner = scale.ToDesktop(shown->native->Place());
+  const PixelSize size = scale.ToDesktop(shown->native->Size());
+  shown->native_size = shown->native->Size();
+  shown->part = PixelRect{0, 0, size.width, size.height}.Offset(corner.x, corner.y);
+  const auto style = static_cast<std::uint32_t>(desktop_.Windows().GetWindowLongA(window, kGwlStyle));
+  desktop_.Windows().SetWindowPos(window, {}, desktop_.Windows().AdjustWindowRectEx(shown->part, style, 0),
+                                  kSwpNoZOrder | kSwpNoActivate);
+}
+
+// What belongs to a form goes with it: its popups, and those of nobody while it is the active one.
+void Presenter::MovePopups(WindowHandle form, PixelPoint by) {
+  memory::WindowTree& tree = desktop_.Windows().Tree();
+  const bool active = desktop_.Windows().GetActiveWindow() == form;
+  std::vector<WindowHandle> popups;
+  for (const Shown& shown : shown_) {
+    const memory::Window* popup =
+        shown.native->Kind() == WindowKind::kPopup ? tree.Find(shown.window) : nullptr;
+    if (!popup) continue;
+    if (popup->owner ? popup->owner->handle == form
+                     : active || popup->handle == desktop_.Windows().GetActiveWindow()) {
+      popups.push_back(popup->handle);
+    }
+  }
+  for (const WindowHandle popup : popups) {
+    PixelRect rect;
+    if (!desktop_.Windows().GetWindowRect(popup, rect)) continue;
+    desktop_.Windows().SetWindowPos(popup, {}, rect.Offset(by.x, by.y),
+                                    kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
+  }
+}
+
 void Presenter::NativeMoved(Shown& shown, PixelPoint place) {
-  if (shown.native->Kind() == WindowKind::kPopup) return;
+  if (shown.native->Kind() == WindowKind::kPopup || shown.state == kWsMinimize) return;
   const PixelPoint corner = display_.GetScale().ToDesktop(place);
   const PixelPoint by{corner.x - shown.part.left, corner.y - shown.part.top};
   if (by == PixelPoint{}) return;
   PixelRect rect;
   desktop_.Windows().GetWindowRect(shown.window, rect);
   shown.part = shown.part.Offset(by.x, by.y);
-  desktop_.Windows().SetWindowPos(shown.window, {}, rect.Offset(by.x, by.y),
+  const WindowHandle form = shown.window;
+  desktop_.Windows().SetWindowPos(form, {}, rect.Offset(by.x, by.y),
                                   kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
+  MovePopups(form, by);
   desktop_.Settle();
 }
 
 void Presenter::NativeResized(Shown& shown, PixelSize size) {
-  if (size == shown.native_size) return;
+  if (size == shown.native_size || shown.state == kWsMinimize) return;
   shown.native_size = size;
   const PixelSize wanted = display_.GetScale().ToDesktop(size);
   const int wider = wanted.width - shown.part.width();

@@ -82,6 +82,30 @@ TEST_F(PresenterTest, TheNativeOrderDecidesWhichWindowIsHit) {
   EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,15"));
 }
 
+TEST_F(PresenterTest, APointerThatJumpsBetweenFormsMovesInEach) {
+  // In front of the form on the desktop, beside it natively.
+  const WindowHandle other = MakeForm("other", {100, 100, 400, 300});
+  presenter.Sync();
+  Begin();
+  Handle({Motion(form, 200, 150), WindowEvent(form, SDL_WINDOWEVENT_LEAVE),
+          WindowEvent(other, SDL_WINDOWEVENT_ENTER), Motion(other, 201, 150), Motion(form, 202, 150)});
+  EXPECT_THAT(Input(), ElementsAre("form MouseMove 0 200,150", "other MouseMove 0 201,150",
+                                   "form MouseMove 0 202,150"));
+  Handle({Button(other, SDL_MOUSEBUTTONDOWN, 203, 151), Button(other, SDL_MOUSEBUTTONUP, 203, 151)});
+  EXPECT_THAT(Input(), ElementsAre("other MouseMove 0 203,151", "other LButtonDown 1 203,151",
+                                   "other CaptureChanged none", "other LButtonUp 0 203,151"));
+}
+
+TEST_F(PresenterTest, TextOutsideTheCodePageArrivesAsQuestionMarks) {
+  const WindowHandle edit = windows.CreateWindowExA(
+      {.class_name = "EDIT", .style = kWsChild | kWsVisible, .rect = {10, 70, 200, 90}, .parent = form});
+  windows.SetFocus(edit);
+  SDL_Event key = Key(SDL_KEYDOWN, 0x43F);
+  key.key.keysym.scancode = SDL_SCANCODE_G;
+  Handle({key, Text("\xD0\xBF"), Text("\xD1\x80\xC3\xA9"), Text("\xE2\x82\xAC")});
+  EXPECT_EQ(windows.GetWindowTextA(edit), "??\xC3\xA9\xE2\x82\xAC");
+}
+
 TEST_F(PresenterTest, TheWheelGoesToTheFocus) {
   windows.SetFocus(right);
   Handle({Motion(form, 15, 25)});

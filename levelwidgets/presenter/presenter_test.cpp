@@ -144,6 +144,78 @@ TEST_F(PresenterTest, AClosingThatIsRefusedLeavesTheWindow) {
   EXPECT_EQ(Native(form), nullptr);
 }
 
+TEST_F(PresenterTest, ANativeMinimiseMinimisesTheFormAndBack) {
+  PixelRect before;
+  windows.GetWindowRect(form, before);
+  Begin();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_MINIMIZED)});
+  EXPECT_THAT(Messages("Size"), ElementsAre("form Size 0,0"));
+  EXPECT_NE(windows.GetWindowLongA(form, kGwlStyle) & kWsMinimize, 0);
+  presenter.Sync();
+  EXPECT_NE(Native(form), nullptr);
+  EXPECT_EQ(NativeSize(form), (PixelSize{300, 200})) << "a minimised window keeps its native size";
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_RESTORED)});
+  PixelRect after;
+  windows.GetWindowRect(form, after);
+  EXPECT_EQ(after, before);
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+}
+
+TEST_F(PresenterTest, ANativeMaximiseMaximisesTheFormAsLargeAsTheNativeWindow) {
+  SDL_SetWindowPosition(Native(form), 0, 10);
+  SDL_SetWindowSize(Native(form), 500, 400);
+  Begin();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_MAXIMIZED)});
+  EXPECT_NE(windows.GetWindowLongA(form, kGwlStyle) & kWsMaximize, 0);
+  PixelRect client_area;
+  windows.GetClientRect(form, client_area);
+  EXPECT_EQ(client_area, (PixelRect{0, 0, 500, 400}));
+  PixelPoint corner;
+  windows.ClientToScreen(form, corner);
+  EXPECT_EQ(corner, (PixelPoint{0, 10}));
+  presenter.Sync();
+  EXPECT_EQ(NativeSize(form), (PixelSize{500, 400}));
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_RESTORED)});
+  EXPECT_EQ(windows.GetWindowLongA(form, kGwlStyle) & (kWsMaximize | kWsMinimize), 0);
+}
+
+TEST_F(PresenterTest, PopupsGoWithTheFormThatIsMoved) {
+  const WindowHandle popup = MakePopup({120, 130, 220, 190});
+  const WindowHandle other = MakeForm("other", {500, 100, 600, 200});
+  const WindowHandle owned = windows.CreateWindowExA({.style = kWsPopup | kWsVisible,
+                                                      .ex_style = kWsExNoActivate,
+                                                      .rect = {510, 110, 530, 130},
+                                                      .parent = other});
+  windows.SetActiveWindow(form);
+  presenter.Sync();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_MOVED, 140, 90)});
+  PixelRect rect;
+  windows.GetWindowRect(popup, rect);
+  EXPECT_EQ(rect, (PixelRect{160, 120, 260, 180}));
+  windows.GetWindowRect(owned, rect);
+  EXPECT_EQ(rect, (PixelRect{510, 110, 530, 130})) << "that of another form stays";
+  presenter.Sync();
+  EXPECT_EQ(NativePlace(popup), (PixelPoint{160, 120}));
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_MOVED, 510, 105)});
+  windows.GetWindowRect(owned, rect);
+  EXPECT_EQ(rect, (PixelRect{520, 115, 540, 135}));
+}
+
+TEST_F(PresenterTest, TheMonitorsAreThoseOfTheSystem) {
+  const memory::DesktopOptions options = display_->Fit({});
+  ASSERT_EQ(options.monitors.size(), static_cast<std::size_t>(SDL_GetNumVideoDisplays()));
+  SDL_Rect usable{};
+  ASSERT_EQ(SDL_GetDisplayUsableBounds(0, &usable), 0);
+  EXPECT_EQ(options.monitors.front(), (PixelRect{0, 0, usable.w, usable.h}));
+}
+
+TEST(NativePointerTest, EachShapeIsOneOfTheSystems) {
+  EXPECT_EQ(NativePointer::SystemShape(kIdcIBeam), SDL_SYSTEM_CURSOR_IBEAM);
+  EXPECT_EQ(NativePointer::SystemShape(kIdcHand), SDL_SYSTEM_CURSOR_HAND);
+  EXPECT_EQ(NativePointer::SystemShape(kIdcSizeNwSe), SDL_SYSTEM_CURSOR_SIZENWSE);
+  EXPECT_EQ(NativePointer::SystemShape(0), std::nullopt);
+}
+
 // --- The loop ----------------------------------------------------------------------------------------
 
 TEST_F(PresenterTest, RunEndsWithTheLastForm) {

@@ -10,6 +10,8 @@ namespace levelwidgets::presenter {
 
 namespace {
 
+std::uint32_t StateOf(const memory::Window& window) { return window.style & (kWsMinimize | kWsMaximize); }
+
 bool HasCaption(const memory::Window& window) { return window.Has(kWsCaption); }
 
 WindowKind KindOf(const memory::Window& window) {
@@ -62,6 +64,7 @@ void Presenter::Sync() {
   vanished.clear();
   SyncActivation();
   SyncClipboard();
+  pointer_.Show(desktop_.PointerShape());
 }
 
 void Presenter::SyncWindow(memory::Window& window, std::vector<Shown>& vanished) {
@@ -104,6 +107,9 @@ void Presenter::Follow(Shown& shown, const memory::Window& window) {
     shown.title = window.title;
     shown.native->SetTitle(shown.title);
   }
+  if (StateOf(window) != shown.state) FollowState(shown, StateOf(window));
+  // The system decides where such a window is, and the desktop follows.
+  if (shown.state != 0) return;
   if (part.width() != shown.part.width() || part.height() != shown.part.height()) {
     shown.native_size = scale.ToNative(PixelSize{part.width(), part.height()});
     shown.native->SetSize(shown.native_size);
@@ -114,6 +120,22 @@ void Presenter::Follow(Shown& shown, const memory::Window& window) {
   shown.part = part;
 }
 
+// The program has minimised, maximised or restored a form.
+void Presenter::FollowState(Shown& shown, std::uint32_t state) {
+  shown.state = state;
+  if (state == kWsMinimize) return shown.native->Minimize();
+  if (state == kWsMaximize) return shown.native->Maximize();
+  shown.native->Restore();
+}
+
+// A form that has come to the front has left those behind that stand above all.
+void Presenter::RaisePopups() {
+  for (const memory::Window* window : std::views::reverse(desktop_.Windows().Tree().Desktop().children)) {
+    Shown* shown = Find(window->handle);
+    if (shown && shown->native->Kind() == WindowKind::kPopup) shown->native->Raise();
+  }
+}
+
 // A form that the program has made active comes to the front; popups need no keyboard of their own.
 void Presenter::SyncActivation() {
   const WindowHandle active = desktop_.Windows().GetActiveWindow();
@@ -122,6 +144,7 @@ void Presenter::SyncActivation() {
   const Shown* shown = Find(active);
   if (shown && shown->native->Kind() != WindowKind::kPopup && shown->native->Id() != focus_) {
     shown->native->Raise();
+    RaisePopups();
   }
 }
 

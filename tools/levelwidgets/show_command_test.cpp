@@ -223,6 +223,32 @@ TEST_F(ShowCommand, ResizingTheWindowRaisesTheFormsResize) {
   EXPECT_EQ(Screen().Find(kForm).height(), 250);
 }
 
+TEST_F(ShowCommand, AMinimisedWindowComesBackAsItWas) {
+  Show("");
+  const PixelRect before = Screen().Find(kForm);
+  Screen().DoAtLast("search --name Order windowminimize");
+  EXPECT_TRUE(Screen().WaitWithout(kForm));
+  Screen().DoAtLast("search --name Order windowactivate --sync");
+  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm) == before; }));
+  Click(button_);
+  EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ShowCommand, AWindowThatIsMaximisedByItsTitleRaisesTheFormsResize) {
+  Show("function form_Resize() if form.Width > 9000 then state(kAfter) else state(kLast) end end");
+  const PixelRect before = Screen().Find(kForm);
+  const std::string title = "mousemove " + std::to_string(before.left + 100) + " " +
+                            std::to_string(before.top - 8) + " click --repeat 2 1";
+  Screen().Do(title);
+  EXPECT_TRUE(Shows(kAfter));
+  EXPECT_GT(Screen().Find(kForm).width(), 700);
+  const PixelRect large = Screen().Find(kForm);
+  Screen().Do("mousemove " + std::to_string(large.left + 100) + " " + std::to_string(large.top - 8) +
+              " sleep 1 click --repeat 2 1");
+  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm) == before; }));
+  EXPECT_TRUE(Shows(kLast));
+}
+
 TEST_F(ShowCommand, TheProgramMovesResizesAndRetitlesItsWindow) {
   Show("function cmdSave_Click() form.Width, form.Height, form.Caption = 6000, 4200, 'Longer' end");
   Click(button_);
