@@ -65,6 +65,19 @@ bool Control::TakeKey(KeyMessage& key) {
 
 void Control::PartFocus(bool has_focus, WindowHandle other) {
   if (has_focus == focused_ || (!has_focus && Holds(other))) return;
+  const auto settle = [weak = weak_from_this()] {
+    if (const auto control = weak.lock()) control->SettleFocus();
+  };
+  if (has_focus || !site_->HandsFocusOn(other, settle)) ChangeFocused(has_focus, other);
+}
+
+// The container has handed the focus on, maybe back to this control.
+void Control::SettleFocus() {
+  const WindowHandle now = GetSurface().Windows().GetFocus();
+  if (focused_ && !Holds(now) && site_->UserMode()) ChangeFocused(false, now);
+}
+
+void Control::ChangeFocused(bool has_focus, WindowHandle other) {
   const auto keep = Reference();
   focused_ = has_focus;
   if (has_focus) {

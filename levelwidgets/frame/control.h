@@ -101,6 +101,8 @@ class Control : public Object, public SurfaceWindow, public std::enable_shared_f
 
  private:
   void Finish(std::string_view name, Then then);
+  void ChangeFocused(bool has_focus, WindowHandle other);
+  void SettleFocus();
 
   std::shared_ptr<ControlSite> site_;
   bool started_ = false;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -71,6 +72,10 @@ class ControlSite {
   // The control, with its parts as one, has got the focus from `other` or lost it to `other`; null when that
   // is no window of this program.
   virtual void FocusChanged(bool has_focus, WindowHandle other) = 0;
+  // The control is losing the focus to `other`. True when that is a window of the container which only hands
+  // it on, as a form's does when the form becomes active: the control has not been left yet, and the
+  // container calls `settle` when it has handed on.
+  virtual bool HandsFocusOn(WindowHandle /*other*/, std::function<void()> /*settle*/) { return false; }
   // Offers a key to the container before the control acts on it. The container may change it; true when it
   // has used it.
   virtual bool TakeKey(KeyMessage& key) = 0;

@@ -14,9 +14,10 @@ class ClockApi {
  public:
   virtual ~ClockApi() = default;
 
-  // Calls `tick` every `interval_ms` milliseconds (at least 1) until killed, the first time one interval
-  // from now. Ticks of one timer that are late are delivered once. `tick` may kill its own timer. An
-  // exception from it leaves the loop through the call that ran it, the timer intact.
+  // Calls `tick` every `interval_ms` milliseconds (at least 10) until killed, the first time one interval
+  // from now. Ticks of one timer that are late are delivered once, and the next is one interval after that. A
+  // tick that runs the loop for longer than its interval is nested in itself. `tick` may kill its own timer.
+  // An exception from it leaves the loop through the call that ran it, the timer intact.
   virtual TimerHandle SetTimer(std::uint32_t interval_ms, std::function<void()> tick) = 0;
   virtual bool KillTimer(TimerHandle timer) = 0;
   virtual std::size_t LiveTimers() const = 0;
@@ -32,7 +33,7 @@ class ClockApi {
   // Runs until Quit; returns its status.
   virtual int Run() = 0;
   virtual void Quit(int status) = 0;
-  // Handles what is pending (posted calls and messages, due timers, paints) and returns.
+  // Handles what is pending and returns: posted calls and messages, then input, then paints, then due timers.
   virtual void DoEvents() = 0;
 };
 

@@ -157,6 +157,7 @@ inline constexpr std::uint32_t kWmPaint = 0x000F;
 inline constexpr std::uint32_t kWmClose = 0x0010;
 inline constexpr std::uint32_t kWmEraseBackground = 0x0014;
 inline constexpr std::uint32_t kWmShowWindow = 0x0018;
+inline constexpr std::uint32_t kWmCancelMode = 0x001F;
 inline constexpr std::uint32_t kWmSetCursor = 0x0020;
 inline constexpr std::uint32_t kWmMouseActivate = 0x0021;
 inline constexpr std::uint32_t kWmSetFont = 0x0030;

@@ -42,39 +42,70 @@ struct WindowRequest {
 //
 // Promises about plain windows, kept on every platform:
 //
-// - A window has a drawing context of its own. GetDC and BeginPaint always return it, with the
-//   objects and colours last selected into it, so a paint need not select anything again.
-//   It starts with the stock objects, transparent background mode and black text.
-// - A window whose size changes is invalidated as a whole. kWmPaint asks for a paint after all
-//   other input, UpdateWindow asks at once. The platform never erases the background.
-// - Pointer messages carry client pixels in the second parameter (x in the low, y in the high word,
-//   signed) and the button and key bits in the first. A press captures the pointer to its window until
-//   the last button is up; this press capture, or the capture that took its place, has ended when that
-//   release is delivered. Otherwise an explicit SetCapture lasts until it is released or taken over.
+// Drawing and painting
+// - A window has a drawing context of its own. GetDC and BeginPaint always return it, with the objects and
+//   colours last selected into it, so a paint need not select anything again. It starts with the stock
+//   objects, transparent background mode and black text.
+// - A window whose size changes is invalidated as a whole; of one that is moved only what comes to light,
+//   because its pixels go with it. The platform never erases the background.
+// - kWmPaint asks for a paint after all posted messages and input, and before a timer's tick: a parent
+//   before its children, siblings from the front to the back. It comes again until BeginPaint has been
+//   called. UpdateWindow asks at once.
+//
+// The pointer
+// - Pointer messages carry client pixels in the second parameter (x in the low, y in the high word, signed)
+//   and the button and key bits in the first. A press captures the pointer to its window until the last
+//   button is up; this press capture, or the capture that took its place, has ended when that release is
+//   delivered. Otherwise an explicit SetCapture lasts until it is released or taken over.
 // - A move is delivered only when the pointer has moved since the last move, never because a window or the
 //   capture changed under the pointer.
 // - Before a move is delivered while no window has the capture, kWmSetCursor (with the window in its first
-// parameter) asks
-//   for the pointer's shape. Who answers other than 0 has set it; otherwise the window's parents are asked,
-//   and then it is that of the window's class: an I-beam over an edit box, an arrow over any other. While a
-//   window has the capture the shape stays as it is.
-// - The second press within the double-click time and distance arrives as ...DblClk instead of ...Down.
+//   parameter) asks for the pointer's shape. Who answers other than 0 has set it; otherwise the window's
+//   parents are asked, and then it is that of the window's class: an I-beam over an edit box, an arrow over
+//   any other. While a window has the capture the shape stays as it is.
+// - The second press on a window within the double-click time and rectangle arrives as ...DblClk instead of
+//   ...Down.
 // - A press activates the top-level window under it before it is delivered; it does not move the focus,
-//   except as activation does.
+//   except as activation does. While a window has the capture, presses go straight to it and activate
+//   nothing.
+// - The wheel (kWmMouseWheel) goes to the window under the pointer, and up its parents until one handles
+//   it. A person can set the system so that it goes to the window with the focus; the desktop in memory has
+//   an option.
+// - A disabled window gets no pointer messages. Those over a disabled child go to what is behind it: a
+//   sibling, or else the parent; those over a disabled top-level window to nobody. Disabling sends
+//   kWmCancelMode first, which ends a capture.
+// - A top-level window with kWsExTransparent is seen and never hit: pointer messages go to what is behind
+//   it.
+//
+// Focus, activation and keys
+// - A top-level window that becomes active gets the focus by the default handling of its kWmActivate, or
+//   after it when no window inside it has the focus by then. So the focus goes by the window of a form that
+//   is not active, and what that does with it, before it reaches a control in it. GetActiveWindow gives the
+//   former one while that is deactivated.
+// - The active window that is hidden or ends hands on to its owner, or else to the next window behind it,
+//   to tool windows last.
+// - A hidden window takes focus and activation like any other, a disabled one takes neither.
 // - kWmKillFocus carries the handle of the window that gets the focus, kWmSetFocus that of the one that has
-//   lost it: in the low 32 bits of the first parameter, 0 when that is nobody, or no window of this program.
-//   The window that loses the focus hears of it first; GetFocus then gives the other one.
+//   lost it: in the low 32 bits of the first parameter, 0 when that is nobody, or no window of this
+//   program. The window that loses the focus hears of it first; GetFocus then gives the other one.
 // - Keys go to the focus window: kWmKeyDown, kWmChar (a character of the system's code page), kWmKeyUp;
-//   with Alt held kWmSysKeyDown, kWmSysChar, kWmSysKeyUp.
-// - A disabled window gets no pointer messages; they go to the nearest enabled ancestor.
-// - A top-level window with kWsExTransparent is seen and never hit: pointer messages go to what is behind it.
+//   with Alt held kWmSysKeyDown, kWmSysChar, kWmSysKeyUp. Shift, Ctrl and Alt are keys like any other.
+//
+// Place and life
+// - A window with a caption or a border for sizing (neither child nor popup, or kWsThickFrame) has a
+//   smallest and a largest size. One that is neither child nor popup hears its first kWmSize and kWmMove
+//   when it is first shown, after it has become active; any other when it is made.
 // - kWmSysCommand asks a window with a caption to do what its system menu offers (kScMinimize and the
-// others); the
-//   default does it, kScClose by kWmClose. kWmSize says in its first parameter whether the window is
-//   minimised, maximised or neither, and the style has kWsMinimize or kWsMaximize. A minimised window takes
-//   no part in painting and input; its client area is 0 by 0 pixels.
+//   others); the default does it, kScClose by kWmClose. kWmSize says in its first parameter whether the
+//   window is minimised, maximised or neither, and the style has kWsMinimize or kWsMaximize. A minimised
+//   window takes no part in painting and input; its client area is 0 by 0 pixels.
+// - Owned windows stay in front of their owner, and whichever of them comes to the front takes the others
+//   along. An owner that becomes top-most makes what it owns top-most; one of them that ceases to be makes
+//   all cease.
 // - DestroyWindow sends kWmDestroy to the window, then to its children, and ends its capture, focus and
-//   context. Nothing is sent to `client` afterwards.
+//   context. It does not hear that its capture ends, and nothing is sent to `client` afterwards.
+//
+// docs/platforms.md lists where the two platforms still differ, and why.
 class WindowApi {
  public:
   virtual ~WindowApi() = default;

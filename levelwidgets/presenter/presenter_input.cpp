@@ -51,7 +51,7 @@ void Presenter::HandleEvent(const SDL_Event& event) {
     case SDL_KEYUP: {
       const int held = ShiftOfHeld(event.key.keysym.mod);
       const int code = CodeOfKey({event.key.keysym.sym, event.key.keysym.scancode, event.key.keysym.mod, ""});
-      if (code != 0) desktop_.KeyUp(code, held);
+      if (code != 0) desktop_.LiftKey(code, held);
       desktop_.HoldShift(held);
       break;
     }

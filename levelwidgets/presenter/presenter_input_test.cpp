@@ -106,7 +106,7 @@ TEST_F(PresenterTest, TextOutsideTheCodePageArrivesAsQuestionMarks) {
   EXPECT_EQ(windows.GetWindowTextA(edit), "??\xC3\xA9\xE2\x82\xAC");
 }
 
-TEST_F(PresenterTest, TheWheelGoesToTheFocus) {
+TEST_F(PresenterTest, TheWheelGoesToTheWindowUnderThePointer) {
   windows.SetFocus(right);
   Handle({Motion(form, 15, 25)});
   Begin();
@@ -116,7 +116,7 @@ TEST_F(PresenterTest, TheWheelGoesToTheFocus) {
   wheel.wheel.y = -2;
   Handle({wheel});
   EXPECT_THAT(Messages("MouseWheel"),
-              ElementsAre("right MouseWheel -240 115,125", "form MouseWheel -240 115,125"));
+              ElementsAre("left MouseWheel -240 115,125", "form MouseWheel -240 115,125"));
 }
 
 // --- Keys --------------------------------------------------------------------------------------------

@@ -2,7 +2,6 @@
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/testing/composed_control.h>
 #include <levelwidgets/testing/desktop_fixture.h>
-#include <levelwidgets/testing/driver.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -262,8 +261,6 @@ TEST_F(ComposedOnFormTest, TabInTheFormIsSeenByThePreviewAndItsCharacterByNobody
 // --- Focus -------------------------------------------------------------------------------------------
 
 TEST_F(ComposedOnFormTest, TheFocusGoingAmongPartsAndToThePanelOnTheDesktopIsOneEntryAndOneExit) {
-  // There the activation of the form gives the focus to the form's window first.
-  if (SystemActivatesFormsFirst()) GTEST_SKIP() << "the system focuses an inactive form before its control";
   Composed& cmp = Make();
   Composed& other = Other();
   Focus(cmp);
@@ -289,8 +286,6 @@ TEST_F(ComposedOnFormTest, TheFocusGoingAmongPartsAndToThePanelOnTheDesktopIsOne
 }
 
 TEST_F(ComposedOnFormTest, LeavingThePanelOnTheDesktopForAnotherControlIsTheExit) {
-  // There the activation of the form gives the focus to the form's window first.
-  if (SystemActivatesFormsFirst()) GTEST_SKIP() << "the system focuses an inactive form before its control";
   Composed& cmp = Make();
   Composed& other = Other();
   Focus(cmp);
@@ -312,8 +307,6 @@ TEST_F(ComposedOnFormTest, TheControlIsLeftWhenNobodyGetsTheFocus) {
 }
 
 TEST_F(ComposedOnFormTest, TheControlAroundIsEnteredAndLeftWithTheOneInside) {
-  // There the activation of the form gives the focus to the form's window first.
-  if (SystemActivatesFormsFirst()) GTEST_SKIP() << "the system focuses an inactive form before its control";
   auto& outer = AddNew<Outer>("out", kAt, kSize);
   Composed& other = Other();
   Composed& inner = *outer.cmpInner;
@@ -329,6 +322,21 @@ TEST_F(ComposedOnFormTest, TheControlAroundIsEnteredAndLeftWithTheOneInside) {
   EXPECT_EQ(outer.notes, (std::vector<std::string>{"enter", "exit"}));
   EXPECT_EQ(inner.notes.front(), "enter");
   EXPECT_EQ(inner.notes.back(), "exit");
+}
+
+TEST_F(ComposedOnFormTest, AControlInsideAnotherIsNotLeftForItsPanelOnTheDesktop) {
+  auto& outer = AddNew<Outer>("out", kAt, kSize);
+  Composed& inner = *outer.cmpInner;
+  Focus(outer);
+  inner.notes.clear();
+  inner.Open();
+  inner.txtInner.SetFocus();
+  inner.txtMain.SetFocus();
+  inner.Close();
+  Driver().Settle();
+  EXPECT_EQ(Windows().GetFocus(), inner.txtMain.hWnd());
+  EXPECT_THAT(inner.notes, IsEmpty());
+  EXPECT_THAT(outer.notes, ElementsAre("enter"));
 }
 
 TEST_F(ComposedOnFormTest, APanelTakesTheFocusByAPressOnlyWhenAskedTo) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include <levelwidgets/platform/driver.h>
 
@@ -10,10 +11,10 @@ namespace levelwidgets::testing {
 // A fresh desktop in memory for each test; on Windows the one there is.
 std::shared_ptr<DesktopDriver> TestDriver();
 
+// "memory" or "system".
+std::string_view PlatformName();
+
 // A desktop with another code page; null where the system's is the only one.
 std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number);
-
-// Whether the activation of a form gives the focus to the form's window before the control that asked for it.
-bool SystemActivatesFormsFirst();
 
 }  // namespace levelwidgets::testing

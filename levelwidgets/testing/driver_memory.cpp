@@ -5,10 +5,10 @@ namespace levelwidgets::testing {
 
 std::shared_ptr<DesktopDriver> TestDriver() { return std::make_shared<memory::Desktop>(); }
 
+std::string_view PlatformName() { return "memory"; }
+
 std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number) {
   return std::make_shared<memory::Desktop>(memory::DesktopOptions{.code_page = number});
 }
-
-bool SystemActivatesFormsFirst() { return false; }
 
 }  // namespace levelwidgets::testing

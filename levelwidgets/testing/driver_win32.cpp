@@ -10,8 +10,8 @@ std::shared_ptr<DesktopDriver> TestDriver() {
   return driver;
 }
 
-std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int) { return nullptr; }
+std::string_view PlatformName() { return "system"; }
 
-bool SystemActivatesFormsFirst() { return true; }
+std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int) { return nullptr; }
 
 }  // namespace levelwidgets::testing

@@ -28,6 +28,9 @@ class ChildSite : public ControlSite {
   Color AmbientForeColor() override { return owner_ ? owner_->GetSurface().ForeColor() : Color(); }
   void PropertyChanged(std::string_view) override {}
   void FocusChanged(bool has_focus, WindowHandle other) override;
+  bool HandsFocusOn(WindowHandle other, std::function<void()> settle) override {
+    return owner_ && owner_->Site().HandsFocusOn(other, std::move(settle));
+  }
   bool TakeKey(KeyMessage& key) override { return owner_ && owner_->TakeKey(key); }
   void InputArrived(InputKind kind) override;
   bool TakeError(std::string_view event, const Error& error) override {

@@ -160,11 +160,43 @@ TEST_F(FocusTest, ShiftTabAfterARemovalGoesBackFromItsPlace) {
   EXPECT_EQ(Active(), "a");
 }
 
+TEST_F(FocusTest, AControlThatGetsItBackFromItsFormHasNotBeenLeft) {
+  Windows().SetFocus(TheForm().hWnd());
+  EXPECT_EQ(Active(), "b");
+  EXPECT_THAT(TakeNotes(), IsEmpty());
+}
+
+TEST_F(FocusTest, AControlIsLeftWhenItsFormGivesTheFocusAwayOrKeepsIt) {
+  Get("b").SetTabStop(false);
+  for (const char* name : {"a", "c", "d"}) Get(name).SetVisible(false);
+  TakeNotes();
+  Get("b").SetVisible(false);
+  EXPECT_EQ(Windows().GetFocus(), TheForm().hWnd());
+  EXPECT_THAT(TakeNotes(), ElementsAre("exit b"));
+}
+
+TEST_F(FocusTest, AFormThatIsBeingDesignedHandsNothingOn) {
+  MakeForm({.design = true});
+  Add("x");
+  TakeNotes();
+  Windows().SetFocus(Get("x").GetControl()->GetSurface().hWnd());
+  Windows().SetFocus(TheForm().hWnd());
+  EXPECT_EQ(Windows().GetFocus(), TheForm().hWnd());
+  EXPECT_THAT(TakeNotes(), IsEmpty());
+}
+
 // --- Listeners that interfere --------------------------------------------------------------------------
 
 TEST_F(FocusTest, AListenerThatMovesItKeepsItsChoice) {
   StopOf("b").on_exit = [this] { Get("d").SetFocus(); };
   Disable("b");
+  EXPECT_EQ(Active(), "d");
+  EXPECT_THAT(TakeNotes(), ElementsAre("exit b", "enter d"));
+}
+
+TEST_F(FocusTest, AListenerOfAHiddenControlThatMovesItKeepsItsChoice) {
+  StopOf("b").on_exit = [this] { Get("d").SetFocus(); };
+  Get("b").SetVisible(false);
   EXPECT_EQ(Active(), "d");
   EXPECT_THAT(TakeNotes(), ElementsAre("exit b", "enter d"));
 }

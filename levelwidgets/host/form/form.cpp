@@ -101,6 +101,7 @@ Form::~Form() { CloseWindow(); }
 
 void Form::CloseWindow() {
   tool_tip_.Leave();
+  leaving_.clear();
   by_name_.clear();
   const auto controls = std::exchange(controls_, {});
   for (const auto& control : controls) control->Disconnect();
@@ -163,8 +164,17 @@ void Form::SetSize(TwipSize size) {
   const PixelRect client{0, 0, ToPixels(size.width, platform_.Screen().TwipsPerPixelX()),
                          ToPixels(size.height, platform_.Screen().TwipsPerPixelY())};
   const PixelRect outer = platform_.Windows().AdjustWindowRectEx(client, kStyle, 0);
+  sizing_ = true;
   platform_.Windows().SetWindowPos(window_, {}, {0, 0, outer.width(), outer.height()},
                                    kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
+  sizing_ = false;
+  client_size_ = ClientSize();
+}
+
+PixelSize Form::ClientSize() const {
+  PixelRect client;
+  platform_.Windows().GetClientRect(window_, client);
+  return {client.width(), client.height()};
 }
 
 void Form::SetFont(FontRef font) {
@@ -329,7 +339,10 @@ LResult Form::HandleMessage(WindowHandle window, std::uint32_t message, WParam w
     case kWmSize: ClientResized(); return 0;
     case kWmClose: Close(); return 0;
     case kWmMove: ClientMoved(); return 0;
-    case kWmSetFocus: FocusFirst(); return 0;
+    case kWmSetFocus:
+      FocusFirst();
+      SettleFocus();
+      return 0;
     case kWmMouseMove: tool_tip_.Leave(); break;
     case kWmActivate: {
       tool_tip_.Leave();
@@ -368,16 +381,15 @@ void Form::ClientMoved() {
   follow(options_.top, rect.top, platform_.Screen().TwipsPerPixelY());
 }
 
-// The twips that were asked for stay as they are while the window shows exactly their pixels.
+// The twips that were asked for stay as they are while the window has the pixels that it got for them, which
+// the system may have made more or fewer.
 void Form::ClientResized() {
-  PixelRect client;
-  platform_.Windows().GetClientRect(window_, client);
-  const float twips_x = platform_.Screen().TwipsPerPixelX();
-  const float twips_y = platform_.Screen().TwipsPerPixelY();
-  if (ToPixels(options_.size.width, twips_x) != client.width() ||
-      ToPixels(options_.size.height, twips_y) != client.height()) {
-    options_.size = {ToTwips(client.width(), twips_x), ToTwips(client.height(), twips_y)};
+  const PixelSize now = ClientSize();
+  if (!sizing_ && now != client_size_) {
+    options_.size = {ToTwips(now.width, platform_.Screen().TwipsPerPixelX()),
+                     ToTwips(now.height, platform_.Screen().TwipsPerPixelY())};
   }
+  client_size_ = now;
   Resize.Raise();
 }
 

@@ -140,6 +140,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   bool TakeError(std::string_view control, std::string_view event, const Error& error) const;
   void CheckName(const std::string& name) const;
   void SetSize(TwipSize size);
+  PixelSize ClientSize() const;
   void Paint();
   void PlaceWindow();
   void ClientResized();
@@ -159,6 +160,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   // Delivers the key to the control that has `role` (default or cancel button).
   bool ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii);
   void FocusFirst();
+  void SettleFocus();
 
   // Keeps at most one default and one cancel button.
   void BecomeDefault(HostedControl& control);
@@ -168,9 +170,13 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   FormOptions options_;
   FontRef font_;
   WindowHandle window_;
+  bool sizing_ = false;    // by SetSize
+  PixelSize client_size_;  // that stands for options_.size
   std::vector<std::shared_ptr<HostedControl>> controls_;
   std::unordered_map<std::string_view, HostedControl*>
-      by_name_;                                  // of controls_; the keys are the controls' own
+      by_name_;  // of controls_; the keys are the controls' own
+  std::vector<std::function<void()>>
+      leaving_;  // what has lost the focus to the form's window, which hands it on
   std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
   UsedKey used_key_;                             // by the form, while no control has the focus
   std::ptrdiff_t vacant_place_ = 0;  // in the order of the Tab key: of the control removed with the focus

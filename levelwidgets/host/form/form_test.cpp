@@ -105,6 +105,57 @@ TEST_F(FormTest, ShowingAFormFocusesTheFirstInTabOrder) {
   EXPECT_EQ(Focused(), "cmdB");
 }
 
+TEST_F(FormTest, ShowingAFormMovesTheFocusThenActivatesAndResizesItTheFirstTime) {
+  const auto form = Form::Create(Tracer(), {});
+  std::vector<std::string> steps;
+  FlatButton& button = form->Add<FlatButton>("cmd");
+  const auto note = [&](const std::string& step) {
+    const bool focused = Windows().GetFocus() == button.GetSurface().hWnd();
+    steps.push_back(step + (focused ? " with the focus" : " without the focus"));
+  };
+  form->Activate += [&] { note("Activate"); };
+  form->Resize += [&] { note("Resize"); };
+  form->Show();
+  Driver().Settle();
+  EXPECT_THAT(steps, ElementsAre("Activate with the focus", "Resize with the focus"));
+  steps.clear();
+  form->Hide();
+  form->Show();
+  Driver().Settle();
+  EXPECT_THAT(steps, ElementsAre("Activate with the focus"));
+  form->Close();
+}
+
+TEST_F(FormTest, AFormThatTheSystemMakesLargerOrSmallerKeepsTheSizeThatWasAskedFor) {
+  const auto form = Form::Create(Tracer(), {.size = {Twips(150), Twips(300000)}});
+  const auto client = [&] {
+    PixelRect rect;
+    Windows().GetClientRect(form->hWnd(), rect);
+    return PixelSize{rect.width(), rect.height()};
+  };
+  EXPECT_GT(client().width, 10);
+  EXPECT_LT(client().height, 20000);
+  form->Show();
+  Driver().Settle();
+  EXPECT_EQ(form->Width(), Twips(150));
+  EXPECT_EQ(form->Height(), Twips(300000));
+  form->SetWidth(Twips(3000));
+  EXPECT_EQ(client().width, 200);
+  EXPECT_EQ(form->Height(), Twips(300000));
+  form->SetWidth(Twips(15));
+  EXPECT_EQ(form->Width(), Twips(15));
+  // Whoever sizes the window has the last word.
+  PixelRect rect = form->ScreenRect();
+  Windows().SetWindowPos(form->hWnd(), {}, {0, 0, rect.width() + 40, 300},
+                         kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
+  EXPECT_EQ(form->Width(), ToTwips(client().width, 15));
+  EXPECT_EQ(form->Height(), ToTwips(client().height, 15));
+  Windows().SetWindowPos(form->hWnd(), {}, {0, 0, rect.width(), 300},
+                         kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
+  EXPECT_EQ(form->Width(), ToTwips(client().width, 15));
+  form->Close();
+}
+
 TEST_F(FormTest, AFocusSetBeforeTheFormIsShownIsGivenWhenItIsShown) {
   MakeForm({});
   TheForm().Hide();

@@ -193,6 +193,12 @@ void HostedControl::FocusChanged(bool has_focus, WindowHandle) {
   }
 }
 
+bool HostedControl::HandsFocusOn(WindowHandle other, std::function<void()> settle) {
+  if (!form_ || !other || other != form_->hWnd()) return false;
+  form_->leaving_.push_back(std::move(settle));
+  return true;
+}
+
 bool HostedControl::TakeKey(KeyMessage& key) {
   if (!form_) return false;
   const auto keep = form_->shared_from_this();

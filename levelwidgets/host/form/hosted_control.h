@@ -92,6 +92,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   Color AmbientForeColor() override;
   void PropertyChanged(std::string_view name) override;
   void FocusChanged(bool has_focus, WindowHandle other) override;
+  bool HandsFocusOn(WindowHandle other, std::function<void()> settle) override;
   bool TakeKey(KeyMessage& key) override;
   void InputArrived(InputKind kind) override;
   bool TakeError(std::string_view event, const Error& error) override;

@@ -93,6 +93,7 @@ bool Form::ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii
 
 // By now a listener may have given it to another one, or removed the control.
 void Form::FocusCame(HostedControl& control) {
+  SettleFocus();
   if (!control.GetControl() || !control.GetControl()->Holds(platform_.Windows().GetFocus())) return;
   active_control_ = control.weak_from_this();
   vacant_place_ = 0;
@@ -116,7 +117,15 @@ void Form::FocusFirst() {
     control->SetFocus();
     return;
   }
+  SettleFocus();
+  // A control that has been left may have handed it on.
+  if (!window_ || platform_.Windows().GetFocus() != window_) return;
   if (!MoveFocus(true)) active_control_.reset();
+}
+
+// The form has handed the focus on: controls that it did not come back to have been left.
+void Form::SettleFocus() {
+  for (const auto& settle : std::exchange(leaving_, {})) settle();
 }
 
 }  // namespace levelwidgets

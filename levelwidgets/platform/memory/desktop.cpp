@@ -31,13 +31,14 @@ Desktop::Desktop(const DesktopOptions& options)
     : options_(options),
       screen_(MonitorsOf(options), options.dpi_x, options.dpi_y),
       drawing_(DrawingOptionsOf(options, screen_.Size())),
-      clock_(options.now, [this] { return windows_.PaintPending(); }),
+      clock_(options.now, [this] { return windows_.PaintNext(); }),
       edit_host_(windows_, clock_, drawing_, clipboard_, options.code_page),
       windows_(screen_, drawing_, clock_),
       input_(windows_, clock_, drawing_),
       code_page_(drawing_),
       conversions_(
           conversions::LocaleOrDefault(options.locale), [this] { return clock_.Now(); }, &code_page_) {
+  input_.SetWheelToFocus(options.wheel_to_focus);
   windows_.RegisterClass(
       "EDIT", [this] { return std::make_unique<EditBox>(edit_host_); }, kIdcIBeam);
 }
@@ -86,6 +87,16 @@ void Desktop::Type(std::string_view text) {
 
 void Desktop::KeyDown(int code, int shift, std::string_view text) {
   input_.KeyDown(code, shift, text);
+  Settle();
+}
+
+void Desktop::HoldShift(int shift) {
+  input_.HoldShift(shift);
+  Settle();
+}
+
+void Desktop::LiftKey(int code, int shift) {
+  input_.LiftKey(code, shift);
   Settle();
 }
 

@@ -31,6 +31,9 @@ struct DesktopOptions {
   int code_page = 1252;
   SystemPalette palette = StandardPalette();
   FontSources fonts;
+  // The wheel goes to the window with the focus, as older systems have it, and not to the one under the
+  // pointer.
+  bool wheel_to_focus = false;
 };
 
 // The code page of the desktop's texts, for its conversions.
@@ -78,8 +81,9 @@ class Desktop final : public Platform, public DesktopDriver {
   // As in memory_input.h; what a person's own keyboard and pointer bring besides the driver's.
 
   void SetPointerArea(PixelRect area) { input_.SetPointerArea(area); }
-  void HoldShift(int shift) { input_.HoldShift(shift); }
+  void HoldShift(int shift);
   void KeyDown(int code, int shift, std::string_view text);
+  void LiftKey(int code, int shift);
   void EnterText(std::string_view text);
 
   // --- DesktopDriver -------------------------------------------------------------------------

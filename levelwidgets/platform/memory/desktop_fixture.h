@@ -69,7 +69,8 @@ class Recorder : public WindowClient {
                                                                {kWmMButtonDown, "MButtonDown"},
                                                                {kWmMButtonUp, "MButtonUp"},
                                                                {kWmMouseWheel, "MouseWheel"},
-                                                               {kWmCaptureChanged, "CaptureChanged"}};
+                                                               {kWmCaptureChanged, "CaptureChanged"},
+                                                               {kWmCancelMode, "CancelMode"}};
     const auto found = names.find(message);
     return found == names.end() ? "?" : found->second;
   }
@@ -93,6 +94,7 @@ class Recorder : public WindowClient {
       case kWmDestroy:
       case kWmPaint:
       case kWmClose:
+      case kWmCancelMode:
       case kWmMouseActivate: return start;
       case kWmSysCommand: return start + " " + std::to_string(wparam);
       case kWmSetCursor:

@@ -48,8 +48,7 @@ TEST_F(DesktopTest, InputDoesAllThatItMakesPending) {
   desktop.MovePointer({10, 10});
   Begin();
   desktop.Press(kLeftButton);
-  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form LButtonDown 1 10,10", "form Char 120", "posted",
-                                  "form Paint"));
+  EXPECT_THAT(Take(), ElementsAre("form LButtonDown 1 10,10", "form Char 120", "posted", "form Paint"));
   EXPECT_TRUE(windows.PendingPaint(form).Empty());
 }
 

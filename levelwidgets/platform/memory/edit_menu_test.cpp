@@ -47,6 +47,18 @@ class EditMenuTest : public EditHandTest {
   }
 };
 
+TEST_F(EditMenuTest, ABoxThatIsHiddenDuringThePressOpensNoneAndTakesNoFocus) {
+  Make(kEsAutoHScroll, "one two");
+  windows.SetFocus(parent);
+  Move(5);
+  desktop.Press(kRightButton);
+  windows.ShowWindow(edit, kSwHide);
+  desktop.Press(kLeftButton);
+  desktop.Release(kRightButton);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(windows.GetFocus(), parent);
+}
+
 TEST_F(EditMenuTest, TheRightButtonOpensItAndWhatCannotBeDoneIsGrey) {
   Make(kEsAutoHScroll, "one two");
   Select(0, 3);

@@ -11,6 +11,8 @@ namespace levelwidgets::memory {
 namespace {
 
 constexpr int kMostTurns = 1000;
+// The system's smallest interval.
+constexpr std::uint32_t kSmallestInterval = 10;
 constexpr double kMillisecondsPerDay = 24.0 * 60 * 60 * 1000;
 
 // Days as a number that grows evenly with time: before 30 December 1899 the fraction of a Date counts
@@ -28,7 +30,7 @@ Date FromEvenDays(double days) {
 
 }  // namespace
 
-MemoryClock::MemoryClock(Date now, std::function<bool()> paint) : paint_(std::move(paint)), date_(now) {}
+MemoryClock::MemoryClock(Date now, std::function<PaintTurn()> paint) : paint_(std::move(paint)), date_(now) {}
 
 // --- Time ------------------------------------------------------------------------------------
 
@@ -64,7 +66,7 @@ void MemoryClock::Elapse(std::uint32_t ms) {
 TimerHandle MemoryClock::SetTimer(std::uint32_t interval_ms, std::function<void()> tick) {
   Timer timer;
   timer.handle = {++last_timer_};
-  timer.interval = std::max<std::uint32_t>(1, interval_ms);
+  timer.interval = std::max(kSmallestInterval, interval_ms);
   timer.due = now_ms_ + timer.interval;
   timer.tick = std::make_shared<std::function<void()>>(std::move(tick));
   timers_.push_back(std::move(timer));
@@ -95,7 +97,7 @@ MemoryClock::Timer* MemoryClock::Find(TimerHandle timer) {
 const MemoryClock::Timer* MemoryClock::EarliestTimer() const {
   const Timer* earliest = nullptr;
   for (const Timer& timer : timers_) {
-    if (!timer.ticking && (!earliest || timer.due < earliest->due)) earliest = &timer;
+    if (timer.nested < kMostNested && (!earliest || timer.due < earliest->due)) earliest = &timer;
   }
   return earliest;
 }
@@ -109,11 +111,10 @@ bool MemoryClock::TickIfDue() {
   const Timer* earliest = EarliestTimer();
   if (!earliest || earliest->due > now_ms_) return false;
   Timer* timer = Find(earliest->handle);
-  // In step with its start, all late ticks as this one.
-  timer->due += (now_ms_ - timer->due) / timer->interval * timer->interval + timer->interval;
-  timer->ticking = true;
+  timer->due = now_ms_ + timer->interval;
+  ++timer->nested;
   const Finally finish([this, handle = timer->handle] {
-    if (Timer* ticked = Find(handle)) ticked->ticking = false;
+    if (Timer* ticked = Find(handle)) --ticked->nested;
   });
   const auto tick = timer->tick;
   (*tick)();
@@ -135,10 +136,16 @@ bool MemoryClock::RunPostedCalls() {
 }
 
 void MemoryClock::DoEvents() {
-  for (int turn = 0; turn < kMostTurns; ++turn) {
-    if (RunPostedCalls()) continue;
-    if (TickIfDue()) continue;
-    if (!paint_ || !paint_()) return;
+  for (int turn = 0; turn < kMostTurns;) {
+    if (RunPostedCalls()) {
+      ++turn;
+      continue;
+    }
+    const PaintTurn painted = paint_ ? paint_() : PaintTurn::kNothing;
+    if (painted == PaintTurn::kPaintedAgain) ++turn;
+    if (painted != PaintTurn::kNothing) continue;
+    if (!TickIfDue()) return;
+    ++turn;
   }
 }
 

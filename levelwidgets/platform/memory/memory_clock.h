@@ -12,17 +12,24 @@
 
 namespace levelwidgets::memory {
 
+// What a call of the paint function has done. A turn ends with a second paint of a window in the turn.
+enum class PaintTurn { kNothing, kPainted, kPaintedAgain };
+
 // Time stands still except in Advance and Run.
 class MemoryClock final : public ClockApi {
  public:
-  // `paint` does the paints that are pending and returns whether there was one.
-  explicit MemoryClock(Date now, std::function<bool()> paint = {});
+  // A timer that ticks in its own ticks as deep as this waits for them to return. The system's would go on
+  // until the stack is used up.
+  static constexpr int kMostNested = 20;
+
+  // `paint` does the next paint that is pending.
+  explicit MemoryClock(Date now, std::function<PaintTurn()> paint = {});
 
   // --- For the desktop -----------------------------------------------------------------------
 
   // Lets `ms` milliseconds pass, from due timer to due timer (those due at once in the order of their
-  // creation), doing all that is pending in between. While a tick runs the loop or lets time pass, other
-  // timers tick inside it, its own does not: what it missed is one tick afterwards.
+  // creation), doing all that is pending in between. While a tick runs the loop or lets time pass, timers
+  // tick inside it, its own among them, at most kMostNested deep.
   void Advance(std::uint32_t ms);
   // Lets `ms` milliseconds pass at once, as real time does: what a timer missed is one tick.
   void Elapse(std::uint32_t ms);
@@ -59,9 +66,9 @@ class MemoryClock final : public ClockApi {
  private:
   struct Timer {
     TimerHandle handle;
-    std::uint64_t interval = 1;
+    std::uint64_t interval = 0;
     std::uint64_t due = 0;
-    bool ticking = false;
+    int nested = 0;  // ticks that have not returned
     bool background = false;
     std::shared_ptr<std::function<void()>> tick;  // shared: may be killed by its own tick
   };
@@ -72,7 +79,7 @@ class MemoryClock final : public ClockApi {
   bool RunPostedCalls();
   bool WaitForMore();
 
-  std::function<bool()> paint_;
+  std::function<PaintTurn()> paint_;
   std::function<void()> waiter_;
   std::vector<Timer> timers_;  // in the order of creation
   std::deque<std::function<void()>> posted_;

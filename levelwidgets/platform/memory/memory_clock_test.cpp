@@ -44,13 +44,14 @@ TEST_F(MemoryClockTest, ATickIsDueOnTheLastMillisecond) {
   EXPECT_THAT(log, ElementsAre("a@20"));
 }
 
-TEST_F(MemoryClockTest, AnIntervalOfZeroIsOneMillisecond) {
+TEST_F(MemoryClockTest, TheSmallestIntervalIsTenMilliseconds) {
   Every(0, "a");
-  clock.Advance(3);
-  EXPECT_THAT(log, ElementsAre("a@1", "a@2", "a@3"));
+  Every(9, "b");
+  clock.Advance(20);
+  EXPECT_THAT(log, ElementsAre("a@10", "b@10", "a@20", "b@20"));
 }
 
-TEST_F(MemoryClockTest, TicksMissedInsideATickAreOneTickAfterwards) {
+TEST_F(MemoryClockTest, ATickThatLetsTimePassIsNestedInItself) {
   Every(10, "a");
   clock.SetTimer(10, [this, jump = true]() mutable {
     log.push_back("b@" + std::to_string(clock.GetTickCount()));
@@ -59,10 +60,40 @@ TEST_F(MemoryClockTest, TicksMissedInsideATickAreOneTickAfterwards) {
     log.push_back("b ends");
   });
   clock.Advance(10);
-  EXPECT_THAT(log, ElementsAre("a@10", "b@10", "a@20", "a@30", "b ends", "b@35"));
+  EXPECT_THAT(log, ElementsAre("a@10", "b@10", "a@20", "b@20", "a@30", "b@30", "b ends"));
   log.clear();
   clock.Advance(5);
   EXPECT_THAT(log, ElementsAre("a@40", "b@40"));
+}
+
+TEST_F(MemoryClockTest, ATimerThatTicksInItselfForEverWaitsForItsTicksToReturn) {
+  int depth = 0;
+  int deepest = 0;
+  clock.SetTimer(10, [&] {
+    deepest = std::max(deepest, ++depth);
+    if (clock.GetTickCount() < 1000) clock.Advance(10);
+    --depth;
+  });
+  clock.Advance(2000);
+  EXPECT_EQ(deepest, MemoryClock::kMostNested);
+  EXPECT_EQ(depth, 0);
+}
+
+TEST_F(MemoryClockTest, PaintsComeAfterPostedCallsAndBeforeTicks) {
+  bool invalid = false;
+  MemoryClock painting({}, [&] {
+    if (!std::exchange(invalid, false)) return PaintTurn::kNothing;
+    log.push_back("paint");
+    return PaintTurn::kPainted;
+  });
+  painting.SetTimer(10, [&] {
+    log.push_back("first tick");
+    painting.Post([&] { log.push_back("posted"); });
+    invalid = true;
+  });
+  painting.SetTimer(10, [&] { log.push_back("second tick"); });
+  painting.Advance(10);
+  EXPECT_THAT(log, ElementsAre("first tick", "posted", "paint", "second tick"));
 }
 
 TEST_F(MemoryClockTest, AThrowingTickLeavesTheOthersOfItsTimeDue) {
@@ -104,10 +135,10 @@ TEST_F(MemoryClockTest, ATickMayKillItsOwnTimer) {
 
 TEST_F(MemoryClockTest, ATimerSetInATickStartsFromThere) {
   clock.SetTimer(10, [this, set = false]() mutable {
-    if (!std::exchange(set, true)) Every(4, "inner");
+    if (!std::exchange(set, true)) Every(12, "inner");
   });
-  clock.Advance(20);
-  EXPECT_THAT(log, ElementsAre("inner@14", "inner@18"));
+  clock.Advance(35);
+  EXPECT_THAT(log, ElementsAre("inner@22", "inner@34"));
 }
 
 TEST_F(MemoryClockTest, PostedCallsRunInOrderAndNeverInsidePost) {
@@ -177,16 +208,16 @@ TEST_F(MemoryClockTest, RunWaitsWhereAPersonIsAtTheDesktop) {
   EXPECT_EQ(clock.GetTickCount(), 0u);
 }
 
-TEST_F(MemoryClockTest, WhatATimerMissesInElapsedTimeIsOneTick) {
+TEST_F(MemoryClockTest, WhatATimerMissesInElapsedTimeIsOneTickAndTheNextIsOneIntervalAfterIt) {
   Every(100, "a");
   Every(30, "b");
   clock.Elapse(310);
   EXPECT_THAT(log, ElementsAre("b@310", "a@310"));
-  EXPECT_EQ(clock.NextDue(), 330u);
-  clock.Elapse(19);
+  EXPECT_EQ(clock.NextDue(), 340u);
+  clock.Elapse(29);
   EXPECT_EQ(log.size(), 2u);
   clock.Elapse(1);
-  EXPECT_EQ(log.back(), "b@330");
+  EXPECT_EQ(log.back(), "b@340");
 }
 
 TEST_F(MemoryClockTest, NowFollowsTheClock) {

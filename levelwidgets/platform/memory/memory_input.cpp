@@ -1,10 +1,9 @@
 #include <levelwidgets/platform/memory/memory_input.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <utility>
 
 #include <levelwidgets/platform/memory/edit/edit_host.h>
-#include <levelwidgets/platform/memory/finally.h>
 #include <levelwidgets/platform/memory/memory_keys.h>
 
 namespace levelwidgets::memory {
@@ -15,6 +14,12 @@ constexpr int kWheelDelta = 120;
 
 // Where in a window the pointer is: WM_SETCURSOR names it.
 constexpr LParam kHtClient = 1;
+struct ShiftKey {
+  int bit;
+  int code;
+};
+// In the order in which they go down and up.
+constexpr ShiftKey kShiftKeys[] = {{kShiftMask, kKeyShift}, {kCtrlMask, kKeyControl}, {kAltMask, kKeyAlt}};
 
 constexpr int kKeyF10 = 121;
 // The key of a character that no key types.
@@ -115,7 +120,9 @@ void MemoryInput::Press(int button) {
   const bool first = !AnyButton();
   SetDown(messages->key, true);
   if (PressMenu(messages->down)) return;
-  const WindowHandle target = first ? PressTarget(messages->down) : PointerTarget();
+  // Straight to a holder of the capture: nothing is asked and nothing activated.
+  const bool asks = first && !windows_.GetCapture();
+  const WindowHandle target = asks ? PressTarget(messages->down) : PointerTarget();
   if (!windows_.IsWindow(target)) {
     last_press_.reset();
     return;
@@ -142,7 +149,6 @@ bool MemoryInput::PressMenu(std::uint32_t message) {
 // Activates what is under the pointer. A null window when the press is for none of ours.
 WindowHandle MemoryInput::PressTarget(std::uint32_t message) {
   const PointerHit hit = windows_.WindowAt(windows_.Input().pointer);
-  const WindowHandle capture = windows_.GetCapture();
   bool wanted = true;
   if (!hit.top_level) {
     windows_.Deactivate();
@@ -150,7 +156,6 @@ WindowHandle MemoryInput::PressTarget(std::uint32_t message) {
     wanted = windows_.ActivateByPress(hit.window ? hit.window : hit.top_level, hit.top_level, message);
   }
   if (!wanted) return {};
-  if (capture) return windows_.IsWindow(capture) ? capture : WindowHandle{};
   if (!hit.window && !hit.disabled && message == kWmLButtonDown) PressFrame(hit);
   return hit.window;
 }
@@ -159,9 +164,7 @@ bool MemoryInput::IsSecondPress(int button, WindowHandle window) {
   const PixelPoint at = windows_.Input().pointer;
   const PressRecord press{button, window, at, clock_.GetTickCount()};
   const bool second = last_press_ && last_press_->button == button && last_press_->window == window &&
-                      press.time - last_press_->time <= kDoubleClickMs &&
-                      std::abs(at.x - last_press_->at.x) <= kDoubleClickDistance &&
-                      std::abs(at.y - last_press_->at.y) <= kDoubleClickDistance;
+                      IsSameClick(press.time - last_press_->time, last_press_->at, at);
   if (second) {
     last_press_.reset();
   } else {
@@ -193,8 +196,7 @@ void MemoryInput::EndPressCapture() {
 void MemoryInput::Wheel(int notches) {
   if (windows_.Input().menu) return;
   const PixelPoint pointer = windows_.Input().pointer;
-  WindowHandle target = windows_.GetFocus();
-  if (!target) target = windows_.WindowAt(pointer).window;
+  const WindowHandle target = wheel_to_focus_ ? windows_.GetFocus() : PointerTarget();
   const auto delta = static_cast<std::uint16_t>(notches * kWheelDelta);
   windows_.SendMessageA(target, kWmMouseWheel, PointerBits() | WParam{delta} << 16, LParamOfPoint(pointer));
 }
@@ -210,9 +212,52 @@ WindowHandle MemoryInput::KeyTarget(bool& system) const {
 }
 
 void MemoryInput::HoldShift(int shift) {
-  SetDown(kKeyShift, (shift & kShiftMask) != 0);
-  SetDown(kKeyControl, (shift & kCtrlMask) != 0);
-  SetDown(kKeyAlt, (shift & kAltMask) != 0);
+  for (const ShiftKey& key : kShiftKeys) {
+    const bool wanted = (shift & key.bit) != 0;
+    if (wanted != IsDown(key.code)) SendKey(key.code, wanted);
+  }
+}
+
+// As HoldShift, without the bit of `code` itself, which stays as it is.
+void MemoryInput::HoldOthers(int code, int shift) {
+  for (const ShiftKey& key : kShiftKeys) {
+    if (key.code != code) continue;
+    shift = IsDown(code) ? shift | key.bit : shift & ~key.bit;
+  }
+  HoldShift(shift);
+}
+
+// After a failure: nobody hears of it.
+void MemoryInput::ForgetShift() {
+  for (const ShiftKey& key : kShiftKeys) SetDown(key.code, false);
+}
+
+// As the system tells them apart: what is typed while Alt is held without Ctrl, and F10. Alt itself goes up
+// as a system key only when nothing has been typed with it.
+bool MemoryInput::IsSystemKey(int code, bool down) {
+  const bool ctrl = IsDown(kKeyControl);
+  if (code == kKeyAlt) {
+    if (!down) return std::exchange(alt_alone_, false);
+    alt_alone_ = !ctrl;
+    return alt_alone_;
+  }
+  const bool with_alt = IsDown(kKeyAlt) && (code == kKeyControl ? !down : !ctrl);
+  const bool system = with_alt || code == kKeyF10;
+  if (system) alt_alone_ = false;
+  return system;
+}
+
+MemoryInput::KeyRoute MemoryInput::SendKey(int code, bool down) {
+  const bool was_down = IsDown(code);
+  KeyRoute route;
+  route.system = IsSystemKey(code, down);
+  SetDown(code, down);
+  route.target = KeyTarget(route.system);
+  route.bits = KeyBits(was_down, !down);
+  const std::uint32_t plain = down ? kWmKeyDown : kWmKeyUp;
+  const std::uint32_t with_alt = down ? kWmSysKeyDown : kWmSysKeyUp;
+  windows_.SendMessageA(route.target, route.system ? with_alt : plain, static_cast<WParam>(code), route.bits);
+  return route;
 }
 
 LParam MemoryInput::KeyBits(bool was_down, bool up) const {
@@ -234,37 +279,41 @@ void MemoryInput::KeyDown(int code, int shift, std::string_view utf8) {
 
 // `characters` are bytes of the code page.
 void MemoryInput::Stroke(int code, int shift, std::string_view characters) {
-  const bool was_down = IsDown(code);
-  HoldShift(shift);
-  SetDown(code, true);
-  bool system = (IsDown(kKeyAlt) && !IsDown(kKeyControl)) || code == kKeyF10;
-  const WindowHandle target = KeyTarget(system);
-  const LParam bits = KeyBits(was_down, false);
-  windows_.SendMessageA(target, system ? kWmSysKeyDown : kWmKeyDown, static_cast<WParam>(code), bits);
+  HoldOthers(code, shift);
+  const KeyRoute route = SendKey(code, true);
   for (const char character : characters) {
-    windows_.SendMessageA(target, system ? kWmSysChar : kWmChar, static_cast<std::uint8_t>(character), bits);
+    windows_.SendMessageA(route.target, route.system ? kWmSysChar : kWmChar,
+                          static_cast<std::uint8_t>(character), route.bits);
   }
 }
 
+void MemoryInput::LiftKey(int code, int shift) {
+  HoldOthers(code, shift);
+  SendKey(code, false);
+}
+
 void MemoryInput::KeyUp(int code, int shift) {
-  HoldShift(shift);
-  SetDown(code, false);
-  bool system = ((IsDown(kKeyAlt) || code == kKeyAlt) && !IsDown(kKeyControl)) || code == kKeyF10;
-  const WindowHandle target = KeyTarget(system);
-  const LParam bits = KeyBits(true, true);
-  const Finally let_go([this] { HoldShift(0); });
-  windows_.SendMessageA(target, system ? kWmSysKeyUp : kWmKeyUp, static_cast<WParam>(code), bits);
+  try {
+    LiftKey(code, shift);
+    HoldShift(0);
+  } catch (...) {
+    SetDown(code, false);
+    ForgetShift();
+    throw;
+  }
 }
 
 void MemoryInput::Type(std::string_view utf8) {
   for (const char byte : drawing_.ToCodePage(utf8)) {
     const KeyStroke stroke = KeyOfCharacter(byte).value_or(KeyStroke{kKeyPacket, 0});
-    const Finally let_go([&] {
-      SetDown(stroke.code, false);
-      HoldShift(0);
-    });
     const char character = byte == '\n' ? '\r' : byte;
-    Stroke(stroke.code, stroke.shift, {&character, 1});
+    try {
+      Stroke(stroke.code, stroke.shift, {&character, 1});
+    } catch (...) {
+      SetDown(stroke.code, false);
+      ForgetShift();
+      throw;
+    }
     KeyUp(stroke.code, stroke.shift);
   }
 }

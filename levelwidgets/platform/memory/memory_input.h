@@ -22,10 +22,13 @@ class MemoryInput {
   // Pressing a button that is down, or releasing one that is not, does nothing.
   void Press(int button);
   void Release(int button);
-  // To the focus window, or the one under the pointer when none has the focus.
+  // To the holder of the capture or else to the window under the pointer; to the focus window when the
+  // desktop is set so.
   void Wheel(int notches);
+  void SetWheelToFocus(bool to_focus) { wheel_to_focus_ = to_focus; }
 
-  // The shift bits are only held, for GetKeyState and the characters: no messages of their own keys.
+  // The keys of the shift bits go down before a key and up after it, with messages of their own: Shift, Ctrl,
+  // Alt. A key that is one of these says nothing of itself by its bit.
   void KeyDown(int code, int shift);
   void KeyUp(int code, int shift);
   void Type(std::string_view utf8);
@@ -33,9 +36,11 @@ class MemoryInput {
   // What a native keyboard brings, whatever its layout is:
   // A key goes down with the shift bits held, and its characters are those of `utf8`, not the key's own.
   void KeyDown(int code, int shift, std::string_view utf8);
+  // A key goes up, and the shift bits stay held.
+  void LiftKey(int code, int shift);
   // Characters that no key stands for, those of an input method for instance.
   void EnterText(std::string_view utf8);
-  // The shift bits that are held from now on.
+  // The shift bits that are held from now on. What changes is sent as keys.
   void HoldShift(int shift);
 
  private:
@@ -74,6 +79,16 @@ class MemoryInput {
   bool IsSecondPress(int button, WindowHandle window);
   void EndPressCapture();
 
+  // Where a key went, whose characters follow it.
+  struct KeyRoute {
+    WindowHandle target;
+    bool system = false;
+    LParam bits = 0;
+  };
+  KeyRoute SendKey(int code, bool down);
+  bool IsSystemKey(int code, bool down);
+  void HoldOthers(int code, int shift);
+  void ForgetShift();
   WindowHandle KeyTarget(bool& system) const;
   LParam KeyBits(bool was_down, bool up) const;
   void Stroke(int code, int shift, std::string_view characters);
@@ -82,6 +97,8 @@ class MemoryInput {
   MemoryClock& clock_;
   MemoryDrawing& drawing_;
   bool press_capture_ = false;
+  bool wheel_to_focus_ = false;
+  bool alt_alone_ = false;  // Alt is down, and no other key has been used with it
   std::optional<PressRecord> last_press_;
   FrameGrab grab_;
   std::optional<PixelRect> pointer_area_;

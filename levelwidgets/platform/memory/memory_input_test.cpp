@@ -140,12 +140,14 @@ TEST_F(MemoryInputTest, ADoubleClickNeedsTimePlaceWindowAndButton) {
     desktop.Release(button);
     return !lines.empty() && lines.front().find("DblClk") != std::string::npos;
   };
-  EXPECT_TRUE(second(500, {158, 130}, kLeftButton));
-  EXPECT_FALSE(second(501, {158, 130}, kLeftButton));
-  EXPECT_TRUE(second(0, {154, 134}, kLeftButton));
-  EXPECT_FALSE(second(0, {153, 130}, kLeftButton));
-  EXPECT_FALSE(second(0, {158, 135}, kLeftButton));
-  EXPECT_FALSE(second(0, {161, 130}, kLeftButton));  // the neighbour, three pixels on
+  EXPECT_TRUE(second(499, {158, 130}, kLeftButton));
+  EXPECT_FALSE(second(500, {158, 130}, kLeftButton));
+  EXPECT_TRUE(second(0, {156, 128}, kLeftButton));
+  EXPECT_TRUE(second(0, {159, 131}, kLeftButton));
+  EXPECT_FALSE(second(0, {155, 130}, kLeftButton));
+  EXPECT_FALSE(second(0, {158, 127}, kLeftButton));
+  EXPECT_FALSE(second(0, {158, 132}, kLeftButton));
+  EXPECT_FALSE(second(0, {160, 130}, kLeftButton));  // the neighbour
   EXPECT_FALSE(second(0, {158, 130}, kRightButton));
 }
 
@@ -237,21 +239,39 @@ TEST_F(MemoryInputTest, PartsOutsideTheParentGetNoPointer) {
   EXPECT_THAT(Input(), IsEmpty());
 }
 
-TEST_F(MemoryInputTest, TheWheelGoesToTheFocusWithScreenPixels) {
+TEST_F(MemoryInputTest, TheWheelGoesToTheWindowUnderThePointerWithScreenPixels) {
   windows.SetFocus(right);
   client.On(kWmMouseWheel, [](WindowHandle, WParam, LParam) { return 0; });
   desktop.MovePointer({115, 116});
   Begin();
   desktop.Wheel(1);
   desktop.Wheel(-2);
-  EXPECT_THAT(Input(), ElementsAre("right MouseWheel 120 115,116", "right MouseWheel -240 115,116"));
+  EXPECT_THAT(Input(), ElementsAre("left MouseWheel 120 115,116", "left MouseWheel -240 115,116"));
+  desktop.MovePointer({10, 10});
+  Begin();
+  desktop.Wheel(1);
+  EXPECT_THAT(Input(), IsEmpty());
+}
+
+TEST(WheelOption, TheWheelGoesToTheFocusWhereTheDesktopIsSetSo) {
+  Desktop desktop({.wheel_to_focus = true});
+  Log log;
+  Recorder client(desktop, log);
+  MemoryWindows& windows = desktop.Windows();
+  const WindowHandle form =
+      windows.CreateWindowExA({"", "", kWsPopup | kWsVisible, 0, {0, 0, 99, 99}, {}, &client});
+  client.Name(form, "form");
+  desktop.MovePointer({500, 500});
+  log.clear();
+  desktop.Wheel(1);
+  EXPECT_THAT(log, ElementsAre("form MouseWheel 120 500,500"));
 }
 
 TEST_F(MemoryInputTest, AnUnhandledWheelGoesToTheParent) {
-  windows.SetFocus(right);
+  desktop.MovePointer({165, 116});
   Begin();
   desktop.Wheel(1);
-  EXPECT_THAT(Input(), ElementsAre("right MouseWheel 120 0,0", "form MouseWheel 120 0,0"));
+  EXPECT_THAT(Input(), ElementsAre("right MouseWheel 120 165,116", "form MouseWheel 120 165,116"));
 }
 
 // --- Frames ----------------------------------------------------------------------------------
@@ -271,18 +291,18 @@ TEST_F(FrameInputTest, DraggingTheCaptionMovesTheWindow) {
   PixelRect rect;
   windows.GetWindowRect(form, rect);
   EXPECT_EQ(rect, (PixelRect{120, 85, 320, 185}));
-  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form Move 121,108"));
+  EXPECT_THAT(Take(), ElementsAre("form Move 121,108"));
 }
 
 TEST_F(FrameInputTest, TheCloseBoxAsksTheWindowToClose) {
   client.On(kWmClose, [](WindowHandle, WParam, LParam) { return 0; });
   Begin();
   desktop.Click({290, 110});
-  EXPECT_THAT(Take(), ElementsAre("form MouseActivate", "form SysCommand 61536", "form Close"));
+  EXPECT_THAT(Take(), ElementsAre("form SysCommand 61536", "form Close"));
   desktop.Press(kLeftButton);
   desktop.MovePointer({250, 110});
   desktop.Release(kLeftButton);
-  EXPECT_THAT(Take(), ElementsAre("form MouseActivate"));
+  EXPECT_THAT(Take(), IsEmpty());
   client.Off(kWmClose);
   desktop.Click({290, 110});
   EXPECT_FALSE(windows.IsWindow(form));

@@ -19,6 +19,8 @@ constexpr std::intptr_t kBuiltInProc = 0xFFF1;
 // WM_MOUSEACTIVATE's answer "activate".
 constexpr LResult kMaActivate = 1;
 
+constexpr int kSmallestWidth = 112;  // at 96 dots per inch
+
 // In a key message: Alt is held.
 constexpr LParam kAltContext = LParam{1} << 29;
 
@@ -32,7 +34,13 @@ MemoryWindows::MemoryWindows(MemoryScreen& screen, MemoryDrawing& drawing, Memor
       drawing_(drawing),
       clock_(clock),
       frame_(drawing, screen.DpiX(), screen.DpiY()),
-      tree_(screen.Size()) {}
+      tree_(screen.Size()) {
+  // As small as its caption, and as large as the screen with the frame around it.
+  const FrameWidths frame = frame_.Widths(kWsCaption);
+  smallest_ = {drawing.MulDiv(kSmallestWidth, screen.DpiX(), 96), frame.top + frame.bottom};
+  largest_ = {screen.Size().width + frame.left + frame.right,
+              screen.Size().height + frame.top + frame.bottom};
+}
 
 MemoryWindows::~MemoryWindows() = default;
 
@@ -55,11 +63,12 @@ WindowHandle MemoryWindows::CreateWindowExA(const WindowRequest& request) {
     return {};
   }
   const WindowHandle handle = window.handle;
+  window.needs_first_size = (request.style & (kWsChild | kWsPopup)) == 0;
   if (SendMessageA(handle, kWmCreate, 0, 0) == -1) {
     DestroyWindow(handle);
     return {};
   }
-  SendCreated(handle);
+  if (const Window* made = tree_.Find(handle); made && !made->needs_first_size) SendFirstSize(handle);
   if ((request.style & kWsVisible) != 0) ShowWindow(handle, kSwShow);
   return tree_.Find(handle) ? handle : WindowHandle{};
 }
@@ -77,16 +86,14 @@ bool MemoryWindows::Prepare(Window& window, const WindowRequest& request) {
   window.title = request.title;
   window.style = CompletedStyle(request.style) & ~kWsVisible;
   window.ex_style = request.ex_style;
-  window.rect = request.rect;
-  window.rect.right = std::max(window.rect.left, window.rect.right);
-  window.rect.bottom = std::max(window.rect.top, window.rect.bottom);
+  window.rect = Fitting(request.rect, window.style);
   window.frame = frame_.Widths(window.style);
   if (tree_.IsTopLevel(window)) tree_.PutInFront(window);
   tree_.Changed(window);
   return true;
 }
 
-void MemoryWindows::SendCreated(WindowHandle window) {
+void MemoryWindows::SendFirstSize(WindowHandle window) {
   if (const Window* created = tree_.Find(window)) {
     const PixelSize size = WindowTree::ClientSize(*created);
     SendMessageA(window, kWmSize, 0, LParamOfPoint({size.width, size.height}));
@@ -126,7 +133,7 @@ void MemoryWindows::Retire(WindowHandle window) {
     if ((dying = tree_.Find(window))) SetShown(*dying, false, true);
   }
   LeaveHidden(window);
-  if ((dying = tree_.Find(window))) ReleaseCaptureInside(*dying);
+  if ((dying = tree_.Find(window))) LoseCaptureInside(*dying);
 }
 
 // To the window, then to its children.
@@ -277,6 +284,12 @@ LResult MemoryWindows::DefWindowProcA(WindowHandle window, std::uint32_t message
     case kWmPaint:
       BeginPaint(window);
       EndPaint(window);
+      return 0;
+    case kWmActivate:
+      if ((wparam & 0xFFFF) != 0 && !found->Has(kWsMinimize)) SetFocus(window);
+      return 0;
+    case kWmCancelMode:
+      if (capture_ == window) ReleaseCapture();
       return 0;
     case kWmMouseActivate: return ForwardToParent(window, message, wparam, lparam, kMaActivate);
     case kWmSetCursor: return ShapePointer(window, wparam, lparam);

@@ -41,9 +41,10 @@ struct PointerHit {
 // - A child starts behind its siblings, a top-level window in front of its band; a window that is neither
 //   child nor popup gets a caption.
 // - kWmCreate comes with no parameters and refuses the window by -1; kWmSize and kWmMove follow it.
-// - Only what is shown and enabled takes the focus; hiding a focused child gives it to the parent,
-//   disabling it to nobody. When the active window goes, its owner or else the next one is activated.
-// - A window whose kWmPaint calls no BeginPaint counts as painted.
+// - Hiding a focused child gives the focus to its parent, disabling it to nobody.
+// - A window that answers kWmPaint again and again without BeginPaint raises std::logic_error, which names
+// its class,
+//   out of whatever did the pending paints. The system would hang.
 // - The title of a plain window is kept as it is set; no message reports it.
 class MemoryWindows final : public WindowApi {
  public:
@@ -79,9 +80,8 @@ class MemoryWindows final : public WindowApi {
   void EnterProgram();
   const MemoryScreen& Screen() const { return screen_; }
 
-  // Does the paints that are pending, outer windows first; what they make invalid is left. Returns
-  // whether there was one.
-  bool PaintPending();
+  // Does the paint that is due next: of what is pending the outermost window, and of siblings the frontmost.
+  PaintTurn PaintNext();
   // What of the client area waits for its paint and can be seen, in client pixels.
   Region PendingPaint(WindowHandle window);
 
@@ -142,7 +142,7 @@ class MemoryWindows final : public WindowApi {
  private:
   // Life
   bool Prepare(Window& window, const WindowRequest& request);
-  void SendCreated(WindowHandle window);
+  void SendFirstSize(WindowHandle window);
   void DestroyOwned(WindowHandle owner);
   void Retire(WindowHandle window);
   void SendDestroy(WindowHandle window);
@@ -168,19 +168,26 @@ class MemoryWindows final : public WindowApi {
   };
   Before Remember(Window& window);
   void Rearranged(Window& window, const Before& before, bool redraw);
+  Region MovePixels(Window& window, const Before& before, const Region& visible);
   void SetShown(Window& window, bool shown, bool redraw);
+  PixelRect Fitting(const PixelRect& rect, std::uint32_t style) const;
   void SendMovedAndSized(WindowHandle window, const Before& before);
   void PutAt(Window& window, WindowHandle insert_after);
   void Raise(Window& window);
+  void RaiseWithOwned(Window& window, const Window& front);
+  void SetTopMost(Window& window, bool top_most);
+  std::vector<Window*> OwnedBy(const Window& owner);
+  bool CanBePlacedActive(const Window& window) const;
   void StoreStyle(Window& window, std::uint32_t style);
 
   // Focus
   bool Activate(WindowHandle window, bool by_press, bool move_focus);
-  void ChangeFocus(WindowHandle window);
+  WindowHandle ChangeFocus(WindowHandle window);
   void LeaveHidden(WindowHandle window);
   WindowHandle NextActive(const Window& leaving);
+  bool HasFocusInside(WindowHandle window);
   static bool TakesFocus(const Window& window);
-  void ReleaseCaptureInside(Window& window);
+  void LoseCaptureInside(const Window& window);
 
   // Painting
   void Invalidate(Window& window, Region area, bool children);
@@ -189,7 +196,9 @@ class MemoryWindows final : public WindowApi {
   void InvalidateBehind(Window& window, const Region& uncovered);
   void InvalidateFrame(Window& window);
   void QueuePaint(Window& window);
+  void SortPaints();
   bool Paint(WindowHandle window);
+  void CheckAnswered(WindowHandle window);
   void PaintWithChildren(WindowHandle window);
 
   // Minimised and maximised windows
@@ -210,12 +219,18 @@ class MemoryWindows final : public WindowApi {
   std::map<std::string, WindowClass> classes_;  // by name in upper case
   InputState input_;
 
+  PixelSize smallest_;  // of windows with a caption or a border for sizing
+  PixelSize largest_;
+
   WindowHandle focus_;
   WindowHandle active_;
   WindowHandle active_when_left_;
   WindowHandle capture_;
 
-  std::vector<WindowHandle> to_paint_;
+  std::vector<WindowHandle> to_paint_;  // the next one last, after SortPaints
+  std::size_t sorted_paints_ = 0;       // how many of them, from the beginning, are in their order
+  std::uint64_t order_when_sorted_ = 0;
+  std::uint64_t paint_turn_ = 1;
   // Parts of freed windows, kept until no message is being handled: one may be handling its own end.
   std::vector<std::unique_ptr<WindowClient>> retired_;
   int messages_in_progress_ = 0;

@@ -33,44 +33,44 @@ bool MemoryWindows::EnableWindow(WindowHandle window, bool enable) {
   Window* found = tree_.Find(window);
   if (!found) return false;
   const bool was_disabled = found->Disabled();
-  if (was_disabled != enable) return was_disabled;
-  if (!enable && capture_ == window) ReleaseCapture();
-  found = tree_.Find(window);
-  if (!found) return was_disabled;
+  if (!enable) {
+    SendMessageA(window, kWmCancelMode, 0, 0);
+    found = tree_.Find(window);
+  }
+  if (!found || found->Disabled() != enable) return was_disabled;
   found->style = enable ? found->style & ~kWsDisabled : found->style | kWsDisabled;
   if (!enable && focus_ == window) ChangeFocus({});
+  if (!enable && capture_ == window) ReleaseCapture();
   SendMessageA(window, kWmEnable, enable ? 1 : 0, 0);
   return was_disabled;
 }
 
 // --- Focus -----------------------------------------------------------------------------------
 
+// A hidden window may, and so may one inside it.
 bool MemoryWindows::TakesFocus(const Window& window) {
-  return !window.destroying && WindowTree::IsVisible(window) && WindowTree::IsEnabled(window);
+  return !window.destroying && WindowTree::IsEnabled(window);
 }
 
 WindowHandle MemoryWindows::SetFocus(WindowHandle window) {
-  const WindowHandle former = focus_;
-  if (!window) {
-    ChangeFocus({});
-    return former;
-  }
+  if (!window || window == focus_) return ChangeFocus(window);
   Window* found = tree_.Find(window);
   if (!found || !TakesFocus(*found)) return {};
-  if (former == window) return former;
-  if (!Activate(tree_.Root(*found).handle, false, false)) return {};
+  const WindowHandle top_level = tree_.Root(*found).handle;
+  if (top_level != active_ && !Activate(top_level, false, false)) return {};
   found = tree_.Find(window);
-  if (!found || !TakesFocus(*found)) return {};
-  ChangeFocus(window);
-  return former;
+  if (!found || !TakesFocus(*found) || top_level != active_) return {};
+  return ChangeFocus(window);
 }
 
-void MemoryWindows::ChangeFocus(WindowHandle window) {
+// Returns who had it.
+WindowHandle MemoryWindows::ChangeFocus(WindowHandle window) {
   const WindowHandle former = focus_;
-  if (former == window) return;
+  if (former == window) return former;
   focus_ = window;
   if (former) SendMessageA(former, kWmKillFocus, window.value, 0);
   if (window && focus_ == window) SendMessageA(window, kWmSetFocus, former.value, 0);
+  return former;
 }
 
 // --- Activation ------------------------------------------------------------------------------
@@ -78,41 +78,45 @@ void MemoryWindows::ChangeFocus(WindowHandle window) {
 WindowHandle MemoryWindows::SetActiveWindow(WindowHandle window) {
   const WindowHandle former = active_;
   const Window* found = tree_.Find(window);
-  if (window && (!found || !tree_.IsTopLevel(*found))) return {};
+  if (window && !found) return {};
+  if (found && !tree_.IsTopLevel(*found)) return former;
   return Activate(window, false, true) ? former : WindowHandle{};
 }
 
-// A null window leaves none of ours active. False when the window cannot become active, or a handler
-// has turned it elsewhere.
 void MemoryWindows::EndMenu() {
   if (const WindowHandle menu = std::exchange(input_.menu, {})) DestroyWindow(menu);
 }
 
+// A null window leaves none of ours active. The former one is still active while it hears that it no longer
+// is. False when the window cannot become active, or a handler has turned it elsewhere.
 bool MemoryWindows::Activate(WindowHandle window, bool by_press, bool move_focus) {
   if (window != active_) EndMenu();
   Window* found = tree_.Find(window);
   if (window && (!found || !TakesFocus(*found))) return false;
-  if (window) Raise(*found);
+  if (found) Raise(*found);
   const WindowHandle former = active_;
-  if (former != window) {
-    active_ = window;
-    if (Window* old = tree_.Find(former)) {
-      InvalidateFrame(*old);
-      SendMessageA(former, kWmActivate, kWaInactive, static_cast<LParam>(window.value));
-    }
-    if (active_ != window) return false;
-    if ((found = tree_.Find(window))) {
-      InvalidateFrame(*found);
-      SendMessageA(window, kWmActivate, by_press ? kWaClickActive : kWaActive,
-                   static_cast<LParam>(former.value));
-    }
-    if (active_ != window) return false;
+  if (former == window) return true;
+  if (Window* old = tree_.Find(former)) {
+    InvalidateFrame(*old);
+    SendMessageA(former, kWmActivate, kWaInactive, static_cast<LParam>(window.value));
   }
   found = tree_.Find(window);
-  const Window* focused = tree_.Find(focus_);
-  const bool focus_is_inside = found && focused && WindowTree::IsInside(*focused, *found);
-  if (move_focus && former != window && !focus_is_inside) ChangeFocus(window);
+  if (window && (!found || !TakesFocus(*found))) return false;
+  active_ = window;
+  if (found) {
+    InvalidateFrame(*found);
+    SendMessageA(window, kWmActivate, by_press ? kWaClickActive : kWaActive,
+                 static_cast<LParam>(former.value));
+  }
+  if (active_ != window) return false;
+  if (move_focus && !HasFocusInside(window)) ChangeFocus(window);
   return true;
+}
+
+bool MemoryWindows::HasFocusInside(WindowHandle window) {
+  const Window* found = tree_.Find(window);
+  const Window* focused = tree_.Find(focus_);
+  return found && focused && WindowTree::IsInside(*focused, *found);
 }
 
 // Moves focus and activation away from a window that has just been hidden.
@@ -123,22 +127,32 @@ void MemoryWindows::LeaveHidden(WindowHandle window) {
     Activate(NextActive(*hidden), false, true);
     return;
   }
-  const Window* focused = tree_.Find(focus_);
-  if (!focused || !WindowTree::IsInside(*focused, *hidden)) return;
+  if (!HasFocusInside(window)) return;
   const Window* parent = hidden->parent;
-  ChangeFocus(TakesFocus(*parent) ? parent->handle : WindowHandle{});
+  ChangeFocus(!tree_.IsTopLevel(*hidden) && TakesFocus(*parent) ? parent->handle : WindowHandle{});
 }
 
+// Its owner, or the next behind it and then the others from the front; tool windows last.
 WindowHandle MemoryWindows::NextActive(const Window& leaving) {
-  if (leaving.owner && TakesFocus(*leaving.owner)) return leaving.owner->handle;
-  for (const Window* window : tree_.Desktop().children) {
-    if (window != &leaving && TakesFocus(*window) && !window->Has(kWsMinimize)) return window->handle;
+  const auto can_follow = [&](const Window& window) {
+    return &window != &leaving && window.Shown() && !window.Has(kWsMinimize) && TakesFocus(window);
+  };
+  if (leaving.owner && can_follow(*leaving.owner)) return leaving.owner->handle;
+  const auto& windows = tree_.Desktop().children;
+  std::vector<Window*> order(windows.begin(), windows.end());
+  std::rotate(order.begin(), std::ranges::find(order, &leaving), order.end());
+  for (const bool tools : {false, true}) {
+    for (const Window* window : order) {
+      const bool is_tool = (window->ex_style & kWsExToolWindow) != 0;
+      if (is_tool == tools && can_follow(*window)) return window->handle;
+    }
   }
   return {};
 }
 
 bool MemoryWindows::ActivateByPress(WindowHandle hit, WindowHandle top_level, std::uint32_t message) {
   const LParam what = kHtClient | static_cast<LParam>(message) << 16;
+  if (hit == active_) return true;
   const LResult answer = SendMessageA(hit, kWmMouseActivate, top_level.value, what);
   if (answer != kMaNoActivate && answer != kMaNoActivateAndEat) Activate(top_level, true, true);
   return answer != kMaActivateAndEat && answer != kMaNoActivateAndEat;
@@ -161,9 +175,10 @@ bool MemoryWindows::ReleaseCapture() {
   return true;
 }
 
-void MemoryWindows::ReleaseCaptureInside(Window& window) {
+// Of a window that ends, and hears nothing of it.
+void MemoryWindows::LoseCaptureInside(const Window& window) {
   const Window* holder = tree_.Find(capture_);
-  if (holder && WindowTree::IsInside(*holder, window)) ReleaseCapture();
+  if (holder && WindowTree::IsInside(*holder, window)) capture_ = {};
 }
 
 // --- Input -----------------------------------------------------------------------------------
@@ -191,9 +206,10 @@ PointerHit MemoryWindows::WindowAt(PixelPoint screen) {
   while (!hit.disabled) {
     const PixelRect outer = WindowTree::OuterRect(*at);
     if (frame_.HitTest(*at, {screen.x - outer.left, screen.y - outer.top}) != FramePart::kNone) return hit;
-    const auto child = std::find_if(at->children.begin(), at->children.end(), contains);
+    const auto child =
+        std::ranges::find_if(at->children, [&](const Window* w) { return !w->Disabled() && contains(w); });
     hit.window = at->handle;
-    if (child == at->children.end() || (*child)->Disabled()) return hit;
+    if (child == at->children.end()) return hit;
     at = *child;
     hit.window = {};
   }

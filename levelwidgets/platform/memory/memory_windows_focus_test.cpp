@@ -31,9 +31,9 @@ TEST_F(WindowFocusTest, FocusMovesWithinTheActiveWindow) {
 
 TEST_F(WindowFocusTest, FocusActivatesTheTopLevelWindow) {
   Begin();
-  EXPECT_EQ(windows.SetFocus(first), other);
-  EXPECT_THAT(Take(), ElementsAre("other Activate 0 form", "form Activate 1 other", "other KillFocus first",
-                                  "first SetFocus other"));
+  EXPECT_EQ(windows.SetFocus(first), form);
+  EXPECT_THAT(Take(), ElementsAre("other Activate 0 form", "form Activate 1 other", "other KillFocus form",
+                                  "form SetFocus other", "form KillFocus first", "first SetFocus form"));
   EXPECT_EQ(desktop.TopLevelWindows().front().handle, form);
   EXPECT_TRUE(desktop.TopLevelWindows().front().active);
 }
@@ -43,7 +43,7 @@ TEST_F(WindowFocusTest, ActivationGivesTheFocusToTheWindowItself) {
   EXPECT_EQ(windows.SetActiveWindow(form), other);
   EXPECT_THAT(Take(), ElementsAre("other Activate 0 form", "form Activate 1 other", "other KillFocus form",
                                   "form SetFocus other"));
-  EXPECT_FALSE(windows.SetActiveWindow(first));
+  EXPECT_EQ(windows.SetActiveWindow(first), form);  // as if nothing had been asked
   EXPECT_EQ(windows.GetActiveWindow(), form);
 }
 
@@ -71,14 +71,14 @@ TEST_F(WindowFocusTest, ALaterChoiceOfAHandlerWins) {
   EXPECT_THAT(Take(), ElementsAre("first KillFocus second", "second KillFocus form", "form SetFocus second"));
 }
 
-TEST_F(WindowFocusTest, HiddenAndDisabledWindowsTakeNoFocus) {
+TEST_F(WindowFocusTest, AHiddenWindowTakesTheFocusAndADisabledOneDoesNot) {
   windows.SetFocus(first);
   windows.EnableWindow(second, false);
   EXPECT_FALSE(windows.SetFocus(second));
   windows.EnableWindow(second, true);
   windows.ShowWindow(second, kSwHide);
-  EXPECT_FALSE(windows.SetFocus(second));
-  EXPECT_EQ(windows.GetFocus(), first);
+  EXPECT_EQ(windows.SetFocus(second), first);
+  EXPECT_EQ(windows.GetFocus(), second);
   windows.SetActiveWindow(other);
   windows.EnableWindow(form, false);
   EXPECT_FALSE(windows.SetFocus(first));
@@ -104,12 +104,12 @@ TEST_F(WindowFocusTest, DisablingTheFocusedWindowLeavesNoFocus) {
   windows.SetFocus(first);
   Begin();
   EXPECT_FALSE(windows.EnableWindow(first, false));
-  EXPECT_THAT(Take(), ElementsAre("first KillFocus none", "first Enable 0"));
+  EXPECT_THAT(Take(), ElementsAre("first CancelMode", "first KillFocus none", "first Enable 0"));
   EXPECT_FALSE(windows.GetFocus());
   EXPECT_EQ(windows.GetActiveWindow(), form);
   EXPECT_FALSE(windows.IsWindowEnabled(first));
   EXPECT_TRUE(windows.EnableWindow(first, false));
-  EXPECT_THAT(Take(), IsEmpty());
+  EXPECT_THAT(Take(), ElementsAre("first CancelMode"));
   EXPECT_TRUE(windows.EnableWindow(first, true));
   EXPECT_THAT(Take(), ElementsAre("first Enable 1"));
 }
@@ -160,13 +160,87 @@ TEST_F(WindowFocusTest, DisablingEndsTheCapture) {
   windows.SetCapture(first);
   Begin();
   windows.EnableWindow(first, false);
-  EXPECT_THAT(Take(), ElementsAre("first CaptureChanged none", "first Enable 0"));
+  EXPECT_THAT(Take(), ElementsAre("first CancelMode", "first CaptureChanged none", "first Enable 0"));
 }
 
-TEST_F(WindowFocusTest, DestroyingAnAncestorEndsTheCapture) {
+TEST_F(WindowFocusTest, DestroyingAnAncestorEndsTheCaptureAndNobodyHearsOfIt) {
   windows.SetCapture(first);
+  Begin();
   windows.DestroyWindow(form);
   EXPECT_FALSE(windows.GetCapture());
+  EXPECT_THAT(Take(), testing::Not(testing::Contains("first CaptureChanged none")));
+}
+
+TEST_F(WindowFocusTest, ACaptureThatItsHolderKeepsWhenItIsCancelledEndsWithDisabling) {
+  client.On(kWmCancelMode, [](WindowHandle, WParam, LParam) { return 0; });
+  windows.SetCapture(first);
+  windows.EnableWindow(first, false);
+  EXPECT_FALSE(windows.GetCapture());
+}
+
+TEST_F(WindowFocusTest, AWindowThatIsCancelledMayEndItself) {
+  client.On(kWmCancelMode, [&](WindowHandle window, WParam, LParam) -> LResult {
+    windows.DestroyWindow(window);
+    return 0;
+  });
+  EXPECT_FALSE(windows.EnableWindow(first, false));
+  EXPECT_FALSE(windows.IsWindow(first));
+}
+
+TEST_F(WindowFocusTest, TheWindowThatIsDeactivatedIsActiveUntilItHasHeardOfIt) {
+  std::vector<WindowHandle> active;
+  client.On(kWmActivate, [&](WindowHandle window, WParam state, LParam other_window) {
+    active.push_back(windows.GetActiveWindow());
+    return windows.DefWindowProcA(window, kWmActivate, state, other_window);
+  });
+  windows.SetActiveWindow(form);
+  EXPECT_THAT(active, ElementsAre(other, form));
+}
+
+TEST_F(WindowFocusTest, AMinimizedFormThatBecomesActiveDoesNotGetTheFocusByDefault) {
+  windows.SetWindowLongA(form, kGwlStyle, static_cast<std::int32_t>(kPopup | kWsMinimize));
+  windows.SetFocus({});
+  Begin();
+  windows.DefWindowProcA(form, kWmActivate, 1, 0);
+  EXPECT_THAT(Take(), IsEmpty());
+  windows.SetWindowLongA(form, kGwlStyle, static_cast<std::int32_t>(kPopup));
+  windows.SetFocus(first);
+  windows.DefWindowProcA(form, kWmActivate, 0, 0);
+  EXPECT_EQ(windows.GetFocus(), first);
+  windows.DefWindowProcA(form, kWmActivate, 1, 0);
+  EXPECT_EQ(windows.GetFocus(), form);
+}
+
+TEST_F(WindowFocusTest, AFormThatEndsWhileItIsToBecomeActiveLeavesNobodyActive) {
+  client.On(kWmActivate, [&](WindowHandle window, WParam state, LParam) -> LResult {
+    if (window == other && state == 0) windows.DestroyWindow(form);
+    return 0;
+  });
+  EXPECT_FALSE(windows.SetFocus(first));
+  EXPECT_FALSE(windows.IsWindow(form));
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+}
+
+TEST_F(WindowFocusTest, TheNextActiveWindowIsNoToolWindowUnlessThereIsNoOther) {
+  const WindowHandle tool =
+      windows.CreateWindowExA({"", "", kPopup, kWsExToolWindow, {0, 0, 10, 10}, {}, &client});
+  const WindowHandle last = MakeTop("last", {0, 0, 10, 10});
+  windows.ShowWindow(last, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+  windows.ShowWindow(other, kSwHide);
+  windows.ShowWindow(form, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), tool);
+}
+
+TEST_F(WindowFocusTest, TheNextActiveWindowIsTheOneBehind) {
+  const WindowHandle front = MakeTop("front", {0, 0, 10, 10});
+  for (const WindowHandle window : {front, other, form}) {
+    windows.SetWindowPos(window, {kHwndBottom}, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);
+  }
+  windows.SetActiveWindow(other);
+  windows.SetWindowPos(other, front, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);  // front, other, form
+  windows.ShowWindow(other, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), form);
 }
 
 }  // namespace

@@ -1,7 +1,12 @@
 // Invalid areas, paints and drawing contexts of windows.
 #include <levelwidgets/platform/memory/memory_windows.h>
 
+#include <cxxabi.h>
+
 #include <algorithm>
+#include <cstdlib>
+#include <stdexcept>
+#include <typeinfo>
 #include <utility>
 
 #include <levelwidgets/platform/memory/finally.h>
@@ -9,6 +14,19 @@
 namespace levelwidgets::memory {
 
 namespace {
+
+// As often as a window may answer kWmPaint in a row without BeginPaint.
+constexpr int kMostUnanswered = 100;
+
+std::string ClassOf(const Window& window) {
+  if (!window.client) return "none";
+  const WindowClient& client = *window.client;
+  const char* const name = typeid(client).name();
+  int status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> readable(
+      abi::__cxa_demangle(name, nullptr, nullptr, &status), &std::free);
+  return status == 0 ? readable.get() : name;
+}
 
 Region ClientArea(const Window& window) {
   const PixelSize size = WindowTree::ClientSize(window);
@@ -92,27 +110,35 @@ Region MemoryWindows::PendingPaint(WindowHandle window) {
 
 // --- Delivering paints -----------------------------------------------------------------------
 
-bool MemoryWindows::PaintPending() {
-  std::vector<WindowHandle> windows;
-  windows.swap(to_paint_);
-  std::erase_if(windows, [&](WindowHandle w) { return !tree_.Find(w); });
-  const auto deeper = [&](WindowHandle a, WindowHandle b) {
-    return WindowTree::Depth(*tree_.Find(a)) > WindowTree::Depth(*tree_.Find(b));
-  };
-  std::reverse(windows.begin(), windows.end());
-  std::stable_sort(windows.begin(), windows.end(), deeper);
-  // A handler that throws leaves the others waiting.
-  const Finally keep_rest([&] { to_paint_.insert(to_paint_.end(), windows.rbegin(), windows.rend()); });
-  bool painted = false;
-  while (!windows.empty()) {
-    const WindowHandle window = windows.back();
-    windows.pop_back();
-    if (Window* found = tree_.Find(window)) {
-      found->queued_for_paint = false;
-      painted |= Paint(window);
-    }
+// The next one last. A paint may have made other windows wait, which come before the others or between them.
+void MemoryWindows::SortPaints() {
+  if (sorted_paints_ == to_paint_.size() && order_when_sorted_ == tree_.OrderChanges()) return;
+  std::erase_if(to_paint_, [&](WindowHandle window) { return !tree_.Find(window); });
+  if (to_paint_.size() > 1) {
+    tree_.NumberAll();
+    std::ranges::sort(to_paint_, std::greater(), [&](WindowHandle w) { return tree_.Find(w)->number; });
   }
-  return painted;
+  sorted_paints_ = to_paint_.size();
+  order_when_sorted_ = tree_.OrderChanges();
+}
+
+PaintTurn MemoryWindows::PaintNext() {
+  while (!to_paint_.empty()) {
+    SortPaints();
+    if (to_paint_.empty()) break;
+    const WindowHandle window = to_paint_.back();
+    to_paint_.pop_back();
+    --sorted_paints_;
+    Window* found = tree_.Find(window);
+    if (!found) continue;
+    found->queued_for_paint = false;
+    const bool again = found->painted_turn == paint_turn_;
+    if (again) ++paint_turn_;
+    found->painted_turn = paint_turn_;
+    if (Paint(window)) return again ? PaintTurn::kPaintedAgain : PaintTurn::kPainted;
+  }
+  ++paint_turn_;
+  return PaintTurn::kNothing;
 }
 
 // Returns whether there was something to paint.
@@ -126,14 +152,25 @@ bool MemoryWindows::Paint(WindowHandle window) {
     found->invalid.Clear();
     return frame;
   }
-  found->paint_unanswered = true;
+  ++found->unanswered_paints;
   const Finally finish([&] {
     EndPaint(window);
     Window* painted = tree_.Find(window);
-    if (painted && painted->paint_unanswered) painted->invalid.Clear();
+    if (painted && !painted->invalid.Empty()) QueuePaint(*painted);
   });
   SendMessageA(window, kWmPaint, 0, 0);
+  CheckAnswered(window);
   return true;
+}
+
+// A window that never begins its paint would be painted for ever.
+void MemoryWindows::CheckAnswered(WindowHandle window) {
+  Window* painted = tree_.Find(window);
+  if (!painted || painted->unanswered_paints < kMostUnanswered) return;
+  painted->invalid.Clear();
+  painted->unanswered_paints = 0;
+  throw std::logic_error("A window of the class " + ClassOf(*painted) +
+                         " answers its paint messages without BeginPaint, so that they come again for ever");
 }
 
 void MemoryWindows::PaintWithChildren(WindowHandle window) {
@@ -154,7 +191,7 @@ bool MemoryWindows::UpdateWindow(WindowHandle window) {
 DcHandle MemoryWindows::BeginPaint(WindowHandle window, PixelRect& part) {
   Window* found = tree_.Find(window);
   if (!found) return {};
-  found->paint_unanswered = false;
+  found->unanswered_paints = 0;
   WindowTree::LimitPaint(*found, std::exchange(found->invalid, {}));
   const PixelPoint origin = tree_.StoreOrigin(*found);
   part = tree_.Clip(*found).Bounds().Offset(-origin.x, -origin.y);

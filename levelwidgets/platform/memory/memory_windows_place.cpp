@@ -2,6 +2,8 @@
 #include <levelwidgets/platform/memory/memory_windows.h>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace levelwidgets::memory {
 
@@ -21,6 +23,10 @@ bool IsSpecialPlace(std::uint32_t insert_after) {
          insert_after == kHwndNoTopMost;
 }
 
+bool HasSizeLimits(std::uint32_t style) {
+  return (style & kWsThickFrame) != 0 || (style & (kWsPopup | kWsChild)) == 0;
+}
+
 PixelRect PlacedRect(const PixelRect& old, const PixelRect& place, std::uint32_t flags) {
   const bool move = (flags & kSwpNoMove) == 0;
   const bool size = (flags & kSwpNoSize) == 0;
@@ -33,6 +39,16 @@ PixelRect PlacedRect(const PixelRect& old, const PixelRect& place, std::uint32_t
 }
 
 }  // namespace
+
+// `rect` with a size that the system allows.
+PixelRect MemoryWindows::Fitting(const PixelRect& rect, std::uint32_t style) const {
+  PixelSize size{std::max(0, rect.width()), std::max(0, rect.height())};
+  if (HasSizeLimits(style)) {
+    size.width = std::clamp(size.width, smallest_.width, std::max(smallest_.width, largest_.width));
+    size.height = std::clamp(size.height, smallest_.height, std::max(smallest_.height, largest_.height));
+  }
+  return {rect.left, rect.top, rect.left + size.width, rect.top + size.height};
+}
 
 MemoryWindows::Before MemoryWindows::Remember(Window& window) {
   return {tree_.VisibleOuter(window),     window.rect,  ClientCorner(window),
@@ -47,18 +63,47 @@ void MemoryWindows::Rearranged(Window& window, const Before& before, bool redraw
   const bool top_level = tree_.IsTopLevel(window);
   if (!top_level) InvalidateBehind(window, Difference(before.visible, after));
   if (!window.Shown()) return;
-  const bool moved = !top_level && before.rect != window.rect;
   const bool resized = before.client_size != WindowTree::ClientSize(window) ||
                        before.rect.width() != window.rect.width() ||
                        before.rect.height() != window.rect.height();
-  if (moved || resized || !before.shown) {
+  if (resized || !before.shown) {
     InvalidateWithChildren(window);
-  } else if (Region more = Difference(after, before.visible); !more.Empty()) {
+    return;
+  }
+  Region kept = before.visible;
+  if (!top_level && before.rect != window.rect) kept = MovePixels(window, before, after);
+  if (Region more = Difference(after, kept); !more.Empty()) {
     const PixelPoint origin = tree_.StoreOrigin(window);
     more.Offset(-origin.x, -origin.y);
     Invalidate(window, std::move(more), true);
     InvalidateFrame(window);
   }
+}
+
+// The pixels of a child go with it. Returns where they are now, of what can be seen of it.
+Region MemoryWindows::MovePixels(Window& window, const Before& before, const Region& visible) {
+  PixelStore* store = tree_.Root(window).store.get();
+  if (!store) return {};
+  const int dx = window.rect.left - before.rect.left;
+  const int dy = window.rect.top - before.rect.top;
+  Region kept = before.visible;
+  kept.Offset(dx, dy);
+  kept.ClipTo(visible);
+  std::vector<std::uint32_t> pixels;
+  for (const PixelRect& part : kept.Rects()) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      const std::uint32_t* row = store->Row(y - dy) + (part.left - dx);
+      pixels.insert(pixels.end(), row, row + part.width());
+    }
+  }
+  auto from = pixels.cbegin();
+  for (const PixelRect& part : kept.Rects()) {
+    for (int y = part.top; y < part.bottom; ++y) {
+      std::copy_n(from, part.width(), store->Row(y) + part.left);
+      from += part.width();
+    }
+  }
+  return kept;
 }
 
 void MemoryWindows::SetShown(Window& window, bool shown, bool redraw) {
@@ -85,10 +130,9 @@ void MemoryWindows::SendMovedAndSized(WindowHandle window, const Before& before)
 // --- Order -----------------------------------------------------------------------------------
 
 void MemoryWindows::PutAt(Window& window, WindowHandle insert_after) {
-  const bool top_level = tree_.IsTopLevel(window);
-  if (top_level && insert_after.value == kHwndTopMost) window.ex_style |= kWsExTopMost;
-  if (top_level && (insert_after.value == kHwndNoTopMost || insert_after.value == kHwndBottom)) {
-    window.ex_style &= ~kWsExTopMost;
+  if (tree_.IsTopLevel(window)) {
+    if (insert_after.value == kHwndTopMost) SetTopMost(window, true);
+    if (insert_after.value == kHwndNoTopMost || insert_after.value == kHwndBottom) SetTopMost(window, false);
   }
   switch (insert_after.value) {
     case kHwndTop:
@@ -101,15 +145,43 @@ void MemoryWindows::PutAt(Window& window, WindowHandle insert_after) {
   if (sibling && sibling != &window && sibling->parent == window.parent) tree_.PutAfter(window, *sibling);
 }
 
-// In front of its siblings, the windows that it owns staying in front of it.
+std::vector<Window*> MemoryWindows::OwnedBy(const Window& owner) {
+  std::vector<Window*> owned;
+  std::ranges::copy_if(tree_.Desktop().children, std::back_inserter(owned),
+                       [&](const Window* window) { return window->owner == &owner; });
+  return owned;
+}
+
+// What a window owns is top-most with it; its owner only ceases to be with it.
+void MemoryWindows::SetTopMost(Window& window, bool top_most) {
+  if (window.TopMost() == top_most) return;
+  window.ex_style = top_most ? window.ex_style | kWsExTopMost : window.ex_style & ~kWsExTopMost;
+  for (Window* owned : OwnedBy(window)) SetTopMost(*owned, top_most);
+  if (!top_most && window.owner) SetTopMost(*window.owner, false);
+}
+
+// In front of its siblings. Windows come to the front with their owner, which is behind them.
 void MemoryWindows::Raise(Window& window) {
-  tree_.PutInFront(window);
-  if (!tree_.IsTopLevel(window)) return;
-  const auto& front_to_back = tree_.Desktop().children;
-  const std::vector<Window*> back_to_front(front_to_back.rbegin(), front_to_back.rend());
-  for (Window* other : back_to_front) {
-    if (other->owner == &window) Raise(*other);
+  if (!tree_.IsTopLevel(window)) {
+    tree_.PutInFront(window);
+    return;
   }
+  Window* first = &window;
+  while (first->owner) first = first->owner;
+  RaiseWithOwned(*first, window);
+}
+
+// `front` or its owner comes last, and so in front of all others that the same window owns.
+void MemoryWindows::RaiseWithOwned(Window& window, const Window& front) {
+  tree_.PutInFront(window);
+  std::vector<Window*> owned = OwnedBy(window);
+  const auto holds_front = [&](const Window* other) {
+    const Window* at = &front;
+    while (at && at != other) at = at->owner;
+    return at != nullptr;
+  };
+  std::ranges::stable_partition(owned, holds_front);
+  for (auto other = owned.rbegin(); other != owned.rend(); ++other) RaiseWithOwned(**other, front);
 }
 
 bool MemoryWindows::SetWindowPos(WindowHandle window, WindowHandle insert_after, PixelRect place,
@@ -120,6 +192,7 @@ bool MemoryWindows::SetWindowPos(WindowHandle window, WindowHandle insert_after,
   if (ordered && !IsSpecialPlace(insert_after.value) && !tree_.Find(insert_after)) return false;
   const Before before = Remember(*found);
   found->rect = PlacedRect(found->rect, place, flags);
+  if ((flags & kSwpNoSize) == 0) found->rect = Fitting(found->rect, found->style);
   if (found->rect != before.rect || (flags & kSwpFrameChanged) != 0) {
     found->frame = frame_.Widths(found->style);
   }
@@ -135,9 +208,8 @@ bool MemoryWindows::SetWindowPos(WindowHandle window, WindowHandle insert_after,
   SendMovedAndSized(window, before);
   if ((flags & kSwpHideWindow) != 0) LeaveHidden(window);
   found = tree_.Find(window);
-  if (found && (flags & (kSwpNoActivate | kSwpHideWindow)) == 0 && tree_.IsTopLevel(*found)) {
-    Activate(window, false, true);
-  }
+  const bool activates = (flags & (kSwpNoActivate | kSwpHideWindow)) == 0;
+  if (found && activates && CanBePlacedActive(*found)) Activate(window, false, true);
   return true;
 }
 
@@ -150,7 +222,9 @@ WindowHandle MemoryWindows::GetParent(WindowHandle window) {
   return found->owner && (found->style & kWsPopup) != 0 ? found->owner->handle : WindowHandle{};
 }
 
-// Hidden, moved over and shown again, its numbers kept: they now mean pixels of the new parent.
+// Hidden, moved over and shown again, its numbers kept: they now mean pixels of the new parent. A window on
+// the desktop that does not have the style of a child is placed there as SetWindowPos does it, and becomes
+// active.
 WindowHandle MemoryWindows::SetParent(WindowHandle window, WindowHandle parent) {
   const bool shown = tree_.Find(window) && tree_.Find(window)->Shown();
   if (shown) ShowWindow(window, kSwHide);
@@ -166,6 +240,8 @@ WindowHandle MemoryWindows::SetParent(WindowHandle window, WindowHandle parent) 
     SendMovedAndSized(window, before);
   }
   if (shown) ShowWindow(window, kSwShow);
+  found = tree_.Find(window);
+  if (found && CanBePlacedActive(*found)) Activate(window, false, true);
   return former;
 }
 
@@ -217,6 +293,11 @@ void MemoryWindows::StoreStyle(Window& window, std::uint32_t style) {
   Rearranged(window, before, true);
 }
 
+// A window with the style of a child is one also on the desktop.
+bool MemoryWindows::CanBePlacedActive(const Window& window) const {
+  return tree_.IsTopLevel(window) && (window.style & (kWsChild | kWsPopup)) != kWsChild;
+}
+
 bool MemoryWindows::ShowWindow(WindowHandle window, int command) {
   Window* found = tree_.Find(window);
   if (!found) return false;
@@ -235,6 +316,8 @@ bool MemoryWindows::ShowWindow(WindowHandle window, int command) {
   } else if ((found = tree_.Find(window)) && command != kSwShowNoActivate && tree_.IsTopLevel(*found)) {
     Activate(window, false, true);
   }
+  found = tree_.Find(window);
+  if (show && found && std::exchange(found->needs_first_size, false)) SendFirstSize(window);
   return was_shown;
 }
 

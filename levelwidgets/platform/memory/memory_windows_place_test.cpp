@@ -49,9 +49,9 @@ TEST_F(WindowPlaceTest, AWindowSmallerThanItsFrameHasNoClientArea) {
 
 TEST_F(WindowPlaceTest, AdjustWindowRectGivesTheOuterRectangle) {
   for (const std::uint32_t style : {kWsPopup | kWsCaption | kWsSysMenu, kWsPopup | kWsBorder, kWsPopup, 0u}) {
-    const PixelRect outer = windows.AdjustWindowRectEx({50, 60, 150, 130}, style, 0);
+    const PixelRect outer = windows.AdjustWindowRectEx({50, 60, 180, 130}, style, 0);
     const WindowHandle form = MakeTop("form", outer, style);
-    EXPECT_EQ(ClientOf(form), (PixelSize{100, 70})) << style;
+    EXPECT_EQ(ClientOf(form), (PixelSize{130, 70})) << style;
     PixelPoint corner;
     windows.ClientToScreen(form, corner);
     EXPECT_EQ(corner, (PixelPoint{50, 60})) << style;
@@ -121,6 +121,55 @@ TEST_F(WindowPlaceTest, OwnedWindowsStayInFrontOfTheirOwner) {
   EXPECT_THAT(Order(), ElementsAre("other", "tool", "form"));
 }
 
+TEST_F(WindowPlaceTest, AnOwnedWindowTakesItsOwnerAndTheOthersToTheFront) {
+  const WindowHandle form = MakeTop("form", {0, 0, 10, 10});
+  const WindowHandle tool = Make("tool", &client, form, {0, 0, 10, 10}, kPopup);
+  Make("menu", &client, tool, {0, 0, 10, 10}, kPopup);
+  Make("beside", &client, form, {0, 0, 10, 10}, kPopup);
+  const WindowHandle other = MakeTop("other", {0, 0, 10, 10});
+  EXPECT_THAT(Order(), ElementsAre("other", "beside", "menu", "tool", "form"));
+  windows.SetActiveWindow(tool);
+  EXPECT_THAT(Order(), ElementsAre("menu", "tool", "beside", "form", "other"));
+  windows.SetActiveWindow(other);
+  EXPECT_THAT(Order(), ElementsAre("other", "menu", "tool", "beside", "form"));
+}
+
+TEST_F(WindowPlaceTest, ATopMostOwnerMakesWhatItOwnsTopMost) {
+  const WindowHandle form = MakeTop("form", {0, 0, 10, 10});
+  const WindowHandle tool = Make("tool", &client, form, {0, 0, 10, 10}, kPopup);
+  const WindowHandle menu = Make("menu", &client, tool, {0, 0, 10, 10}, kPopup);
+  const auto place = [&](WindowHandle window, std::uint32_t after) {
+    windows.SetWindowPos(window, {after}, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);
+    std::string top_most;
+    for (const WindowHandle each : {form, tool, menu}) {
+      top_most += (windows.GetWindowLongA(each, kGwlExStyle) & kWsExTopMost) != 0 ? '1' : '0';
+    }
+    return top_most;
+  };
+  EXPECT_EQ(place(tool, kHwndTopMost), "011");
+  EXPECT_EQ(place(tool, kHwndNoTopMost), "000");
+  EXPECT_EQ(place(form, kHwndTopMost), "111");
+  EXPECT_EQ(place(menu, kHwndNoTopMost), "000");  // an ordinary window cannot be owned by a top-most one
+}
+
+TEST_F(WindowPlaceTest, OnlyAWindowWithACaptionOrABorderForSizingHasLimits) {
+  const auto size_of = [&](std::uint32_t style, PixelSize size) {
+    const WindowHandle made = MakeTop("made", {0, 0, size.width, size.height}, style);
+    const WindowHandle sized = MakeTop("sized", {0, 0, 200, 200}, style);
+    windows.SetWindowPos(sized, {}, {0, 0, size.width, size.height},
+                         kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
+    EXPECT_EQ(RectOf(made), RectOf(sized));
+    const PixelRect rect = RectOf(sized);
+    return PixelSize{rect.width(), rect.height()};
+  };
+  EXPECT_EQ(size_of(kWsPopup, {3, 4}), (PixelSize{3, 4}));
+  EXPECT_EQ(size_of(kWsPopup | kWsCaption, {3000, 4}), (PixelSize{3000, 4}));
+  EXPECT_EQ(size_of(0, {3, 4}), (PixelSize{112, 24}));
+  EXPECT_EQ(size_of(kWsPopup | kWsThickFrame, {3, 4}), (PixelSize{112, 24}));
+  EXPECT_EQ(size_of(0, {3000, 4000}), (PixelSize{1026, 792}));
+  EXPECT_EQ(size_of(0, {300, 400}), (PixelSize{300, 400}));
+}
+
 // The calls by which controls lift a panel out of a form.
 TEST_F(WindowPlaceTest, AChildBecomesATopMostPopup) {
   const WindowHandle form = MakeTop("form", {200, 200, 400, 400});
@@ -135,7 +184,7 @@ TEST_F(WindowPlaceTest, AChildBecomesATopMostPopup) {
     EXPECT_EQ(ClientOf(panel), (PixelSize{48, 68}));
     EXPECT_FALSE(windows.IsWindowVisible(panel));
     EXPECT_FALSE(windows.GetParent(panel));
-    EXPECT_EQ(windows.GetActiveWindow(), form);
+    EXPECT_EQ(windows.GetActiveWindow(), panel);  // though it is hidden
     windows.SetWindowPos(panel, {}, {300, 350, 0, 0}, kSwpNoSize | kSwpNoZOrder | kSwpNoActivate);
     windows.ShowWindow(panel, kSwShow);
     windows.SetWindowPos(panel, {kHwndTop}, {}, kSwpNoMove | kSwpNoSize);

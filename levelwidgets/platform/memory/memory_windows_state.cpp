@@ -109,7 +109,7 @@ void MemoryWindows::LeaveProgram() {
 void MemoryWindows::EnterProgram() {
   if (active_) return;
   const Window* former = tree_.Find(active_when_left_);
-  if (former && TakesFocus(*former)) {
+  if (former && former->Shown() && TakesFocus(*former)) {
     Activate(former->handle, false, true);
   } else {
     Activate(NextActive(tree_.Desktop()), false, true);

@@ -76,10 +76,17 @@ bool WindowTree::IsInside(const Window& window, const Window& ancestor) {
   return at != nullptr;
 }
 
-int WindowTree::Depth(const Window& window) {
-  int depth = 0;
-  for (const Window* at = window.parent; at; at = at->parent) ++depth;
-  return depth;
+void WindowTree::NumberAll() {
+  if (numbered_at_ == order_changes_) return;
+  numbered_at_ = order_changes_;
+  std::uint32_t last = 0;
+  std::vector<Window*> waiting{&desktop_};
+  while (!waiting.empty()) {
+    Window* window = waiting.back();
+    waiting.pop_back();
+    window->number = last++;
+    waiting.insert(waiting.end(), window->children.rbegin(), window->children.rend());
+  }
 }
 
 bool WindowTree::IsVisible(const Window& window) {
@@ -106,12 +113,14 @@ void WindowTree::Reparent(Window& window, Window& parent) {
 }
 
 WindowTree::Siblings WindowTree::Unlink(Window& window) {
+  ++order_changes_;
   Siblings unlinked;
   unlinked.splice(unlinked.begin(), window.parent->children, window.place);
   return unlinked;
 }
 
 void WindowTree::Insert(Siblings& window, Siblings& siblings, Siblings::iterator position) {
+  ++order_changes_;
   window.front()->place = window.begin();
   siblings.splice(position, window);
 }

@@ -73,8 +73,11 @@ struct Window final : TargetSource {
   std::unique_ptr<PaintLimit> paint_limit;
   bool frame_invalid = false;
   bool queued_for_paint = false;
-  bool paint_unanswered = false;  // kWmPaint was sent and BeginPaint has not been called
+  int unanswered_paints = 0;       // since BeginPaint was called
+  std::uint64_t painted_turn = 0;  // in which it was painted last
   bool destroying = false;
+  std::uint32_t number = 0;       // by NumberAll
+  bool needs_first_size = false;  // kWmSize and kWmMove when it is first shown
 
   // Kept until the tree changes: what can be seen of the client area, in pixels of the top-level window's
   // store, and what may be drawn.
@@ -115,7 +118,6 @@ class WindowTree {
   Window& Root(Window& window);
   // Whether `window` is `ancestor` or inside it.
   static bool IsInside(const Window& window, const Window& ancestor);
-  static int Depth(const Window& window);
   // Shown itself and with all its ancestors.
   static bool IsVisible(const Window& window);
   // Itself and all its ancestors.
@@ -139,6 +141,10 @@ class WindowTree {
 
   // --- What can be seen ----------------------------------------------------------------------
 
+  // A number that every change of the order raises.
+  std::uint64_t OrderChanges() const { return order_changes_; }
+  // Gives every window its `number`: from the outside to the inside and from the front to the back.
+  void NumberAll();
   // To be called after every change of place, order, style, visibility or frame: forgets what was known of
   // the whole top-level window's tree, and fits its store.
   void Changed(Window& window);
@@ -191,6 +197,8 @@ class WindowTree {
   std::size_t count_ = 0;
   std::uint64_t changes_ = 0;
   std::uint64_t siblings_looked_at_ = 0;
+  std::uint64_t order_changes_ = 0;
+  std::uint64_t numbered_at_ = 0;
   std::vector<PixelRect> holes_;  // kept for its memory
 };
 

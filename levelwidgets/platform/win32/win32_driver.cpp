@@ -83,14 +83,18 @@ void Win32Driver::Wheel(int notches) {
 }
 
 void Win32Driver::KeyDown(int code, int shift) {
-  HoldShift(shift & ~ShiftBitOf(code));
+  const int own = ShiftBitOf(code);
+  HoldShift((shift & ~own) | (held_shift_ & own));
   InjectKey(code, true);
+  held_shift_ |= own;
   Settle();
 }
 
 void Win32Driver::KeyUp(int code, int shift) {
-  HoldShift(shift & ~ShiftBitOf(code));
+  const int own = ShiftBitOf(code);
+  HoldShift((shift & ~own) | (held_shift_ & own));
   InjectKey(code, false);
+  held_shift_ &= ~own;
   HoldShift(0);
   Settle();
 }

@@ -5,6 +5,8 @@ namespace levelwidgets::memory {
 
 void EditBox::OpenMenu(PixelPoint at) {
   WindowApi& windows = host_.Windows();
+  // A listener of the press may have hidden it, and a hidden window would take the focus.
+  if (!windows.IsWindowVisible(window_)) return;
   if (!focused_) windows.SetFocus(window_);
   if (!window_) return;
   const Selection& selected = buffer_.Selected();

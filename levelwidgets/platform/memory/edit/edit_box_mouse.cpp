@@ -16,7 +16,8 @@ constexpr int kLinesPerNotch = 3;
 }  // namespace
 
 void EditBox::Press(PixelPoint point, bool extend) {
-  if (!focused_) host_.Windows().SetFocus(window_);
+  // A hidden window would take it, and gets the second button of a press that a listener hid it for.
+  if (!focused_ && host_.Windows().IsWindowVisible(window_)) host_.Windows().SetFocus(window_);
   if (!window_) return;
   BeginDrag(point);
   const EditView::Hit hit = view_.At(point);
@@ -46,9 +47,7 @@ void EditBox::DoubleClick(PixelPoint point) {
 // Soon after a double click, at its place.
 bool EditBox::IsThirdPress(PixelPoint point) {
   const bool after_two = std::exchange(double_click_.any, false);
-  return after_two && host_.Ticks() - double_click_.time <= kDoubleClickMs &&
-         std::abs(point.x - double_click_.at.x) <= kDoubleClickDistance &&
-         std::abs(point.y - double_click_.at.y) <= kDoubleClickDistance;
+  return after_two && IsSameClick(host_.Ticks() - double_click_.time, double_click_.at, point);
 }
 
 // All around the caret; dragging goes on by as much.

@@ -12,9 +12,15 @@
 
 namespace levelwidgets::memory {
 
-// How soon and how near the next press is one of the same click.
+// Sooner than this, and in a square of this size around the press before, a press is one of the same click.
 inline constexpr std::uint64_t kDoubleClickMs = 500;
-inline constexpr int kDoubleClickDistance = 4;
+inline constexpr int kDoubleClickSize = 4;
+
+constexpr bool IsSameClick(std::uint64_t ms_between, PixelPoint before, PixelPoint now) {
+  constexpr int kHalf = kDoubleClickSize / 2;
+  const PixelRect square{before.x - kHalf, before.y - kHalf, before.x + kHalf, before.y + kHalf};
+  return ms_between < kDoubleClickMs && square.Contains(now);
+}
 
 // Rectangles are client pixels, texts in bytes those of the system's code page.
 class EditHost {
