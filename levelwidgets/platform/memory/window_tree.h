@@ -172,8 +172,8 @@ class WindowTree {
 
   using Siblings = std::list<Window*>;
   // Out of its parent's children into a list of its own, with which it can be put back.
-  static Siblings Unlink(Window& window);
-  static void Insert(Siblings& window, Siblings& siblings, Siblings::iterator position);
+  Siblings Unlink(Window& window);
+  void Insert(Siblings& window, Siblings& siblings, Siblings::iterator position);
   // Among the children of the window's parent, which need not hold the window.
   Siblings::iterator EndOfTopMost();
   Siblings::iterator FirstOfBand(const Window& window);
