@@ -30,6 +30,9 @@ LResult SurfaceWindow::HandleMessage(WindowHandle window, std::uint32_t message,
     case kWmSize:
       if (keep) OnWindowSize();
       return 0;
+    case kWmMouseActivate:
+      if (keep && Site().UserMode() && !Site().AcceptsPress()) return kMaActivateAndEat;
+      break;
     case kWmCaptureChanged: click_.CaptureLost(windows); break;
     case kWmCommand:
     case kWmCtlColorEdit:

@@ -293,4 +293,10 @@ inline constexpr std::int16_t kKeyInsert = 45;
 inline constexpr std::int16_t kKeyDelete = 46;
 inline constexpr std::int16_t kKeyF4 = 115;
 
+// Answers to kWmMouseActivate: whether the press activates the window, and whether it is lost.
+inline constexpr std::intptr_t kMaActivate = 1;
+inline constexpr std::intptr_t kMaActivateAndEat = 2;
+inline constexpr std::intptr_t kMaNoActivate = 3;
+inline constexpr std::intptr_t kMaNoActivateAndEat = 4;
+
 }  // namespace levelwidgets

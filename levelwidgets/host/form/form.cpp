@@ -45,8 +45,12 @@ const ClassInfo& Form::Table() {
               {.flags = MemberFlags::kLeft}),
           Row::Property<&Form::Top, &Form::SetTop>(
               13, "Top", kNoDefault, "Top edge on the screen, twips; in the middle where not given.",
-              {.flags = MemberFlags::kTop})),
-      table::Persisted("Caption", "Left", "Top", "Width", "Height", "Font", "BackColor"),
+              {.flags = MemberFlags::kTop}),
+          Row::Property<&Form::KeyPreview, &Form::SetKeyPreview>(
+              14, "KeyPreview", Always(false), "Whether the form hears keys before its controls."),
+          Row::ReadOnly<&Form::ActiveControlObject>(15, "ActiveControl",
+                                                    "The control with the focus; none without one.")),
+      table::Persisted("Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "KeyPreview"),
       table::Methods(
           Row::Method<&Form::Show>(9, "Show", "", "Shows and activates the form."),
           Row::Method<&Form::Hide>(10, "Hide", "", "Hides the form."),
@@ -54,6 +58,11 @@ const ClassInfo& Form::Table() {
       table::Events(
           Row::Event<&Form::Activate>(1, "Activate", "", "The form became the active window."),
           Row::Event<&Form::Deactivate>(2, "Deactivate", "", "Another window became active."),
+          Row::Event<&Form::KeyDown>(7, "KeyDown", kKeyArguments,
+                                     "A key was pressed; KeyCode 0 keeps it from the control."),
+          Row::Event<&Form::KeyPress>(8, "KeyPress", kCharacterArguments,
+                                      "A character was typed; KeyAscii 0 keeps it from the control."),
+          Row::Event<&Form::KeyUp>(9, "KeyUp", kKeyArguments, "A key was let go."),
           Row::Event<&Form::Load>(3, "Load", "", "The form and its controls are there, not yet shown."),
           Row::Event<&Form::PropertyChanged>(4, "PropertyChanged", "Control, Name",
                                              "A control reported that a persisted property changed."),
@@ -106,6 +115,7 @@ void Form::CloseWindow() {
   const auto controls = std::exchange(controls_, {});
   for (const auto& control : controls) control->Disconnect();
   const WindowHandle window = std::exchange(window_, {});
+  if (window) Gone.Raise();
   // All at once: each control that leaves the screen by itself uncovers what is behind it.
   if (window) platform_.Windows().ShowWindow(window, kSwHide);
   for (const auto& control : controls) control->Detach();
@@ -209,6 +219,7 @@ void Form::Show() {
 
 void Form::Hide() {
   const auto keep = shared_from_this();
+  Gone.Raise();
   platform_.Windows().ShowWindow(window_, kSwHide);
 }
 
@@ -390,7 +401,8 @@ void Form::ClientResized() {
                      ToTwips(now.height, platform_.Screen().TwipsPerPixelY())};
   }
   client_size_ = now;
-  Resize.Raise();
+  for (const auto& control : std::vector(controls_)) control->FollowForm();
+  if (window_) Resize.Raise();
 }
 
 }  // namespace levelwidgets

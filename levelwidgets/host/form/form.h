@@ -24,6 +24,7 @@ struct FormOptions {
   std::optional<Twips> top;
   FontDescription font;
   Color back_color{0x8000000Fu};
+  bool key_preview = false;
   bool design = false;  // design mode: the controls get no input
 };
 
@@ -39,7 +40,8 @@ Twips* LengthOf(Placement& place, MemberFlags flags);
 // Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
 bool IsControlName(std::string_view name);
 
-// By name in Table(): Name, Caption, Left, Top, Width, Height, Font, BackColor, Design and the events.
+// By name in Table(): Name, Caption, Left, Top, Width, Height, Font, BackColor, KeyPreview, Design, ActiveControl
+// and the events.
 //
 // A form is shared: whoever runs its code holds a reference, so that a handler may drop the last other one.
 class Form : public Object, public WindowClient, public std::enable_shared_from_this<Form> {
@@ -73,6 +75,9 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   void SetFont(FontRef font);
   Color BackColor() const { return options_.back_color; }
   void SetBackColor(Color color);
+  // Whether the form hears every key before the control that it is for.
+  bool KeyPreview() const { return options_.key_preview; }
+  void SetKeyPreview(bool preview) { options_.key_preview = preview; }
   bool Design() const { return options_.design; }
   WindowHandle hWnd() const { return window_; }
   bool Closed() const { return !window_; }
@@ -85,6 +90,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   // Raises Unload; closes the window and removes every control unless a listener cancels. Returns whether
   // closed.
   bool Close();
+  // Moves it to the middle of the screen, unless Left or Top place it.
+  void Centre() { PlaceWindow(); }
   // The form's client area moved to `screen` pixels (its outer left top corner).
   void MoveTo(PixelPoint screen);
 
@@ -107,6 +114,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   const std::vector<std::shared_ptr<HostedControl>>& Controls() const { return controls_; }
   // The control with the keyboard focus; null when none has it.
   std::shared_ptr<HostedControl> ActiveControl() const;
+  // The same for the table.
+  ObjectRef ActiveControlObject() const { return ActiveControl(); }
   // Outer rectangle in screen pixels.
   PixelRect ScreenRect() const;
 
@@ -117,7 +126,15 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   Event<> Activate;
   Event<> Deactivate;
   Event<bool&> Unload;
+  // With KeyPreview, before the control does anything with the key and before it moves the focus or presses a
+  // button. A key or character that a listener sets to 0 goes no further.
+  Event<std::int16_t&, std::int16_t> KeyDown;  // code, shift
+  Event<std::int16_t&> KeyPress;               // the character
+  Event<std::int16_t&, std::int16_t> KeyUp;
   Event<std::string_view, std::string_view> PropertyChanged;  // control, property
+  // Of no table: the form has left the screen, hidden or closed. Its window, if it is closed, is still the active
+  // one.
+  Event<> Gone;
 
   // Gets the errors that the code of a control, or of the form itself ("" as the control), raises by itself
   // while it handles a message or a tick: `event` names which. True when it has reported the error, which
@@ -149,12 +166,16 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   void Forget(const std::shared_ptr<HostedControl>& control);
 
   // Keyboard: form_keyboard.cpp.
-  bool TakeKey(const KeyMessage& key);
+  bool TakeKey(KeyMessage& key);
+  bool PreviewKey(KeyMessage& key);
   bool KeyMessageToForm(std::uint32_t message, WParam wparam);
   std::vector<HostedControl*> TabOrder() const;
   std::vector<HostedControl*> TabOrderFromFocus(bool forward) const;
   bool MoveFocus(bool forward);
-  void FocusCame(HostedControl& control);
+  // Whether `next` may have the focus, or act in place of it: asks the control that has it.
+  bool MayLeaveFor(const HostedControl& next);
+  // Whether the control has it still.
+  bool FocusCame(HostedControl& control);
   void FocusWent(const HostedControl& control);
   bool PressAccessKey(std::int16_t character);
   // Delivers the key to the control that has `role` (default or cancel button).
@@ -180,6 +201,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   std::weak_ptr<HostedControl> active_control_;  // keeps its focus while the form is not active
   UsedKey used_key_;                             // by the form, while no control has the focus
   std::ptrdiff_t vacant_place_ = 0;  // in the order of the Tab key: of the control removed with the focus
+  bool validating_ = false;
   ErrorHandler error_handler_;
   ToolTip tool_tip_;
 };

@@ -36,13 +36,21 @@ const ClassInfo& HostedControl::Table() {
           Row::Property<&H::Tag, &H::SetTag>(11, "Tag", Always(""), "Any text of the user's."),
           Row::Property<&H::ToolTipText, &H::SetToolTipText>(
               12, "ToolTipText", Always(""),
-              "Text that explains the control, shown below the pointer after half a second over it.")),
+              "Text that explains the control, shown below the pointer after half a second over it."),
+          Row::Property<&H::Anchor, &H::SetAnchor>(
+              15, "Anchor", Always(""),
+              "Edges of the form that it keeps its distance from: left, top, right, bottom.")),
       table::Persisted("Left", "Top", "Width", "Height", "Visible", "TabIndex", "TabStop", "Default",
-                       "Cancel", "Tag", "ToolTipText"),
+                       "Cancel", "Tag", "ToolTipText", "Anchor"),
       table::Methods(
           Row::Method<&H::SetFocus>(13, "SetFocus", "", "Gives the control the keyboard focus."),
           Row::Method<&H::ZOrder>(14, "ZOrder", "Position",
-                                  "0 brings it to the front, 1 sends it to the back.", kZOrderDefaults)));
+                                  "0 brings it to the front, 1 sends it to the back.", kZOrderDefaults)),
+      table::Events(
+          Row::Event<&H::GotFocus>(1, "GotFocus", "", "The control has got the keyboard focus."),
+          Row::Event<&H::LostFocus>(2, "LostFocus", "", "The control has lost the keyboard focus."),
+          Row::Event<&H::Validate>(3, "Validate", "Cancel",
+                                   "The focus is about to go to another control; cancelled, it stays.")));
   static constexpr ClassInfo info(data);
   return info;
 }
@@ -61,6 +69,7 @@ void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
   control_ = control;
   position_ = place.position;
   size_ = size;
+  NotePlace();
   control->Start(saved, position_, size_);
   ZOrder(0);  // what is added later covers what was there
   if (control_) control_->GetSurface().SetVisible(visible_);
@@ -81,6 +90,7 @@ void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
 
 void HostedControl::Disconnect() {
   form_ = nullptr;
+  for (const EventInfo& event : Class().Events()) event.EndAll(*this);
   if (!control_) return;
   for (const EventInfo& event : control_->Class().Events()) event.EndAll(*control_);
 }
@@ -120,10 +130,46 @@ void HostedControl::Move(TwipPoint position, TwipSize size) {
   CheckPlace(position, size);
   position_ = position;
   size_ = size;
+  NotePlace();
   if (const auto control = control_) control->Move(position, size);
 }
 
+// --- Anchors ---------------------------------------------------------------------------------------
+
+std::string HostedControl::Anchor() const { return anchors_.ToText(); }
+
+void HostedControl::SetAnchor(const std::string& edges) {
+  anchors_ = Anchors::Parse(edges);
+  NotePlace();
+}
+
+void HostedControl::NotePlace() {
+  if (!form_) return;
+  across_ = {position_.x, size_.width, form_->Width() - position_.x - size_.width};
+  down_ = {position_.y, size_.height, form_->Height() - position_.y - size_.height};
+}
+
+void HostedControl::FollowForm() {
+  const auto control = control_;
+  if (!form_ || !control || !(anchors_.right || anchors_.bottom)) return;
+  const Span across = across_.On(form_->Width(), anchors_.left, anchors_.right);
+  const Span down = down_.On(form_->Height(), anchors_.top, anchors_.bottom);
+  position_ = {across.start, down.start};
+  size_ = {across.length, down.length};
+  control->Move(position_, size_);
+}
+
+// --- Focus -----------------------------------------------------------------------------------------
+
 void HostedControl::SetFocus() {
+  const auto keep = shared_from_this();
+  const auto form = form_ ? form_->shared_from_this() : nullptr;
+  const bool asked = CanTakeInput() && form;
+  if (asked && !(form->MayLeaveFor(*this) && CanTakeInput())) return;
+  TakeFocus();
+}
+
+void HostedControl::TakeFocus() {
   WindowApi& windows = platform_.Windows();
   const WindowHandle window = control_ ? control_->GetSurface().hWnd() : WindowHandle{};
   if (!CanTakeInput()) {
@@ -186,9 +232,12 @@ void HostedControl::PropertyChanged(std::string_view name) {
 void HostedControl::FocusChanged(bool has_focus, WindowHandle) {
   if (!form_) return;
   const auto keep = form_->shared_from_this();
+  const auto keep_this = shared_from_this();
   if (has_focus) {
-    keep->FocusCame(*this);
+    if (!keep->FocusCame(*this) || std::exchange(focus_known_, true)) return;
+    GotFocus.Raise();
   } else {
+    if (std::exchange(focus_known_, false)) LostFocus.Raise();
     keep->FocusWent(*this);
   }
 }
@@ -203,6 +252,11 @@ bool HostedControl::TakeKey(KeyMessage& key) {
   if (!form_) return false;
   const auto keep = form_->shared_from_this();
   return keep->TakeKey(key);
+}
+
+bool HostedControl::AcceptsPress() {
+  const auto keep = form_ ? form_->shared_from_this() : nullptr;
+  return !keep || keep->MayLeaveFor(*this);
 }
 
 void HostedControl::InputArrived(InputKind kind) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <levelwidgets/frame/control.h>
+#include <levelwidgets/host/form/anchors.h>
 
 namespace levelwidgets {
 
@@ -15,8 +16,8 @@ struct Placement;
 // bits.
 inline constexpr Twips kMostTwips{1'000'000'000};
 
-// The container's properties of one control, by name in Table() (Left, Top, Width, Height, Visible, TabIndex,
-// TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the control talks to its
+// The container's properties and events of one control, by name in Table() (Left, Top, Width, Height, Anchor,
+// Visible, TabIndex, TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the control talks to its
 // form. Outlives its removal from the form as long as somebody holds it; it then has no control.
 class HostedControl : public Object, public ControlSite, public std::enable_shared_from_this<HostedControl> {
  public:
@@ -42,6 +43,11 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void SetWidth(Twips width) { Move(position_, {width, size_.height}); }
   Twips Height() const { return size_.height; }
   void SetHeight(Twips height) { Move(position_, {size_.width, height}); }
+  // The edges of the form that it keeps its distances from when the form is resized: "left", "top", "right" and
+  // "bottom", with spaces or commas between. "" is "left top". With both edges of a direction it is stretched,
+  // never below 0 twips. Raises 5 for any other word.
+  std::string Anchor() const;
+  void SetAnchor(const std::string& edges);
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
   // Place in the order of the Tab key; controls with equal numbers follow the order in which they were added.
@@ -65,7 +71,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // --- Methods ----------------------------------------------------------------------------------
 
   void Move(TwipPoint position, TwipSize size);
-  // Gives it the keyboard focus; raises 5 when it is hidden or disabled.
+  // Gives it the keyboard focus, unless the control that has it is not valid and keeps it; raises 5 when it is
+  // hidden or disabled.
   void SetFocus();
   // 0 brings it to the front of its siblings, 1 sends it to the back; anything else raises 5.
   void ZOrder(std::int32_t position);
@@ -77,6 +84,15 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   PixelRect ScreenRect() const;
   // Where a person would click it, in screen pixels.
   PixelPoint ScreenCentre() const;
+
+  // --- Events -----------------------------------------------------------------------------------
+
+  // The control has got the keyboard focus, or lost it, also to another window.
+  Event<> GotFocus;
+  Event<> LostFocus;
+  // The focus is about to go to another control of the form, or Enter to its default button; cancelled, it stays,
+  // and the key or the press that moved it is lost. The way to the cancel button is always open.
+  Event<bool&> Validate;
 
   const ClassInfo& Class() const override { return Table(); }
 
@@ -94,6 +110,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void FocusChanged(bool has_focus, WindowHandle other) override;
   bool HandsFocusOn(WindowHandle other, std::function<void()> settle) override;
   bool TakeKey(KeyMessage& key) override;
+  bool AcceptsPress() override;
   void InputArrived(InputKind kind) override;
   bool TakeError(std::string_view event, const Error& error) override;
 
@@ -102,6 +119,11 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // Creates the control and starts it: loaded from `saved`, or new when there is none. A listener may remove
   // it meanwhile.
   void Create(const PropertyBag* saved, const Placement& place);
+  // SetFocus, once the control that has the focus lets it go.
+  void TakeFocus();
+  // The form's inner size has changed.
+  void FollowForm();
+  void NotePlace();
   void CheckPlace(TwipPoint position, TwipSize size) const;
   // From now on the form has nothing from the control, nor the control from the form.
   void Disconnect();
@@ -116,7 +138,11 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   std::string name_;
   TwipPoint position_;
   TwipSize size_;
+  Anchors anchors_;
+  Span across_;  // as it was placed last; the form may have changed its size since
+  Span down_;
   bool visible_ = true;
+  bool focus_known_ = false;  // GotFocus has been raised, LostFocus not yet
   std::int32_t tab_index_ = 0;
   bool tab_stop_ = true;
   bool default_ = false;

@@ -13,8 +13,24 @@ std::vector<HostedControl*> Form::TabOrder() const {
   return order;
 }
 
-bool Form::TakeKey(const KeyMessage& key) {
+// Whether a listener has used the key.
+bool Form::PreviewKey(KeyMessage& key) {
+  if (!KeyPreview() || key.code == 0) return false;
+  switch (key.kind) {
+    case KeyMessage::Kind::kDown: KeyDown.Raise(key.code, key.shift); break;
+    case KeyMessage::Kind::kCharacter: KeyPress.Raise(key.code); break;
+    case KeyMessage::Kind::kUp: KeyUp.Raise(key.code, key.shift); break;
+  }
+  return key.code == 0 || Closed();
+}
+
+bool Form::TakeKey(KeyMessage& key) {
   if (used_key_.Takes(key)) return true;
+  const std::int16_t pressed = key.code;
+  if (PreviewKey(key)) {
+    if (key.kind == KeyMessage::Kind::kDown) used_key_.Use(pressed);
+    return true;
+  }
   const bool alt = (key.shift & kAltMask) != 0;
   const bool ctrl = (key.shift & kCtrlMask) != 0;
   if (key.kind == KeyMessage::Kind::kCharacter) return alt && !ctrl && PressAccessKey(key.code);
@@ -40,6 +56,8 @@ bool Form::KeyMessageToForm(std::uint32_t message, WParam wparam) {
     case kWmSysKeyDown: break;
     case kWmChar:
     case kWmSysChar: key.kind = KeyMessage::Kind::kCharacter; break;
+    case kWmKeyUp:
+    case kWmSysKeyUp: key.kind = KeyMessage::Kind::kUp; break;
     default: return false;
   }
   key.shift = ShiftState(platform_.Windows());
@@ -56,6 +74,23 @@ std::vector<HostedControl*> Form::TabOrderFromFocus(bool forward) const {
   std::rotate(order.begin(), begin, order.end());
   if (!forward) std::ranges::reverse(order);
   return order;
+}
+
+bool Form::MayLeaveFor(const HostedControl& next) {
+  const auto active = ActiveControl();
+  // In the midst of the question the listener does as it likes.
+  if (validating_ || !active || active.get() == &next || next.Cancel() || !active->CanTakeInput()) return true;
+  const auto keep = shared_from_this();
+  bool cancel = false;
+  validating_ = true;
+  try {
+    active->Validate.Raise(cancel);
+  } catch (...) {
+    validating_ = false;
+    throw;
+  }
+  validating_ = false;
+  return !cancel && !Closed();
 }
 
 bool Form::MoveFocus(bool forward) {
@@ -75,28 +110,32 @@ bool Form::PressAccessKey(std::int16_t character) {
   for (HostedControl* control : TabOrderFromFocus(true)) {
     if (!control->CanTakeInput()) continue;
     if (!IsAccessKey(control->GetControl()->GetSurface().AccessKeys(), pressed)) continue;
-    const auto keep = control->GetControl();
-    control->SetFocus();
-    keep->OnAccessKeyPress(character);
+    const auto pressed_one = control->shared_from_this();
+    if (!MayLeaveFor(*control) || !control->CanTakeInput()) return true;
+    const auto instance = control->GetControl();
+    control->TakeFocus();
+    instance->OnAccessKeyPress(character);
     return true;
   }
   return false;
 }
 
 bool Form::ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii) {
-  const auto button = std::ranges::find_if(controls_, [role](const auto& c) { return ((*c).*role)(); });
-  if (button == controls_.end() || !(*button)->CanTakeInput()) return false;
-  const auto keep = (*button)->GetControl();
-  keep->OnAccessKeyPress(key_ascii);
+  const auto found = std::ranges::find_if(controls_, [role](const auto& c) { return ((*c).*role)(); });
+  if (found == controls_.end() || !(*found)->CanTakeInput()) return false;
+  const auto button = *found;
+  if (!MayLeaveFor(*button)) return true;
+  if (const auto instance = button->GetControl()) instance->OnAccessKeyPress(key_ascii);
   return true;
 }
 
 // By now a listener may have given it to another one, or removed the control.
-void Form::FocusCame(HostedControl& control) {
+bool Form::FocusCame(HostedControl& control) {
   SettleFocus();
-  if (!control.GetControl() || !control.GetControl()->Holds(platform_.Windows().GetFocus())) return;
+  if (!control.GetControl() || !control.GetControl()->Holds(platform_.Windows().GetFocus())) return false;
   active_control_ = control.weak_from_this();
   vacant_place_ = 0;
+  return true;
 }
 
 // A control that can take no input any more hands the focus to the next one, unless another has it already.

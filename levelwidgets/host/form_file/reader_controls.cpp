@@ -152,7 +152,12 @@ void FormReader::Assign(HostedControl& control, const Values& placement) {
   for (std::size_t i = 0; i < placement.size(); ++i) {
     const PropertyInfo& key = *PlacementKeys()[i];
     const auto& value = placement[i].second;
-    if (value && !Has(key.flags, MemberFlags::kPlace)) key.set(control, *value);
+    if (!value || Has(key.flags, MemberFlags::kPlace)) continue;
+    try {
+      key.set(control, *value);
+    } catch (const Error& error) {
+      report_.Error(placement[i].first->span.begin, error.Description());
+    }
   }
 }
 

@@ -16,8 +16,6 @@ namespace {
 // have this address.
 constexpr std::intptr_t kBuiltInProc = 0xFFF1;
 
-// WM_MOUSEACTIVATE's answer "activate".
-constexpr LResult kMaActivate = 1;
 
 constexpr int kSmallestWidth = 112;  // at 96 dots per inch
 

@@ -12,10 +12,6 @@ constexpr WParam kWaInactive = 0;
 constexpr WParam kWaActive = 1;
 constexpr WParam kWaClickActive = 2;
 
-// WM_MOUSEACTIVATE's answers; anything else activates.
-constexpr LResult kMaActivateAndEat = 2;
-constexpr LResult kMaNoActivate = 3;
-constexpr LResult kMaNoActivateAndEat = 4;
 constexpr LParam kHtClient = 1;
 
 constexpr std::int16_t kKeyIsDown = -128;

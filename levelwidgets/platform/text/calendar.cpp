@@ -170,4 +170,39 @@ Converted<Date> AddToDate(std::string_view interval, double number, Date date) {
   return kInvalid;
 }
 
+namespace {
+
+std::int64_t Floor(std::int64_t value, std::int64_t divisor) {
+  return value >= 0 ? value / divisor : -((-value + divisor - 1) / divisor);
+}
+
+// Units that have begun by then, counted from anywhere.
+std::optional<std::int64_t> UnitsBy(std::string_view interval, Moment moment, int first_day) {
+  const auto is = [interval](std::string_view name) { return text::EqualIgnoringCase(interval, name); };
+  const DateParts parts = PartsOf(moment);
+  const std::int64_t seconds = std::int64_t{moment.day} * kSecondsPerDay + moment.second;
+  if (is("yyyy")) return parts.year;
+  if (is("q")) return parts.year * 4 + (parts.month - 1) / 3;
+  if (is("m")) return parts.year * 12 + parts.month;
+  if (is("y") || is("d")) return moment.day;
+  if (is("ww")) return Floor(moment.day - kDaySunday - (first_day - 1), 7);
+  if (is("h")) return Floor(seconds, 3600);
+  if (is("n")) return Floor(seconds, 60);
+  if (is("s")) return seconds;
+  return std::nullopt;
+}
+
+}  // namespace
+
+Converted<std::int64_t> DifferenceOfDates(std::string_view interval, Date a, Date b, int first_day) {
+  const auto from = MomentOf(a);
+  const auto to = MomentOf(b);
+  if (!from || !to || first_day < kSunday || first_day > kSaturday) return kInvalid;
+  if (text::EqualIgnoringCase(interval, "w")) return std::int64_t{(to->day - from->day) / 7};
+  const auto before = UnitsBy(interval, *from, first_day);
+  const auto after = UnitsBy(interval, *to, first_day);
+  if (!before || !after) return kInvalid;
+  return *after - *before;
+}
+
 }  // namespace levelwidgets::calendar

@@ -65,7 +65,9 @@ void ConnectForm(const std::shared_ptr<ScriptForm>& form) {
 
 void ConnectControl(const std::shared_ptr<ScriptForm>& form, HostedControl& control) {
   const auto instance = control.GetControl();
-  Connect(form, *instance, {form->form->Name(), control.Name()}, {control.Name()});
+  for (Object* events : {static_cast<Object*>(instance.get()), static_cast<Object*>(&control)}) {
+    Connect(form, *events, {form->form->Name(), control.Name()}, {control.Name()});
+  }
 }
 
 int ListenToForm(lua_State* L) {

@@ -2,6 +2,7 @@
 
 #include <levelwidgets/host/script/forms/environment.h>
 #include <levelwidgets/host/script/forms/events.h>
+#include <levelwidgets/host/script/forms/questions.h>
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/members/objects.h>
 #include <levelwidgets/host/script/sandbox/folder.h>
@@ -63,12 +64,6 @@ constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadForm>},
 
 // --- Methods ---------------------------------------------------------------------------------------
 
-void RaiseLoadOnce(ScriptForm& form) {
-  // Its script may have closed it.
-  if (!form.form->Closed() && !std::exchange(form.load_raised, true)) form.form->Loaded();
-}
-
-// A form built by hand is complete when it is shown first: Load comes then.
 int ShowForm(lua_State* L) {
   const FormRef form = CheckForm(L, 1);
   RaiseLoadOnce(*form);
@@ -127,7 +122,7 @@ constexpr luaL_Reg kMethods[] = {{"add", Guarded<AddControl>},        {"close", 
                                  {"controls", Guarded<ListControls>}, {"hide", Guarded<HideForm>},
                                  {"on", Guarded<ListenToForm>},       {"remove", Guarded<RemoveControl>},
                                  {"save", Guarded<SaveFormFile>},     {"show", Guarded<ShowForm>},
-                                 {"text", Guarded<FormFileText>},     {nullptr, nullptr}};
+                                 {"show_modal", Guarded<ShowFormModal>}, {"text", Guarded<FormFileText>},     {nullptr, nullptr}};
 
 std::string TextOf(const std::vector<Diagnostic>& diagnostics) {
   std::string text;
@@ -139,6 +134,11 @@ std::string TextOf(const std::vector<Diagnostic>& diagnostics) {
 }
 
 }  // namespace
+
+void RaiseLoadOnce(ScriptForm& form) {
+  // Its script may have closed it.
+  if (!form.form->Closed() && !std::exchange(form.load_raised, true)) form.form->Loaded();
+}
 
 void OpenForms(lua_State* L) {
   DefineType<FormRef>(L, kFormType, kMetamethods);
@@ -160,7 +160,7 @@ FormRef CheckForm(lua_State* L, int index) {
 
 int NewForm(lua_State* L) {
   const OptionTable table(
-      L, 1, "Form", {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "Design"},
+      L, 1, "Form", {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "KeyPreview", "Design"},
       TextsOf(L));
   FormOptions options;
   options.name = table.Text("Name", options.name);
@@ -173,6 +173,7 @@ int NewForm(lua_State* L) {
     options.back_color.value =
         ToInt32(table.Value("BackColor", Form::Table().FindProperty("BackColor")->type));
   }
+  options.key_preview = table.Truth("KeyPreview", options.key_preview);
   options.design = table.Truth("Design", options.design);
   ScriptState& state = StateOf(L);
   const FormRef form =

@@ -18,7 +18,10 @@ const std::shared_ptr<ScriptForm>* FormAt(lua_State* L, int index);
 // the run. Raises an Error with every diagnostic of the file, or ScriptFailure.
 std::shared_ptr<ScriptForm> LoadScriptForm(ScriptRealm& opener, const std::string& path);
 
-// lw.form{ Name=..., Caption=..., Width=..., Height=..., Font=..., BackColor=..., Design=... }
+// A form built by hand is complete when it is shown first: Load comes then.
+void RaiseLoadOnce(ScriptForm& form);
+
+// lw.form{ Name=..., Caption=..., Width=..., Height=..., Font=..., BackColor=..., KeyPreview=..., Design=... }
 int NewForm(lua_State* L);
 // lw.load(path): beside the calling script, or else in the current folder; in a sandbox, in its folder only
 int LoadFormFile(lua_State* L);

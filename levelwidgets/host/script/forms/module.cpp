@@ -7,6 +7,8 @@
 #include <levelwidgets/host/script/forms/desktop.h>
 #include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
+#include <levelwidgets/host/script/forms/questions.h>
+#include <levelwidgets/host/script/forms/timers.h>
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/members/indexed.h>
 #include <levelwidgets/host/script/members/objects.h>
@@ -74,8 +76,8 @@ int ConcreteColor(lua_State* L) {
 constexpr luaL_Reg kFunctions[] = {{"color", Guarded<ConcreteColor>},  {"date", Guarded<NewDate>},
                                    {"desktop", Guarded<NewDesktop>},   {"errors", Guarded<ListErrors>},
                                    {"font", Guarded<NewFont>},         {"form", Guarded<NewForm>},
-                                   {"load", Guarded<LoadFormFile>},    {"new", Guarded<NewObject>},
-                                   {"screen", Guarded<ScreenInTwips>}, {nullptr, nullptr}};
+                                   {"load", Guarded<LoadFormFile>},    {"message", Guarded<NewMessage>}, {"new", Guarded<NewObject>},
+                                   {"screen", Guarded<ScreenInTwips>}, {"timer", Guarded<NewTimer>}, {nullptr, nullptr}};
 
 int RefuseUnknown(lua_State* L) {
   std::vector<std::string_view> names{"null"};
@@ -120,6 +122,7 @@ void OpenLevelWidgets(lua_State* L) {
   OpenObjects(L);
   OpenIndexed(L);
   OpenForms(L);
+  OpenTimers(L);
   OpenDesktop(L);
   OpenModule(L);
 }

@@ -1,5 +1,7 @@
 #include <levelwidgets/host/script/forms/state.h>
 
+#include <algorithm>
+
 #include <levelwidgets/frame/error.h>
 
 namespace levelwidgets {
@@ -23,6 +25,7 @@ ScriptState::ScriptState(ScriptOptions options)
 }
 
 ScriptState::~ScriptState() {
+  timers_.clear();
   while (!forms_.empty()) Forget(forms_.back());
   program_.reset();
 }
@@ -85,6 +88,29 @@ void ScriptState::Forget(const std::shared_ptr<ScriptForm>& form) {
   kept->environment = {};
   kept->realm.reset();
   kept->opener.reset();
+}
+
+std::vector<std::shared_ptr<Form>> ScriptState::Forms() const {
+  std::vector<std::shared_ptr<Form>> open;
+  for (const auto& kept : forms_) {
+    if (!kept->form->Closed()) open.push_back(kept->form);
+  }
+  return open;
+}
+
+std::shared_ptr<ScriptForm> ScriptState::FormOf(const ScriptRealm& realm) const {
+  if (!realm.IsSandbox()) return nullptr;
+  const auto found = std::ranges::find_if(forms_, [&](const auto& form) { return form->realm.get() == &realm; });
+  return found == forms_.end() ? nullptr : *found;
+}
+
+void ScriptState::Keep(const std::shared_ptr<ScriptTimer>& timer) {
+  std::erase_if(timers_, [](const auto& kept) { return !kept->Runs(); });
+  timers_.push_back(timer);
+}
+
+std::size_t ScriptState::Timers() const {
+  return static_cast<std::size_t>(std::ranges::count_if(timers_, &ScriptTimer::Runs));
 }
 
 ScriptState& StateOf(const ScriptRealm& realm) { return static_cast<ScriptState&>(realm.Run()); }

@@ -24,6 +24,29 @@ struct ScriptForm {
   bool load_raised = false;
 };
 
+// Calls a function of a script again and again, until it is stopped.
+class ScriptTimer : public std::enable_shared_from_this<ScriptTimer> {
+ public:
+  // `form` is what errors name; "" for none.
+  ScriptTimer(const std::shared_ptr<ScriptRealm>& realm, ScriptRef handler, ClockApi& clock, std::string form);
+  ScriptTimer(const ScriptTimer&) = delete;
+  ScriptTimer& operator=(const ScriptTimer&) = delete;
+  ~ScriptTimer();
+
+  void Start(std::uint32_t milliseconds);
+  void Stop();
+  bool Runs() const { return static_cast<bool>(timer_); }
+
+ private:
+  void Tick();
+
+  std::weak_ptr<ScriptRealm> realm_;
+  ScriptRef handler_;
+  ClockApi& clock_;
+  std::string form_;
+  TimerHandle timer_;
+};
+
 class ScriptState : public ScriptRun {
  public:
   // Makes forms on the platform that is given, or on the desktop when there is none; with neither on a
@@ -52,6 +75,15 @@ class ScriptState : public ScriptRun {
   std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document,
                                    ScriptRealm& opener);
   void Forget(const std::shared_ptr<ScriptForm>& form);
+  // Those that are open.
+  std::vector<std::shared_ptr<Form>> Forms() const;
+  // The form whose script runs in `realm`; null when that is the user's program.
+  std::shared_ptr<ScriptForm> FormOf(const ScriptRealm& realm) const;
+
+  // A timer is kept until it is stopped.
+  void Keep(const std::shared_ptr<ScriptTimer>& timer);
+  // How many run.
+  std::size_t Timers() const;
 
  private:
   // What its controls raise by themselves is reported as the errors of handlers are.
@@ -64,6 +96,7 @@ class ScriptState : public ScriptRun {
   ScriptDesktop desktop_;
   std::shared_ptr<ScriptRealm> program_;
   std::vector<std::shared_ptr<ScriptForm>> forms_;
+  std::vector<std::shared_ptr<ScriptTimer>> timers_;
 };
 
 ScriptState& StateOf(const ScriptRealm& realm);

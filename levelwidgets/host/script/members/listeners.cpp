@@ -96,7 +96,9 @@ int Listen(lua_State* L, Object& object, EventSource source) {
 int ListenToControl(lua_State* L) {
   const auto hosted = CheckControl(L, 1);
   const auto control = hosted->GetControl();
-  return Listen(L, *control, {hosted->GetForm()->Name(), hosted->Name()});
+  const bool is_containers = hosted->Class().FindEvent(luaL_checkstring(L, 2)) != nullptr;
+  Object& object = is_containers ? static_cast<Object&>(*hosted) : *control;
+  return Listen(L, object, {hosted->GetForm()->Name(), hosted->Name()});
 }
 
 int ListenToObject(lua_State* L) {

@@ -109,6 +109,7 @@ int ReadControl(lua_State* L) {
     return 1;
   }
   RefuseEvent(control->Class(), name);
+  RefuseEvent(hosted->Class(), name);
   RaiseNoSuchControlMember(L, *hosted, name);
 }
 
@@ -118,6 +119,7 @@ int WriteControl(lua_State* L) {
   const auto control = hosted->GetControl();
   if (AssignProperty(L, *hosted, name, 3) || AssignProperty(L, *control, name, 3)) return 0;
   RefuseEvent(control->Class(), name);
+  RefuseEvent(hosted->Class(), name);
   if (control->Class().FindMethod(name) || hosted->Class().FindMethod(name) || PushScriptMethod(L, 1, name)) {
     throw Error(kPropertyIsReadOnly, control->Class().QualifiedName(),
                 std::string(control->Class().Name()) + "." + std::string(name) + " is a method");
@@ -304,6 +306,8 @@ HostedRef CheckControl(lua_State* L, int index) {
 void PushObject(lua_State* L, const ObjectRef& object) {
   if (!object) {
     lua_pushnil(L);
+  } else if (const auto control = std::dynamic_pointer_cast<HostedControl>(object)) {
+    PushControl(L, control);
   } else if (!PushKnown(L, object.get())) {
     PushUserdata(L, kObjectType, object);
     Remember(L, object.get());

@@ -3,6 +3,7 @@
 #include <levelwidgets/frame/conversions.h>
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/values/values.h>
+#include <levelwidgets/platform/text/calendar.h>
 
 namespace levelwidgets {
 
@@ -56,9 +57,25 @@ int Weekday(lua_State* L) {
   return Push(L, ResultOf(Conversions(L).Weekday(DateAt(L, 1), OptionalIntegerAt(L, 2, kSunday))));
 }
 
+// lw.date_add(unit, number, date)
+int DateAdd(lua_State* L) {
+  const std::string unit = luaL_checkstring(L, 1);
+  return Push(L, ResultOf(Conversions(L).DateAdd(unit, luaL_checknumber(L, 2), DateAt(L, 3))));
+}
+
+// lw.date_diff(unit, from, to [, first_day])
+int DateDifference(lua_State* L) {
+  const std::string unit = luaL_checkstring(L, 1);
+  const auto difference =
+      calendar::DifferenceOfDates(unit, DateAt(L, 2), DateAt(L, 3), OptionalIntegerAt(L, 4, kSunday));
+  lua_pushinteger(L, ResultOf(difference));
+  return 1;
+}
+
 }  // namespace
 
-const luaL_Reg kConversionFunctions[] = {{"format", Guarded<Format>},      {"is_numeric", Guarded<IsNumeric>},
+const luaL_Reg kConversionFunctions[] = {{"date_add", Guarded<DateAdd>},    {"date_diff", Guarded<DateDifference>},
+                                         {"format", Guarded<Format>},      {"is_numeric", Guarded<IsNumeric>},
                                          {"to_number", Guarded<ToNumber>}, {"is_date", Guarded<IsDate>},
                                          {"to_date", Guarded<ToDate>},     {"month_name", Guarded<MonthName>},
                                          {"weekday", Guarded<Weekday>},    {nullptr, nullptr}};
