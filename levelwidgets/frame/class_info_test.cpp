@@ -319,6 +319,18 @@ TEST(NearestName, FindsAMisspeltNameAndNoOtherWord) {
   EXPECT_EQ(NearestName("Value", names), "");
 }
 
+TEST(NearestName, IsNeverTheNameItselfNorAnUnlikeShortOne) {
+  const std::vector<std::string_view> names{"on", "Add", "Load", "Click"};
+  EXPECT_EQ(NearestName("on", names), "");
+  EXPECT_EQ(NearestName("On", names), "on");
+  EXPECT_EQ(NearestName("x", names), "");
+  EXPECT_EQ(NearestName("of", names), "");
+  EXPECT_EQ(NearestName("Lod", names), "Load");
+  EXPECT_EQ(NearestName("Odd", names), "Add");
+  EXPECT_EQ(NearestName("Oxd", names), "");
+  EXPECT_EQ(NearestName("Clcik", names), "Click");
+}
+
 TEST(NearestName, IsTheFirstOfThoseThatAreAsNear) {
   const std::vector<std::string_view> names{"Caption", "Captions", "Captioned"};
   EXPECT_EQ(NearestName("Captionx", names), "Caption");

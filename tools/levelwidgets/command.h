@@ -20,7 +20,6 @@ struct OptionRules {
   bool required = false;
   bool shows_default = false;                // in the help
   std::string value_name;                    // in the help; what the type is called when ""
-  std::string environment;                   // a variable that stands for the option
   std::optional<std::pair<int, int>> range;  // the least and the greatest value
   std::vector<std::string> choices;          // all values that it takes; any when empty
 };

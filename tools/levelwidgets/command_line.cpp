@@ -1,5 +1,7 @@
 #include <tools/levelwidgets/command_line.h>
 
+#include <charconv>
+#include <cstdint>
 #include <deque>
 #include <iostream>
 
@@ -42,6 +44,15 @@ class HelpFormatter : public CLI::Formatter {
   }
 };
 
+// What is wrong with a number of things; "" for nothing.
+std::string WhyNoCount(const std::string& text) {
+  std::uint64_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error == std::errc() && stop == end) return "";
+  return text + " is no whole number from 0 to 18446744073709551615";
+}
+
 class ParsedCommand final : public Command {
  public:
   // Leaves in `status` what the command's body returns.
@@ -54,10 +65,10 @@ class ParsedCommand final : public Command {
     CLI::Option* option =
         std::visit([&](auto* target) { return app_.add_option(names, *target, help); }, value);
     option->required(rules.required);
+    if (std::holds_alternative<std::uint64_t*>(value)) option->check(CLI::Validator(WhyNoCount, ""));
     if (rules.range) option->check(CLI::Range(rules.range->first, rules.range->second).description(""));
     if (!rules.choices.empty()) option->check(CLI::IsMember(rules.choices).description(""));
     if (!rules.value_name.empty()) option->type_name(rules.value_name);
-    if (!rules.environment.empty()) option->envname(rules.environment);
     if (rules.shows_default) option->capture_default_str();
   }
 

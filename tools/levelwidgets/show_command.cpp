@@ -1,3 +1,6 @@
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 #include <levelwidgets/host/script/lua/interrupt.h>
@@ -12,6 +15,10 @@ namespace {
 
 constexpr int kNoDisplay = 2;
 constexpr std::uint32_t kWatchInterval = 100;  // milliseconds
+
+constexpr int kLeastScale = 1;
+constexpr int kMostScale = 8;
+constexpr char kScaleVariable[] = "LEVELWIDGETS_SCALE";
 
 struct ShowArguments {
   std::string form;
@@ -72,8 +79,21 @@ class ShownForm {
   std::shared_ptr<Form> form_;
 };
 
+// Nothing when the environment does not say.
+std::optional<int> ScaleOfEnvironment() {
+  const char* const text = std::getenv(kScaleVariable);
+  if (!text || !*text) return {};
+  int scale = 0;
+  const char* const end = text + std::strlen(text);
+  const auto [stop, error] = std::from_chars(text, end, scale);
+  if (error == std::errc() && stop == end && scale >= kLeastScale && scale <= kMostScale) return scale;
+  throw Error(kInvalidCall, "LevelWidgets",
+              std::string(kScaleVariable) + " is \"" + text + "\"; it takes a whole number from 1 to 8");
+}
+
 int Show(const ShowArguments& arguments) {
-  const auto windows = NativeWindows::Open({.scale = arguments.scale, .palette = arguments.palette});
+  const std::optional<int> scale = arguments.scale ? arguments.scale : ScaleOfEnvironment();
+  const auto windows = NativeWindows::Open({.scale = scale, .palette = arguments.palette});
   Platform& platform = windows->GetPlatform();
   FileWatch watch(arguments.form);
   ShownForm shown(platform, arguments.form, arguments.trust);
@@ -112,8 +132,8 @@ void AddShowCommand(Program& program) {
                   "Load the form again whenever its file or a script beside it changes");
   AddTrustOption(command, given->trust);
 #ifndef _WIN32
-  command.AddOption("--scale", &given->scale, "Pixels of the screen for each of the form's, 1 to 8",
-                    {.environment = "LEVELWIDGETS_SCALE", .range = {{1, 8}}});
+  command.AddOption("--scale", &given->scale, "Pixels of the screen for each of the form's, 1 to 8; else what LEVELWIDGETS_SCALE says",
+                    {.range = {{kLeastScale, kMostScale}}});
   AddPaletteOption(command, given->palette);
 #endif
   command.SetBody([given] { return RunInterruptibly([&] { return ShowOrSuggestPicture(*given); }); });

@@ -224,6 +224,29 @@ TEST_F(FormFile, UnknownKeysAreWarnings) {
       "f:7:16: warning: FlatButton has no property \"Mine\" to load\n");
 }
 
+TEST_F(FormFile, NamesThatScriptsHaveAlreadyAreWarnings) {
+  ExpectTold(
+      "[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"end\"\n"
+      "[[control]]\nClass = \"FlatButton\"\nName = \"print\"\n"
+      "[[control]]\nClass = \"FlatButton\"\nName = \"Print\"\n",
+      "f:4:8: warning: \"end\" is a word of the scripts' language; a script reaches the control as form[\"end\"]\n"
+      "f:7:8: warning: the control hides what scripts have as \"print\"; another name keeps both\n");
+}
+
+TEST_F(FormFile, ASecondDefaultOrCancelButtonIsAWarning) {
+  ExpectTold(
+      "[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\nDefault = true\nCancel = true\n"
+      "[[control]]\nClass = \"FlatButton\"\nName = \"b\"\nDefault = false\n"
+      "[[control]]\nClass = \"FlatButton\"\nName = \"c\"\nDefault = true\nCancel = true\n",
+      "f:14:11: warning: the control on line 5 is the default button already; the last one is\n"
+      "f:15:10: warning: the control on line 6 is the cancel button already; the last one is\n");
+}
+
+TEST_F(FormFile, AnEdgeThatIsNoneIsReportedWithItsPlace) {
+  ExpectTold("[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\nAnchor = \"middle\"\n",
+             "f:5:10: \"middle\" is no edge: Anchor is made of left, top, right and bottom\n");
+}
+
 TEST_F(FormFile, NothingIsLeftOfABrokenForm) {
   const std::size_t windows = Driver().LiveWindows();
   ASSERT_TRUE(Load("[form]\nWidth = \"\"\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\n").HasErrors());

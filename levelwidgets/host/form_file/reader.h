@@ -42,6 +42,7 @@ class FormReader {
   const ClassInfo* ReadClass(const FormNode& table);
   // "" when it is missing or cannot be used.
   std::string ReadName(const FormNode& table);
+  void WarnOfHiddenName(const FormNode& node, std::string_view name);
   PropertyBag ReadProperties(const FormNode* node, const ClassInfo& control_class);
   // Null when the control refused something, which has been reported.
   std::shared_ptr<HostedControl> Add(const ClassInfo& control_class, const std::string& name,
@@ -49,9 +50,11 @@ class FormReader {
   // Takes the refused value out of `bag`; false when it was not in it.
   bool ReportRefused(const PropertyRefused& refused, const ClassInfo& control_class, const FormNode& table,
                      PropertyBag& bag);
+  // Each of a form's two roles is for one control.
+  void WarnOfSecond(const FormNode* node, std::string_view role, const FormNode*& first);
   static Placement PlaceOf(const ClassInfo& control_class, const Values& placement);
   // The keys of the placement that are no place.
-  static void Assign(HostedControl& control, const Values& placement);
+  void Assign(HostedControl& control, const Values& placement);
   void WarnOfUnknownProperties(const FormNode& node, const HostedControl& control);
 
   Platform& platform_;
@@ -60,6 +63,8 @@ class FormReader {
   std::shared_ptr<Form> form_;
   std::string script_;
   std::unordered_map<std::string_view, const FormNode*> names_;
+  const FormNode* default_ = nullptr;  // the keys of the first control that has the role
+  const FormNode* cancel_ = nullptr;
 };
 
 }  // namespace levelwidgets

@@ -7,6 +7,16 @@ namespace levelwidgets {
 
 namespace {
 
+// Sorted, both. The language's own words, and what a script in a sandbox has as globals.
+constexpr std::string_view kScriptWords[] = {"and",   "break", "do",  "else", "elseif", "end",    "false", "for",
+                                             "function", "goto", "if", "in",   "local",  "nil",    "not",   "or",
+                                             "repeat", "return", "then", "true", "until", "while"};
+constexpr std::string_view kScriptGlobals[] = {
+    "_G",       "_VERSION", "assert",   "collectgarbage", "coroutine", "error",    "form",     "getmetatable", "ipairs",
+    "load",     "lw",       "math",     "next",           "os",        "package",  "pairs",    "pcall",        "print",
+    "rawequal", "rawget",   "rawlen",   "rawset",         "require",   "select",   "setmetatable", "string",   "table",
+    "tonumber", "tostring", "type",     "utf8",           "warn",      "xpcall"};
+
 // How many values of the stored property, or items of the collection, there are.
 std::int32_t CountOf(const PersistedKey& stored, const Control& control) {
   if (!stored.field) return stored.property->count(control);
@@ -27,6 +37,8 @@ void FormReader::ReadControl(const FormNode& table) {
   const std::string name = ReadName(table);
   const Values placement = ReadKeys(table, PlacementKeys());
   WarnOfUnknown(table, "a control", PlacementKeys(), {"Class", "Name", "Properties"}, control_class);
+  WarnOfSecond(table.Find("Default"), "default", default_);
+  WarnOfSecond(table.Find("Cancel"), "cancel", cancel_);
   const FormNode* properties = table.Find("Properties");
   if (properties && !properties->IsTable()) {
     report_.Error(properties->span.begin,
@@ -79,12 +91,35 @@ std::string FormReader::ReadName(const FormNode& table) {
                   Quoted(*node) + " is no name: that is a letter or \"_\", then letters, digits and \"_\"");
     return {};
   }
+  WarnOfHiddenName(*node, name);
   const auto [other, added] = names_.emplace(name, node);
   if (added) return name;
   const TextPosition at = report_.Document().PositionOf(other->second->span.begin);
   report_.Error(node->span.begin,
                 "\"" + name + "\" is the name of the control on line " + std::to_string(at.line));
   return {};
+}
+
+void FormReader::WarnOfHiddenName(const FormNode& node, std::string_view name) {
+  if (std::ranges::binary_search(kScriptWords, name)) {
+    report_.Warning(node.span.begin, "\"" + std::string(name) +
+                                         "\" is a word of the scripts' language; a script reaches the control as form[\"" +
+                                         std::string(name) + "\"]");
+  } else if (std::ranges::binary_search(kScriptGlobals, name)) {
+    report_.Warning(node.span.begin, "the control hides what scripts have as \"" + std::string(name) +
+                                         "\"; another name keeps both");
+  }
+}
+
+void FormReader::WarnOfSecond(const FormNode* node, std::string_view role, const FormNode*& first) {
+  if (!node || !std::holds_alternative<bool>(node->scalar) || !std::get<bool>(node->scalar)) return;
+  if (!first) {
+    first = node;
+    return;
+  }
+  const TextPosition at = report_.Document().PositionOf(first->span.begin);
+  report_.Warning(node->span.begin, "the control on line " + std::to_string(at.line) + " is the " +
+                                        std::string(role) + " button already; the last one is");
 }
 
 PropertyBag FormReader::ReadProperties(const FormNode* node, const ClassInfo& control_class) {

@@ -12,6 +12,7 @@ namespace levelwidgets {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
 using ::testing::StartsWith;
 
 class ScriptHostTest : public testing::DesktopTest {
@@ -246,6 +247,40 @@ TEST_F(ScriptHostTest, EveryErrorOfAFormFileIsReported) {
 TEST_F(ScriptHostTest, WarningsOfAFormFileAreReported) {
   host_->LoadForm(File("odd.form.toml", "[form]\nName = \"frmOdd\"\nColour = 1\n"));
   EXPECT_THAT(reports_, HasSubstr("odd.form.toml:3:1: warning: "));
+}
+
+TEST_F(ScriptHostTest, HandlersThatNoEventCallsAreReportedWithTheNameThatWasMeant) {
+  File("order.lua",
+       "function cmdSvae_Click() end\n"
+       "function form_Lod() end\n"
+       "function cmdSave_GotFocsu() end\n"
+       "function cmdSave_Click() end function form_Load() end\n"
+       "function frmOrder_Rezise() end\n"
+       "function load_data() end function cmdSave_helper() end function other_Click() end\n"
+       "cmdSave_Clik = print");
+  host_->LoadForm(File("order.form.toml",
+                       "[form]\nName = \"frmOrder\"\nScript = \"order.lua\"\n\n"
+                       "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n"));
+  EXPECT_THAT(reports_, MatchesRegex(".*order.lua:3: warning: no event calls cmdSave_GotFocsu; did you mean "
+                                     "\"cmdSave_GotFocus\"\\?\n"
+                                     ".*order.lua:1: warning: no event calls cmdSvae_Click; did you mean "
+                                     "\"cmdSave_Click\"\\?\n"
+                                     ".*order.lua:2: warning: no event calls form_Lod; did you mean \"form_Load\"\\?\n"
+                                     ".*order.lua:5: warning: no event calls frmOrder_Rezise; did you mean "
+                                     "\"frmOrder_Resize\"\\?\n"));
+}
+
+TEST_F(ScriptHostTest, NilIsNoValueOfAPropertyOfATypeOfItsOwn) {
+  EXPECT_EQ(Run("local f = lw.form{ Name='f' }\n"
+                "local b = f:add('FlatButton', 'b')\n"
+                "local function refused(object, name)\n"
+                "  local ok, err = pcall(function() object[name] = nil end)\n"
+                "  return not ok and err.number == 13 and err.description\n"
+                "end\n"
+                "assert(refused(b, 'Caption') == 'FlatButton.Caption cannot be nil; lw.null is Null')\n"
+                "assert(refused(b, 'Enabled') and refused(b, 'Left') and refused(f, 'Caption'))\n"
+                "assert(b.Enabled and b.Caption == 'b')"),
+            0);
 }
 
 TEST_F(ScriptHostTest, FormOfAFailingScriptIsClosed) {

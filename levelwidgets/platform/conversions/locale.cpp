@@ -117,12 +117,22 @@ Locale Japanese() {
   return locale;
 }
 
+const std::array<Locale, 6>& Locales() {
+  static const std::array<Locale, 6> locales = {English(), British(), German(),
+                                                French(),  Swedish(), Japanese()};
+  return locales;
+}
+
 }  // namespace
 
+std::vector<std::string_view> LocaleNames() {
+  std::vector<std::string_view> names;
+  for (const Locale& locale : Locales()) names.push_back(locale.name);
+  return names;
+}
+
 const Locale* FindLocale(std::string_view name) {
-  static const std::array<Locale, 6> kLocales = {English(), British(), German(),
-                                                 French(),  Swedish(), Japanese()};
-  for (const Locale& locale : kLocales) {
+  for (const Locale& locale : Locales()) {
     if (text::EqualIgnoringCase(locale.name, name)) return &locale;
   }
   return nullptr;

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace levelwidgets::conversions {
 
@@ -43,6 +44,8 @@ struct Locale {
   int first_week = 1;  // 1 that of 1 January, 2 the first with four days, 3 the first full one
 };
 
+// The names of the built-in locales.
+std::vector<std::string_view> LocaleNames();
 // A built-in locale: en-US, en-GB, de-DE, fr-FR, sv-SE or ja-JP, whatever the case; null for another name.
 const Locale* FindLocale(std::string_view name);
 // en-US for a name that is not built in.

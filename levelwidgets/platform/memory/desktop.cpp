@@ -4,6 +4,10 @@
 
 namespace levelwidgets::memory {
 
+std::vector<std::string_view> LocaleNames() { return conversions::LocaleNames(); }
+
+bool IsLocaleName(std::string_view name) { return conversions::FindLocale(name) != nullptr; }
+
 namespace {
 
 // The system colour of the bare desktop.

@@ -37,6 +37,10 @@ struct DesktopOptions {
 };
 
 // The code page of the desktop's texts, for its conversions.
+// The names that DesktopOptions::locale may have.
+std::vector<std::string_view> LocaleNames();
+bool IsLocaleName(std::string_view name);
+
 class DesktopCodePage final : public conversions::CodePageCoder {
  public:
   explicit DesktopCodePage(const MemoryDrawing& drawing) : drawing_(drawing) {}

@@ -2,6 +2,7 @@
 
 #include <levelwidgets/host/script/forms/environment.h>
 #include <levelwidgets/host/script/forms/events.h>
+#include <levelwidgets/host/script/forms/handler_names.h>
 #include <levelwidgets/host/script/forms/questions.h>
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/members/objects.h>
@@ -199,6 +200,7 @@ FormRef LoadScriptForm(ScriptRealm& opener, const std::string& path) {
     throw;
   }
   RaiseLoadOnce(*form);
+  WarnOfLostHandlers(form);
   return form;
 }
 

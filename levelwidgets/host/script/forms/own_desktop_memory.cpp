@@ -16,6 +16,17 @@ memory::SystemPalette PaletteNamed(const std::string& name) {
               "There is no palette \"" + name + "\"; the palettes: " + names);
 }
 
+// The locale of that name, whatever its case.
+std::string LocaleNamed(const std::string& name) {
+  if (memory::IsLocaleName(name)) return name;
+  std::string names;
+  for (const std::string_view known : memory::LocaleNames()) {
+    names += (names.empty() ? "\"" : ", \"") + std::string(known) + "\"";
+  }
+  throw Error(kInvalidCall, "LevelWidgets.Desktop",
+              "There is no locale \"" + name + "\"; the locales: " + names);
+}
+
 }  // namespace
 
 ScriptDesktop MakeOwnDesktop(const DesktopSettings& settings) {
@@ -24,7 +35,7 @@ ScriptDesktop MakeOwnDesktop(const DesktopSettings& settings) {
   options.monitors = settings.monitors;
   options.dpi_x = settings.dpi_x.value_or(settings.dpi);
   options.dpi_y = settings.dpi_y.value_or(settings.dpi);
-  options.locale = settings.locale;
+  options.locale = LocaleNamed(settings.locale);
   if (settings.today) options.now = *settings.today;
   options.palette = PaletteNamed(settings.palette);
   const auto desktop = std::make_shared<memory::Desktop>(options);

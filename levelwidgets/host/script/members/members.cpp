@@ -9,7 +9,9 @@ namespace levelwidgets {
 
 namespace {
 constexpr char kMethods[] = "methods";
-}
+
+bool TakesNil(const MemberType& type) { return type.kind == TypeKind::kAny || type.type == VariantType::kObject; }
+}  // namespace
 
 void SetScriptMethods(lua_State* L, const luaL_Reg* methods) {
   lua_newtable(L);
@@ -58,8 +60,14 @@ bool PushProperty(lua_State* L, const Object& object, std::string_view name) {
 
 bool AssignProperty(lua_State* L, Object& object, std::string_view name, int value) {
   const PropertyInfo* property = object.Class().FindProperty(name);
-  if (property) SetByName(object, name, ToVariant(L, value, property->type), TextsOf(L));
-  return property != nullptr;
+  if (!property) return false;
+  // Most often the value of a variable that nobody has set.
+  if (lua_isnil(L, value) && !property->ReadOnly() && !TakesNil(property->type)) {
+    throw Error(kTypeMismatch, object.Class().QualifiedName(),
+                std::string(object.Class().Name()) + "." + std::string(name) + " cannot be nil; lw.null is Null");
+  }
+  SetByName(object, name, ToVariant(L, value, property->type), TextsOf(L));
+  return true;
 }
 
 void RefuseEvent(const ClassInfo& info, std::string_view name) {
