@@ -118,7 +118,9 @@ std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo&
 std::string_view NearestName(std::string_view name, std::span<const std::string_view> candidates) {
   std::string_view nearest;
   // In short names every letter counts: only their case may differ.
-  const std::size_t most = name.size() < 3 ? 0 : name.size() == 3 ? 1 : std::max<std::size_t>(2, name.size() / 3);
+  const std::size_t most = name.size() < 3    ? 0
+                           : name.size() == 3 ? 1
+                                              : std::max<std::size_t>(2, name.size() / 3);
   std::size_t fewest = most + 1;
   for (const std::string_view candidate : candidates) {
     if (candidate == name) continue;

@@ -79,8 +79,8 @@ class ControlSite {
   // Offers a key to the container before the control acts on it. The container may change it; true when it
   // has used it.
   virtual bool TakeKey(KeyMessage& key) = 0;
-  // Before a press comes to the control or to a part of it: false when the container keeps the focus where it is,
-  // and the press is lost.
+  // Before a press comes to the control or to a part of it: false when the container keeps the focus where it
+  // is, and the press is lost.
   virtual bool AcceptsPress() { return true; }
   // Input has come to the control or to a part of it, which has not seen it yet.
   virtual void InputArrived(InputKind) {}

@@ -46,7 +46,8 @@ TEST_F(CommandLine, ANumberOfThingsIsNeverNegativeNorBeyondItsBits) {
     for (const char* option : {"--events", "--seed"}) {
       const Outcome outcome = Run(std::string("monkey order.form.toml ") + option + " '" + number + "'");
       EXPECT_EQ(outcome.status, 2) << option << " " << number;
-      EXPECT_THAT(outcome.err, HasSubstr(std::string(number) + " is no whole number from 0 to 18446744073709551615"))
+      EXPECT_THAT(outcome.err,
+                  HasSubstr(std::string(number) + " is no whole number from 0 to 18446744073709551615"))
           << option;
     }
   }
@@ -59,16 +60,18 @@ TEST_F(CommandLine, TheScaleOfTheEnvironmentConcernsShowAloneAndIsNamedInItsMess
     const std::string environment = std::string("LEVELWIDGETS_SCALE=") + scale;
     const Outcome shown = RunWith(environment, "show order.form.toml");
     EXPECT_EQ(shown.status, 1);
-    EXPECT_EQ(shown.err, std::string("LEVELWIDGETS_SCALE is \"") + scale + "\"; it takes a whole number from 1 to 8\n");
+    EXPECT_EQ(shown.err,
+              std::string("LEVELWIDGETS_SCALE is \"") + scale + "\"; it takes a whole number from 1 to 8\n");
     EXPECT_EQ(RunWith(environment, "check order.form.toml").status, 0);
   }
 }
 
 TEST_F(CommandLine, AnUnknownLocaleIsAnErrorThatNamesThoseThereAre) {
   File("locale.lua", "lw.desktop{ locale = 'de-CH' }");
-  EXPECT_THAT(Run("run locale.lua").err,
-              HasSubstr("There is no locale \"de-CH\"; the locales: \"en-US\", \"en-GB\", \"de-DE\", \"fr-FR\", "
-                        "\"sv-SE\", \"ja-JP\""));
+  EXPECT_THAT(
+      Run("run locale.lua").err,
+      HasSubstr("There is no locale \"de-CH\"; the locales: \"en-US\", \"en-GB\", \"de-DE\", \"fr-FR\", "
+                "\"sv-SE\", \"ja-JP\""));
 }
 
 TEST_F(CommandLine, WrongArgumentsAreReportedOnStandardError) {

@@ -132,7 +132,8 @@ void AddShowCommand(Program& program) {
                   "Load the form again whenever its file or a script beside it changes");
   AddTrustOption(command, given->trust);
 #ifndef _WIN32
-  command.AddOption("--scale", &given->scale, "Pixels of the screen for each of the form's, 1 to 8; else what LEVELWIDGETS_SCALE says",
+  command.AddOption("--scale", &given->scale,
+                    "Pixels of the screen for each of the form's, 1 to 8; else what LEVELWIDGETS_SCALE says",
                     {.range = {{kLeastScale, kMostScale}}});
   AddPaletteOption(command, given->palette);
 #endif

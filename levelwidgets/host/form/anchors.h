@@ -8,7 +8,8 @@
 
 namespace levelwidgets {
 
-// The edges that a control keeps its distance from. Without an edge in one direction it keeps to the near one.
+// The edges that a control keeps its distance from. Without an edge in one direction it keeps to the near
+// one.
 struct Anchors {
   bool left = false;
   bool top = false;
@@ -23,15 +24,15 @@ struct Anchors {
   bool operator==(const Anchors&) const = default;
 };
 
-// One direction of a control as it was placed: where it begins, how long it is and how far from the far edge of the
-// form it ends.
+// One direction of a control as it was placed: where it begins, how long it is and how far from the far edge
+// of the form it ends.
 struct Span {
   Twips start;
   Twips length;
   Twips margin;
 
-  // On a form of `form_length` twips. What is stretched is at least 0 twips long, and as long as it was when the form
-  // is as large as it was.
+  // On a form of `form_length` twips. What is stretched is at least 0 twips long, and as long as it was when
+  // the form is as large as it was.
   Span On(Twips form_length, bool near, bool far) const;
 };
 

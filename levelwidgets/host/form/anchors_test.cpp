@@ -17,8 +17,7 @@ TEST(Anchors, OtherWordsAreRefused) {
     FAIL() << "no error";
   } catch (const Error& error) {
     EXPECT_EQ(error.Number(), kInvalidCall);
-    EXPECT_EQ(error.Description(),
-              "\"rigt\" is no edge: Anchor is made of left, top, right and bottom");
+    EXPECT_EQ(error.Description(), "\"rigt\" is no edge: Anchor is made of left, top, right and bottom");
   }
 }
 

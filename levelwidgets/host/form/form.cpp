@@ -379,11 +379,15 @@ void Form::Paint() {
   platform_.Windows().EndPaint(window_);
 }
 
+bool Form::Minimised() const {
+  const auto style = static_cast<std::uint32_t>(platform_.Windows().GetWindowLongA(window_, kGwlStyle));
+  return (style & kWsMinimize) != 0;
+}
+
 // A place that was set follows the window. The twips that were asked for stay as they are while the window is
 // at exactly their pixels.
 void Form::ClientMoved() {
-  const auto style = static_cast<std::uint32_t>(platform_.Windows().GetWindowLongA(window_, kGwlStyle));
-  if ((style & kWsMinimize) != 0) return;
+  if (Minimised()) return;
   const PixelRect rect = ScreenRect();
   const auto follow = [](std::optional<Twips>& place, int pixels, float twips_per_pixel) {
     if (place && ToPixels(*place, twips_per_pixel) != pixels) place = ToTwips(pixels, twips_per_pixel);
@@ -393,8 +397,12 @@ void Form::ClientMoved() {
 }
 
 // The twips that were asked for stay as they are while the window has the pixels that it got for them, which
-// the system may have made more or fewer.
+// the system may have made more or fewer; a minimised form keeps its size and its controls' places.
 void Form::ClientResized() {
+  if (Minimised()) {
+    Resize.Raise();
+    return;
+  }
   const PixelSize now = ClientSize();
   if (!sizing_ && now != client_size_) {
     options_.size = {ToTwips(now.width, platform_.Screen().TwipsPerPixelX()),

@@ -40,8 +40,8 @@ Twips* LengthOf(Placement& place, MemberFlags flags);
 // Whether a script can have it as a global name: a letter or "_", then letters, digits and "_".
 bool IsControlName(std::string_view name);
 
-// By name in Table(): Name, Caption, Left, Top, Width, Height, Font, BackColor, KeyPreview, Design, ActiveControl
-// and the events.
+// By name in Table(): Name, Caption, Left, Top, Width, Height, Font, BackColor, KeyPreview, Design,
+// ActiveControl and the events.
 //
 // A form is shared: whoever runs its code holds a reference, so that a handler may drop the last other one.
 class Form : public Object, public WindowClient, public std::enable_shared_from_this<Form> {
@@ -132,8 +132,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   Event<std::int16_t&> KeyPress;               // the character
   Event<std::int16_t&, std::int16_t> KeyUp;
   Event<std::string_view, std::string_view> PropertyChanged;  // control, property
-  // Of no table: the form has left the screen, hidden or closed. Its window, if it is closed, is still the active
-  // one.
+  // Of no table: the form has left the screen, hidden or closed. Its window, if it is closed, is still the
+  // active one.
   Event<> Gone;
 
   // Gets the errors that the code of a control, or of the form itself ("" as the control), raises by itself
@@ -157,6 +157,7 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   bool TakeError(std::string_view control, std::string_view event, const Error& error) const;
   void CheckName(const std::string& name) const;
   void SetSize(TwipSize size);
+  bool Minimised() const;
   PixelSize ClientSize() const;
   void Paint();
   void PlaceWindow();

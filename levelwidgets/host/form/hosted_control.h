@@ -17,8 +17,9 @@ struct Placement;
 inline constexpr Twips kMostTwips{1'000'000'000};
 
 // The container's properties and events of one control, by name in Table() (Left, Top, Width, Height, Anchor,
-// Visible, TabIndex, TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the control talks to its
-// form. Outlives its removal from the form as long as somebody holds it; it then has no control.
+// Visible, TabIndex, TabStop, Default, Cancel, Tag, ToolTipText, Name), and the site through which the
+// control talks to its form. Outlives its removal from the form as long as somebody holds it; it then has no
+// control.
 class HostedControl : public Object, public ControlSite, public std::enable_shared_from_this<HostedControl> {
  public:
   static const ClassInfo& Table();
@@ -43,9 +44,9 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   void SetWidth(Twips width) { Move(position_, {width, size_.height}); }
   Twips Height() const { return size_.height; }
   void SetHeight(Twips height) { Move(position_, {size_.width, height}); }
-  // The edges of the form that it keeps its distances from when the form is resized: "left", "top", "right" and
-  // "bottom", with spaces or commas between. "" is "left top". With both edges of a direction it is stretched,
-  // never below 0 twips. Raises 5 for any other word.
+  // The edges of the form that it keeps its distances from when the form is resized: "left", "top", "right"
+  // and "bottom", with spaces or commas between. "" is "left top". With both edges of a direction it is
+  // stretched, never below 0 twips. Raises 5 for any other word.
   std::string Anchor() const;
   void SetAnchor(const std::string& edges);
   bool Visible() const { return visible_; }
@@ -71,8 +72,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // --- Methods ----------------------------------------------------------------------------------
 
   void Move(TwipPoint position, TwipSize size);
-  // Gives it the keyboard focus, unless the control that has it is not valid and keeps it; raises 5 when it is
-  // hidden or disabled.
+  // Gives it the keyboard focus, unless the control that has it is not valid and keeps it; raises 5 when it
+  // is hidden or disabled.
   void SetFocus();
   // 0 brings it to the front of its siblings, 1 sends it to the back; anything else raises 5.
   void ZOrder(std::int32_t position);
@@ -90,8 +91,8 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // The control has got the keyboard focus, or lost it, also to another window.
   Event<> GotFocus;
   Event<> LostFocus;
-  // The focus is about to go to another control of the form, or Enter to its default button; cancelled, it stays,
-  // and the key or the press that moved it is lost. The way to the cancel button is always open.
+  // The focus is about to go to another control of the form, or Enter to its default button; cancelled, it
+  // stays, and the key or the press that moved it is lost. The way to the cancel button is always open.
   Event<bool&> Validate;
 
   const ClassInfo& Class() const override { return Table(); }

@@ -79,7 +79,8 @@ std::vector<HostedControl*> Form::TabOrderFromFocus(bool forward) const {
 bool Form::MayLeaveFor(const HostedControl& next) {
   const auto active = ActiveControl();
   // In the midst of the question the listener does as it likes.
-  if (validating_ || !active || active.get() == &next || next.Cancel() || !active->CanTakeInput()) return true;
+  if (validating_ || !active || active.get() == &next || next.Cancel() || !active->CanTakeInput())
+    return true;
   const auto keep = shared_from_this();
   bool cancel = false;
   validating_ = true;

@@ -137,7 +137,8 @@ class MessageForm {
     FlatLabel& label = AddText(*form_, "lblSign", sign->text, {{kMargin, kMargin}, kSign});
     label.SetFont(MakeFont({.name = "Tahoma", .size = 20, .bold = true}));
     label.SetAlignment(ksxAlignmentConstants::ksxCenter);
-    for (const auto set : {&FlatLabel::SetForeColor, &FlatLabel::SetForeColorMouseOver, &FlatLabel::SetForeColorPushed}) {
+    for (const auto set :
+         {&FlatLabel::SetForeColor, &FlatLabel::SetForeColorMouseOver, &FlatLabel::SetForeColorPushed}) {
       (label.*set)(sign->color);
     }
     text_left_ = kMargin + kSign.width + kGap;
@@ -193,7 +194,8 @@ class MessageForm {
 }  // namespace
 
 std::shared_ptr<Form> ShowMessage(Platform& platform, const MessageOptions& options,
-                                  const std::vector<std::shared_ptr<Form>>& others, MessageAnswer on_answered) {
+                                  const std::vector<std::shared_ptr<Form>>& others,
+                                  MessageAnswer on_answered) {
   if (options.buttons.empty()) {
     throw Error(kInvalidCall, "LevelWidgets.Form", "A message needs a button to answer it with");
   }

@@ -181,8 +181,8 @@ TEST_F(ValidationTest, AfterAnErrorInAListenerTheNextOneIsAsked) {
 TEST_F(ValidationTest, AFocusListenerThatMovesTheFocusOnLeavesEachPairWhole) {
   Get("other").GotFocus += [this] { Get("ok").SetFocus(); };
   Driver().Key(kKeyTab);
-  EXPECT_THAT(TakeNotes(),
-              ElementsAre("validate text", "lost text", "got other", "validate other", "lost other", "got ok"));
+  EXPECT_THAT(TakeNotes(), ElementsAre("validate text", "lost text", "got other", "validate other",
+                                       "lost other", "got ok"));
 }
 
 TEST_F(ValidationTest, AnotherFormTakesTheFocusWithoutAsking) {
@@ -212,8 +212,10 @@ class KeyPreviewTest : public ValidationTest {
       notes_.push_back("form up " + std::to_string(code) + " " + std::to_string(shift));
       if (code == eaten_) code = 0;
     };
-    text_->KeyDown += [this](std::int16_t code, std::int16_t) { notes_.push_back("down " + std::to_string(code)); };
-    text_->KeyUp += [this](std::int16_t code, std::int16_t) { notes_.push_back("up " + std::to_string(code)); };
+    text_->KeyDown +=
+        [this](std::int16_t code, std::int16_t) { notes_.push_back("down " + std::to_string(code)); };
+    text_->KeyUp +=
+        [this](std::int16_t code, std::int16_t) { notes_.push_back("up " + std::to_string(code)); };
   }
   std::int16_t eaten_ = -1;
 };
@@ -226,7 +228,8 @@ TEST_F(KeyPreviewTest, TheFormHearsNothingUnlessItAsksFor) {
 TEST_F(KeyPreviewTest, TheFormHearsEachKeyBeforeTheControl) {
   TheForm().SetKeyPreview(true);
   Driver().Type("a");
-  EXPECT_THAT(TakeNotes(), ElementsAre("form down 65 0", "down 65", "form press 97", "form up 65 0", "up 65"));
+  EXPECT_THAT(TakeNotes(),
+              ElementsAre("form down 65 0", "down 65", "form press 97", "form up 65 0", "up 65"));
   EXPECT_EQ(text_->Text(), "a");
 }
 

@@ -229,7 +229,8 @@ TEST_F(FormFile, NamesThatScriptsHaveAlreadyAreWarnings) {
       "[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"end\"\n"
       "[[control]]\nClass = \"FlatButton\"\nName = \"print\"\n"
       "[[control]]\nClass = \"FlatButton\"\nName = \"Print\"\n",
-      "f:4:8: warning: \"end\" is a word of the scripts' language; a script reaches the control as form[\"end\"]\n"
+      "f:4:8: warning: \"end\" is a word of the scripts' language; a script reaches the control as "
+      "form[\"end\"]\n"
       "f:7:8: warning: the control hides what scripts have as \"print\"; another name keeps both\n");
 }
 

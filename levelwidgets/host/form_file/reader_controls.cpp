@@ -8,14 +8,16 @@ namespace levelwidgets {
 namespace {
 
 // Sorted, both. The language's own words, and what a script in a sandbox has as globals.
-constexpr std::string_view kScriptWords[] = {"and",   "break", "do",  "else", "elseif", "end",    "false", "for",
-                                             "function", "goto", "if", "in",   "local",  "nil",    "not",   "or",
-                                             "repeat", "return", "then", "true", "until", "while"};
+constexpr std::string_view kScriptWords[] = {
+    "and", "break", "do",  "else", "elseif", "end",    "false",  "for",  "function", "goto",  "if",
+    "in",  "local", "nil", "not",  "or",     "repeat", "return", "then", "true",     "until", "while"};
 constexpr std::string_view kScriptGlobals[] = {
-    "_G",       "_VERSION", "assert",   "collectgarbage", "coroutine", "error",    "form",     "getmetatable", "ipairs",
-    "load",     "lw",       "math",     "next",           "os",        "package",  "pairs",    "pcall",        "print",
-    "rawequal", "rawget",   "rawlen",   "rawset",         "require",   "select",   "setmetatable", "string",   "table",
-    "tonumber", "tostring", "type",     "utf8",           "warn",      "xpcall"};
+    "_G",           "_VERSION",     "assert",  "collectgarbage", "coroutine", "error",
+    "form",         "getmetatable", "ipairs",  "load",           "lw",        "math",
+    "next",         "os",           "package", "pairs",          "pcall",     "print",
+    "rawequal",     "rawget",       "rawlen",  "rawset",         "require",   "select",
+    "setmetatable", "string",       "table",   "tonumber",       "tostring",  "type",
+    "utf8",         "warn",         "xpcall"};
 
 // How many values of the stored property, or items of the collection, there are.
 std::int32_t CountOf(const PersistedKey& stored, const Control& control) {
@@ -102,9 +104,10 @@ std::string FormReader::ReadName(const FormNode& table) {
 
 void FormReader::WarnOfHiddenName(const FormNode& node, std::string_view name) {
   if (std::ranges::binary_search(kScriptWords, name)) {
-    report_.Warning(node.span.begin, "\"" + std::string(name) +
-                                         "\" is a word of the scripts' language; a script reaches the control as form[\"" +
-                                         std::string(name) + "\"]");
+    report_.Warning(node.span.begin,
+                    "\"" + std::string(name) +
+                        "\" is a word of the scripts' language; a script reaches the control as form[\"" +
+                        std::string(name) + "\"]");
   } else if (std::ranges::binary_search(kScriptGlobals, name)) {
     report_.Warning(node.span.begin, "the control hides what scripts have as \"" + std::string(name) +
                                          "\"; another name keeps both");

@@ -261,13 +261,14 @@ TEST_F(ScriptHostTest, HandlersThatNoEventCallsAreReportedWithTheNameThatWasMean
   host_->LoadForm(File("order.form.toml",
                        "[form]\nName = \"frmOrder\"\nScript = \"order.lua\"\n\n"
                        "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n"));
-  EXPECT_THAT(reports_, MatchesRegex(".*order.lua:3: warning: no event calls cmdSave_GotFocsu; did you mean "
-                                     "\"cmdSave_GotFocus\"\\?\n"
-                                     ".*order.lua:1: warning: no event calls cmdSvae_Click; did you mean "
-                                     "\"cmdSave_Click\"\\?\n"
-                                     ".*order.lua:2: warning: no event calls form_Lod; did you mean \"form_Load\"\\?\n"
-                                     ".*order.lua:5: warning: no event calls frmOrder_Rezise; did you mean "
-                                     "\"frmOrder_Resize\"\\?\n"));
+  EXPECT_THAT(reports_,
+              MatchesRegex(".*order.lua:3: warning: no event calls cmdSave_GotFocsu; did you mean "
+                           "\"cmdSave_GotFocus\"\\?\n"
+                           ".*order.lua:1: warning: no event calls cmdSvae_Click; did you mean "
+                           "\"cmdSave_Click\"\\?\n"
+                           ".*order.lua:2: warning: no event calls form_Lod; did you mean \"form_Load\"\\?\n"
+                           ".*order.lua:5: warning: no event calls frmOrder_Rezise; did you mean "
+                           "\"frmOrder_Resize\"\\?\n"));
 }
 
 TEST_F(ScriptHostTest, NilIsNoValueOfAPropertyOfATypeOfItsOwn) {

@@ -45,9 +45,11 @@ int DayOfYear(int year, int month, int day);
 int WeekOfYear(const DateParts& parts, int first_day, int first_week);
 
 Converted<Date> AddToDate(std::string_view interval, double number, Date date);
-// How many times a new unit of that name has begun from `a` to `b`, negative when `b` is the earlier one: years
-// ("yyyy"), quarters ("q"), months ("m"), days ("d", "y"), weeks that begin on `first_day` ("ww"), hours ("h"),
-// minutes ("n") and seconds ("s"). "w" counts whole spans of seven days. Dates are taken to the nearest second.
+// How many times a new unit of that name has begun from `a` to `b`, negative when `b` is the earlier one:
+// years
+// ("yyyy"), quarters ("q"), months ("m"), days ("d", "y"), weeks that begin on `first_day` ("ww"), hours
+// ("h"), minutes ("n") and seconds ("s"). "w" counts whole spans of seven days. Dates are taken to the
+// nearest second.
 Converted<std::int64_t> DifferenceOfDates(std::string_view interval, Date a, Date b, int first_day);
 
 }  // namespace levelwidgets::calendar

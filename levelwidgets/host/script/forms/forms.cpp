@@ -119,11 +119,17 @@ int SaveFormFile(lua_State* L) {
   return 0;
 }
 
-constexpr luaL_Reg kMethods[] = {{"add", Guarded<AddControl>},        {"close", Guarded<CloseForm>},
-                                 {"controls", Guarded<ListControls>}, {"hide", Guarded<HideForm>},
-                                 {"on", Guarded<ListenToForm>},       {"remove", Guarded<RemoveControl>},
-                                 {"save", Guarded<SaveFormFile>},     {"show", Guarded<ShowForm>},
-                                 {"show_modal", Guarded<ShowFormModal>}, {"text", Guarded<FormFileText>},     {nullptr, nullptr}};
+constexpr luaL_Reg kMethods[] = {{"add", Guarded<AddControl>},
+                                 {"close", Guarded<CloseForm>},
+                                 {"controls", Guarded<ListControls>},
+                                 {"hide", Guarded<HideForm>},
+                                 {"on", Guarded<ListenToForm>},
+                                 {"remove", Guarded<RemoveControl>},
+                                 {"save", Guarded<SaveFormFile>},
+                                 {"show", Guarded<ShowForm>},
+                                 {"show_modal", Guarded<ShowFormModal>},
+                                 {"text", Guarded<FormFileText>},
+                                 {nullptr, nullptr}};
 
 std::string TextOf(const std::vector<Diagnostic>& diagnostics) {
   std::string text;
@@ -161,7 +167,8 @@ FormRef CheckForm(lua_State* L, int index) {
 
 int NewForm(lua_State* L) {
   const OptionTable table(
-      L, 1, "Form", {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "KeyPreview", "Design"},
+      L, 1, "Form",
+      {"Name", "Caption", "Left", "Top", "Width", "Height", "Font", "BackColor", "KeyPreview", "Design"},
       TextsOf(L));
   FormOptions options;
   options.name = table.Text("Name", options.name);

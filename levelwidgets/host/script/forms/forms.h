@@ -21,7 +21,8 @@ std::shared_ptr<ScriptForm> LoadScriptForm(ScriptRealm& opener, const std::strin
 // A form built by hand is complete when it is shown first: Load comes then.
 void RaiseLoadOnce(ScriptForm& form);
 
-// lw.form{ Name=..., Caption=..., Width=..., Height=..., Font=..., BackColor=..., KeyPreview=..., Design=... }
+// lw.form{ Name=..., Caption=..., Width=..., Height=..., Font=..., BackColor=..., KeyPreview=..., Design=...
+// }
 int NewForm(lua_State* L);
 // lw.load(path): beside the calling script, or else in the current folder; in a sandbox, in its folder only
 int LoadFormFile(lua_State* L);

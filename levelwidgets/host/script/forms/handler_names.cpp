@@ -24,8 +24,8 @@ std::vector<NamedFunction> FunctionsOf(lua_State* L, const ScriptForm& form) {
       lua_Debug defined{};
       lua_pushvalue(L, -1);
       lua_getinfo(L, ">S", &defined);
-      functions.push_back({lua_tostring(L, -2), std::string(defined.short_src) + ":" +
-                                                    std::to_string(defined.linedefined)});
+      functions.push_back(
+          {lua_tostring(L, -2), std::string(defined.short_src) + ":" + std::to_string(defined.linedefined)});
     }
     lua_pop(L, 1);
   }

@@ -1,6 +1,7 @@
 #include <levelwidgets/host/script/forms/questions.h>
 
 #include <levelwidgets/host/form/message.h>
+#include <levelwidgets/host/form/modal.h>
 #include <levelwidgets/host/script/forms/events.h>
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/lua/entry.h>

@@ -5,13 +5,13 @@
 
 namespace levelwidgets {
 
-// form:show_modal([on_closed]): the other forms of the run take no input until it is closed or hidden; the function
-// is called then.
+// form:show_modal([on_closed]): the other forms of the run take no input until it is closed or hidden; the
+// function is called then.
 int ShowFormModal(lua_State* L);
 
-// lw.message{ text=... [, title=..., style=..., buttons={...}, on_closed=function] }: shows it and returns its form.
-// `style` is 0 or the system's number of a sign: 16 critical, 32 question, 48 warning, 64 information. The function
-// gets the number of the button that was pressed, 0 for none.
+// lw.message{ text=... [, title=..., style=..., buttons={...}, on_closed=function] }: shows it and returns
+// its form. `style` is 0 or the system's number of a sign: 16 critical, 32 question, 48 warning, 64
+// information. The function gets the number of the button that was pressed, 0 for none.
 int NewMessage(lua_State* L);
 
 }  // namespace levelwidgets

@@ -100,7 +100,8 @@ std::vector<std::shared_ptr<Form>> ScriptState::Forms() const {
 
 std::shared_ptr<ScriptForm> ScriptState::FormOf(const ScriptRealm& realm) const {
   if (!realm.IsSandbox()) return nullptr;
-  const auto found = std::ranges::find_if(forms_, [&](const auto& form) { return form->realm.get() == &realm; });
+  const auto found =
+      std::ranges::find_if(forms_, [&](const auto& form) { return form->realm.get() == &realm; });
   return found == forms_.end() ? nullptr : *found;
 }
 

@@ -28,7 +28,8 @@ struct ScriptForm {
 class ScriptTimer : public std::enable_shared_from_this<ScriptTimer> {
  public:
   // `form` is what errors name; "" for none.
-  ScriptTimer(const std::shared_ptr<ScriptRealm>& realm, ScriptRef handler, ClockApi& clock, std::string form);
+  ScriptTimer(const std::shared_ptr<ScriptRealm>& realm, ScriptRef handler, ClockApi& clock,
+              std::string form);
   ScriptTimer(const ScriptTimer&) = delete;
   ScriptTimer& operator=(const ScriptTimer&) = delete;
   ~ScriptTimer();

@@ -35,7 +35,8 @@ constexpr luaL_Reg kMethods[] = {{"stop", Guarded<StopTimer>}, {nullptr, nullptr
 // Takes the function `on` of the table at index 1.
 ScriptRef HandlerOf(lua_State* L, ScriptRealm& realm) {
   if (lua_getfield(L, 1, "on") != LUA_TFUNCTION) {
-    throw Error(kTypeMismatch, "LevelWidgets.Timer", "A timer needs a function: lw.timer{ ms = 500, on = f }");
+    throw Error(kTypeMismatch, "LevelWidgets.Timer",
+                "A timer needs a function: lw.timer{ ms = 500, on = f }");
   }
   return realm.TakeRef(L);
 }
@@ -97,8 +98,9 @@ int NewTimer(lua_State* L) {
   if (realm.IsSandbox() && state.Timers() >= kMostTimersOfSandbox) {
     throw Error(kOutOfMemory, "LevelWidgets.Timer", "the scripts of the forms have too many timers");
   }
-  const auto timer = std::make_shared<ScriptTimer>(realm.shared_from_this(), HandlerOf(L, realm),
-                                                   state.FormPlatform().Clock(), form ? form->form->Name() : "");
+  const auto timer =
+      std::make_shared<ScriptTimer>(realm.shared_from_this(), HandlerOf(L, realm),
+                                    state.FormPlatform().Clock(), form ? form->form->Name() : "");
   state.Keep(timer);
   timer->Start(static_cast<std::uint32_t>(milliseconds));
   if (form) {

@@ -10,7 +10,9 @@ namespace levelwidgets {
 namespace {
 constexpr char kMethods[] = "methods";
 
-bool TakesNil(const MemberType& type) { return type.kind == TypeKind::kAny || type.type == VariantType::kObject; }
+bool TakesNil(const MemberType& type) {
+  return type.kind == TypeKind::kAny || type.type == VariantType::kObject;
+}
 }  // namespace
 
 void SetScriptMethods(lua_State* L, const luaL_Reg* methods) {
@@ -63,8 +65,9 @@ bool AssignProperty(lua_State* L, Object& object, std::string_view name, int val
   if (!property) return false;
   // Most often the value of a variable that nobody has set.
   if (lua_isnil(L, value) && !property->ReadOnly() && !TakesNil(property->type)) {
-    throw Error(kTypeMismatch, object.Class().QualifiedName(),
-                std::string(object.Class().Name()) + "." + std::string(name) + " cannot be nil; lw.null is Null");
+    throw Error(
+        kTypeMismatch, object.Class().QualifiedName(),
+        std::string(object.Class().Name()) + "." + std::string(name) + " cannot be nil; lw.null is Null");
   }
   SetByName(object, name, ToVariant(L, value, property->type), TextsOf(L));
   return true;

@@ -74,11 +74,12 @@ int DateDifference(lua_State* L) {
 
 }  // namespace
 
-const luaL_Reg kConversionFunctions[] = {{"date_add", Guarded<DateAdd>},    {"date_diff", Guarded<DateDifference>},
-                                         {"format", Guarded<Format>},      {"is_numeric", Guarded<IsNumeric>},
-                                         {"to_number", Guarded<ToNumber>}, {"is_date", Guarded<IsDate>},
-                                         {"to_date", Guarded<ToDate>},     {"month_name", Guarded<MonthName>},
-                                         {"weekday", Guarded<Weekday>},    {nullptr, nullptr}};
+const luaL_Reg kConversionFunctions[] = {
+    {"date_add", Guarded<DateAdd>},   {"date_diff", Guarded<DateDifference>},
+    {"format", Guarded<Format>},      {"is_numeric", Guarded<IsNumeric>},
+    {"to_number", Guarded<ToNumber>}, {"is_date", Guarded<IsDate>},
+    {"to_date", Guarded<ToDate>},     {"month_name", Guarded<MonthName>},
+    {"weekday", Guarded<Weekday>},    {nullptr, nullptr}};
 
 TextConversions TextsOf(lua_State* L) {
   return TextConversions([L]() -> ConversionApi& { return Conversions(L); });
