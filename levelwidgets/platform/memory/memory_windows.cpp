@@ -16,12 +16,8 @@ namespace {
 // have this address.
 constexpr std::intptr_t kBuiltInProc = 0xFFF1;
 
-<<<<<<< HEAD
-
 constexpr int kSmallestWidth = 112;  // at 96 dots per inch
 
-=======
->>>>>>> 152cc01 (WIP format)
 // In a key message: Alt is held.
 constexpr LParam kAltContext = LParam{1} << 29;
 
