@@ -9,21 +9,27 @@ namespace levelwidgets {
 
 namespace {
 
-// Levenshtein distance, letters compared without case.
+// Letters that were added, left out, mistaken or swapped with their neighbour (the optimal string alignment
+// distance), compared without case.
 std::size_t EditDistance(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  std::vector<std::size_t> row(b.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
+  const auto same = [](char x, char y) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return lower(x) == lower(y);
+  };
+  std::vector<std::size_t> before;
+  std::vector<std::size_t> last(b.size() + 1);
+  std::iota(last.begin(), last.end(), std::size_t{0});
   for (std::size_t i = 0; i < a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i + 1;
+    std::vector<std::size_t> row{i + 1};
     for (std::size_t j = 0; j < b.size(); ++j) {
-      const std::size_t substitute = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({substitute, row[j] + 1, row[j + 1] + 1});
+      std::size_t edits = std::min({last[j] + (same(a[i], b[j]) ? 0 : 1), last[j + 1] + 1, row[j] + 1});
+      const bool swapped = i > 0 && j > 0 && same(a[i], b[j - 1]) && same(a[i - 1], b[j]);
+      if (swapped) edits = std::min(edits, before[j - 1] + 1);
+      row.push_back(edits);
     }
+    before = std::exchange(last, std::move(row));
   }
-  return row.back();
+  return last.back();
 }
 
 std::string NameOfMember(const ClassInfo& info, std::string_view member) {

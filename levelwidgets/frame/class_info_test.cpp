@@ -326,6 +326,8 @@ TEST(NearestName, IsNeverTheNameItselfNorAnUnlikeShortOne) {
   EXPECT_EQ(NearestName("x", names), "");
   EXPECT_EQ(NearestName("of", names), "");
   EXPECT_EQ(NearestName("Lod", names), "Load");
+  EXPECT_EQ(NearestName("no", names), "");
+  EXPECT_EQ(NearestName("dAd", names), "Add") << "two neighbours swapped";
   EXPECT_EQ(NearestName("Odd", names), "Add");
   EXPECT_EQ(NearestName("Oxd", names), "");
   EXPECT_EQ(NearestName("Clcik", names), "Click");

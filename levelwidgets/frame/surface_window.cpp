@@ -46,6 +46,7 @@ LResult SurfaceWindow::HandleMessage(WindowHandle window, std::uint32_t message,
   if (const InputKind kind = InputKindOf(message); in_use && kind != InputKind::kNone) {
     Site().InputArrived(kind);
   }
+  if (in_use && PressIsRefused(message)) return 0;
   if (in_use &&
       (Pointer(message, wparam, lparam) || Focus(message, wparam) || Key(message, wparam, result))) {
     return result;
@@ -84,6 +85,15 @@ bool SurfaceWindow::Pointer(std::uint32_t message, WParam wparam, LParam lparam)
     }
   }
   return true;
+}
+
+// A window under the pointer is asked whether it becomes active, and asks its container then. One that has the
+// capture gets the press without that question.
+bool SurfaceWindow::PressIsRefused(std::uint32_t message) {
+  if (InputKindOf(message) != InputKind::kPress) return false;
+  WindowApi& windows = surface_.Windows();
+  if (windows.GetCapture() != surface_.hWnd() || Holds(windows.GetFocus())) return false;
+  return !Site().AcceptsPress() || !surface_.hWnd();
 }
 
 void SurfaceWindow::Press(std::uint32_t message, PointerAction action, const PointerInput& input) {

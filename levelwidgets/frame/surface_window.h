@@ -66,6 +66,7 @@ class SurfaceWindow : public PartHost, public WindowClient {
   bool Key(std::uint32_t message, WParam wparam, LResult& result);
   bool ShapePointer(WindowHandle window, WParam over);
   bool PartMessage(std::uint32_t message, WParam wparam, LParam lparam, LResult& result);
+  bool PressIsRefused(std::uint32_t message);
   void Press(std::uint32_t message, PointerAction action, const PointerInput& input);
   void TakeFocusAfterPress(WindowHandle focus_before);
 

@@ -40,7 +40,12 @@ class ValidationTest : public DesktopTest {
     const auto control = TheForm().ActiveControl();
     return control ? control->Name() : "";
   }
-  void ClickOn(const std::string& name) { Driver().Click(Get(name).ScreenCentre()); }
+  // A button that the pointer was over has the capture until the second move outside.
+  void ClickOn(const std::string& name, int right_of_centre = 0) {
+    const PixelPoint centre = Get(name).ScreenCentre();
+    Driver().MovePointer({centre.x, centre.y + 1});
+    Driver().Click({centre.x + right_of_centre, centre.y});
+  }
   std::vector<std::string> TakeNotes() {
     Driver().Settle();
     return std::exchange(notes_, {});
@@ -159,6 +164,20 @@ TEST_F(ValidationTest, AListenerMayRemoveWhateverTheFocusWasToGoTo) {
   at_validate_ = [this] { TheForm().Remove("cancel"); };
   Driver().Key(kKeyEnter);
   EXPECT_THAT(TakeNotes(), ElementsAre("validate text"));
+}
+
+// The pointer is over the button before, which has the capture then.
+TEST_F(ValidationTest, APressOnAControlThatHasTheCaptureAsksOnce) {
+  Driver().MovePointer(Get("ok").ScreenCentre());
+  ASSERT_EQ(Windows().GetCapture(), ok_->hWnd());
+  invalid_ = "text";
+  ClickOn("ok");
+  EXPECT_THAT(TakeNotes(), ElementsAre("validate text"));
+  invalid_ = "";
+  ClickOn("ok", 8);  // not the second press of a double click
+  EXPECT_THAT(TakeNotes(), ElementsAre("validate text", "lost text", "got ok", "click ok"));
+  ClickOn("ok");
+  EXPECT_THAT(TakeNotes(), ElementsAre("click ok")) << "it has the focus";
 }
 
 TEST_F(ValidationTest, AListenerMayCloseTheForm) {

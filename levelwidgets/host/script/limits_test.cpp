@@ -175,7 +175,10 @@ TEST(ScriptLimits, CountWhatIsInUse) {
   void* block = ScriptLimits::Allocate(&limits, nullptr, 5, 600);  // 5: what it is for
   ASSERT_TRUE(block);
   EXPECT_EQ(limits.MemoryInUse(), 600u);
+  EXPECT_FALSE(limits.TakeRefusal());
   EXPECT_FALSE(ScriptLimits::Allocate(&limits, nullptr, 0, 401));
+  EXPECT_TRUE(limits.TakeRefusal());
+  EXPECT_FALSE(limits.TakeRefusal());
   EXPECT_FALSE(ScriptLimits::Allocate(&limits, block, 600, 1001));
   EXPECT_EQ(limits.MemoryInUse(), 600u);
   block = ScriptLimits::Allocate(&limits, block, 600, 1000);

@@ -25,10 +25,20 @@ class LimitedTime {
   ScriptLimits* limits_;
 };
 
+// There may be no memory for a longer stack, or too many calls inside calls.
+void MakeRoom(lua_State* L) {
+  ScriptLimits& limits = RealmOf(L).Run().Limits();
+  limits.TakeRefusal();
+  if (lua_checkstack(L, 50)) return;
+  if (!limits.TakeRefusal()) luaL_error(L, "stack overflow (calls inside calls)");
+  lua_pushliteral(L, "not enough memory");
+  lua_error(L);
+}
+
 int RunBody(lua_State* L) {
   const auto& body = *static_cast<const Body*>(lua_touserdata(L, 1));
   lua_settop(L, 0);
-  luaL_checkstack(L, 50, "calls inside calls");
+  MakeRoom(L);
   body(L);
   return 0;
 }

@@ -1,6 +1,7 @@
 #include <levelwidgets/host/script/lua/limits.h>
 
 #include <cstdlib>
+#include <utility>
 
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/script/lua/process_memory.h>
@@ -51,11 +52,16 @@ void* ScriptLimits::Allocate(void* limits, void* block, std::size_t old_size, st
     self.memory_in_use_ -= old_size;
     return nullptr;
   }
-  if (new_size > old_size && new_size - old_size > self.memory_ - self.memory_in_use_) return nullptr;
+  if (new_size > old_size && new_size - old_size > self.memory_ - self.memory_in_use_) {
+    self.refused_ = true;
+    return nullptr;
+  }
   void* result = std::realloc(block, new_size);
   if (result) self.memory_in_use_ += new_size - old_size;
   return result;
 }
+
+bool ScriptLimits::TakeRefusal() { return std::exchange(refused_, false); }
 
 std::string ScriptLimits::MemoryText() const {
   return "the scripts of the forms have used up their " + InMebibytes(memory_) + " of memory" + kHowToLift;

@@ -33,6 +33,8 @@ class ScriptLimits {
   // For lua_newstate, with the limits as its user data: null for what is over the limit.
   static void* Allocate(void* limits, void* block, std::size_t old_size, std::size_t new_size);
   std::size_t MemoryInUse() const { return memory_in_use_; }
+  // Whether memory was refused since this was asked before.
+  bool TakeRefusal();
   // What the script's bare "not enough memory" means.
   std::string MemoryText() const;
 
@@ -60,6 +62,7 @@ class ScriptLimits {
 
   std::size_t memory_;
   std::size_t memory_in_use_ = 0;
+  bool refused_ = false;
   std::size_t process_memory_;  // at the beginning
   std::size_t printed_ = 0;
   std::size_t noted_use_ = 0;  // since the growth was looked at
