@@ -29,6 +29,7 @@ libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the
 xvfb                 | Xvfb                                | the screen that native windows are tested on
 openbox              | openbox                             | the window manager there
 xdotool              | xdotool                             | the mouse and the keyboard there
+x11-utils            | xprop                               | reads the titles of the windows there
 python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms by their schema
 clang-format         | clang-format                        | checks the layout of the sources'
 

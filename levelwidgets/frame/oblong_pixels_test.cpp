@@ -12,6 +12,7 @@ class OblongScreen : public ScreenApi {
   std::vector<Monitor> Monitors() override { return screen_.Monitors(); }
   float TwipsPerPixelX() override { return 15; }
   float TwipsPerPixelY() override { return 20; }
+  PixelSize DotsPerInch() override { return {96, 72}; }
 
  private:
   ScreenApi& screen_;

@@ -12,9 +12,9 @@
 namespace levelwidgets {
 
 struct NativeWindowOptions {
-  // Screen pixels that a form's pixel is wide, 1 to 8; the display's own when not given. The windows of
-  // Windows have one.
-  std::optional<int> scale;
+  // How many times as large as at 96 dots per inch forms are, 1 to 8; as the display itself wants it when not
+  // given. Windows has a scale of its own.
+  std::optional<double> scale;
   // One of the names of palettes, where the colours are not the system's own.
   std::string palette = "light";
 };

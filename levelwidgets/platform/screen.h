@@ -9,12 +9,12 @@
 
 namespace levelwidgets {
 
-// Twips (1440 to the inch) to the pixel of a display: 15 at 96 dots per inch, 9 at 168, 8 at 192. Whole, by
-// the rounding that twips become pixels with (ties to even), so that the way back from pixels to twips leads
-// to the same pixel. At least 1.
+// Twips (1440 to the inch) to the pixel of a display: 15 at 96 dots per inch, 9 at 168, 8 at 192. Whole, so
+// that the way back from pixels to twips leads to the same pixel, and rounded up, so that lengths in them are
+// never more than their inches.
 inline float WholeTwipsPerPixel(int dots_per_inch) {
   constexpr float kTwipsPerInch = 1440;
-  return std::max(1.0F, std::nearbyint(kTwipsPerInch / static_cast<float>(dots_per_inch)));
+  return std::ceil(kTwipsPerInch / static_cast<float>(dots_per_inch));
 }
 
 // Screen pixels. Those of a monitor to the left of the primary one, or above it, are negative.
@@ -24,6 +24,13 @@ struct Monitor {
 
   friend constexpr bool operator==(const Monitor&, const Monitor&) = default;
 };
+
+// Dots per inch by which texts are sized, so that they stay in proportion to lengths in whole twips to the
+// pixel: 96 at 96, 160 at 168, 180 at 192. What fits a control at one resolution then fits it at all.
+inline int TextDotsPerInch(int dots_per_inch) {
+  constexpr float kTwipsPerInch = 1440;
+  return static_cast<int>(std::lround(kTwipsPerInch / WholeTwipsPerPixel(dots_per_inch)));
+}
 
 class ScreenApi {
  public:
@@ -39,6 +46,8 @@ class ScreenApi {
   // WholeTwipsPerPixel of its dots per inch. The two differ on displays with oblong pixels.
   virtual float TwipsPerPixelX() = 0;
   virtual float TwipsPerPixelY() = 0;
+  // Across and down.
+  virtual PixelSize DotsPerInch() = 0;
 };
 
 }  // namespace levelwidgets

@@ -77,7 +77,7 @@ std::string LocaleOfEnvironment() {
 
 }  // namespace
 
-std::unique_ptr<NativeDisplay> NativeDisplay::Open(std::optional<int> factor, std::string& why) {
+std::unique_ptr<NativeDisplay> NativeDisplay::Open(std::optional<double> scale, std::string& why) {
   SetHints();
   const std::string drivers = Drivers();
   if (drivers.empty()) {
@@ -90,12 +90,13 @@ std::unique_ptr<NativeDisplay> NativeDisplay::Open(std::optional<int> factor, st
     why = SDL_GetError();
     return nullptr;
   }
-  return std::unique_ptr<NativeDisplay>(new NativeDisplay(factor));
+  return std::unique_ptr<NativeDisplay>(new NativeDisplay(scale));
 }
 
-NativeDisplay::NativeDisplay(std::optional<int> factor) {
+NativeDisplay::NativeDisplay(std::optional<double> scale) {
   const double density = FindDensity();
-  scale_ = Scale(factor ? *factor : FactorFor(DisplayDpi(), density), density);
+  scale_ = Scale(density);
+  dots_per_inch_ = DotsPerInchAt(scale ? *scale : OwnScale(DisplayDpi(), density));
   SDL_Rect usable{};
   if (SDL_GetDisplayUsableBounds(0, &usable) == 0) scale_.SetOrigin({usable.x, usable.y});
   // So that windows are drawn to without a detour through 3-D hardware, which is slow to start.
@@ -117,6 +118,7 @@ memory::DesktopOptions NativeDisplay::Fit(memory::DesktopOptions base) const {
     const PixelSize size = scale_.ToDesktop(PixelSize{usable.w, usable.h});
     base.monitors.push_back({corner.x, corner.y, corner.x + size.width, corner.y + size.height});
   }
+  base.dpi_x = base.dpi_y = dots_per_inch_;
   base.locale = LocaleOfEnvironment();
   base.now = RealNow();
   return base;

@@ -12,16 +12,16 @@ namespace levelwidgets::presenter {
 
 class NativeDisplay {
  public:
-  // `factor` as in Scale; the display's own when not given. Null where windows cannot be shown; `why` is then
-  // what the system says.
-  static std::unique_ptr<NativeDisplay> Open(std::optional<int> factor, std::string& why);
+  // `scale` is how many times as large as at 96 dots per inch forms are; as the display itself wants it when
+  // not given. Null where windows cannot be shown; `why` is then what the system says.
+  static std::unique_ptr<NativeDisplay> Open(std::optional<double> scale, std::string& why);
   ~NativeDisplay();
   NativeDisplay(const NativeDisplay&) = delete;
   NativeDisplay& operator=(const NativeDisplay&) = delete;
 
   const Scale& GetScale() const { return scale_; }
   // A desktop with the screens of the system as its monitors, each without what the system keeps for itself,
-  // in its language, at this moment; otherwise as `base`.
+  // at the resolution that the scale asks for, in the system's language, at this moment; otherwise as `base`.
   memory::DesktopOptions Fit(memory::DesktopOptions base) const;
   // Where the pointer can be, in desktop pixels: on all screens, and at Nowhere.
   PixelRect PointerArea() const;
@@ -29,9 +29,10 @@ class NativeDisplay {
   static constexpr PixelPoint Nowhere() { return {-10000, -10000}; }
 
  private:
-  explicit NativeDisplay(std::optional<int> factor);
+  explicit NativeDisplay(std::optional<double> scale);
 
   Scale scale_;
+  int dots_per_inch_;
 };
 
 // Local date and time.

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include <levelwidgets/presenter/native_title.h>
+
 namespace levelwidgets::presenter {
 
 namespace {
@@ -49,6 +51,15 @@ struct Canvas {
   SDL_Surface* surface;
 };
 
+// While the native window is larger than what it shows already.
+void FillRest(PixelSize shown, SDL_Surface& surface) {
+  const SDL_Rect right{shown.width, 0, surface.w - shown.width, surface.h};
+  const SDL_Rect below{0, shown.height, surface.w, surface.h - shown.height};
+  for (const SDL_Rect& rest : {right, below}) {
+    if (rest.w > 0 && rest.h > 0) SDL_FillRect(&surface, &rest, SDL_MapRGB(surface.format, 240, 240, 240));
+  }
+}
+
 // Takes the waiting events of moves of the window `id` out of the queue.
 void DropMoves(std::uint32_t id) {
   SDL_FilterEvents(
@@ -67,6 +78,7 @@ NativeWindow::NativeWindow(WindowKind kind, const std::string& title, PixelPoint
       window_(SDL_CreateWindow(title.c_str(), place.x, place.y, size.width, size.height, FlagsOf(kind))) {
   if (!window_) throw std::runtime_error(std::string("No native window can be made: ") + SDL_GetError());
   if (kind == WindowKind::kPopup) return;
+  SetTitle(title);
   // A window manager takes the first place for that of its frame. Once the window has a frame, the place is
   // that of the client area; nobody needs to hear of the place between.
   SDL_PumpEvents();
@@ -78,7 +90,7 @@ NativeWindow::~NativeWindow() { SDL_DestroyWindow(window_); }
 
 std::uint32_t NativeWindow::Id() const { return SDL_GetWindowID(window_); }
 
-void NativeWindow::SetTitle(const std::string& title) { SDL_SetWindowTitle(window_, title.c_str()); }
+void NativeWindow::SetTitle(const std::string& title) { SetNativeTitle(window_, title); }
 
 void NativeWindow::MoveTo(PixelPoint place) { SDL_SetWindowPosition(window_, place.x, place.y); }
 
@@ -104,7 +116,7 @@ PixelSize NativeWindow::Size() const {
   return size;
 }
 
-void NativeWindow::Show(memory::PixelStore& store, const PixelRect& part, int factor) {
+void NativeWindow::Show(memory::PixelStore& store, const PixelRect& part) {
   SDL_Surface* surface = SDL_GetWindowSurface(window_);
   if (!surface) return;  // while it is minimised on some systems
   if (surface->pixels != surface_pixels_) Forget();
@@ -113,15 +125,13 @@ void NativeWindow::Show(memory::PixelStore& store, const PixelRect& part, int fa
   std::vector<SDL_Rect> changes;
   const Canvas canvas(*surface);
   for (const PixelRect& changed : shown_.Update(store, part)) {
-    Write(changed, factor, *canvas.surface);
-    SDL_Rect rect{changed.left * factor, changed.top * factor, changed.width() * factor,
-                  changed.height() * factor};
-    rect.w = std::min(rect.w, surface->w - rect.x);
-    rect.h = std::min(rect.h, surface->h - rect.y);
-    if (rect.w > 0 && rect.h > 0) changes.push_back(rect);
+    const PixelRect seen = Intersect(changed, {0, 0, surface->w, surface->h});
+    if (seen.empty()) continue;
+    Write(seen, *canvas.surface);
+    changes.push_back({seen.left, seen.top, seen.width(), seen.height()});
   }
   if (all) {
-    FillRest(shown_.Size(), factor, *canvas.surface);
+    FillRest(shown_.Size(), *canvas.surface);
     changes = {{0, 0, surface->w, surface->h}};
   }
   if (!changes.empty()) {
@@ -129,34 +139,10 @@ void NativeWindow::Show(memory::PixelStore& store, const PixelRect& part, int fa
   }
 }
 
-void NativeWindow::Write(const PixelRect& changed, int factor, SDL_Surface& surface) const {
+void NativeWindow::Write(const PixelRect& changed, SDL_Surface& surface) const {
   const PixelShifts shifts = ShiftsOf(*surface.format);
-  const int right = std::min(changed.right, surface.w / factor);
   for (int y = changed.top; y < changed.bottom; ++y) {
-    const int top = y * factor;
-    if (top >= surface.h) return;
-    std::uint32_t* row = RowOf(surface, top) + changed.left * factor;
-    WriteEnlarged(shown_.Row(y) + changed.left, right - changed.left, factor, shifts, row);
-    // A pixel that is cut by the window's edge.
-    if (changed.right > right && right * factor < surface.w) {
-      WriteEnlarged(shown_.Row(y) + right, 1, surface.w - right * factor, shifts,
-                    RowOf(surface, top) + right * factor);
-    }
-    const int count = std::min(changed.right * factor, surface.w) - changed.left * factor;
-    for (int again = 1; again < factor && top + again < surface.h; ++again) {
-      std::copy_n(row, std::max(0, count), RowOf(surface, top + again) + changed.left * factor);
-    }
-  }
-}
-
-// While the native window is larger than what it shows already.
-void NativeWindow::FillRest(PixelSize shown, int factor, SDL_Surface& surface) const {
-  const int width = shown.width * factor;
-  const int height = shown.height * factor;
-  const SDL_Rect right{width, 0, surface.w - width, surface.h};
-  const SDL_Rect below{0, height, surface.w, surface.h - height};
-  for (const SDL_Rect& rest : {right, below}) {
-    if (rest.w > 0 && rest.h > 0) SDL_FillRect(&surface, &rest, SDL_MapRGB(surface.format, 240, 240, 240));
+    WritePixels(shown_.Row(y) + changed.left, changed.width(), shifts, RowOf(surface, y) + changed.left);
   }
 }
 

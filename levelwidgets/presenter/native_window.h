@@ -42,14 +42,13 @@ class NativeWindow {
   PixelPoint Place() const;
   PixelSize Size() const;
 
-  // Brings what has changed in `part` of `store` to the screen, every pixel a square of `factor`.
-  void Show(memory::PixelStore& store, const PixelRect& part, int factor);
+  // Brings what has changed in `part` of `store` to the screen.
+  void Show(memory::PixelStore& store, const PixelRect& part);
   // What was on the screen is lost.
   void Forget() { shown_.Forget(); }
 
  private:
-  void Write(const PixelRect& changed, int factor, SDL_Surface& surface) const;
-  void FillRest(PixelSize shown, int factor, SDL_Surface& surface) const;
+  void Write(const PixelRect& changed, SDL_Surface& surface) const;
 
   WindowKind kind_;
   SDL_Window* window_;

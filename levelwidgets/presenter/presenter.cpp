@@ -30,6 +30,7 @@ std::vector<SDL_Event> TakeEvents() {
 Presenter::Presenter(NativeDisplay& display, memory::Desktop& desktop)
     : display_(display),
       desktop_(desktop),
+      selection_(desktop),
       started_(std::chrono::steady_clock::now()),
       started_tick_(desktop.Clock().GetTickCount()) {
   desktop_.SetPointerArea(display_.PointerArea());

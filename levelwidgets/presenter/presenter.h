@@ -12,6 +12,7 @@
 #include <levelwidgets/presenter/native_display.h>
 #include <levelwidgets/presenter/native_pointer.h>
 #include <levelwidgets/presenter/native_window.h>
+#include <levelwidgets/presenter/primary_selection.h>
 
 union SDL_Event;
 struct SDL_WindowEvent;
@@ -87,6 +88,7 @@ class Presenter {
   memory::Desktop& desktop_;
   EndSignals signals_;
   NativePointer pointer_;
+  PrimarySelection selection_;
   std::vector<Shown> shown_;
   std::chrono::steady_clock::time_point started_;
   std::uint64_t started_tick_;

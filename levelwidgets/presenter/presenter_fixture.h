@@ -17,12 +17,12 @@ class PresenterTest : public memory::DesktopTest {
  protected:
   static constexpr std::uint32_t kFormStyle = kWsCaption | kWsThickFrame | kWsVisible | kWsClipChildren;
 
-  explicit PresenterTest(int factor = 1) : display_(Open(factor)) { presenter.Sync(); }
+  PresenterTest() { presenter.Sync(); }
 
-  static std::unique_ptr<NativeDisplay> Open(int factor) {
+  static std::unique_ptr<NativeDisplay> Open(std::optional<double> scale) {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     std::string why;
-    auto display = NativeDisplay::Open(factor, why);
+    auto display = NativeDisplay::Open(scale, why);
     unsetenv("SDL_VIDEODRIVER");
     if (!display) throw std::runtime_error(why);
     return display;
@@ -140,16 +140,11 @@ class PresenterTest : public memory::DesktopTest {
     return lines;
   }
 
-  std::unique_ptr<NativeDisplay> display_;
+  std::unique_ptr<NativeDisplay> display_ = Open(1);
   WindowHandle form = MakeForm("form", {100, 100, 400, 300});
   WindowHandle left = MakeChild("left", form, {10, 10, 60, 60});
   WindowHandle right = MakeChild("right", form, {60, 10, 110, 60});
   Presenter presenter{*display_, desktop};
-};
-
-class ScaledPresenterTest : public PresenterTest {
- protected:
-  ScaledPresenterTest() : PresenterTest(2) {}
 };
 
 }  // namespace levelwidgets::presenter

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include <levelwidgets/platform/hand.h>
 #include <levelwidgets/presenter/native_keys.h>
+#include <levelwidgets/presenter/native_text.h>
 #include <levelwidgets/presenter/presenter.h>
 
 namespace levelwidgets::presenter {
@@ -19,7 +21,8 @@ int ButtonOf(std::uint8_t native) {
   }
 }
 
-// Moves inside one window that directly follow each other count as the last of them.
+// Moves inside one window that directly follow each other count as the last of them, however many a slow
+// handler has left waiting.
 bool IsOvertaken(const SDL_Event& event, const SDL_Event& next) {
   return event.type == SDL_MOUSEMOTION && next.type == SDL_MOUSEMOTION &&
          event.motion.windowID == next.motion.windowID;
@@ -87,6 +90,7 @@ void Presenter::HandlePointer(const SDL_Event& event) {
     case SDL_MOUSEBUTTONDOWN:
       PointTo(event.button.windowID, {event.button.x, event.button.y});
       desktop_.Press(ButtonOf(event.button.button));
+      if (event.button.button == SDL_BUTTON_MIDDLE) selection_.Insert();
       break;
     case SDL_MOUSEBUTTONUP:
       PointTo(event.button.windowID, {event.button.x, event.button.y});
@@ -110,7 +114,7 @@ void Presenter::PointTo(std::uint32_t native_id, PixelPoint place) {
     windows.SetWindowPos(shown->window, {kHwndTop}, {},
                          kSwpNoMove | kSwpNoSize | kSwpNoActivate | kSwpNoRedraw);
   }
-  desktop_.MovePointer(point);
+  MoveByHand(desktop_, desktop_.Windows(), point);
 }
 
 // A window that the pointer has moved to has reported that by now. While a button is down, nothing is left.
@@ -119,7 +123,7 @@ void Presenter::LeaveIfOutside() {
   const auto is_down = [&](int button) { return windows.GetKeyState(button) < 0; };
   if (!pointer_left_ || is_down(1) || is_down(2) || is_down(4)) return;
   pointer_left_ = false;
-  desktop_.MovePointer(NativeDisplay::Nowhere());
+  MoveByHand(desktop_, desktop_.Windows(), NativeDisplay::Nowhere());
 }
 
 // --- Windows ---------------------------------------------------------------------------------
@@ -251,7 +255,7 @@ void Presenter::TakeFocus() {
 void Presenter::TakeClipboard() {
   char* text = SDL_GetClipboardText();
   if (!text) return;
-  clipboard_ = text;
+  clipboard_ = ToDesktopLines(text);
   SDL_free(text);
   desktop_.SetClipboard(clipboard_);
 }

@@ -20,14 +20,6 @@ TEST_F(PresenterTest, ThePointersPlaceInTheWindowIsItsPlaceOnTheDesktop) {
                           "left CaptureChanged none", "left LButtonUp 0 6,15"));
 }
 
-TEST_F(ScaledPresenterTest, PointerPositionsAreDivided) {
-  Begin();
-  Handle({Motion(form, 30, 51)});
-  EXPECT_THAT(Input(), ElementsAre("left MouseMove 0 5,15"));
-  Handle({Motion(form, 31, 50)});
-  EXPECT_THAT(Input(), IsEmpty());
-}
-
 TEST_F(PresenterTest, OtherMouseButtonsArriveAsThemselves) {
   Handle({Motion(form, 15, 25)});
   Begin();
@@ -94,6 +86,45 @@ TEST_F(PresenterTest, APointerThatJumpsBetweenFormsMovesInEach) {
   Handle({Button(other, SDL_MOUSEBUTTONDOWN, 203, 151), Button(other, SDL_MOUSEBUTTONUP, 203, 151)});
   EXPECT_THAT(Input(), ElementsAre("other MouseMove 0 203,151", "other LButtonDown 1 203,151",
                                    "other CaptureChanged none", "other LButtonUp 0 203,151"));
+}
+
+// As controls that are highlighted under the pointer do.
+TEST_F(PresenterTest, APressBesideAWindowThatHasHadThePointerIsTheNextWindows) {
+  bool over = false;
+  client.On(kWmMouseMove, [&](WindowHandle window, WParam, LParam) -> LResult {
+    if (window != left) return 0;
+    over ? void(windows.ReleaseCapture()) : void(windows.SetCapture(left));
+    over = !over;
+    return 0;
+  });
+  client.On(kWmLButtonUp, [&](WindowHandle window, WParam, LParam) -> LResult {
+    if (window == left) windows.SetCapture(left);
+    over = false;
+    return 0;
+  });
+  for (int round = 0; round < 3; ++round) {
+    Handle({Motion(form, 15, 25), Button(form, SDL_MOUSEBUTTONDOWN, 15, 25),
+            Button(form, SDL_MOUSEBUTTONUP, 15, 25)});
+    Begin();
+    // A slow handler has left all of these waiting: one move counts.
+    Handle({Motion(form, 40, 25), Motion(form, 60, 25), Motion(form, 75, 25),
+            Button(form, SDL_MOUSEBUTTONDOWN, 75, 25), Button(form, SDL_MOUSEBUTTONUP, 75, 25)});
+    EXPECT_THAT(Messages("Button"), ElementsAre("right LButtonDown 1 15,15", "right LButtonUp 0 15,15"))
+        << round;
+  }
+}
+
+TEST_F(PresenterTest, APointerThatLeavesTheWindowLeavesTheOneThatHasItCapturedToo) {
+  int moves = 0;
+  client.On(kWmMouseMove, [&](WindowHandle, WParam, LParam) -> LResult {
+    if (++moves == 2) windows.ReleaseCapture();
+    return 0;
+  });
+  Handle({Motion(form, 15, 25)});
+  windows.SetCapture(left);
+  moves = 0;
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_LEAVE)});
+  EXPECT_FALSE(windows.GetCapture());
 }
 
 TEST_F(PresenterTest, TextOutsideTheCodePageArrivesAsQuestionMarks) {

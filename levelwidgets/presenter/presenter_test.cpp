@@ -79,16 +79,13 @@ TEST_F(PresenterTest, PixelsAreShownAsTheyChange) {
   EXPECT_EQ(NativePixel(form, 151, 80), 0x112233u);
 }
 
-TEST_F(ScaledPresenterTest, EveryPixelIsASquare) {
-  EXPECT_EQ(NativeSize(form), (PixelSize{600, 400}));
-  EXPECT_EQ(NativePlace(form), (PixelPoint{200, 200}));
-  Paint(form, {0, 0, 300, 200}, {0x00332211});
-  Paint(form, {150, 80, 151, 81}, {0x000000FF});
-  presenter.Sync();
-  EXPECT_EQ(NativePixel(form, 300, 160), 0xFF0000u);
-  EXPECT_EQ(NativePixel(form, 301, 161), 0xFF0000u);
-  EXPECT_EQ(NativePixel(form, 302, 161), 0x112233u);
-  EXPECT_EQ(NativePixel(form, 299, 160), 0x112233u);
+TEST_F(PresenterTest, TheDesktopHasTheResolutionThatTheScaleAsksFor) {
+  for (const auto& [scale, dpi] : {std::pair{1.0, 96}, {1.25, 120}, {1.5, 144}, {1.75, 168}, {2.0, 192}}) {
+    const memory::DesktopOptions options = Open(scale)->Fit({});
+    EXPECT_EQ(options.dpi_x, dpi);
+    EXPECT_EQ(options.dpi_y, dpi);
+    EXPECT_EQ(options.monitors.front(), display_->Fit({}).monitors.front()) << "pixels stay as they are";
+  }
 }
 
 // --- A person at the frame ---------------------------------------------------------------------------
@@ -121,12 +118,6 @@ TEST_F(PresenterTest, AFormMayInsistOnItsSize) {
   Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 320, 150)});
   presenter.Sync();
   EXPECT_EQ(NativeSize(form), (PixelSize{300, 200}));
-}
-
-TEST_F(ScaledPresenterTest, APartOfAPixelAtTheEdgeIsCovered) {
-  Begin();
-  Handle({WindowEvent(form, SDL_WINDOWEVENT_SIZE_CHANGED, 501, 300)});
-  EXPECT_THAT(Messages("Size"), ElementsAre("form Size 251,150"));
 }
 
 TEST_F(PresenterTest, AClosingThatIsRefusedLeavesTheWindow) {

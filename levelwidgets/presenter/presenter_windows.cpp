@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <ranges>
 
+#include <levelwidgets/presenter/native_text.h>
 #include <levelwidgets/presenter/presenter.h>
 
 namespace levelwidgets::presenter {
@@ -64,6 +65,7 @@ void Presenter::Sync() {
   vanished.clear();
   SyncActivation();
   SyncClipboard();
+  selection_.Offer();
   pointer_.Show(desktop_.PointerShape());
 }
 
@@ -73,7 +75,7 @@ void Presenter::SyncWindow(memory::Window& window, std::vector<Shown>& vanished)
   Follow(*shown, window);
   const PixelRect in_store = Intersect(shown->part.Offset(-window.rect.left, -window.rect.top),
                                        {0, 0, window.store->size.width, window.store->size.height});
-  if (!in_store.empty()) shown->native->Show(*window.store, in_store, display_.GetScale().Factor());
+  if (!in_store.empty()) shown->native->Show(*window.store, in_store);
 }
 
 // A form that comes in the same moment as another one goes takes over its native window: it stays where it is
@@ -151,7 +153,7 @@ void Presenter::SyncActivation() {
 void Presenter::SyncClipboard() {
   if (desktop_.Clipboard() == clipboard_) return;
   clipboard_ = desktop_.Clipboard();
-  SDL_SetClipboardText(clipboard_.c_str());
+  SDL_SetClipboardText(ToNativeLines(clipboard_).c_str());
 }
 
 }  // namespace levelwidgets::presenter

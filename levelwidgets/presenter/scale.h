@@ -1,19 +1,17 @@
-// From pixels of the desktop in memory to the screen's and back.
+// From pixels of the desktop in memory to the native screen's units and back, and how large forms are there.
 #pragma once
 
 #include <levelwidgets/platform/types.h>
 
 namespace levelwidgets::presenter {
 
-// A desktop pixel is a square of `factor` screen pixels. Windows are placed and pointed at in native units,
-// each of `density` screen pixels: 1 on most systems, more where the system itself scales.
+// A desktop pixel is a screen pixel. Windows are placed and pointed at in native units, each of `density`
+// screen pixels: 1 on most systems, more where the system itself scales.
 class Scale {
  public:
   Scale() = default;
-  // Both at least 1; what is less counts as 1.
-  Scale(int factor, double density);
-
-  int Factor() const { return factor_; }
+  // What is less than 1 counts as 1.
+  explicit Scale(double density);
 
   // The place of the desktop's left top corner on the native screen, in native units.
   PixelPoint Origin() const { return origin_; }
@@ -30,13 +28,15 @@ class Scale {
   PixelPoint InWindow(PixelPoint native) const;
 
  private:
-  int factor_ = 1;
   double density_ = 1;
   PixelPoint origin_;
 };
 
-// The factor for a display of `dpi` dots per inch, seen through units of `density` pixels: whole, so that
-// every pixel stays a square, and rounded down from what would make the forms as large as on 96 dots.
-int FactorFor(double dpi, double density);
+// How many times as large as at 96 dots per inch forms are by themselves on a display of `dpi` dots per inch,
+// seen through units of `density` pixels: in quarters, rounded down, 1 to 4.
+double OwnScale(double dpi, double density);
+
+// The dots per inch at which forms are so many times as large as at 96.
+int DotsPerInchAt(double scale);
 
 }  // namespace levelwidgets::presenter

@@ -41,14 +41,12 @@ bool ShownPixels::UpdateRow(int y, const std::uint32_t* row, PixelRect& changed)
   return true;
 }
 
-void WriteEnlarged(const std::uint32_t* pixels, int count, int factor, const PixelShifts& shifts,
-                   std::uint32_t* to) {
+void WritePixels(const std::uint32_t* pixels, int count, const PixelShifts& shifts, std::uint32_t* to) {
   for (int i = 0; i < count; ++i) {
     const ColorRef color{pixels[i]};
-    const std::uint32_t native = static_cast<std::uint32_t>(color.red()) << shifts.red |
-                                 static_cast<std::uint32_t>(color.green()) << shifts.green |
-                                 static_cast<std::uint32_t>(color.blue()) << shifts.blue;
-    to = std::fill_n(to, factor, native);
+    to[i] = static_cast<std::uint32_t>(color.red()) << shifts.red |
+            static_cast<std::uint32_t>(color.green()) << shifts.green |
+            static_cast<std::uint32_t>(color.blue()) << shifts.blue;
   }
 }
 

@@ -37,8 +37,7 @@ struct PixelShifts {
   int blue = 0;
 };
 
-// Writes each of `count` pixels (0x00BBGGRR) `factor` times.
-void WriteEnlarged(const std::uint32_t* pixels, int count, int factor, const PixelShifts& shifts,
-                   std::uint32_t* to);
+// Writes `count` pixels (0x00BBGGRR) in the native format.
+void WritePixels(const std::uint32_t* pixels, int count, const PixelShifts& shifts, std::uint32_t* to);
 
 }  // namespace levelwidgets::presenter

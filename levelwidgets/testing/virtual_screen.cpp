@@ -104,6 +104,20 @@ void VirtualScreen::DoAtLast(const std::string& words) const {
   if (!WaitUntil([&] { return Try(words); })) throw std::runtime_error("xdotool cannot " + words);
 }
 
+// As the window manager shows it.
+std::string VirtualScreen::TitleOf(const std::string& beginning) const {
+  const std::string line =
+      "window=$(xdotool search --onlyvisible --name '^" + beginning +
+      "' | tail -n 1) && LC_ALL=C.UTF-8 xprop -notype -id \"$window\" _NET_WM_VISIBLE_NAME";
+  const std::string command = "DISPLAY=" + name_ + "; export DISPLAY; " + line;
+  const std::unique_ptr<FILE, int (*)(FILE*)> output(popen(command.c_str(), "r"), pclose);
+  std::string printed;
+  for (int c = 0; output && (c = std::fgetc(output.get())) != EOF;) printed += static_cast<char>(c);
+  const std::size_t first = printed.find('"');
+  const std::size_t last = printed.rfind('"');
+  return first < last && last != std::string::npos ? printed.substr(first + 1, last - first - 1) : printed;
+}
+
 ColorRef VirtualScreen::At(int x, int y) const {
   const std::uint8_t* pixel =
       file_ + first_pixel_ + static_cast<std::size_t>(y) * row_bytes_ + static_cast<std::size_t>(x) * 4;

@@ -29,6 +29,8 @@ class VirtualScreen {
   void Do(const std::string& words) const;
   // The same again and again until it can be done: what looks for windows fails when one vanishes meanwhile.
   void DoAtLast(const std::string& words) const;
+  // What is in the title bar of the window whose title begins so, UTF-8.
+  std::string TitleOf(const std::string& beginning) const;
   // What surrounds all pixels of that colour now; empty without one.
   PixelRect Find(ColorRef color) const;
   // The same as soon as there are any; empty when none come in time.

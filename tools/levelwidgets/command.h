@@ -14,7 +14,7 @@ namespace levelwidgets {
 
 // Where the value of an option goes. What is there before is its default.
 using OptionValue =
-    std::variant<std::string*, int*, std::uint64_t*, std::optional<int>*, std::vector<std::string>*>;
+    std::variant<std::string*, int*, std::uint64_t*, std::optional<double>*, std::vector<std::string>*>;
 
 struct OptionRules {
   bool required = false;

@@ -33,6 +33,7 @@ class HelpFormatter : public CLI::Formatter {
     label("TEXT", "");
     label("INT", "N");
     label("UINT", "N");
+    label("FLOAT", "N");
     column_width(kNamesWidth);
   }
 
@@ -53,6 +54,21 @@ std::string WhyNoCount(const std::string& text) {
   return text + " is no whole number from 0 to 18446744073709551615";
 }
 
+// What is wrong with a number that may have a fraction; "" for nothing.
+std::string WhyOutside(const std::string& text, const std::pair<int, int>& range) {
+  double number = 0;
+  const bool is_number = CLI::detail::lexical_cast(text, number);
+  if (is_number && number >= range.first && number <= range.second) return "";
+  return text + " is no number from " + std::to_string(range.first) + " to " + std::to_string(range.second);
+}
+
+CLI::Validator InRange(const OptionValue& value, const std::pair<int, int>& range) {
+  if (!std::holds_alternative<std::optional<double>*>(value)) {
+    return CLI::Range(range.first, range.second).description("");
+  }
+  return {[range](const std::string& text) { return WhyOutside(text, range); }, ""};
+}
+
 class ParsedCommand final : public Command {
  public:
   // Leaves in `status` what the command's body returns.
@@ -66,7 +82,7 @@ class ParsedCommand final : public Command {
         std::visit([&](auto* target) { return app_.add_option(names, *target, help); }, value);
     option->required(rules.required);
     if (std::holds_alternative<std::uint64_t*>(value)) option->check(CLI::Validator(WhyNoCount, ""));
-    if (rules.range) option->check(CLI::Range(rules.range->first, rules.range->second).description(""));
+    if (rules.range) option->check(InRange(value, *rules.range));
     if (!rules.choices.empty()) option->check(CLI::IsMember(rules.choices).description(""));
     if (!rules.value_name.empty()) option->type_name(rules.value_name);
     if (rules.shows_default) option->capture_default_str();

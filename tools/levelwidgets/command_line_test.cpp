@@ -56,12 +56,12 @@ TEST_F(CommandLine, ANumberOfThingsIsNeverNegativeNorBeyondItsBits) {
 
 TEST_F(CommandLine, TheScaleOfTheEnvironmentConcernsShowAloneAndIsNamedInItsMessage) {
   OrderForm();
-  for (const char* scale : {"abc", "0", "9", "2x"}) {
+  for (const char* scale : {"abc", "0", "0.9", "8.1", "2x", "1.5.5", "nan", "."}) {
     const std::string environment = std::string("LEVELWIDGETS_SCALE=") + scale;
     const Outcome shown = RunWith(environment, "show order.form.toml");
     EXPECT_EQ(shown.status, 1);
-    EXPECT_EQ(shown.err,
-              std::string("LEVELWIDGETS_SCALE is \"") + scale + "\"; it takes a whole number from 1 to 8\n");
+    EXPECT_EQ(shown.err, std::string("LEVELWIDGETS_SCALE is \"") + scale +
+                             "\"; it takes a number from 1 to 8, such as 1.5\n");
     EXPECT_EQ(RunWith(environment, "check order.form.toml").status, 0);
   }
 }

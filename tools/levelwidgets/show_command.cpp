@@ -1,6 +1,4 @@
-#include <charconv>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
 
 #include <levelwidgets/host/script/lua/interrupt.h>
@@ -24,7 +22,7 @@ struct ShowArguments {
   std::string form;
   bool watch = false;
   bool trust = false;
-  std::optional<int> scale;
+  std::optional<double> scale;
   std::string palette = "light";
 };
 
@@ -80,19 +78,21 @@ class ShownForm {
 };
 
 // Nothing when the environment does not say.
-std::optional<int> ScaleOfEnvironment() {
-  const char* const text = std::getenv(kScaleVariable);
-  if (!text || !*text) return {};
-  int scale = 0;
-  const char* const end = text + std::strlen(text);
-  const auto [stop, error] = std::from_chars(text, end, scale);
-  if (error == std::errc() && stop == end && scale >= kLeastScale && scale <= kMostScale) return scale;
-  throw Error(kInvalidCall, "LevelWidgets",
-              std::string(kScaleVariable) + " is \"" + text + "\"; it takes a whole number from 1 to 8");
+std::optional<double> ScaleOfEnvironment() {
+  const char* const value = std::getenv(kScaleVariable);
+  const std::string text = value ? value : "";
+  if (text.empty()) return {};
+  const bool is_number = text.find_first_not_of("0123456789.") == std::string::npos;
+  char* stop = nullptr;
+  const double scale = is_number ? std::strtod(text.c_str(), &stop) : 0;
+  if (is_number && *stop == '\0' && scale >= kLeastScale && scale <= kMostScale) return scale;
+  throw Error(
+      kInvalidCall, "LevelWidgets",
+      std::string(kScaleVariable) + " is \"" + text + "\"; it takes a number from 1 to 8, such as 1.5");
 }
 
 int Show(const ShowArguments& arguments) {
-  const std::optional<int> scale = arguments.scale ? arguments.scale : ScaleOfEnvironment();
+  const std::optional<double> scale = arguments.scale ? arguments.scale : ScaleOfEnvironment();
   const auto windows = NativeWindows::Open({.scale = scale, .palette = arguments.palette});
   Platform& platform = windows->GetPlatform();
   FileWatch watch(arguments.form);
@@ -132,9 +132,11 @@ void AddShowCommand(Program& program) {
                   "Load the form again whenever its file or a script beside it changes");
   AddTrustOption(command, given->trust);
 #ifndef _WIN32
-  command.AddOption("--scale", &given->scale,
-                    "Pixels of the screen for each of the form's, 1 to 8; else what LEVELWIDGETS_SCALE says",
-                    {.range = {{kLeastScale, kMostScale}}});
+  command.AddOption(
+      "--scale", &given->scale,
+      "How many times as large forms are as at 96 dots per inch, 1 to 8, such as 1.5; else what "
+      "LEVELWIDGETS_SCALE says, else what suits the display",
+      {.range = {{kLeastScale, kMostScale}}});
   AddPaletteOption(command, given->palette);
 #endif
   command.SetBody([given] { return RunInterruptibly([&] { return ShowOrSuggestPicture(*given); }); });

@@ -213,6 +213,42 @@ TEST_F(ShowCommand, LeavingTheWindowShowsTheNormalColoursAgain) {
   EXPECT_TRUE(Screen().WaitWithout(kLast));
 }
 
+// The pointer jumps, as that of a touch screen does, and its moves wait for a slow handler.
+TEST_F(ShowCommand, EveryClickArrivesHoweverSlowTheHandlerIs) {
+  Show(
+      "local cmdOther = form:add('FlatButton', 'cmdOther', { Left = 1800, Top = 1050, Width = 1200,\n"
+      "  Height = 450, BackColor = 0x00332200, BackColorMouseOver = 0x00332200,\n"
+      "  BackColorPushed = 0x00332200 })\n"
+      "cmdOther:ZOrder(0)\n"
+      "local clicks, former = 0, nil\n"
+      "local function click(button)\n"
+      "  local due = os.clock() + 0.15\n"
+      "  while os.clock() < due do end\n"
+      "  if former ~= button then clicks, former = clicks + 1, button end\n"
+      "  if clicks == 20 then state(kAfter) end\n"
+      "end\n"
+      "cmdSave:on('Click', function() click(cmdSave) end)\n"
+      "cmdOther:on('Click', function() click(cmdOther) end)");
+  const PixelRect other = Screen().WaitFor({0x00332200});
+  const std::string both =
+      " mousemove " + Middle(button_) + " click 1 mousemove " + Middle(other) + " click 1";
+  std::string words;
+  for (int i = 0; i < 10; ++i) words += both;
+  Screen().Do(words);
+  EXPECT_TRUE(Shows(kAfter)) << Errors();
+}
+
+TEST_F(ShowCommand, WhatIsSelectedInOneBoxTheMiddleButtonInsertsInAnother) {
+  Show(
+      "txtNote.Text = 'one\\r\\ntwo'\n"
+      "local txtOther = form:add('FlatTextBox', 'txtOther', { Left = 300, Top = 2550, Width = 2700,\n"
+      "  Height = 375, BackColor = 0x00FFC0FF })\n"
+      "txtOther:on('Change', function() if txtOther.Text == 'one' then state(kAfter) end end)");
+  Screen().Do("mousemove " + Middle(Screen().WaitFor({0x00C0FFFF})) + " click 1 key ctrl+Home shift+End");
+  Screen().Do("mousemove " + Middle(Screen().WaitFor({0x00FFC0FF})) + " click 2");
+  EXPECT_TRUE(Shows(kAfter)) << Errors();
+}
+
 // --- Windows -----------------------------------------------------------------------------------
 
 TEST_F(ShowCommand, ResizingTheWindowRaisesTheFormsResize) {
@@ -255,6 +291,12 @@ TEST_F(ShowCommand, TheProgramMovesResizesAndRetitlesItsWindow) {
   EXPECT_TRUE(WaitUntil([] { return Screen().Find(kForm).width() == 400; }));
   EXPECT_EQ(Screen().Find(kForm).height(), 280);
   Screen().DoAtLast("search --sync --name Longer");
+}
+
+// In the C locale, in which the program runs here.
+TEST_F(ShowCommand, TitlesAreInAnyLanguage) {
+  Show("form.Caption = 'Order – Größe Ж 日本'");
+  EXPECT_EQ(Screen().TitleOf("Order"), "Order – Größe Ж 日本");
 }
 
 TEST_F(ShowCommand, AFormStandsWhereItsScriptPlacesIt) {
@@ -320,12 +362,15 @@ TEST_F(ShowCommand, TheProgramEndsWithItsLastForm) {
   EXPECT_EQ(program_->Ended(), 0) << Errors();
 }
 
-TEST_F(ShowCommand, EachPixelMayBeASquare) {
+TEST_F(ShowCommand, AtTwiceTheScaleAFormIsTwiceAsLargeAndDrawnInAllItsPixels) {
   Show("function cmdSave_Click() state(kAfter) end", {"--scale", "2"});
   const PixelRect form = Screen().Find(kForm);
   EXPECT_EQ(form.width(), 600);
   EXPECT_EQ(form.height(), 400);
-  EXPECT_EQ(button_.width(), 2 * 78);
+  // A button of 160 by 60 pixels at 40, 40, inside a border of one pixel.
+  EXPECT_EQ(button_.left - form.left, 41);
+  EXPECT_EQ(button_.width(), 158);
+  EXPECT_EQ(button_.height(), 58);
   // The last of the button's pixels, and the first beside it.
   const std::string row = " " + std::to_string(button_.bottom - 1);
   Screen().Do("mousemove " + std::to_string(button_.right + 4) + row + " click 1");
@@ -333,6 +378,15 @@ TEST_F(ShowCommand, EachPixelMayBeASquare) {
   EXPECT_FALSE(Screen().Find(kBefore).empty());
   Screen().Do("click 1");
   EXPECT_TRUE(Shows(kAfter));
+}
+
+TEST_F(ShowCommand, AScaleMayHaveAFraction) {
+  Show("", {"--scale", "1.75"});
+  const PixelRect form = Screen().Find(kForm);
+  EXPECT_EQ(form.width(), 525);
+  EXPECT_EQ(form.height(), 350);
+  EXPECT_EQ(button_.left - form.left, 36);
+  EXPECT_EQ(button_.width(), 138);
 }
 
 // --- Ends and errors -----------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 
 #include <levelwidgets/frame/input.h>
 #include <levelwidgets/frame/paint.h>
+#include <levelwidgets/host/form/form_scale.h>
 
 namespace levelwidgets {
 
@@ -131,34 +132,34 @@ void Form::SetCaption(std::string caption) {
 
 // Where Left and Top say; in the middle where they say nothing.
 void Form::PlaceWindow() {
-  ScreenApi& screen = platform_.Screen();
+  const FormScale scale(platform_.Screen());
   const PixelRect rect = ScreenRect();
-  const PixelSize size = screen.Size();
+  const PixelSize size = platform_.Screen().Size();
   PixelPoint place{std::max(0, (size.width - rect.width()) / 2),
                    std::max(0, (size.height - rect.height()) / 2)};
-  if (options_.left) place.x = ToPixels(*options_.left, screen.TwipsPerPixelX());
-  if (options_.top) place.y = ToPixels(*options_.top, screen.TwipsPerPixelY());
+  if (options_.left) place.x = scale.PixelsX(*options_.left);
+  if (options_.top) place.y = scale.PixelsY(*options_.top);
   MoveTo(place);
 }
 
 Twips Form::Left() const {
-  return options_.left.value_or(ToTwips(ScreenRect().left, platform_.Screen().TwipsPerPixelX()));
+  return options_.left.value_or(FormScale(platform_.Screen()).TwipsX(ScreenRect().left));
 }
 
 void Form::SetLeft(Twips left) {
   CheckPlace(left);
   options_.left = left;
-  MoveTo({ToPixels(left, platform_.Screen().TwipsPerPixelX()), ScreenRect().top});
+  MoveTo({FormScale(platform_.Screen()).PixelsX(left), ScreenRect().top});
 }
 
 Twips Form::Top() const {
-  return options_.top.value_or(ToTwips(ScreenRect().top, platform_.Screen().TwipsPerPixelY()));
+  return options_.top.value_or(FormScale(platform_.Screen()).TwipsY(ScreenRect().top));
 }
 
 void Form::SetTop(Twips top) {
   CheckPlace(top);
   options_.top = top;
-  MoveTo({ScreenRect().left, ToPixels(top, platform_.Screen().TwipsPerPixelY())});
+  MoveTo({ScreenRect().left, FormScale(platform_.Screen()).PixelsY(top)});
 }
 
 void Form::SetSize(TwipSize size) {
@@ -171,8 +172,8 @@ void Form::SetSize(TwipSize size) {
                 "The form would be too large: Width and Height are at most 1000000000 twips");
   }
   options_.size = size;
-  const PixelRect client{0, 0, ToPixels(size.width, platform_.Screen().TwipsPerPixelX()),
-                         ToPixels(size.height, platform_.Screen().TwipsPerPixelY())};
+  const FormScale scale(platform_.Screen());
+  const PixelRect client{0, 0, scale.PixelsX(size.width), scale.PixelsY(size.height)};
   const PixelRect outer = platform_.Windows().AdjustWindowRectEx(client, kStyle, 0);
   sizing_ = true;
   platform_.Windows().SetWindowPos(window_, {}, {0, 0, outer.width(), outer.height()},
@@ -389,11 +390,9 @@ bool Form::Minimised() const {
 void Form::ClientMoved() {
   if (Minimised()) return;
   const PixelRect rect = ScreenRect();
-  const auto follow = [](std::optional<Twips>& place, int pixels, float twips_per_pixel) {
-    if (place && ToPixels(*place, twips_per_pixel) != pixels) place = ToTwips(pixels, twips_per_pixel);
-  };
-  follow(options_.left, rect.left, platform_.Screen().TwipsPerPixelX());
-  follow(options_.top, rect.top, platform_.Screen().TwipsPerPixelY());
+  const FormScale scale(platform_.Screen());
+  if (options_.left && scale.PixelsX(*options_.left) != rect.left) options_.left = scale.TwipsX(rect.left);
+  if (options_.top && scale.PixelsY(*options_.top) != rect.top) options_.top = scale.TwipsY(rect.top);
 }
 
 // The twips that were asked for stay as they are while the window has the pixels that it got for them, which
@@ -405,8 +404,8 @@ void Form::ClientResized() {
   }
   const PixelSize now = ClientSize();
   if (!sizing_ && now != client_size_) {
-    options_.size = {ToTwips(now.width, platform_.Screen().TwipsPerPixelX()),
-                     ToTwips(now.height, platform_.Screen().TwipsPerPixelY())};
+    const FormScale scale(platform_.Screen());
+    options_.size = {scale.TwipsX(now.width), scale.TwipsY(now.height)};
   }
   client_size_ = now;
   for (const auto& control : std::vector(controls_)) control->FollowForm();

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include <levelwidgets/host/form/form.h>
+#include <levelwidgets/host/form/form_scale.h>
 
 namespace levelwidgets {
 
@@ -70,9 +71,10 @@ void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
   position_ = place.position;
   size_ = size;
   NotePlace();
-  control->Start(saved, position_, size_);
+  const TwipPlace given = FormScale(platform_.Screen()).ForControl(position_, size_);
+  control->Start(saved, given.position, given.size);
   ZOrder(0);  // what is added later covers what was there
-  if (control_) control_->Show(visible_);
+  if (control_) control_->GetSurface().SetVisible(visible_);
 }
 
 void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
@@ -104,7 +106,7 @@ void HostedControl::Detach() {
 void HostedControl::SetVisible(bool visible) {
   visible_ = visible;
   // Whoever gets the focus in its place may remove it.
-  if (const auto control = control_) control->Show(visible);
+  if (const auto control = control_) control->GetSurface().SetVisible(visible);
 }
 
 bool HostedControl::CanTakeInput() const { return control_ && visible_ && control_->GetSurface().Enabled(); }
@@ -131,7 +133,13 @@ void HostedControl::Move(TwipPoint position, TwipSize size) {
   position_ = position;
   size_ = size;
   NotePlace();
-  if (const auto control = control_) control->Move(position, size);
+  PlaceControl();
+}
+
+void HostedControl::PlaceControl() {
+  const auto control = control_;  // which may remove itself
+  const TwipPlace given = FormScale(platform_.Screen()).ForControl(position_, size_);
+  if (control) control->Move(given.position, given.size);
 }
 
 // --- Anchors ---------------------------------------------------------------------------------------
@@ -150,13 +158,12 @@ void HostedControl::NotePlace() {
 }
 
 void HostedControl::FollowForm() {
-  const auto control = control_;
-  if (!form_ || !control || !(anchors_.right || anchors_.bottom)) return;
+  if (!form_ || !control_ || !(anchors_.right || anchors_.bottom)) return;
   const Span across = across_.On(form_->Width(), anchors_.left, anchors_.right);
   const Span down = down_.On(form_->Height(), anchors_.top, anchors_.bottom);
   position_ = {across.start, down.start};
   size_ = {across.length, down.length};
-  control->Move(position_, size_);
+  PlaceControl();
 }
 
 // --- Focus -----------------------------------------------------------------------------------------

@@ -125,6 +125,7 @@ class HostedControl : public Object, public ControlSite, public std::enable_shar
   // The form's inner size has changed.
   void FollowForm();
   void NotePlace();
+  void PlaceControl();
   void CheckPlace(TwipPoint position, TwipSize size) const;
   // From now on the form has nothing from the control, nor the control from the form.
   void Disconnect();

@@ -5,6 +5,7 @@
 
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/controls/label/flat_label.h>
+#include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/form/modal.h>
 
 namespace levelwidgets {
@@ -55,13 +56,12 @@ FlatLabel& AddText(Form& form, const std::string& name, std::string_view text, c
 
 class Ruler {
  public:
-  explicit Ruler(const Surface& surface)
-      : surface_(surface), twips_(surface.GetPlatform().Screen().TwipsPerPixelX()) {}
+  explicit Ruler(const Surface& surface) : surface_(surface), scale_(surface.GetPlatform().Screen()) {}
 
   float WidthOf(std::string_view text) const {
     PixelSize size;
     surface_.Drawing().GetTextExtentPoint32A(surface_.hDC(), text, size);
-    return static_cast<float>(size.width) * twips_;
+    return scale_.TwipsX(size.width).value;
   }
   // The beginning of `text` that fits on a line: whole words, or what fits of a long one.
   std::size_t FittingLength(std::string_view text) const {
@@ -87,7 +87,7 @@ class Ruler {
   }
 
   const Surface& surface_;
-  float twips_;
+  FormScale scale_;
 };
 
 std::vector<std::string> LinesOf(std::string_view text, const Ruler& ruler) {

@@ -1,8 +1,10 @@
 #include <levelwidgets/host/monkey/session.h>
 
 #include <levelwidgets/controls/registry.h>
+#include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/monkey/exceptions.h>
+#include <levelwidgets/platform/hand.h>
 
 namespace levelwidgets::monkey {
 
@@ -152,18 +154,21 @@ bool Session::Do(const Event& event) {
 
 bool Session::DoPointer(const Event& event) {
   switch (event.kind) {
-    case EventKind::kMove: desktop_.MovePointer({Whole(event, 0), Whole(event, 1)}); break;
+    case EventKind::kMove:
+      MoveByHand(desktop_, desktop_.Windows(), {Whole(event, 0), Whole(event, 1)});
+      break;
     case EventKind::kMoveTo: {
+      const FormScale scale(desktop_.Screen());
       WindowHandle window = form_->hWnd();
+      PixelPoint point = scale.OnForm(PlaceOf(event));
       if (!event.control.empty()) {
         const auto hosted = form_->Find(event.control);
         if (!hosted) return false;
         window = hosted->GetControl()->GetSurface().hWnd();
+        point = scale.InControl(PlaceOf(event));
       }
-      PixelPoint point{ToPixels(PlaceOf(event).x, desktop_.Screen().TwipsPerPixelX()),
-                       ToPixels(PlaceOf(event).y, desktop_.Screen().TwipsPerPixelY())};
       desktop_.Windows().ClientToScreen(window, point);
-      desktop_.MovePointer(point);
+      MoveByHand(desktop_, desktop_.Windows(), point);
       break;
     }
     case EventKind::kPress: desktop_.Press(Whole(event, 0)); break;

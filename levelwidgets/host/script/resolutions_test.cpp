@@ -1,7 +1,9 @@
 // Forms at other resolutions than 96 dots per inch.
 #include <gtest/gtest.h>
 
+#include <levelwidgets/controls/label/flat_label.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/platform/memory/desktop.h>
 
 namespace levelwidgets {
 namespace {
@@ -17,9 +19,8 @@ local bar = f:add("FlatScroll", "bar", { Left=300, Top=300, Width=255, Height=30
 f:show()
 local left, top, right, bottom = d:rect(bar)
 local rows = bottom - top
-local twips = math.tointeger(math.floor(1440 / DPI + 0.5))
-if 1440 / DPI == 7.5 then twips = 8 end
-assert(rows == 3000 // twips, "rows")
+local twips = math.ceil(1440 / DPI)
+assert(rows == 3000 * DPI // 1440, "rows")
 local length = 200 // twips
 local steps = { [-2]=0, [2]=0 }
 for row = 0, rows - 1 do
@@ -31,8 +32,8 @@ for row = 0, rows - 1 do
   local step = bar.Value - 50
   local place = "row " .. row .. " of " .. rows .. " steps by " .. step
   if row < length then assert(step == -2, place) end
-  if row > 2800 // twips then assert(step == 2, place) end
-  if row > length and row < 2800 // twips then assert(step ~= 2 and step ~= -2, place) end
+  if row > rows - length then assert(step == 2, place) end
+  if row > length and row < rows - length then assert(step ~= 2 and step ~= -2, place) end
   steps[step] = (steps[step] or 0) + 1
 end
 assert(steps[-2] >= length and steps[2] >= length - 1, "steps")
@@ -49,20 +50,83 @@ TEST_P(ResolutionsTest, EveryRowOfADrawnArrowButtonSteps) {
 }
 
 INSTANTIATE_TEST_SUITE_P(DotsPerInch, ResolutionsTest,
-                         ::testing::Values(72, 96, 120, 144, 168, 192, 216, 240));
+                         ::testing::Values(72, 96, 120, 144, 168, 170, 192, 216, 240, 264));
 
-// A form of so many twips has so many pixels, whatever the inches.
-TEST(Resolutions, AFormsPixelsAreItsTwipsDividedByWholeTwipsToThePixel) {
-  for (const auto& [dpi, width, height] :
-       {std::tuple{96, 600, 400}, {168, 1000, 666}, {192, 1125, 750}, {216, 1285, 857}}) {
+TEST(Resolutions, AFormIsAsManyInchesAtEachOfThem) {
+  for (const auto& [dpi, width, height] : {std::tuple{72, 450, 300},
+                                           {96, 600, 400},
+                                           {120, 750, 500},
+                                           {168, 1050, 700},
+                                           {192, 1200, 800},
+                                           {216, 1350, 900}}) {
     ScriptHost host;
     host.RunText("local d = lw.desktop{ width=2000, height=1500, dpi=" + std::to_string(dpi) +
                      " } local f = lw.form{ Name='frm', Width=9000, Height=6000 }"
                      " local b = f:add('FlatLabel', 'l', { Width=9000, Height=6000 }) f:show()"
                      " local left, top, right, bottom = d:rect(b) assert(right - left == " +
                      std::to_string(width) + " and bottom - top == " + std::to_string(height) +
-                     ", (right - left) .. ' by ' .. (bottom - top))",
+                     ", (right - left) .. ' by ' .. (bottom - top))"
+                     " assert(f.Width == 9000 and b.Width == 9000)",
                  "pixels.lua");
+  }
+}
+
+// Where a control's own length would leave a pixel between it and the next one, or cover one.
+TEST(Resolutions, NeighboursMeetAtEachOfThem) {
+  for (const int dpi : {72, 96, 106, 120, 144, 168, 192, 216, 240, 300}) {
+    ScriptHost host;
+    host.RunText("local d = lw.desktop{ width=4000, height=1500, dpi=" + std::to_string(dpi) + R"lua( }
+      local f = lw.form{ Name='frm', Width=9000, Height=6000 }
+      local former, before
+      for i = 0, 30 do
+        local at = 15 * 19 * i
+        local b = f:add('FlatLabel', 'l' .. i, { Left=at, Top=15 * 7 * i, Width=15 * 19, Height=15 * 7 })
+        f:show()
+        local left, top, right, bottom = d:rect(b)
+        if former then assert(left == former and top == before, i .. ': ' .. left .. ' after ' .. former) end
+        former, before = right, bottom
+      end)lua",
+                 "neighbours.lua");
+  }
+}
+
+TEST(Resolutions, APlaceInAFormIsThatOfItsControls) {
+  for (const int dpi : {96, 168, 192}) {
+    ScriptHost host;
+    host.RunText("local d = lw.desktop{ width=4000, height=1500, dpi=" + std::to_string(dpi) + R"lua( }
+      local f = lw.form{ Name='frm', Width=9000, Height=6000 }
+      local b = f:add('FlatButton', 'b', { Left=6000, Top=4500, Width=1500, Height=450 })
+      f:show()
+      local clicks = 0
+      b:on('Click', function() clicks = clicks + 1 end)
+      for _, corner in ipairs{ { 6000, 4500 }, { 7499 - 10, 4949 - 10 } } do
+        d:move_to(f, table.unpack(corner))
+        d:click()
+      end
+      d:move_to(f, 5999 - 10, 4500)
+      d:click()
+      assert(clicks == 2, clicks)
+      f.Left, f.Top = lw.screen().Width - f.Width, 0
+      local left, top, right = d:rect(f)
+      assert(right == 4000 + 2, right))lua",
+                 "place.lua");
+  }
+}
+
+// What is drawn in a control is as large beside it as at 96.
+TEST(Resolutions, TextsThatFitAtNinetySixFitAtEachOfThem) {
+  const auto width_at = [](int dpi) {
+    memory::Desktop desktop({.dpi_x = dpi, .dpi_y = dpi});
+    const auto form = Form::Create(desktop, {.size = {Twips(9000), Twips(6000)}});
+    FlatLabel& label = form->Add<FlatLabel>("lbl", {{Twips(), Twips()}, {{Twips(3000), Twips(300)}}});
+    PixelSize text;
+    desktop.Drawing().GetTextExtentPoint32A(label.GetSurface().hDC(), "A caption of some length", text);
+    return static_cast<double>(text.width) / label.GetSurface().ClientPixels().width();
+  };
+  const double fits = width_at(96);
+  for (const int dpi : {100, 120, 144, 168, 170, 192, 216, 240, 264, 336}) {
+    EXPECT_LT(width_at(dpi), fits * 1.03) << dpi;
+    EXPECT_GT(width_at(dpi), fits * 0.85) << dpi;
   }
 }
 

@@ -20,8 +20,8 @@ std::vector<PixelRect> MonitorsOf(const DesktopOptions& options) {
 
 DrawingOptions DrawingOptionsOf(const DesktopOptions& options, PixelSize screen) {
   DrawingOptions drawing;
-  drawing.dpi_x = options.dpi_x;
-  drawing.dpi_y = options.dpi_y;
+  drawing.dpi_x = TextDotsPerInch(options.dpi_x);
+  drawing.dpi_y = TextDotsPerInch(options.dpi_y);
   drawing.screen = screen;
   drawing.code_page = options.code_page;
   drawing.palette = options.palette;

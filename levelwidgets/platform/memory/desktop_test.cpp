@@ -22,8 +22,8 @@ TEST_F(DesktopTest, TheScreenIsAsTheOptionsSay) {
 }
 
 TEST_F(DesktopTest, TheScreenHandsOutWholeTwipsToThePixel) {
-  const std::map<int, float> twips_at = {{72, 20}, {96, 15}, {120, 12}, {144, 10}, {168, 9}, {192, 8},
-                                         {216, 7}, {240, 6}, {576, 2},  {1500, 1}, {5000, 1}};
+  const std::map<int, float> twips_at = {{72, 20}, {96, 15}, {120, 12}, {144, 10}, {168, 9},  {192, 8},
+                                         {216, 7}, {240, 6}, {264, 6},  {576, 3},  {1500, 1}, {5000, 1}};
   for (const auto& [dpi, twips] : twips_at) {
     Desktop one({.dpi_x = dpi, .dpi_y = 96});
     EXPECT_EQ(one.Screen().TwipsPerPixelX(), twips) << dpi;

@@ -18,8 +18,6 @@ class MemoryScreen final : public ScreenApi {
 
   // --- For the desktop -----------------------------------------------------------------------
 
-  int DpiX() const { return dpi_x_; }
-  int DpiY() const { return dpi_y_; }
   const std::vector<PixelRect>& Areas() const { return monitors_; }
   bool Contains(PixelPoint point) const;
   // Of the monitor that `point` is on, or else the nearest one.
@@ -34,6 +32,7 @@ class MemoryScreen final : public ScreenApi {
   std::vector<Monitor> Monitors() override;
   float TwipsPerPixelX() override { return WholeTwipsPerPixel(dpi_x_); }
   float TwipsPerPixelY() override { return WholeTwipsPerPixel(dpi_y_); }
+  PixelSize DotsPerInch() override { return {dpi_x_, dpi_y_}; }
 
  private:
   std::vector<PixelRect> monitors_;

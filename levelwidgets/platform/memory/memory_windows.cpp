@@ -30,11 +30,11 @@ MemoryWindows::MemoryWindows(MemoryScreen& screen, MemoryDrawing& drawing, Memor
     : screen_(screen),
       drawing_(drawing),
       clock_(clock),
-      frame_(drawing, screen.DpiX(), screen.DpiY()),
+      frame_(drawing, screen.DotsPerInch()),
       tree_(screen.Size()) {
   // As small as its caption, and as large as the screen with the frame around it.
   const FrameWidths frame = frame_.Widths(kWsCaption);
-  smallest_ = {drawing.MulDiv(kSmallestWidth, screen.DpiX(), 96), frame.top + frame.bottom};
+  smallest_ = {drawing.MulDiv(kSmallestWidth, screen.DotsPerInch().width, 96), frame.top + frame.bottom};
   largest_ = {screen.Size().width + frame.left + frame.right,
               screen.Size().height + frame.top + frame.bottom};
 }

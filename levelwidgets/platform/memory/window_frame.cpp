@@ -5,6 +5,7 @@ namespace levelwidgets::memory {
 namespace {
 
 constexpr int kCaptionHeight = 22;  // at 96 dots per inch, without the border above
+constexpr int kTitleHeight = 16;
 constexpr int kTitleMargin = 6;
 
 bool HasCaption(std::uint32_t style) { return (style & kWsCaption) == kWsCaption; }
@@ -49,10 +50,12 @@ std::uint32_t CompletedStyle(std::uint32_t style) {
   return style | kWsClipSiblings;
 }
 
-WindowFrame::WindowFrame(MemoryDrawing& drawing, int dpi_x, int dpi_y)
+WindowFrame::WindowFrame(MemoryDrawing& drawing, PixelSize dots_per_inch)
     : drawing_(drawing),
-      caption_height_(drawing.MulDiv(kCaptionHeight, dpi_y, 96)),
-      box_width_(drawing.MulDiv(kCaptionHeight, dpi_x, 96)) {}
+      caption_height_(drawing.MulDiv(kCaptionHeight, dots_per_inch.height, 96)),
+      box_width_(drawing.MulDiv(kCaptionHeight, dots_per_inch.width, 96)),
+      title_height_(drawing.MulDiv(kTitleHeight, dots_per_inch.height, 96)),
+      title_margin_(drawing.MulDiv(kTitleMargin, dots_per_inch.width, 96)) {}
 
 FrameWidths WindowFrame::Widths(std::uint32_t style) const {
   if (HasCaption(style)) return {1, 1 + caption_height_, 1, 1};
@@ -128,11 +131,22 @@ void WindowFrame::DrawCaption(DcHandle dc, const Window& window, bool active) {
   for (const BoxStyle& box : kBoxes) {
     if (const PixelRect place = Box(window, box.part); !place.empty()) title.right = place.left;
   }
-  title.left += kTitleMargin;
+  title.left += title_margin_;
   drawing_.SetTextColor(dc, color);
-  if (!title.empty()) {
-    drawing_.DrawTextA(dc, window.title, title, kDtSingleLine | kDtVCenter | kDtNoPrefix);
-  }
+  if (!title.empty()) DrawTitle(dc, window.title, title);
+}
+
+// In the system's font, as large as the resolution wants it.
+void WindowFrame::DrawTitle(DcHandle dc, std::string_view text, PixelRect place) {
+  FontRequest request;
+  request.height = title_height_;
+  request.weight = kFontWeightBold;
+  request.face_name = "System";
+  const ObjectHandle font = drawing_.CreateFontA(request);
+  const ObjectHandle font_before = drawing_.SelectObject(dc, font);
+  drawing_.DrawTextA(dc, text, place, kDtSingleLine | kDtVCenter | kDtNoPrefix);
+  drawing_.SelectObject(dc, font_before);
+  drawing_.DeleteObject(font);
 }
 
 // A cross of two strokes, an open square (two of them once the window is maximised), a line.
@@ -157,7 +171,7 @@ void WindowFrame::DrawSign(DcHandle dc, FramePart part, const PixelRect& box, bo
     drawing_.MoveTo(dc, {square.left, square.bottom - 1});
     drawing_.LineTo(dc, {square.right, square.bottom - 1});
   } else if (part == FramePart::kMaximizeBox) {
-    if (maximized) drawing_.Rectangle(dc, square.Offset(2, -2));
+    if (maximized) drawing_.Rectangle(dc, square.Offset(arm / 2, -arm / 2));
     drawing_.Rectangle(dc, square);
   } else {
     drawing_.MoveTo(dc, {square.left, square.top});

@@ -25,7 +25,7 @@ std::uint32_t CompletedStyle(std::uint32_t style);
 
 class WindowFrame {
  public:
-  WindowFrame(MemoryDrawing& drawing, int dpi_x, int dpi_y);
+  WindowFrame(MemoryDrawing& drawing, PixelSize dots_per_inch);
 
   // What a caption or border of `style` takes; whole pixels of the screen's resolution.
   FrameWidths Widths(std::uint32_t style) const;
@@ -43,12 +43,15 @@ class WindowFrame {
   void Fill(DcHandle dc, const PixelRect& rect, int system_color);
   void DrawBorder(DcHandle dc, const Window& window);
   void DrawCaption(DcHandle dc, const Window& window, bool active);
+  void DrawTitle(DcHandle dc, std::string_view text, PixelRect place);
   void DrawBoxes(DcHandle dc, const Window& window, ColorRef color);
   void DrawSign(DcHandle dc, FramePart part, const PixelRect& box, bool maximized);
 
   MemoryDrawing& drawing_;
   int caption_height_;
   int box_width_;
+  int title_height_;  // of its letters' cells
+  int title_margin_;
 };
 
 }  // namespace levelwidgets::memory

@@ -47,6 +47,7 @@ class TracingScreen final : public ScreenApi {
   std::vector<Monitor> Monitors() override { return log_.Pass("Monitors", target_, &ScreenApi::Monitors); }
   float TwipsPerPixelX() override { return log_.Pass("TwipsPerPixelX", target_, &ScreenApi::TwipsPerPixelX); }
   float TwipsPerPixelY() override { return log_.Pass("TwipsPerPixelY", target_, &ScreenApi::TwipsPerPixelY); }
+  PixelSize DotsPerInch() override { return log_.Pass("DotsPerInch", target_, &ScreenApi::DotsPerInch); }
 
  private:
   ScreenApi& target_;

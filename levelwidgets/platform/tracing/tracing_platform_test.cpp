@@ -110,6 +110,7 @@ class FakeScreen : public ScreenApi {
   MOCK_METHOD(std::vector<Monitor>, Monitors, (), (override));
   MOCK_METHOD(float, TwipsPerPixelX, (), (override));
   MOCK_METHOD(float, TwipsPerPixelY, (), (override));
+  MOCK_METHOD(PixelSize, DotsPerInch, (), (override));
 };
 
 class FakeConversions : public ConversionApi {

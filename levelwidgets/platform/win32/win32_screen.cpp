@@ -7,11 +7,11 @@
 namespace levelwidgets::win32 {
 namespace {
 
-float TwipsPerPixel(int dots_per_inch_index) {
+PixelSize FindDotsPerInch() {
   const HDC screen = ::GetDC(nullptr);
-  const int dots_per_inch = ::GetDeviceCaps(screen, dots_per_inch_index);
+  const PixelSize dots_per_inch{::GetDeviceCaps(screen, LOGPIXELSX), ::GetDeviceCaps(screen, LOGPIXELSY)};
   ::ReleaseDC(nullptr, screen);
-  return WholeTwipsPerPixel(dots_per_inch);
+  return dots_per_inch;
 }
 
 BOOL CALLBACK NoteMonitor(HMONITOR handle, HDC, RECT*, LPARAM found) {
@@ -35,8 +35,10 @@ std::vector<Monitor> Win32Screen::Monitors() {
 
 PixelSize Win32Screen::Size() { return {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}; }
 
-float Win32Screen::TwipsPerPixelX() { return TwipsPerPixel(LOGPIXELSX); }
+float Win32Screen::TwipsPerPixelX() { return WholeTwipsPerPixel(FindDotsPerInch().width); }
 
-float Win32Screen::TwipsPerPixelY() { return TwipsPerPixel(LOGPIXELSY); }
+float Win32Screen::TwipsPerPixelY() { return WholeTwipsPerPixel(FindDotsPerInch().height); }
+
+PixelSize Win32Screen::DotsPerInch() { return FindDotsPerInch(); }
 
 }  // namespace levelwidgets::win32

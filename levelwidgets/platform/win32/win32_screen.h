@@ -11,6 +11,7 @@ class Win32Screen final : public ScreenApi {
   std::vector<Monitor> Monitors() override;
   float TwipsPerPixelX() override;
   float TwipsPerPixelY() override;
+  PixelSize DotsPerInch() override;
 };
 
 }  // namespace levelwidgets::win32

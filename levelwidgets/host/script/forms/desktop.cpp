@@ -1,5 +1,6 @@
 #include <levelwidgets/host/script/forms/desktop.h>
 
+#include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/script/forms/desktop_settings.h>
 #include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
@@ -9,6 +10,7 @@
 #include <levelwidgets/host/script/members/objects.h>
 #include <levelwidgets/host/script/sandbox/sandbox.h>
 #include <levelwidgets/host/script/values/values.h>
+#include <levelwidgets/platform/hand.h>
 
 namespace levelwidgets {
 
@@ -40,19 +42,20 @@ WindowHandle WindowAt(lua_State* L, int index) {
 
 // --- Pointer ---------------------------------------------------------------------------------------
 
+void MovePointer(lua_State* L, PixelPoint screen) { MoveByHand(CheckDesktop(L), CheckWindows(L), screen); }
+
 int Move(lua_State* L) {
-  CheckDesktop(L).MovePointer({IntegerAt(L, 2), IntegerAt(L, 3)});
+  MovePointer(L, {IntegerAt(L, 2), IntegerAt(L, 3)});
   return 0;
 }
 
 int MoveTo(lua_State* L) {
-  const auto pixels = [L](int index, float twips_per_pixel) {
-    return ToPixels(Twips(static_cast<float>(luaL_checknumber(L, index))), twips_per_pixel);
-  };
-  ScreenApi& screen = CheckScreen(L);
-  PixelPoint point{pixels(3, screen.TwipsPerPixelX()), pixels(4, screen.TwipsPerPixelY())};
+  const TwipPoint place{Twips(static_cast<float>(luaL_checknumber(L, 3))),
+                        Twips(static_cast<float>(luaL_checknumber(L, 4)))};
+  const FormScale scale(CheckScreen(L));
+  PixelPoint point = FormAt(L, 2) ? scale.OnForm(place) : scale.InControl(place);
   CheckWindows(L).ClientToScreen(WindowAt(L, 2), point);
-  CheckDesktop(L).MovePointer(point);
+  MovePointer(L, point);
   return 0;
 }
 
@@ -75,12 +78,16 @@ int Release(lua_State* L) {
 }
 
 int Click(lua_State* L) {
-  CheckDesktop(L).Click(PointAt(L, 2));
+  const PixelPoint point = PointAt(L, 2);
+  MovePointer(L, point);
+  CheckDesktop(L).Click(point);
   return 0;
 }
 
 int DoubleClick(lua_State* L) {
-  CheckDesktop(L).DoubleClick(PointAt(L, 2));
+  const PixelPoint point = PointAt(L, 2);
+  MovePointer(L, point);
+  CheckDesktop(L).DoubleClick(point);
   return 0;
 }
 

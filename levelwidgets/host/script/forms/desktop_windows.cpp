@@ -1,5 +1,6 @@
 #include <levelwidgets/host/script/forms/desktop_windows.h>
 
+#include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/script/forms/desktop.h>
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/lua/error.h>
@@ -94,12 +95,14 @@ void AddDesktopWindowMethods(lua_State* L) { AddScriptMethods(L, kMethods); }
 
 int ScreenInTwips(lua_State* L) {
   ScreenApi& screen = StateOf(L).FormPlatform().Screen();
+  const FormScale scale(screen);
+  const PixelSize size = screen.Size();
   lua_newtable(L);
-  for (const auto& [name, value] : {std::pair{"Width", screen.Width()},
-                                    {"Height", screen.Height()},
-                                    {"TwipsPerPixelX", screen.TwipsPerPixelX()},
-                                    {"TwipsPerPixelY", screen.TwipsPerPixelY()}}) {
-    lua_pushnumber(L, static_cast<lua_Number>(value));
+  for (const auto& [name, value] : {std::pair{"Width", size.width * scale.TwipsPerPixelX()},
+                                    {"Height", size.height * scale.TwipsPerPixelY()},
+                                    {"TwipsPerPixelX", scale.TwipsPerPixelX()},
+                                    {"TwipsPerPixelY", scale.TwipsPerPixelY()}}) {
+    lua_pushnumber(L, value);
     lua_setfield(L, -2, name);
   }
   return 1;

@@ -9,7 +9,7 @@ namespace levelwidgets {
 void AddDesktopWindowMethods(lua_State* L);
 
 // lw.screen(): Width, Height, TwipsPerPixelX and TwipsPerPixelY of the screen where forms are shown, in
-// twips.
+// twips of forms.
 int ScreenInTwips(lua_State* L);
 
 }  // namespace levelwidgets

@@ -29,9 +29,7 @@ expect.list({ right - left, bottom - top }, { 100, 20 })
 -- The pointer's shape.
 d:move_to(cmd, 150, 100)
 expect.equal(d:pointer_shape(), "arrow")
-d:move_to(txt, 150, 100)
-expect.equal(d:pointer_shape(), "arrow")  -- the button still has the pointer, and lets it go now
-d:move_to(txt, 165, 100)
+d:move_to(txt, 150, 100)  -- out of the button, which has the pointer captured and lets it go
 expect.equal(d:pointer_shape(), "ibeam")
 local form_left, form_top, form_right, form_bottom = d:rect(f)
 d:move(form_right - 1, form_bottom - 1)
