@@ -32,8 +32,16 @@ void Control::Move(TwipPoint position, TwipSize size) {
 
 void Control::Detached() {
   const auto keep = Reference();
+  Show(false);
   EndParts();
-  GetSurface().SetVisible(false);
+}
+
+// The system takes the focus only from the window that is hidden, not from one inside it.
+void Control::Show(bool visible) {
+  const auto keep = Reference();
+  WindowApi& windows = GetSurface().Windows();
+  GetSurface().SetVisible(visible);
+  if (!visible && Holds(windows.GetFocus())) windows.SetFocus(windows.GetParent(GetSurface().hWnd()));
 }
 
 // The system takes the focus only from the window that is disabled, not from one inside it.

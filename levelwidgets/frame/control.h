@@ -45,6 +45,8 @@ class Control : public Object, public SurfaceWindow, public std::enable_shared_f
   std::shared_ptr<void> Reference() const final;
   // Places the control; Resize follows when the size changed.
   void Move(TwipPoint position, TwipSize size);
+  // Shows or hides the control. The focus goes from a hidden one to its parent's window.
+  void Show(bool visible);
   // The container has given the control up: it leaves the screen with all that it has on the desktop.
   void Detached();
 

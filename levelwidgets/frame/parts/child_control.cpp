@@ -45,7 +45,7 @@ void ChildPart::Move(TwipPoint position, TwipSize size) {
 
 void ChildPart::SetVisible(bool visible) {
   visible_ = visible;
-  control_->GetSurface().SetVisible(visible);
+  control_->Show(visible);
 }
 
 }  // namespace levelwidgets

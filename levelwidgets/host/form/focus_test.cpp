@@ -1,5 +1,6 @@
 // Who gets the focus when the control that has it can no longer take input.
 #include <levelwidgets/controls/button/flat_button.h>
+#include <levelwidgets/controls/textbox/flat_text_box.h>
 #include <levelwidgets/testing/desktop_fixture.h>
 
 namespace levelwidgets::testing {
@@ -82,6 +83,25 @@ TEST_F(FocusTest, ARemovedControlHandsItToTheNextInTabOrder) {
   TheForm().Remove("b");
   EXPECT_EQ(Active(), "c");
   EXPECT_THAT(TakeNotes(), ElementsAre("enter c"));  // a removed control hears nothing
+}
+
+// The focus is in a window inside the control's.
+TEST_F(FocusTest, ATextBoxThatIsHiddenHandsItToTheNextInTabOrder) {
+  AddNew<FlatTextBox>("text", {Twips(3000), Twips(300)});
+  Get("text").SetFocus();
+  TakeNotes();
+  Get("text").SetVisible(false);
+  EXPECT_EQ(Active(), "a");
+  EXPECT_THAT(TakeNotes(), ElementsAre("enter a"));
+}
+
+TEST_F(FocusTest, ATextBoxThatIsRemovedHandsItToTheNextInTabOrder) {
+  AddNew<FlatTextBox>("text", {Twips(3000), Twips(300)});
+  Get("text").SetFocus();
+  TakeNotes();
+  TheForm().Remove("text");
+  EXPECT_EQ(Active(), "a");
+  EXPECT_THAT(TakeNotes(), ElementsAre("enter a"));
 }
 
 TEST_F(FocusTest, TheLastInTheOrderHandsItToTheFirst) {

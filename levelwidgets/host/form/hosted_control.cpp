@@ -74,7 +74,7 @@ void HostedControl::Create(const PropertyBag* saved, const Placement& place) {
   const TwipPlace given = FormScale(platform_.Screen()).ForControl(position_, size_);
   control->Start(saved, given.position, given.size);
   ZOrder(0);  // what is added later covers what was there
-  if (control_) control_->GetSurface().SetVisible(visible_);
+  if (control_) control_->Show(visible_);
 }
 
 void HostedControl::CheckPlace(TwipPoint position, TwipSize size) const {
@@ -106,7 +106,7 @@ void HostedControl::Detach() {
 void HostedControl::SetVisible(bool visible) {
   visible_ = visible;
   // Whoever gets the focus in its place may remove it.
-  if (const auto control = control_) control->GetSurface().SetVisible(visible);
+  if (const auto control = control_) control->Show(visible);
 }
 
 bool HostedControl::CanTakeInput() const { return control_ && visible_ && control_->GetSurface().Enabled(); }

@@ -123,7 +123,7 @@ void MemoryWindows::LeaveHidden(WindowHandle window) {
     Activate(NextActive(*hidden), false, true);
     return;
   }
-  if (!HasFocusInside(window)) return;
+  if (focus_ != window) return;
   const Window* parent = hidden->parent;
   ChangeFocus(!tree_.IsTopLevel(*hidden) && TakesFocus(*parent) ? parent->handle : WindowHandle{});
 }

@@ -93,13 +93,6 @@ TEST_F(WindowFocusTest, HidingTheFocusedChildGivesTheFocusToItsParent) {
   EXPECT_THAT(Take(), ElementsAre("first ShowWindow 0", "first KillFocus form", "form SetFocus first"));
 }
 
-TEST_F(WindowFocusTest, HidingAnAncestorOfTheFocusMovesIt) {
-  const WindowHandle inner = MakeChild("inner", first, {0, 0, 10, 10});
-  windows.SetFocus(inner);
-  windows.ShowWindow(first, kSwHide);
-  EXPECT_EQ(windows.GetFocus(), form);
-}
-
 TEST_F(WindowFocusTest, DisablingTheFocusedWindowLeavesNoFocus) {
   windows.SetFocus(first);
   Begin();

@@ -198,6 +198,43 @@ TEST_F(FocusScenes, AWindowThatMovesTheFocusAwayWhileItLosesIt) {
   )");
 }
 
+TEST_F(FocusScenes, AWindowThatIsHiddenHandsOnItsOwnFocusAndNotThatOfAWindowInside) {
+  TwoForms();
+  const WindowHandle outer = Child("outer", one, {100, 0, 150, 50});
+  const WindowHandle inner = Child("inner", outer, {0, 0, 20, 20});
+  Do("focus a window", [&] { Api().SetFocus(outer); });
+  Do("hide the window with the focus", [&] { Api().ShowWindow(outer, kSwHide); });
+  NoteFocus();
+  Do("show it again and focus one inside", [&] {
+    Api().ShowWindow(outer, kSwShow);
+    Api().SetFocus(inner);
+  });
+  Do("hide the window around it", [&] { Api().ShowWindow(outer, kSwHide); });
+  NoteFocus();
+  Do("end that", [&] { Api().DestroyWindow(outer); });
+  NoteFocus();
+  Expect(R"(
+    * focus a window
+    two Activate 0 to one
+    one Activate 1 from two
+    two KillFocus to one
+    one SetFocus from two
+    one KillFocus to outer
+    outer SetFocus from one
+    * hide the window with the focus
+    outer KillFocus to one
+    one SetFocus from outer
+    active one, focus one
+    * show it again and focus one inside
+    one KillFocus to inner
+    inner SetFocus from one
+    * hide the window around it
+    active one, focus inner
+    * end that
+    active one, focus none
+  )");
+}
+
 TEST_F(FocusScenes, HiddenWindowsTakeFocusAndActivation) {
   TwoForms();
   const WindowHandle hidden_child = Child("hidden child", one, {100, 0, 150, 50}, kWsChild);

@@ -45,6 +45,33 @@ TEST_F(ShowScenes, AFormIsMadeShownHiddenAndShownAgain) {
   )");
 }
 
+TEST_F(ShowScenes, AMinimisedFormIsOnNoMonitorAndTheNextOneIsActive) {
+  const WindowHandle other = Top("other", {450, 100, 600, 300}, kCaptioned | kWsVisible);
+  const WindowHandle form = Top("form", {100, 100, 400, 300}, kCaptioned | kWsVisible);
+  const auto note_place = [&] {
+    PixelRect rect;
+    Api().GetWindowRect(form, rect);
+    Note(rect.right <= 0 ? "on no monitor" : rect.left == 100 ? "at its place" : "an icon");
+  };
+  Do("minimise it", [&] { Driver().SystemCommand(form, kScMinimize); });
+  note_place();
+  NoteFocus();
+  Api().SetActiveWindow(other);
+  Do("restore it", [&] { Driver().SystemCommand(form, kScRestore); });
+  note_place();
+  NoteFocus();
+  Expect(R"(
+    * minimise it
+    on no monitor  [memory: icons on the desktop]
+    an icon  [system: icons on the desktop]
+    active other, focus other  [memory: icons on the desktop]
+    active form, focus none  [system: icons on the desktop]
+    * restore it
+    at its place
+    active form, focus form
+  )");
+}
+
 TEST_F(ShowScenes, ACaptionedFormIsResizedWhenItIsFirstShown) {
   Hear({kWmActivate, kWmSetFocus, kWmKillFocus, kWmShowWindow, kWmSize});
   const PixelRect client{0, 0, 300, 200};
