@@ -1,4 +1,7 @@
-require("sheet").dress(form)
+local sheet = require("sheet")
+sheet.dress(form)
+-- Whatever the desktop's colours: what is not set is equal.
+if sheet.is_dark() then lblDefaults.ForeColorMouseOver = lblDefaults.BackColorMouseOver end
 
 -- The looks that the pointer brings about, held still.
 local function show_mouse_over(label)

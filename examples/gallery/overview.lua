@@ -9,6 +9,7 @@ local blues = {
   TabColor = 0x00FFFFFF, InactiveTabColor = 0x00EADFD2, BorderColor = 0x00A89070,
 }
 local fields = { txt = true, scr = true }
+local frames = 0x00A08868
 
 if not sheet.is_dark() then
   for _, control in ipairs(form:controls()) do
@@ -25,8 +26,11 @@ end
 -- Labels that explain do not react to the pointer; the link does.
 local text, link = 0x00404040, 0x00A0602C
 if sheet.is_dark() then
-  text, link = 0x80000012, 0x8000001A
+  text, link, frames = 0x80000012, 0x8000001A, 0x80000006
   for _, box in ipairs{ txtCustomer, txtAmount, txtNotes } do box.BackColor = 0x8000000F end
+  -- The frame of the default button, in its ForeColor, is seen on the form as well.
+  cmdSave.BackColor, cmdSave.BackColorMouseOver, cmdSave.BackColorPushed = 0x00804A1C, 0x00A0602C, 0x00603410
+  cmdSave.ForeColor = 0x80000012
 end
 for _, label in ipairs(form:controls()) do
   if label.Name:match("^l%l%l%u") then
@@ -37,6 +41,8 @@ for _, label in ipairs(form:controls()) do
 end
 lnkHistory.ForeColor, lnkHistory.ForeColorMouseOver, lnkHistory.MouseUnderline = link, link, true
 
+sheet.frame_boxes(form, frames)
+tabOrder:ZOrder(1)  -- behind the frames
 tabOrder.SelectedTab = 1
 
 function tabOrder_TabChange(e)

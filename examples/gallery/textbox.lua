@@ -1,4 +1,6 @@
-require("sheet").dress(form)
+local sheet = require("sheet")
+sheet.dress(form)
+sheet.frame_boxes(form)
 
 function form_Load()
   txtFocused:SetFocus()

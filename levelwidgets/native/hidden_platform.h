@@ -2,12 +2,14 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include <levelwidgets/platform/platform.h>
 
 namespace levelwidgets {
 
-// A desktop in memory; the system's own windows in a build without one, where a form must not be shown.
-std::unique_ptr<Platform> MakeHiddenPlatform();
+// A desktop in memory of that locale; the system's own windows and locale in a build without one, where a
+// form must not be shown.
+std::unique_ptr<Platform> MakeHiddenPlatform(const std::string& locale);
 
 }  // namespace levelwidgets

@@ -3,6 +3,8 @@
 
 namespace levelwidgets {
 
-std::unique_ptr<Platform> MakeHiddenPlatform() { return std::make_unique<memory::Desktop>(); }
+std::unique_ptr<Platform> MakeHiddenPlatform(const std::string& locale) {
+  return std::make_unique<memory::Desktop>(memory::DesktopOptions{.locale = locale});
+}
 
 }  // namespace levelwidgets

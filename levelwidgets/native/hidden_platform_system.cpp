@@ -3,6 +3,8 @@
 
 namespace levelwidgets {
 
-std::unique_ptr<Platform> MakeHiddenPlatform() { return std::make_unique<win32::Win32Platform>(); }
+std::unique_ptr<Platform> MakeHiddenPlatform(const std::string&) {
+  return std::make_unique<win32::Win32Platform>();
+}
 
 }  // namespace levelwidgets

@@ -43,7 +43,7 @@ struct TextMetrics {
 
 // Operations of the operating system under their own names. Coordinates are pixels in the context's
 // window or bitmap; what falls outside it, or outside the part of the window that can be seen, is not
-// drawn. Texts are UTF-8 and are converted to the system's single-byte code page first; a character
+// drawn. Texts are UTF-8 and are converted to the system's code page first; a character
 // outside it becomes "?".
 //
 // An operation on an unknown or deleted handle draws nothing and returns false, 0 or a null handle;

@@ -251,6 +251,22 @@ TEST_F(CommandLine, RenderInAnotherPaletteIsAnotherPicture) {
   EXPECT_THAT(unknown.err, HasSubstr("{light,classic,dark,high-contrast}"));
 }
 
+TEST_F(CommandLine, CheckAndRenderKnowTheCodePageOfTheLocale) {
+  File("jp.form.toml",
+       "[form]\nName = \"frm\"\n[[control]]\nClass = \"FlatLabel\"\nName = \"lbl\"\n"
+       "Properties = { Caption = \"\u65E5\u672C\" }\n");
+  const Outcome warned = Run("check jp.form.toml");
+  EXPECT_EQ(warned.status, 0);
+  EXPECT_EQ(warned.err,
+            "jp.form.toml:6:27: warning: Caption has \"\u65E5\" (U+65E5) and \"\u672C\" (U+672C), which the "
+            "desktop's code page lacks: \"?\" is shown instead\n");
+  EXPECT_EQ(Run("check jp.form.toml --locale ja-JP").err, "");
+  ASSERT_EQ(Run("render jp.form.toml -o lost.png").status, 0);
+  ASSERT_EQ(Run("render jp.form.toml -o shown.png --locale ja-JP").status, 0);
+  EXPECT_NE(TextOf(folder_ / "lost.png"), TextOf(folder_ / "shown.png"));
+  EXPECT_THAT(Run("check jp.form.toml --locale jp").err, HasSubstr("{en-US,en-GB,de-DE,fr-FR,sv-SE,ja-JP}"));
+}
+
 TEST_F(CommandLine, RenderRefusesMissingFilesAndControls) {
   OrderForm();
   const Outcome hover = Run("render order.form.toml -o p.png --hover cmdSav");

@@ -31,6 +31,8 @@ void AddTrustOption(Command& command, bool& trusted);
 #ifndef _WIN32
 // The option --palette, which leaves one of the names of palettes in `palette`.
 void AddPaletteOption(Command& command, std::string& palette);
+// The option --locale, which leaves one of the names of locales in `locale`.
+void AddLocaleOption(Command& command, std::string& locale);
 #endif
 
 // `text` on standard error, as a terminal shows it safely, after what was printed before.

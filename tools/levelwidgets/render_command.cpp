@@ -14,6 +14,7 @@ struct RenderArguments {
   std::string picture;
   int dpi = 96;
   std::string palette = "light";
+  std::string locale = "en-US";
   std::string hover;
   std::string open;
   bool trust = false;
@@ -71,7 +72,8 @@ void CheckSize(const Form& form, const PixelRect& area) {
 
 int Render(const RenderArguments& arguments) {
   ScriptHost host(OptionsOf(arguments));
-  host.MakeDesktop({.size = kAmpleScreen, .dpi = arguments.dpi, .palette = arguments.palette});
+  host.MakeDesktop(
+      {.size = kAmpleScreen, .dpi = arguments.dpi, .locale = arguments.locale, .palette = arguments.palette});
   const auto form = host.LoadForm(arguments.form);
   DesktopDriver& desktop = host.Desktop();
   if (!form->Closed()) CheckSize(*form, form->ScreenRect());
@@ -103,6 +105,7 @@ void AddRenderCommand(Program& program) {
   command.AddOption("--dpi", &given->dpi, "Pixels per inch, 24 to 960",
                     {.shows_default = true, .range = {{24, 960}}});
   AddPaletteOption(command, given->palette);
+  AddLocaleOption(command, given->locale);
   command.AddOption("--hover", &given->hover, "A control for the pointer to be over", {.value_name = "NAME"});
   command.AddOption("--open", &given->open, "A control to open the drop-down of", {.value_name = "NAME"});
   AddTrustOption(command, given->trust);

@@ -17,6 +17,7 @@ struct Diagnostic {
   int line = 0;  // from 1; 0 for the file as a whole
   int column = 0;
   std::string message;
+  bool of_desktop = false;  // the file is good, and only this desktop cannot show all of it
 
   // `file:line:column: message`; a warning's message is preceded by "warning: ".
   std::string ToString() const;

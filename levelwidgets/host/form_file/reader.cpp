@@ -6,6 +6,7 @@
 
 #include <levelwidgets/host/files/atomic_file.h>
 #include <levelwidgets/host/files/whole_file.h>
+#include <levelwidgets/host/form_file/lost_text.h>
 #include <levelwidgets/host/form_file/values.h>
 
 namespace levelwidgets {
@@ -99,8 +100,23 @@ FormReader::Values FormReader::ReadKeys(const FormNode& table, const Keys& keys)
     if (!node) continue;
     value = ReadValue(*node, key->name, TypeOf(*key), report_);
     CheckLength(*node, *key, value);
+    if (key->name != "Tag") WarnOfLostText(*node, std::string(key->name));  // which nobody sees
   }
   return values;
+}
+
+void FormReader::WarnOfLostText(const FormNode& node, const std::string& key) {
+  if (node.IsTable()) {
+    for (const FormNode& child : node.children) WarnOfLostText(child, key + "." + child.key);
+  }
+  if (node.kind != FormNode::Kind::kString) return;
+  const auto lost = FindLostText(std::get<std::string>(node.scalar), platform_.Conversions());
+  if (!lost) return;
+  // Where it is written as an escape, the text as a whole is the place.
+  const std::size_t inside = report_.Document().TextOf(node.span).find(lost->first);
+  report_.DesktopWarning(
+      node.span.begin + (inside == std::string_view::npos ? 0 : inside),
+      key + " has " + lost->message + ", which the desktop's code page lacks: \"?\" is shown instead");
 }
 
 void FormReader::WarnOfUnknown(const FormNode& table, std::string_view what, const Keys& keys,

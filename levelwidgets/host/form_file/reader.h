@@ -28,6 +28,8 @@ class FormReader {
   // One value for each of `keys`: the node, null where the table lacks it, and what it says when that is
   // right.
   Values ReadKeys(const FormNode& table, const std::vector<const PropertyInfo*>& keys);
+  // Of what the platform's code page lacks, in a text that is shown and in a font's name.
+  void WarnOfLostText(const FormNode& node, const std::string& key);
   void CheckLength(const FormNode& node, const PropertyInfo& key, std::optional<Variant>& value);
   void WarnOfUnknown(const FormNode& table, std::string_view what,
                      const std::vector<const PropertyInfo*>& keys,

@@ -134,6 +134,7 @@ PropertyBag FormReader::ReadProperties(const FormNode* node, const ClassInfo& co
     const auto value = stored.property ? ReadValue(child, child.key, {stored.type, stored.stored_as}, report_)
                                        : ReadUntyped(child, report_.Document());
     if (value) bag.WriteProperty(child.key, *value, {});
+    if (stored.property) WarnOfLostText(child, child.key);
   }
   return bag;
 }

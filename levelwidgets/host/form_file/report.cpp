@@ -19,7 +19,8 @@ std::vector<Diagnostic> FormReport::Diagnostics() const {
   const std::size_t told = std::min(entries.size(), kMost);
   for (Entry& entry : std::span(entries).first(told)) {
     const TextPosition at = document_.PositionOf(entry.offset);
-    diagnostics.push_back({entry.severity, file_, at.line, at.column, std::move(entry.message)});
+    diagnostics.push_back(
+        {entry.severity, file_, at.line, at.column, std::move(entry.message), entry.of_desktop});
   }
   const std::span<const Entry> rest = std::span(entries).subspan(told);
   if (rest.empty()) return diagnostics;

@@ -17,6 +17,11 @@ class FormReport {
     Add(Severity::kError, offset, message);
   }
   void Warning(std::size_t offset, std::string_view message) { Add(Severity::kWarning, offset, message); }
+  // What only the desktop is short of.
+  void DesktopWarning(std::size_t offset, std::string_view message) {
+    Warning(offset, message);
+    entries_.back().of_desktop = true;
+  }
   bool HasErrors() const { return has_errors_; }
   const FormDocument& Document() const { return document_; }
   const std::string& File() const { return file_; }
@@ -30,6 +35,7 @@ class FormReport {
     std::size_t offset;
     Severity severity;
     std::string message;
+    bool of_desktop = false;
   };
   void Add(Severity severity, std::size_t offset, std::string_view message) {
     entries_.push_back({offset, severity, text::Printable(message)});

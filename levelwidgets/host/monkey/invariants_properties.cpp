@@ -153,7 +153,9 @@ std::string CheckReload(const Subject& subject) {
   std::string again;
   for (const bool first : {true, false}) {
     const LoadedForm loaded = LoadFormText(subject.form.GetPlatform(), text, "saved.form.toml");
-    for (const Diagnostic& diagnostic : loaded.diagnostics) return diagnostic.ToString();
+    for (const Diagnostic& diagnostic : loaded.diagnostics) {
+      if (!diagnostic.of_desktop) return diagnostic.ToString();
+    }
     again = FormText(*loaded.form);
     if (first) text = again;
   }

@@ -46,6 +46,47 @@ TEST(OwnDesktop, UnknownPaletteIsRefusedWithTheNamesOfThePalettes) {
       << "nothing had been made";
 }
 
+// A label with `caption`, of a desktop with `settings`, as it is drawn.
+Picture PictureOfLabel(const std::string& settings, const std::string& caption) {
+  ScriptHost host;
+  host.RunText("lw.desktop{ " + settings + " } frm = lw.form{ Name='frm', Width=6000, Height=1500 }\n" +
+                   "frm:add('FlatLabel', 'lbl', { Width=6000, Height=600, Properties={} }).Caption = " +
+                   caption + "\nfrm:show()",
+               "test.lua");
+  return host.Desktop().Capture(host.Desktop().TopLevelWindows().front().rect);
+}
+
+TEST(OwnDesktop, ItsLongDateIsShownInTheCodePageOfItsLocale) {
+  const std::string long_date = "lw.format(lw.date(2024, 5, 15), 'Long Date')";
+  const Picture shown = PictureOfLabel("locale='ja-JP'", long_date);
+  EXPECT_EQ(shown, PictureOfLabel("locale='ja-JP'", "'2024\u5E745\u670815\u65E5'"));
+  EXPECT_EQ(shown, PictureOfLabel("code_page=932", "'2024\u5E745\u670815\u65E5'"));
+  const Picture lost = PictureOfLabel("locale='ja-JP'", "'2024?5?15?'");
+  EXPECT_NE(shown, lost);
+  EXPECT_EQ(PictureOfLabel("locale='ja-JP', code_page=1252", long_date), lost);
+}
+
+TEST(OwnDesktop, TextBoxKeepsWhatItsCodePageHas) {
+  ScriptHost host;
+  EXPECT_EQ(host.RunText("lw.desktop{ code_page=1251 } frm = lw.form{ Name='frm' }\n"
+                         "local box = frm:add('FlatTextBox', 'box', { Text='\u0416\u00E9' })\n"
+                         "return box.Text == '\u0416?' and 1 or 2",
+                         "test.lua"),
+            1);
+}
+
+TEST(OwnDesktop, UnknownCodePageIsRefusedWithTheOnesThatThereAre) {
+  ScriptHost host;
+  try {
+    host.RunText("lw.desktop{ code_page=65001 }", "test.lua");
+    FAIL() << "no failure";
+  } catch (const ScriptFailure& failure) {
+    EXPECT_THAT(
+        failure.what(),
+        testing::HasSubstr("There is no code page 65001 here; those that desktops have are 1250 to 1258, "));
+  }
+}
+
 class OwnDesktopScript : public testing::TestWithParam<const char*> {};
 
 TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {

@@ -97,6 +97,7 @@ Locale Swedish() {
 Locale Japanese() {
   Locale locale;
   locale.name = "ja-JP";
+  locale.code_page = 932;
   locale.currency = "¥";
   locale.currency_digits = 0;
   locale.negative_currency = 1;

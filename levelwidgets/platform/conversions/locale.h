@@ -14,6 +14,7 @@ enum class DateOrder { kMonthDayYear, kDayMonthYear, kYearMonthDay };
 // and texts in single quotes.
 struct Locale {
   std::string name;
+  int code_page = 1252;  // in which its texts are written on the system
 
   std::string decimal = ".";
   std::string thousands = ",";

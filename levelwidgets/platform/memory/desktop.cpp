@@ -8,6 +8,8 @@ std::vector<std::string_view> LocaleNames() { return conversions::LocaleNames();
 
 bool IsLocaleName(std::string_view name) { return conversions::FindLocale(name) != nullptr; }
 
+bool IsCodePage(int number) { return text::IsCodePage(number); }
+
 namespace {
 
 // The system colour of the bare desktop.
@@ -23,7 +25,7 @@ DrawingOptions DrawingOptionsOf(const DesktopOptions& options, PixelSize screen)
   drawing.dpi_x = TextDotsPerInch(options.dpi_x);
   drawing.dpi_y = TextDotsPerInch(options.dpi_y);
   drawing.screen = screen;
-  drawing.code_page = options.code_page;
+  drawing.code_page = options.code_page.value_or(conversions::LocaleOrDefault(options.locale).code_page);
   drawing.palette = options.palette;
   drawing.fonts = options.fonts;
   return drawing;
@@ -36,7 +38,7 @@ Desktop::Desktop(const DesktopOptions& options)
       screen_(MonitorsOf(options), options.dpi_x, options.dpi_y),
       drawing_(DrawingOptionsOf(options, screen_.Size())),
       clock_(options.now, [this] { return windows_.PaintNext(); }),
-      edit_host_(windows_, clock_, drawing_, clipboard_, options.code_page),
+      edit_host_(windows_, clock_, drawing_, clipboard_),
       windows_(screen_, drawing_, clock_),
       input_(windows_, clock_, drawing_),
       code_page_(drawing_),

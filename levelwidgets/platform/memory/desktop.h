@@ -2,6 +2,7 @@
 // is the same on every run: time and date are moved by hand.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +29,7 @@ struct DesktopOptions {
   int dpi_y = 96;
   std::string locale = "en-US";
   Date now = kStandardNow;
-  int code_page = 1252;
+  std::optional<int> code_page;  // one that IsCodePage knows; that of the locale where not given
   SystemPalette palette = StandardPalette();
   FontSources fonts;
   // The wheel goes to the window with the focus, as older systems have it, and not to the one under the
@@ -36,11 +37,13 @@ struct DesktopOptions {
   bool wheel_to_focus = false;
 };
 
-// The code page of the desktop's texts, for its conversions.
 // The names that DesktopOptions::locale may have.
 std::vector<std::string_view> LocaleNames();
 bool IsLocaleName(std::string_view name);
+// Whether `number` is a code page that DesktopOptions::code_page may be.
+bool IsCodePage(int number);
 
+// The code page of the desktop's texts, for its conversions.
 class DesktopCodePage final : public conversions::CodePageCoder {
  public:
   explicit DesktopCodePage(const MemoryDrawing& drawing) : drawing_(drawing) {}

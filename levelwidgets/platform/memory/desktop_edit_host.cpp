@@ -12,16 +12,17 @@ constexpr std::uint32_t kAllColors = 0xFFFFFF;
 
 // Itself when the other case is not in the code page.
 char InCodePage(const text::CodePage& code_page, std::uint8_t byte, char32_t other_case) {
-  const std::uint8_t other = code_page.Byte(other_case);
-  return static_cast<char>(code_page.Unicode(other) == other_case ? other : byte);
+  const text::CharacterCode other = code_page.Code(other_case);
+  const bool is_byte = other <= 0xFF && code_page.Unicode(other) == other_case;
+  return static_cast<char>(is_byte ? other : byte);
 }
 
 }  // namespace
 
 DesktopEditHost::DesktopEditHost(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing,
-                                 ClipboardState& clipboard, int code_page)
+                                 ClipboardState& clipboard)
     : windows_(windows), clock_(clock), drawing_(drawing), clipboard_(clipboard) {
-  const text::CodePage page(code_page);
+  const text::CodePage& page = drawing.CodePage();
   for (std::size_t i = 0; i < upper_.size(); ++i) {
     const auto byte = static_cast<std::uint8_t>(i);
     upper_[i] = InCodePage(page, byte, text::UpperCase(page.Unicode(byte)));

@@ -11,11 +11,11 @@
 
 namespace levelwidgets::memory {
 
-// Keeps references only: all of them may be made after it.
+// Keeps references: all but the drawing may be made after it.
 class DesktopEditHost final : public EditHost {
  public:
   DesktopEditHost(MemoryWindows& windows, MemoryClock& clock, MemoryDrawing& drawing,
-                  ClipboardState& clipboard, int code_page);
+                  ClipboardState& clipboard);
 
   WindowApi& Windows() override { return windows_; }
   DrawingApi& Drawing() override { return drawing_; }
@@ -34,7 +34,7 @@ class DesktopEditHost final : public EditHost {
   void SetMenu(WindowHandle menu) override { windows_.Input().menu = menu; }
   std::uint64_t Ticks() override { return clock_.GetTickCount(); }
 
-  std::string ToUtf8(std::string_view bytes) override { return drawing_.FromCodePage(bytes); }
+  const text::CodePage& CodePage() override { return drawing_.CodePage(); }
   char UpperCaseOf(char byte) override { return upper_[static_cast<std::uint8_t>(byte)]; }
   char LowerCaseOf(char byte) override { return lower_[static_cast<std::uint8_t>(byte)]; }
 

@@ -31,6 +31,19 @@ TEST_F(DesktopTest, TheScreenHandsOutWholeTwipsToThePixel) {
   }
 }
 
+TEST_F(DesktopTest, TheCodePageIsThatOfTheLocaleUnlessItIsGiven) {
+  const std::map<std::string, int> code_pages = {
+      {"en-US", 1252}, {"sv-SE", 1252}, {"JA-jp", 932}, {"xx", 1252}};
+  for (const auto& [locale, number] : code_pages) {
+    Desktop one({.locale = locale});
+    EXPECT_EQ(one.Drawing().CodePage().Number(), number) << locale;
+  }
+  Desktop japanese({.locale = "ja-JP", .code_page = 1252});
+  EXPECT_EQ(japanese.Conversions().ToCodePage("\u65E5"), "?");
+  Desktop english({.code_page = 932});
+  EXPECT_EQ(english.Conversions().ToCodePage("\u65E5"), "\x93\xFA");
+}
+
 TEST_F(DesktopTest, AllWindowsShareOneClipboard) {
   EXPECT_EQ(desktop.Clipboard(), "");
   desktop.SetClipboard("text");

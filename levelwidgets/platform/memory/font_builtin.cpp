@@ -77,8 +77,9 @@ class DotFace final : public GlyphSource {
 
   FaceMetrics Metrics() override { return MetricsOfCell(height_, Advance()); }
 
-  GlyphImage Render(std::uint8_t byte) override {
-    const std::uint8_t* columns = byte >= 0x20 && byte < 0x7F ? kDots[byte - 0x20] : kBox;
+  GlyphImage Render(text::CharacterCode code) override {
+    if (code > 0xFF) return WideBox();
+    const std::uint8_t* columns = code >= 0x20 && code < 0x7F ? kDots[code - 0x20] : kBox;
     GlyphImage image;
     image.advance = Advance();
     image.width = kColumns * dot_ + bold_;
@@ -98,6 +99,21 @@ class DotFace final : public GlyphSource {
  private:
   int Advance() const { return (kColumns + 1) * dot_ + bold_; }
 
+  GlyphImage WideBox() {
+    GlyphImage image;
+    image.advance = 2 * Advance();
+    image.width = image.advance - dot_;
+    image.height = kRows * dot_;
+    image.top = Metrics().text.ascent - image.height;
+    for (int y = 0; y < image.height; ++y) {
+      for (int x = 0; x < image.width; ++x) {
+        const bool edge = x < dot_ || x >= image.width - dot_ || y < dot_ || y >= image.height - dot_;
+        image.coverage.push_back(edge ? 255 : 0);
+      }
+    }
+    return image;
+  }
+
   int height_;
   int dot_;  // pixels of a dot's side
   int bold_;
@@ -109,7 +125,7 @@ class ArrowFace final : public GlyphSource {
 
   FaceMetrics Metrics() override { return MetricsOfCell(height_, height_); }
 
-  GlyphImage Render(std::uint8_t byte) override {
+  GlyphImage Render(text::CharacterCode byte) override {
     const int reach = std::max(1, (height_ + 2) / 4);  // rows behind the tip
     const bool upright = byte == '5' || byte == '6';
     const bool arrow = byte >= '3' && byte <= '6';
@@ -129,7 +145,7 @@ class ArrowFace final : public GlyphSource {
   }
 
  private:
-  static bool Covers(std::uint8_t byte, int reach, int x, int y) {
+  static bool Covers(text::CharacterCode byte, int reach, int x, int y) {
     switch (byte) {
       case '3': return std::abs(y - reach) <= x;
       case '4': return std::abs(y - reach) <= reach - x;

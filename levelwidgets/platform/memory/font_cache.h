@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <levelwidgets/platform/memory/font_freetype.h>
@@ -25,35 +26,41 @@ struct Glyph {
   bool ready = false;
 };
 
-// A font and its glyphs by byte. Reads its file when it is first asked for a measure or a glyph.
+// A font and its glyphs by the codes of its code page. Reads its file when it is first asked for a measure or
+// a glyph.
 class Font {
  public:
-  Font(const FontRequest& request, class FontCache& cache) : request_(request), cache_(cache) {}
+  Font(const FontRequest& request, class FontCache& cache);
 
   const FontRequest& Request() const { return request_; }
+  const text::CodePage& CodePage() const { return code_page_; }
   const FaceMetrics& Metrics() {
     if (!source_) Load();
     return metrics_;
   }
-  const Glyph& At(std::uint8_t byte) {
-    const Glyph& glyph = glyphs_[byte];
-    return glyph.ready ? glyph : Render(byte);
+  const Glyph& At(text::CharacterCode code) {
+    const Glyph& glyph = code < glyphs_.size() ? glyphs_[code] : pairs_[code];
+    return glyph.ready ? glyph : Render(code);
   }
   int Width(std::string_view bytes) {
     int width = 0;
-    for (const char byte : bytes) width += At(static_cast<std::uint8_t>(byte)).advance;
+    while (!bytes.empty()) width += At(code_page_.TakeCode(bytes)).advance;
     return width;
   }
 
  private:
   void Load();
-  const Glyph& Render(std::uint8_t byte);
+  const Glyph& Render(text::CharacterCode code);
+  GlyphSource& SourceOf(text::CharacterCode code);
 
   FontRequest request_;
   FontCache& cache_;
+  const text::CodePage& code_page_;
   std::unique_ptr<GlyphSource> source_;
+  std::vector<std::unique_ptr<GlyphSource>> substitutes_;  // for characters that the face lacks
   FaceMetrics metrics_;
   std::array<Glyph, 256> glyphs_{};
+  std::unordered_map<text::CharacterCode, Glyph> pairs_;
   std::vector<std::vector<std::uint8_t>> pictures_;
 };
 
@@ -62,7 +69,8 @@ class FontCache {
   // Fonts that nobody uses any more but that are kept for the next to describe them.
   static constexpr std::size_t kKept = 16;
 
-  FontCache(FontSources sources, double aspect, int system_code_page);
+  // `system_code_page` must outlive it.
+  FontCache(FontSources sources, double aspect, const text::CodePage& system_code_page);
 
   std::shared_ptr<Font> Get(const FontRequest& request);
   // For tests: how many fonts there are, used or kept.
@@ -70,16 +78,18 @@ class FontCache {
 
   // Never null.
   std::unique_ptr<GlyphSource> Open(const FontRequest& request);
+  // Another face that has the character; null when none is installed.
+  std::unique_ptr<GlyphSource> OpenSubstitute(const FontRequest& request, char32_t character);
+  const text::CodePage& CodePageOf(const FontRequest& request);
 
  private:
   void DropUnused();
-  const text::CodePage& CodePageOf(const FontRequest& request);
 
   FontSearch search_;
   FontLibrary library_;
   double aspect_;
-  int system_code_page_;
-  std::map<int, text::CodePage> code_pages_;
+  const text::CodePage& system_code_page_;
+  std::map<int, text::CodePage> code_pages_;  // the others
   std::vector<std::shared_ptr<Font>> fonts_;  // the one asked for last at the end
 };
 

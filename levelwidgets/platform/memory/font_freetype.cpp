@@ -134,11 +134,13 @@ class FreeTypeFace final : public GlyphSource {
     return metrics;
   }
 
-  GlyphImage Render(std::uint8_t byte) override {
+  bool Has(text::CharacterCode code) override { return GlyphIndex(code) != 0; }
+
+  GlyphImage Render(text::CharacterCode code) override {
     FT_Face ft = face_->handle;
     GlyphImage image;
     FT_Set_Pixel_Sizes(ft, static_cast<FT_UInt>(size_x_), static_cast<FT_UInt>(size_y_));
-    if (FT_Load_Glyph(ft, GlyphIndex(byte), LoadFlags()) != 0) return image;
+    if (FT_Load_Glyph(ft, GlyphIndex(code), LoadFlags()) != 0) return image;
     FT_GlyphSlot slot = ft->glyph;
     image.advance = static_cast<int>((slot->linearHoriAdvance + 0x8000) >> 16) + widen_;
     if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return image;
@@ -148,11 +150,11 @@ class FreeTypeFace final : public GlyphSource {
   }
 
  private:
-  FT_UInt GlyphIndex(std::uint8_t byte) const {
+  FT_UInt GlyphIndex(text::CharacterCode code) const {
     constexpr FT_ULong kSymbols = 0xF000;
-    if (!symbol_) return FT_Get_Char_Index(face_->handle, code_page_.Unicode(byte));
-    const FT_UInt index = FT_Get_Char_Index(face_->handle, kSymbols + byte);
-    return index ? index : FT_Get_Char_Index(face_->handle, byte);
+    if (!symbol_) return FT_Get_Char_Index(face_->handle, code_page_.Unicode(code));
+    const FT_UInt index = FT_Get_Char_Index(face_->handle, kSymbols + code);
+    return index ? index : FT_Get_Char_Index(face_->handle, code);
   }
 
   // Grey edges blur small symbols, which are drawn in whole pixels therefore.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <levelwidgets/platform/drawing.h>
+#include <levelwidgets/platform/text/code_page.h>
 
 namespace levelwidgets::memory {
 
@@ -30,7 +31,10 @@ class GlyphSource {
  public:
   virtual ~GlyphSource() = default;
   virtual FaceMetrics Metrics() = 0;
-  virtual GlyphImage Render(std::uint8_t byte) = 0;
+  // Whether it has a picture of that character, and not only the box for those that it lacks.
+  virtual bool Has(text::CharacterCode) { return true; }
+  // `code` is one of the font's code page.
+  virtual GlyphImage Render(text::CharacterCode code) = 0;
 };
 
 // Whether a weight asks for a bold face.

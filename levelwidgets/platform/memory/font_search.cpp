@@ -86,20 +86,33 @@ class FontSearch::System {
 
   // The best replacement, or with `exact` only the family itself.
   FontFile Match(const std::string& family, FontStyle style, bool exact) {
+    return config_ ? Answer(Wish(family, style), exact ? &family : nullptr) : FontFile{};
+  }
+
+  FontFile MatchWith(char32_t character, FontStyle style) {
     if (!config_) return {};
-    FcPattern* wish = Wish(family, style);
+    FcPattern* wish = Wish(kReplacements[0], style);
+    FcCharSet* characters = FcCharSetCreate();
+    FcCharSetAddChar(characters, character);
+    FcPatternAddCharSet(wish, FC_CHARSET, characters);
+    FcCharSetDestroy(characters);
+    return Answer(wish, nullptr);
+  }
+
+ private:
+  // Takes `wish`; a file of another family than `only` is none.
+  FontFile Answer(FcPattern* wish, const std::string* only) {
     FcConfigSubstitute(config_, wish, FcMatchPattern);
     FcDefaultSubstitute(wish);
     FcResult result = FcResultMatch;
     FcPattern* match = FcFontMatch(config_, wish, &result);
     FontFile file;
-    if (match && (!exact || HasFamily(match, family))) file = FileOfPattern(match);
+    if (match && (!only || HasFamily(match, *only))) file = FileOfPattern(match);
     if (match) FcPatternDestroy(match);
     FcPatternDestroy(wish);
     return file;
   }
 
- private:
   static FcPattern* Wish(const std::string& family, FontStyle style) {
     FcPattern* wish = FcPatternCreate();
     FcPatternAddString(wish, FC_FAMILY, Text(family));
@@ -144,6 +157,12 @@ FontFile FontSearch::Find(const std::string& face, FontStyle style) {
   const std::string family = WithoutAlias(face);
   if (FontFile file = FindByName(family, style); !file.path.empty()) return file;
   return FindInSystem(family, style);
+}
+
+FontFile FontSearch::FindWith(char32_t character, FontStyle style) {
+  if (!sources_.system_fonts && sources_.directories.empty()) return {};
+  if (!system_) system_ = std::make_unique<System>(sources_);
+  return system_->MatchWith(character, style);
 }
 
 FontFile FontSearch::FindByName(const std::string& family, FontStyle style) const {

@@ -36,6 +36,8 @@ class FontSearch {
   // A file may lack a wanted style; who loads it then slants or thickens. Never a symbol font unless
   // `face` names one; the path is empty when no font is installed, or `face` is a symbol font that is not.
   FontFile Find(const std::string& face, FontStyle style);
+  // A font that has the character; the path is empty when none is installed.
+  FontFile FindWith(char32_t character, FontStyle style);
 
  private:
   class System;

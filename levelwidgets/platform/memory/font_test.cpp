@@ -27,6 +27,8 @@ int Coverage(Font& font, char character) {
   return sum;
 }
 
+const text::CodePage kWestern(1252);
+
 class Fonts : public testing::Test {
  protected:
   void SetUp() override {
@@ -35,7 +37,7 @@ class Fonts : public testing::Test {
     }
   }
 
-  FontCache cache{FontSources{{kDirectory}, false}, 1.0, 1252};
+  FontCache cache{FontSources{{kDirectory}, false}, 1.0, kWestern};
 };
 
 TEST_F(Fonts, NegativeHeightIsThatOfTheCharacters) {
@@ -106,13 +108,14 @@ TEST_F(Fonts, WidthStretchesAndOblongPixelsToo) {
   const int width = cache.Get(request)->Width("Hamburg");
   request.width = 2 * cache.Get(request)->Metrics().text.average_char_width;
   EXPECT_NEAR(cache.Get(request)->Width("Hamburg"), 2 * width, 12);
-  FontCache oblong{FontSources{{kDirectory}, false}, 2.0, 1252};
+  FontCache oblong{FontSources{{kDirectory}, false}, 2.0, kWestern};
   EXPECT_NEAR(oblong.Get(Request("Tahoma", -20))->Width("Hamburg"), 2 * width, 8);
   EXPECT_EQ(oblong.Get(Request("Tahoma", -20))->Metrics().text.height, 24);
 }
 
 TEST_F(Fonts, CharactersFollowTheCodePage) {
-  FontCache greek{FontSources{{kDirectory}, false}, 1.0, 1253};
+  const text::CodePage greek_page(1253);
+  FontCache greek{FontSources{{kDirectory}, false}, 1.0, greek_page};
   FontRequest request = Request("Tahoma", -20);
   const Glyph omega = greek.Get(request)->At(0xD9);
   request.charset = 161;
@@ -120,6 +123,28 @@ TEST_F(Fonts, CharactersFollowTheCodePage) {
   ASSERT_EQ(omega.width * omega.height, same.width * same.height);
   EXPECT_TRUE(std::equal(omega.coverage, omega.coverage + omega.width * omega.height, same.coverage));
   EXPECT_NE(Coverage(*cache.Get(Request("Tahoma", -20)), '\xD9'), Coverage(*cache.Get(request), '\xD9'));
+}
+
+TEST_F(Fonts, ACharacterThatTheFaceLacksIsThatOfAnotherFontOnTheSameBaseline) {
+  const std::string more = "/usr/share/fonts/truetype/dejavu";
+  if (!std::filesystem::exists(more + "/DejaVuSans.ttf")) GTEST_SKIP() << "no such font here";
+  constexpr text::CharacterCode kStar = 0x819A;  // U+2605, which Tahoma lacks
+  const text::CodePage japanese(932);
+  const auto picture = [](const Glyph& glyph) {
+    return std::vector(glyph.coverage, glyph.coverage + glyph.width * glyph.height);
+  };
+  FontCache with{FontSources{{kDirectory, more}, false}, 1.0, japanese};
+  FontCache without{FontSources{{kDirectory}, false}, 1.0, japanese};
+  Font& tahoma = *with.Get(Request("Tahoma", -20));
+  Font& other = *with.Get(Request("DejaVu Sans", -20));
+  const Glyph& star = tahoma.At(kStar);
+  const Glyph& own = other.At(kStar);
+  EXPECT_EQ(picture(star), picture(own));
+  EXPECT_EQ(star.advance, own.advance);
+  EXPECT_EQ(star.top - tahoma.Metrics().text.ascent, own.top - other.Metrics().text.ascent);
+  EXPECT_NE(tahoma.Metrics().text.ascent, other.Metrics().text.ascent) << "or the baselines say nothing";
+  EXPECT_NE(picture(without.Get(Request("Tahoma", -20))->At(kStar)), picture(star));
+  EXPECT_EQ(picture(without.Get(Request("Tahoma", -20))->At('a')), picture(tahoma.At('a')));
 }
 
 TEST_F(Fonts, ExtremeSizesAndWeightsAreServed) {
@@ -130,7 +155,7 @@ TEST_F(Fonts, ExtremeSizesAndWeightsAreServed) {
 }
 
 TEST(FontCacheTest, EqualDescriptionsShareOneFont) {
-  FontCache cache{FontSources{{}, false}, 1.0, 1252};
+  FontCache cache{FontSources{{}, false}, 1.0, kWestern};
   const auto one = cache.Get(Request("a", 10));
   EXPECT_EQ(cache.Get(Request("a", 10)), one);
   EXPECT_NE(cache.Get(Request("a", 11)), one);
@@ -138,7 +163,7 @@ TEST(FontCacheTest, EqualDescriptionsShareOneFont) {
 }
 
 TEST(FontCacheTest, KeepsOnlyTheLatestUnusedFonts) {
-  FontCache cache{FontSources{{}, false}, 1.0, 1252};
+  FontCache cache{FontSources{{}, false}, 1.0, kWestern};
   const auto used = cache.Get(Request("used", 10));
   for (int i = 0; i < 100; ++i) cache.Get(Request("unused", 10 + i));
   EXPECT_EQ(cache.Size(), FontCache::kKept + 1);
@@ -146,7 +171,7 @@ TEST(FontCacheTest, KeepsOnlyTheLatestUnusedFonts) {
 }
 
 TEST(FontCacheTest, WithoutFontsTheBuiltInFaceServes) {
-  FontCache cache{FontSources{{}, false}, 1.0, 1252};
+  FontCache cache{FontSources{{}, false}, 1.0, kWestern};
   const auto font = cache.Get(Request("Tahoma", 20));
   EXPECT_EQ(font->Metrics().text.height, 20);
   EXPECT_EQ(font->Width("abc"), 36);
@@ -155,7 +180,7 @@ TEST(FontCacheTest, WithoutFontsTheBuiltInFaceServes) {
 }
 
 TEST(FontCacheTest, AFolderWithoutFontsCountsAsMissing) {
-  FontCache cache{FontSources{{"/nonexistent"}, false}, 1.0, 1252};
+  FontCache cache{FontSources{{"/nonexistent"}, false}, 1.0, kWestern};
   EXPECT_EQ(cache.Get(Request("Tahoma", 20))->Width("abc"), 36);
 }
 

@@ -28,7 +28,7 @@ int ScaleRounded(int value, int numerator, int denominator) {
 MemoryDrawing::State::State(const DrawingOptions& drawing_options)
     : options(drawing_options),
       code_page(drawing_options.code_page),
-      fonts(drawing_options.fonts, Aspect(drawing_options), code_page.Number()) {
+      fonts(drawing_options.fonts, Aspect(drawing_options), code_page) {
   auto brush = [this](int index, std::uint32_t color) {
     AddStock(index, {.kind = ObjectKind::kBrush, .brush = {color, index == kNullBrush}});
   };
@@ -74,6 +74,8 @@ std::size_t MemoryDrawing::LiveObjects() const {
 void MemoryDrawing::SetPalette(const SystemPalette& palette) { state_->options.palette = palette; }
 
 const SystemPalette& MemoryDrawing::Palette() const { return state_->options.palette; }
+
+const text::CodePage& MemoryDrawing::CodePage() const { return state_->code_page; }
 
 std::string MemoryDrawing::ToCodePage(std::string_view utf8) const { return state_->code_page.ToBytes(utf8); }
 

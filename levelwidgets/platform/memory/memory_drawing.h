@@ -10,6 +10,7 @@
 #include <levelwidgets/platform/memory/font_search.h>
 #include <levelwidgets/platform/memory/system_colors.h>
 #include <levelwidgets/platform/memory/target.h>
+#include <levelwidgets/platform/text/code_page.h>
 
 namespace levelwidgets::memory {
 
@@ -17,7 +18,7 @@ struct DrawingOptions {
   int dpi_x = 96;
   int dpi_y = 96;
   PixelSize screen{1024, 768};
-  int code_page = 1252;  // a single-byte one; 1252 when it is not
+  int code_page = 1252;  // one that text::CodePage has; 1252 when it is not
   SystemPalette palette = StandardPalette();
   FontSources fonts;
 };
@@ -49,6 +50,7 @@ class MemoryDrawing final : public DrawingApi {
   void SetPalette(const SystemPalette& palette);
   const SystemPalette& Palette() const;
 
+  const text::CodePage& CodePage() const;
   // Between UTF-8 and the system's code page; "?" for what is outside it.
   std::string ToCodePage(std::string_view utf8) const;
   std::string FromCodePage(std::string_view bytes) const;

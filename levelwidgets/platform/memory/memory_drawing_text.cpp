@@ -39,7 +39,8 @@ void PaintLine(Context& context, const PixelRect& limit, const TextLine& line, P
   const auto mark = static_cast<std::size_t>(line.mark);
   const int left = at.x + font.Width(line.bytes.substr(0, mark));
   const int top = at.y + metrics.ascent + 1;
-  const int right = left + font.Width(line.bytes.substr(mark, 1));
+  std::string_view marked = line.bytes.substr(mark);
+  const int right = left + font.At(font.CodePage().TakeCode(marked)).advance;
   FillArea(target, Intersect({left, top, right, top + 1}, limit), color);
 }
 

@@ -219,5 +219,27 @@ TEST_F(MemoryDrawingText, WithoutFontsArrowsAreTriangles) {
   EXPECT_EQ(rows[7].substr(0, 12), ".....#......");
 }
 
+// Without fonts it is a box.
+TEST(MemoryDrawingPairs, ACharacterOfTwoBytesIsOneAsWideAsTwoOthers) {
+  DrawingOptions options = WithoutFonts();
+  options.code_page = 932;
+  MemoryDrawing drawing{options};
+  Canvas canvas{60, 40};
+  const DcHandle dc = drawing.CreateWindowDC(&canvas);
+  drawing.SelectObject(dc, drawing.CreateFontA(RequestOf("", kLine)));
+  PixelSize size;
+  drawing.GetTextExtentPoint32A(dc, "\u65E5", size);
+  EXPECT_EQ(size, (PixelSize{2 * kAdvance, kLine}));
+  drawing.GetTextExtentPoint32A(dc, "a\u65E5b", size);
+  EXPECT_EQ(size.width, 4 * kAdvance);
+  PixelRect rect{0, 0, 60, 40};
+  drawing.DrawTextA(dc, "\u65E5", rect, kDtSingleLine);
+  EXPECT_EQ(canvas.Ink(), (PixelRect{0, 1, 2 * kAdvance - 1, 8})) << "one box";
+  canvas.store.pixels.assign(canvas.store.pixels.size(), kWhite);
+  drawing.DrawTextA(dc, "&\u65E5", rect, kDtSingleLine);
+  EXPECT_EQ(canvas.Ink(), (PixelRect{0, 1, 2 * kAdvance, 10})) << "with a line below all of it";
+  drawing.DestroyWindowDC(dc);
+}
+
 }  // namespace
 }  // namespace levelwidgets::memory

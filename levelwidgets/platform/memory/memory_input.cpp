@@ -304,11 +304,15 @@ void MemoryInput::KeyUp(int code, int shift) {
 }
 
 void MemoryInput::Type(std::string_view utf8) {
-  for (const char byte : drawing_.ToCodePage(utf8)) {
-    const KeyStroke stroke = KeyOfCharacter(byte).value_or(KeyStroke{kKeyPacket, 0});
-    const char character = byte == '\n' ? '\r' : byte;
+  const std::string typed = drawing_.ToCodePage(utf8);
+  for (std::string_view rest = typed; !rest.empty();) {
+    const std::string_view before = rest;
+    const bool pair = drawing_.CodePage().TakeCode(rest) > 0xFF;
+    const char first = before.front() == '\n' ? '\r' : before.front();
+    const KeyStroke packet{kKeyPacket, 0};
+    const KeyStroke stroke = pair ? packet : KeyOfCharacter(before.front()).value_or(packet);
     try {
-      Stroke(stroke.code, stroke.shift, {&character, 1});
+      Stroke(stroke.code, stroke.shift, pair ? before.substr(0, 2) : std::string_view(&first, 1));
     } catch (...) {
       SetDown(stroke.code, false);
       ForgetShift();

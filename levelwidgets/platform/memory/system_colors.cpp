@@ -11,12 +11,12 @@ constexpr std::array<std::string_view, 4> kNames{"light", "classic", "dark", "hi
 
 // 0xRRGGBB in the order of the names.
 constexpr std::uint32_t kColors[kSystemColorCount][kNames.size()] = {
-    {0xC8C8C8, 0xD4D0C8, 0x3A3A3A, 0x000000},  // 0 scroll bar
+    {0xC8C8C8, 0xD4D0C8, 0x3A3A3A, 0x303030},  // 0 scroll bar
     {0x000000, 0x3A6EA5, 0x101010, 0x000000},  // 1 desktop background
     {0x99B4D1, 0x0A246A, 0x2B3A4B, 0x800080},  // 2 active caption
     {0xBFCDDB, 0x808080, 0x2A2A2A, 0x008000},  // 3 inactive caption
     {0xF0F0F0, 0xD4D0C8, 0x2B2B2B, 0x000000},  // 4 menu
-    {0xFFFFFF, 0xFFFFFF, 0x1E1E1E, 0x000000},  // 5 window
+    {0xFFFFFF, 0xFFFFFF, 0x1E1E1E, 0x303030},  // 5 window
     {0x646464, 0x000000, 0x8A8A8A, 0xFFFFFF},  // 6 window frame
     {0x000000, 0x000000, 0xF0F0F0, 0xFFFFFF},  // 7 menu text
     {0x000000, 0x000000, 0xF0F0F0, 0xFFFFFF},  // 8 window text

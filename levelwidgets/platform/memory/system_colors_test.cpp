@@ -3,25 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
+
+#include <levelwidgets/testing/contrast.h>
 
 namespace levelwidgets::memory {
 namespace {
-
-// Relative luminance and contrast ratio as WCAG 2.1 defines them; 1 to 21.
-double Luminance(ColorRef color) {
-  const auto channel = [&](int shift) {
-    const double c = static_cast<double>(color.value >> shift & 0xFF) / 255;
-    return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * channel(0) + 0.7152 * channel(8) + 0.0722 * channel(16);
-}
-
-double Contrast(ColorRef a, ColorRef b) {
-  const double one = Luminance(a);
-  const double other = Luminance(b);
-  return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
-}
 
 class Palettes : public testing::TestWithParam<std::string_view> {};
 
@@ -42,6 +28,16 @@ TEST_P(Palettes, FramesAndGreyTextStandOutFromFaces) {
   const SystemPalette palette = *FindPalette(GetParam());
   EXPECT_GE(Contrast(palette.At(kColorButtonShadow), palette.At(kColorButtonFace)), 2);
   EXPECT_GE(Contrast(palette.At(kColorGrayText), palette.At(kColorButtonFace)), 2.5);
+}
+
+// A text box has the colour of windows, a form that of faces, and neither draws a frame.
+TEST_P(Palettes, TextBoxesStandOutFromForms) {
+  const SystemPalette palette = *FindPalette(GetParam());
+  const double least = GetParam() == "high-contrast" ? 1.5 : 1.1;
+  EXPECT_GE(Contrast(palette.At(kColorWindow), palette.At(kColorButtonFace)), least);
+  for (const int ground : {kColorWindow, kColorButtonFace}) {
+    EXPECT_GE(Contrast(palette.At(kColorWindowFrame), palette.At(ground)), 3) << ground;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Palettes, testing::ValuesIn(PaletteNames().begin(), PaletteNames().end()),

@@ -14,7 +14,7 @@ namespace levelwidgets::memory {
 struct TextLine {
   std::string_view bytes;
   int width = 0;
-  int mark = -1;  // the byte that an "&" underlines; the last one where there are several
+  int mark = -1;  // where the character begins that an "&" underlines; the last one where there are several
 };
 
 // Keeps its memory between texts.

@@ -23,9 +23,9 @@ void PaintGlyphs(const DrawingTarget& target, const PixelRect& limit, Font& font
                  PixelPoint at, std::uint32_t color) {
   ForEachPart(target, limit, [&](const PixelRect& part, auto row) {
     int x = at.x;
-    for (const char byte : bytes) {
+    for (std::string_view rest = bytes; !rest.empty();) {
       if (x > part.right + font.Metrics().text.height) break;  // further left no glyph reaches
-      const Glyph& glyph = font.At(static_cast<std::uint8_t>(byte));
+      const Glyph& glyph = font.At(font.CodePage().TakeCode(rest));
       PaintGlyph(part, row, glyph, {x + glyph.left, at.y + glyph.top}, color);
       x += glyph.advance;
     }

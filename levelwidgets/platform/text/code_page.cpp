@@ -3,6 +3,7 @@
 #include <iconv.h>
 
 #include <algorithm>
+#include <cerrno>
 
 #include <levelwidgets/platform/text/utf8.h>
 
@@ -31,13 +32,12 @@ class Converter {
 
   bool Open() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
-  // False when `byte` is only the beginning of a character.
-  bool Convert(std::uint8_t byte, char32_t& character) {
-    char in = static_cast<char>(byte);
+  // False when `bytes` are only the beginning of a character.
+  bool Convert(std::string_view bytes, char32_t& character) {
     std::uint8_t out[8] = {};
-    char* in_next = &in;
+    char* in_next = const_cast<char*>(bytes.data());  // which is only read
     char* out_next = reinterpret_cast<char*>(out);
-    std::size_t in_left = 1;
+    std::size_t in_left = bytes.size();
     std::size_t out_left = sizeof out;
     errno = 0;
     const std::size_t result = iconv(handle_, &in_next, &in_left, &out_next, &out_left);
@@ -59,41 +59,62 @@ std::array<char32_t, 256> Identity() {
   return table;
 }
 
-// False, with `table` half filled, when the system knows no such single-byte code page.
-bool FillTable(int number, std::array<char32_t, 256>& table) {
-  Converter converter(number);
-  if (!converter.Open()) return false;
-  for (std::size_t i = 0x80; i < table.size(); ++i) {
-    if (!converter.Convert(static_cast<std::uint8_t>(i), table[i])) return false;
-  }
-  return true;
+constexpr bool MayHavePairs(int number) {
+  return number == 932 || number == 936 || number == 949 || number == 950;
 }
+
+constexpr char32_t kReplacement = 0xFFFD;
 
 }  // namespace
 
 CodePage::CodePage(int number) : number_(number), unicode_(Identity()) {
-  if (number_ == kWestern || !FillTable(number_, unicode_)) {
+  if (number_ == kWestern || !FillTables()) {
     number_ = kWestern;
     unicode_ = Identity();
+    firsts_ = {};
+    pairs_.clear();
     std::copy(std::begin(kWesternSpecials), std::end(kWesternSpecials), unicode_.begin() + 0x80);
   }
   BuildInverse();
 }
 
+// False, with tables half filled, when the system knows no such code page, or one with longer characters.
+bool CodePage::FillTables() {
+  Converter converter(number_);
+  if (!converter.Open()) return false;
+  if (MayHavePairs(number_)) pairs_.assign(0x10000 - kFirstPair, kReplacement);
+  for (std::size_t i = 0x80; i < unicode_.size(); ++i) {
+    char bytes[] = {static_cast<char>(i), 0};
+    if (converter.Convert({bytes, 1}, unicode_[i])) continue;
+    if (pairs_.empty()) return false;
+    firsts_[i] = true;
+    for (std::size_t second = kLeastSecond; second < 0xFF; ++second) {
+      bytes[1] = static_cast<char>(second);
+      converter.Convert({bytes, 2}, pairs_[(i << 8 | second) - kFirstPair]);
+    }
+  }
+  return true;
+}
+
 void CodePage::BuildInverse() {
   for (std::size_t i = 0x80; i < unicode_.size(); ++i) {
-    inverse_.push_back({unicode_[i], static_cast<std::uint8_t>(i)});
+    if (!firsts_[i]) inverse_.push_back({unicode_[i], static_cast<CharacterCode>(i)});
+  }
+  for (std::size_t i = 0; i < pairs_.size(); ++i) {
+    if (pairs_[i] != kReplacement) {
+      inverse_.push_back({pairs_[i], static_cast<CharacterCode>(i + kFirstPair)});
+    }
   }
   std::stable_sort(inverse_.begin(), inverse_.end(),
                    [](const Entry& a, const Entry& b) { return a.character < b.character; });
 }
 
-std::uint8_t CodePage::Byte(char32_t character) const {
-  if (character < 0x80) return static_cast<std::uint8_t>(character);
+CharacterCode CodePage::Code(char32_t character) const {
+  if (character < 0x80) return static_cast<CharacterCode>(character);
   const auto found =
       std::lower_bound(inverse_.begin(), inverse_.end(), character,
                        [](const Entry& entry, char32_t wanted) { return entry.character < wanted; });
-  return found != inverse_.end() && found->character == character ? found->byte : '?';
+  return found != inverse_.end() && found->character == character ? found->code : '?';
 }
 
 void CodePage::Append(std::string_view utf8, std::string& bytes) const {
@@ -102,7 +123,9 @@ void CodePage::Append(std::string_view utf8, std::string& bytes) const {
       bytes.push_back(utf8.front());
       utf8.remove_prefix(1);
     } else {
-      bytes.push_back(static_cast<char>(Byte(TakeCharacter(utf8))));
+      const CharacterCode code = Code(TakeCharacter(utf8));
+      if (code >= kFirstPair) bytes.push_back(static_cast<char>(code >> 8));
+      bytes.push_back(static_cast<char>(code & 0xFF));
     }
   }
 }
@@ -117,9 +140,11 @@ std::string CodePage::ToBytes(std::string_view utf8) const {
 std::string CodePage::ToUtf8(std::string_view bytes) const {
   std::string text;
   text.reserve(bytes.size());
-  for (const char byte : bytes) AppendCharacter(Unicode(static_cast<std::uint8_t>(byte)), text);
+  while (!bytes.empty()) AppendCharacter(Unicode(TakeCode(bytes)), text);
   return text;
 }
+
+bool IsCodePage(int number) { return CodePage(number).Number() == number; }
 
 int CodePageOfCharset(int charset, int system) {
   struct Row {

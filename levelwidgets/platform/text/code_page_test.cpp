@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include <levelwidgets/platform/text/code_page.h>
 
 namespace levelwidgets::text {
@@ -40,9 +43,73 @@ TEST(CodePageTest, IllFormedBytesBecomeQuestionMarks) {
   EXPECT_EQ(page.ToBytes("\xFF\x80"), "??");
 }
 
-TEST(CodePageTest, NumbersThatAreNoSingleByteCodePageMeanWestern) {
-  for (const int number : {0, -5, 932, 936, 65001, 123456})
+TEST(CodePageTest, NumbersThatAreNoCodePageHereMeanWestern) {
+  for (const int number : {0, -5, 65001, 1200, 123456}) {
     EXPECT_EQ(CodePage(number).Number(), 1252) << number;
+    EXPECT_FALSE(IsCodePage(number)) << number;
+  }
+  for (const int number : {1252, 1250, 874, 932}) EXPECT_TRUE(IsCodePage(number)) << number;
+}
+
+TEST(CodePageTest, CharactersOfEastAsiaArePairsOfBytes) {
+  EXPECT_EQ(CodePage(932).ToBytes("\u65E5\u672C"), "\x93\xFA\x96\x7B");
+  EXPECT_EQ(CodePage(932).ToBytes("\uFF71"), "\xB1") << "half-width letters are single bytes";
+  EXPECT_EQ(CodePage(936).ToBytes("\u4E2D"), "\xD6\xD0");
+  EXPECT_EQ(CodePage(949).ToBytes("\uD55C"), "\xC7\xD1");
+  EXPECT_EQ(CodePage(950).ToBytes("\u4E2D"), "\xA4\xA4");
+  for (const int number : {932, 936, 949, 950}) {
+    const CodePage page(number);
+    EXPECT_EQ(page.Number(), number);
+    EXPECT_TRUE(page.HasPairs());
+    EXPECT_EQ(page.ToUtf8(page.ToBytes("2024\u5E745\u670815\u65E5 \\~")), "2024\u5E745\u670815\u65E5 \\~");
+    EXPECT_EQ(page.ToBytes("\u05D0"), "?");
+  }
+  EXPECT_FALSE(CodePage(1252).HasPairs());
+}
+
+TEST(CodePageTest, EveryPairReturnsFromUtf8AsTheSameCharacter) {
+  for (const int number : {932, 936, 949, 950}) {
+    const CodePage page(number);
+    int pairs = 0;
+    for (int code = 0x8100; code <= 0xFFFF; ++code) {
+      std::string bytes{static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
+      std::string_view rest = bytes;
+      if (page.TakeCode(rest) != code) continue;
+      const std::string text = page.ToUtf8(bytes);
+      if (text == "\uFFFD") continue;  // no character has it
+      ++pairs;
+      ASSERT_EQ(page.ToUtf8(page.ToBytes(text)), text) << std::hex << number << " " << code;
+    }
+    EXPECT_GT(pairs, 7000) << number;
+  }
+}
+
+TEST(CodePageTest, AFirstByteWithoutASecondIsACharacterOfItsOwn) {
+  const CodePage page(932);
+  const auto codes = [&](std::string_view bytes) {
+    std::vector<int> found;
+    while (!bytes.empty()) found.push_back(page.TakeCode(bytes));
+    return found;
+  };
+  EXPECT_EQ(codes("a\x93\xFA\x93"), (std::vector<int>{'a', 0x93FA, 0x93}));
+  EXPECT_EQ(codes("\x93\r\n"), (std::vector<int>{0x93, '\r', '\n'}));
+  EXPECT_EQ(codes("\x93&"), (std::vector<int>{0x93, '&'}));
+}
+
+TEST(CodePageTest, ASecondByteIsToldFromAFirstByWhatIsBeforeIt) {
+  const CodePage page(932);
+  // In 0x8393 and 0x9383 each byte may be either.
+  for (const std::string bytes : {"a\x83\x93\x83\x93z", "\x83\x93\x93\x83\x41\x93\x83", "\x96\x7B\x7B\x83"}) {
+    std::vector<bool> expected(bytes.size());
+    for (std::string_view rest = bytes; !rest.empty();) {
+      const std::size_t at = bytes.size() - rest.size();
+      if (page.TakeCode(rest) > 0xFF) expected[at + 1] = true;
+    }
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      EXPECT_EQ(page.IsSecond([&](std::size_t at) { return bytes[at]; }, i), expected[i])
+          << bytes << " " << i;
+    }
+  }
 }
 
 TEST(CodePageTest, CharsetsOfOneScriptHaveTheirOwnPage) {

@@ -81,13 +81,14 @@ void TakeSize(lua_State* L, int index, const OptionTable& table, DesktopSettings
 DesktopSettings DesktopSettingsAt(lua_State* L, int index) {
   const OptionTable table(
       L, index, "Desktop",
-      {"width", "height", "monitors", "dpi", "dpi_x", "dpi_y", "locale", "today", "palette"});
+      {"width", "height", "monitors", "dpi", "dpi_x", "dpi_y", "locale", "code_page", "today", "palette"});
   DesktopSettings settings;
   TakeSize(L, index, table, settings);
   settings.dpi = DpiOf(table, "dpi", settings.dpi);
   settings.dpi_x = DpiOf(table, "dpi_x", settings.dpi);
   settings.dpi_y = DpiOf(table, "dpi_y", settings.dpi);
   settings.locale = table.Text("locale", settings.locale);
+  if (table.Has("code_page")) settings.code_page = table.Whole("code_page", 0);
   settings.palette = table.Text("palette", settings.palette);
   if (table.Has("today")) {
     settings.today = DateOfIsoText(table.Text("today", ""));

@@ -21,6 +21,7 @@ struct DesktopSettings {
   std::optional<int> dpi_y;         // and down
   std::vector<PixelRect> monitors;  // instead of `size`, the primary one first
   std::string locale = "en-US";
+  std::optional<int> code_page;   // that of the locale where not given
   std::optional<Date> today;      // the desktop's own where not given
   std::string palette = "light";  // one of PaletteNames(); raises 5 for another
 };

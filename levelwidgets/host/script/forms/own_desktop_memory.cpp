@@ -27,6 +27,15 @@ std::string LocaleNamed(const std::string& name) {
               "There is no locale \"" + name + "\"; the locales: " + names);
 }
 
+int CheckedCodePage(int number) {
+  if (memory::IsCodePage(number)) return number;
+  throw Error(
+      kInvalidCall, "LevelWidgets.Desktop",
+      "There is no code page " + std::to_string(number) +
+          " here; those that desktops have are 1250 to 1258, 437, 850, 866 and 874, and of pairs of bytes "
+          "932, 936, 949 and 950");
+}
+
 }  // namespace
 
 ScriptDesktop MakeOwnDesktop(const DesktopSettings& settings) {
@@ -36,6 +45,7 @@ ScriptDesktop MakeOwnDesktop(const DesktopSettings& settings) {
   options.dpi_x = settings.dpi_x.value_or(settings.dpi);
   options.dpi_y = settings.dpi_y.value_or(settings.dpi);
   options.locale = LocaleNamed(settings.locale);
+  if (settings.code_page) options.code_page = CheckedCodePage(*settings.code_page);
   if (settings.today) options.now = *settings.today;
   options.palette = PaletteNamed(settings.palette);
   const auto desktop = std::make_shared<memory::Desktop>(options);

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include <levelwidgets/platform/text/utf8.h>
+
 namespace levelwidgets::memory {
 
 namespace {
@@ -40,6 +42,7 @@ LResult EditBox::Create(WindowHandle window) {
   if (flat_border_) SetStyle(kWsBorder, false);
   if (Has(kEsPassword) && !multi_line_) password_ = kDefaultPassword;
   limit_ = kFirstLimit;
+  buffer_.SetCodePage(host_.CodePage());
   buffer_.Lines().SetSingleLine(!multi_line_);
   buffer_.Measure().SetMask(password_);
   outer_ = ClientRect();
@@ -81,12 +84,13 @@ void EditBox::SetFont(ObjectHandle font) {
   drawing.GetTextMetricsA(dc, metrics_);
   drawing.SelectObject(dc, former);
   windows.ReleaseDC(window_, dc);
-  const auto measure = [this](std::uint8_t byte) {
-    const char character = static_cast<char>(byte);
+  const auto measure = [this](text::CharacterCode code) {
+    std::string character;
+    text::AppendCharacter(host_.CodePage().Unicode(code), character);
     const DcHandle own = host_.Windows().GetDC(window_);
     const ObjectHandle selected = host_.Drawing().SelectObject(own, font_);
     PixelSize size;
-    host_.Drawing().GetTextExtentPoint32A(own, host_.ToUtf8({&character, 1}), size);
+    host_.Drawing().GetTextExtentPoint32A(own, character, size);
     host_.Drawing().SelectObject(own, selected);
     host_.Windows().ReleaseDC(window_, own);
     return size.width;

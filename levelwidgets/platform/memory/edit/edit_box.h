@@ -71,6 +71,7 @@ class EditBox final : public WindowClient {
   // The text (edit_box_text.cpp)
   void SetText(std::string_view bytes);
   void Replace(std::string_view bytes, Change change);
+  void Shorten(std::string& bytes, std::size_t most);
   bool TakeWhatFits(std::string& bytes);
   std::size_t FittingWidth(std::string_view bytes);
   void SetCase(std::string& bytes);
@@ -107,6 +108,7 @@ class EditBox final : public WindowClient {
   void DeleteKey(bool shift, bool ctrl);
   void InsertKey(bool shift, bool ctrl);
   void Character(char byte);
+  void Enter(const std::string& character);
   void ControlCharacter(char byte);
   void EnterKey();
   void Backspace();
@@ -142,6 +144,7 @@ class EditBox final : public WindowClient {
   void PaintLines(DcHandle dc, const PixelRect& area, ObjectHandle brush);
   void PaintLine(DcHandle dc, std::size_t line, const PixelRect& area, ObjectHandle brush);
   std::size_t RunEnd(std::size_t from, std::size_t end) const;
+  std::string TextOfRun(std::size_t from, std::size_t to) const;
   void PaintRun(DcHandle dc, std::size_t from, std::size_t to, PixelRect place);
   void PaintBorder(DcHandle dc);
 
@@ -153,6 +156,7 @@ class EditBox final : public WindowClient {
 
   std::uint32_t style_ = 0;
   bool multi_line_ = false;
+  char first_of_pair_ = 0;  // that has come by itself; 0 for none
   bool flat_border_ = false;
   char password_ = 0;
   std::size_t limit_ = 0;

@@ -1,5 +1,6 @@
 // The keyboard in an edit box.
 #include <algorithm>
+#include <utility>
 
 #include <levelwidgets/platform/memory/edit/edit_box.h>
 
@@ -82,13 +83,14 @@ std::size_t EditBox::Previous(std::size_t offset) const {
   const LineLayout& lines = buffer_.Lines();
   if (offset == 0) return 0;
   const std::size_t line = lines.LineOf(offset);
-  if (offset > lines.Start(line)) return std::min(offset - 1, lines.End(line));
-  return lines.IsWrapped(line - 1) ? offset - 1 : lines.End(line - 1);
+  const std::size_t previous = buffer_.Text().Previous(offset);
+  if (offset > lines.Start(line)) return std::min(previous, lines.End(line));
+  return lines.IsWrapped(line - 1) ? previous : lines.End(line - 1);
 }
 
 std::size_t EditBox::Next(std::size_t offset) const {
   const std::size_t line = buffer_.Lines().LineOf(offset);
-  return offset < buffer_.Lines().End(line) ? offset + 1 : buffer_.Lines().Limit(line);
+  return offset < buffer_.Lines().End(line) ? buffer_.Text().Next(offset) : buffer_.Lines().Limit(line);
 }
 
 void EditBox::MoveByLines(int lines, bool extend) {
@@ -108,12 +110,23 @@ void EditBox::MoveToEdge(bool end, bool extend, bool ctrl) {
 
 // --- Characters ------------------------------------------------------------------------------
 
+// Of a pair the bytes come one after the other.
 void EditBox::Character(char byte) {
+  const char first = std::exchange(first_of_pair_, '\0');
+  if (first != 0 && host_.CodePage().IsPair(first, byte)) return Enter(std::string{first, byte});
+  if (host_.CodePage().IsFirst(byte)) {
+    first_of_pair_ = byte;
+    return;
+  }
   const auto code = static_cast<std::uint8_t>(byte);
   if (code < ' ') return ControlCharacter(byte);
   if (byte == kDeleteCharacter) return EraseWord();
-  if (Has(kEsReadOnly) || (Has(kEsNumber) && !IsDigit(byte))) return;
-  Replace({&byte, 1}, {.run = EditRun::kTyping});
+  Enter({byte});
+}
+
+void EditBox::Enter(const std::string& character) {
+  if (Has(kEsReadOnly) || (Has(kEsNumber) && !IsDigit(character[0]))) return;
+  Replace(character, {.run = EditRun::kTyping});
 }
 
 void EditBox::ControlCharacter(char byte) {

@@ -102,8 +102,8 @@ void EditBox::PaintLine(DcHandle dc, std::size_t line, const PixelRect& area, Ob
   // Letters reach over their places, so some outside of the area show in it.
   const int reach = view_.Format().line_height;
   std::size_t from = measure.Before(start, line_end, std::max(rect.left, area.left - reach) - left);
-  const std::size_t end = std::min(
-      line_end, 1 + measure.Before(start, line_end, std::min(rect.right, area.right + reach) - left));
+  const std::size_t last = measure.Before(start, line_end, std::min(rect.right, area.right + reach) - left);
+  const std::size_t end = last < line_end ? buffer_.Text().Next(last) : line_end;
   const bool overlaps = left + measure.XOf(start, from) < rect.left;
   while (from < end) {
     const std::size_t to = RunEnd(from, end);
@@ -129,6 +129,15 @@ std::size_t EditBox::RunEnd(std::size_t from, std::size_t end) const {
   return buffer_.Text().At(from) == '\t' ? from + 1 : buffer_.Text().Find('\t', from, end);
 }
 
+// As it is shown, in UTF-8.
+std::string EditBox::TextOfRun(std::size_t from, std::size_t to) const {
+  const text::CodePage& code_page = host_.CodePage();
+  if (password_ == 0) return code_page.ToUtf8(buffer_.Text().Copy(from, to));
+  std::string mask;
+  for (; from < to; from = buffer_.Text().Next(from)) mask += password_;
+  return code_page.ToUtf8(mask);
+}
+
 void EditBox::PaintRun(DcHandle dc, std::size_t from, std::size_t to, PixelRect place) {
   DrawingApi& drawing = host_.Drawing();
   const Selection& selected = buffer_.Selected();
@@ -141,17 +150,16 @@ void EditBox::PaintRun(DcHandle dc, std::size_t from, std::size_t to, PixelRect 
   }
   // A slanted letter may reach over the end of its run.
   place.right = view_.Format().rect.right;
-  const std::string bytes =
-      password_ != 0 ? std::string(to - from, password_) : buffer_.Text().Copy(from, to);
+  const std::string text = TextOfRun(from, to);
   if (!is_selected) {
-    drawing.DrawTextA(dc, host_.ToUtf8(bytes), place, kTextFormat);
+    drawing.DrawTextA(dc, text, place, kTextFormat);
     return;
   }
-  const ColorRef text = drawing.SetTextColor(dc, drawing.GetSysColor(kColorHighlightText));
+  const ColorRef color = drawing.SetTextColor(dc, drawing.GetSysColor(kColorHighlightText));
   const ColorRef background = drawing.SetBkColor(dc, drawing.GetSysColor(kColorHighlight));
   const int mode = drawing.SetBkMode(dc, kOpaque);
-  drawing.DrawTextA(dc, host_.ToUtf8(bytes), place, kTextFormat);
-  drawing.SetTextColor(dc, text);
+  drawing.DrawTextA(dc, text, place, kTextFormat);
+  drawing.SetTextColor(dc, color);
   drawing.SetBkColor(dc, background);
   drawing.SetBkMode(dc, mode);
 }

@@ -26,7 +26,11 @@ void EditBox::SetText(std::string_view bytes) {
 void EditBox::SetCase(std::string& bytes) {
   if (!Has(kEsUpperCase | kEsLowerCase)) return;
   const bool upper = Has(kEsUpperCase);
-  for (char& byte : bytes) byte = upper ? host_.UpperCaseOf(byte) : host_.LowerCaseOf(byte);
+  for (std::string_view rest = bytes; !rest.empty();) {
+    char& byte = bytes[bytes.size() - rest.size()];
+    const bool pair = host_.CodePage().TakeCode(rest) > 0xFF;
+    if (!pair) byte = upper ? host_.UpperCaseOf(byte) : host_.LowerCaseOf(byte);
+  }
 }
 
 void EditBox::Replace(std::string_view bytes, Change change) {
@@ -46,15 +50,22 @@ void EditBox::Replace(std::string_view bytes, Change change) {
   Notify(kEnChange);
 }
 
+// Leaves the whole characters among the first `most` bytes.
+void EditBox::Shorten(std::string& bytes, std::size_t most) {
+  if (most >= bytes.size()) return;
+  const bool inside = host_.CodePage().IsSecond([&](std::size_t i) { return bytes[i]; }, most);
+  bytes.resize(inside ? most - 1 : most);
+}
+
 // Leaves of `bytes` what there is room for. False when something had to go.
 bool EditBox::TakeWhatFits(std::string& bytes) {
   const std::size_t entered = bytes.size();
   const Selection& selected = buffer_.Selected();
   const std::size_t kept = buffer_.Size() - (selected.End() - selected.Start());
-  bytes.resize(std::min(entered, limit_ > kept ? limit_ - kept : 0));
+  Shorten(bytes, limit_ > kept ? limit_ - kept : 0);
   if (!multi_line_ && !Has(kEsAutoHScroll)) bytes.resize(FittingWidth(bytes));
   if (multi_line_ && !Has(kEsAutoVScroll)) {
-    bytes.resize(buffer_.FittingLines(bytes, static_cast<std::size_t>(view_.VisibleLines())));
+    Shorten(bytes, buffer_.FittingLines(bytes, static_cast<std::size_t>(view_.VisibleLines())));
   }
   return bytes.size() == entered;
 }
@@ -64,8 +75,9 @@ std::size_t EditBox::FittingWidth(std::string_view bytes) {
   TextMeasure& measure = buffer_.Measure();
   const Selection& selected = buffer_.Selected();
   int x = measure.XOf(0, selected.Start()) + measure.XOf(0, buffer_.Size()) - measure.XOf(0, selected.End());
-  for (std::size_t count = 0; count < bytes.size(); ++count) {
-    x += measure.Advance(bytes[count]);
+  for (std::string_view rest = bytes; !rest.empty();) {
+    const std::size_t count = bytes.size() - rest.size();
+    x += measure.Advance(host_.CodePage().TakeCode(rest));
     if (x > view_.Format().rect.width()) return count;
   }
   return bytes.size();

@@ -3,8 +3,8 @@
 namespace levelwidgets::memory {
 
 void EditBuffer::Select(Selection selection) {
-  selection.anchor = std::min(selection.anchor, Size());
-  selection.caret = std::min(selection.caret, Size());
+  selection.anchor = text_.Snapped(std::min(selection.anchor, Size()));
+  selection.caret = text_.Snapped(std::min(selection.caret, Size()));
   selection_ = selection;
 }
 

@@ -34,6 +34,8 @@ class EditBuffer {
   EditBuffer& operator=(const EditBuffer&) = delete;
 
   const TextStore& Text() const { return text_; }
+  // Of the texts from now on; it must outlive the buffer.
+  void SetCodePage(const text::CodePage& code_page) { text_.SetCodePage(code_page); }
   std::size_t Size() const { return text_.Size(); }
   // Measuring remembers, so it is for whoever has the buffer to change.
   TextMeasure& Measure() { return measure_; }
@@ -41,7 +43,7 @@ class EditBuffer {
   const LineLayout& Lines() const { return lines_; }
 
   const Selection& Selected() const { return selection_; }
-  // What is beyond the text is its end.
+  // What is beyond the text is its end, what is inside a character its start.
   void Select(Selection selection);
   // The line the caret is shown on.
   std::size_t CaretLine() const;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include <levelwidgets/platform/drawing.h>
+#include <levelwidgets/platform/text/code_page.h>
 #include <levelwidgets/platform/window.h>
 
 namespace levelwidgets::memory {
@@ -53,7 +54,7 @@ class EditHost {
   // Milliseconds, as ClockApi's.
   virtual std::uint64_t Ticks() = 0;
 
-  virtual std::string ToUtf8(std::string_view bytes) = 0;
+  virtual const text::CodePage& CodePage() = 0;
   // In the other case, where a byte's character has one in the code page.
   virtual char UpperCaseOf(char byte) = 0;
   virtual char LowerCaseOf(char byte) = 0;

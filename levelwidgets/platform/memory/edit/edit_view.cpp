@@ -124,7 +124,9 @@ bool EditView::ScrollSingleLine() {
     const int by_end = measure.XOf(0, size) - rect.width();
     const int least = std::min(by_caret, by_end);
     first_char_ = start_of(least);
-    if (measure.XOf(0, static_cast<std::size_t>(first_char_)) < least) ++first_char_;
+    if (measure.XOf(0, static_cast<std::size_t>(first_char_)) < least) {
+      first_char_ = static_cast<int>(buffer_.Text().Next(static_cast<std::size_t>(first_char_)));
+    }
   }
   return first_char_ != old;
 }

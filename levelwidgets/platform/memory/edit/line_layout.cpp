@@ -55,11 +55,11 @@ std::size_t LineLayout::NextWrapped(std::size_t start) {
   const std::size_t size = text_.Size();
   std::size_t word = start;
   int x = 0;
-  for (std::size_t at = start; at < size; ++at) {
-    const char byte = text_.At(at);
-    if (const std::size_t length = byte == '\r' ? BreakAt(at) : 0) return at + length;
-    x = measure_.After(x, byte);
-    if (IsBlank(byte)) {
+  for (std::size_t at = start; at < size; at = text_.Next(at)) {
+    const text::CharacterCode code = text_.CodeAt(at);
+    if (const std::size_t length = code == '\r' ? BreakAt(at) : 0) return at + length;
+    x = measure_.After(x, code);
+    if (code <= 0xFF && IsBlank(static_cast<char>(code))) {
       word = at + 1;
     } else if (x > wrap_width_ && at > start) {
       return word > start ? word : at;

@@ -2,16 +2,20 @@
 
 namespace levelwidgets::memory {
 
-void TextMeasure::SetFont(MeasureByte measure, int tab) {
+void TextMeasure::SetFont(MeasureCharacter measure, int tab) {
   measure_ = std::move(measure);
   tab_ = tab;
-  advances_.reset();
-  place_ = {};
+  Forget();
 }
 
 void TextMeasure::SetMask(char mask) {
   mask_ = mask;
+  Forget();
+}
+
+void TextMeasure::Forget() {
   advances_.reset();
+  pair_advances_.clear();
   place_ = {};
 }
 
@@ -19,26 +23,42 @@ void TextMeasure::Changed(std::size_t at) {
   if (place_.offset > at || place_.start > at) place_ = {};
 }
 
-int TextMeasure::MeasureNew(char byte) {
-  const int width = measure_ ? measure_(static_cast<std::uint8_t>(mask_ != 0 ? mask_ : byte)) : 0;
+int TextMeasure::Measured(text::CharacterCode code) const {
+  if (mask_ != 0) code = static_cast<std::uint8_t>(mask_);
+  return measure_ ? measure_(code) : 0;
+}
+
+int TextMeasure::AdvanceOfPair(text::CharacterCode code) {
+  const auto [known, is_new] = pair_advances_.try_emplace(code);
+  if (is_new) known->second = Measured(code);
+  return known->second;
+}
+
+int TextMeasure::MeasureNew(text::CharacterCode code) {
+  const int width = Measured(code);
   if (!advances_) {
     advances_ = std::make_unique<std::array<int, 256>>();
     advances_->fill(kUnknown);
   }
-  return (*advances_)[static_cast<std::uint8_t>(byte)] = width;
+  return (*advances_)[code] = width;
 }
 
 void TextMeasure::GoTo(std::size_t start) {
   if (place_.start != start) place_ = {start, start, 0};
 }
 
-void TextMeasure::Step() { place_.x = After(place_.x, text_.At(place_.offset++)); }
+void TextMeasure::Step() {
+  place_.x = After(place_.x, text_.CodeAt(place_.offset));
+  place_.offset = text_.Next(place_.offset);
+}
 
-// False, with nothing changed, over a tab: how wide it is depends on what is before it.
+// False, with nothing changed, over a tab, because its width depends on what is before it, and among pairs,
+// because where they begin does.
 bool TextMeasure::StepBack() {
+  if (text_.HasPairs()) return false;
   const char byte = text_.At(place_.offset - 1);
   if (byte == '\t' && tab_ > 0) return false;
-  place_.x -= Advance(byte);
+  place_.x -= Advance(static_cast<std::uint8_t>(byte));
   --place_.offset;
   return true;
 }
@@ -72,8 +92,8 @@ std::size_t TextMeasure::Nearest(std::size_t start, std::size_t end, int x) {
   const std::size_t before = Before(start, end, x);
   if (before == end) return end;
   const int left = place_.x;
-  const int right = After(left, text_.At(before));
-  return x - left < right - x ? before : before + 1;
+  const int right = After(left, text_.CodeAt(before));
+  return x - left < right - x ? before : text_.Next(before);
 }
 
 }  // namespace levelwidgets::memory

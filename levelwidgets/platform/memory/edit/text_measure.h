@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <unordered_map>
 
 #include <levelwidgets/platform/memory/edit/text_store.h>
 
@@ -14,26 +15,27 @@ namespace levelwidgets::memory {
 // Remembers the last place measured: the next one is usually near it, also far inside a long line.
 class TextMeasure {
  public:
-  using MeasureByte = std::function<int(std::uint8_t)>;
+  using MeasureCharacter = std::function<int(text::CharacterCode)>;
 
   explicit TextMeasure(const TextStore& text) : text_(text) {}
 
-  // `measure` is asked once for each byte that occurs. `tab` is the distance of tab stops; 0: a tab is a
+  // `measure` is asked once for each character that occurs. `tab` is the distance of tab stops; 0: a tab is a
   // character as any other.
-  void SetFont(MeasureByte measure, int tab);
-  // Every byte is as wide as `mask`, unless that is 0.
+  void SetFont(MeasureCharacter measure, int tab);
+  // Every character is as wide as `mask`, unless that is 0.
   void SetMask(char mask);
   // The text from `at` on is another one.
   void Changed(std::size_t at);
 
-  // Where `byte` ends that begins `x` pixels from its line's start.
-  int After(int x, char byte) {
-    if (byte == '\t' && tab_ > 0) return (x / tab_ + 1) * tab_;
-    return x + Advance(byte);
+  // Where the character ends that begins `x` pixels from its line's start.
+  int After(int x, text::CharacterCode code) {
+    if (code == '\t' && tab_ > 0) return (x / tab_ + 1) * tab_;
+    return x + Advance(code);
   }
-  int Advance(char byte) {
-    const int known = advances_ ? (*advances_)[static_cast<std::uint8_t>(byte)] : kUnknown;
-    return known != kUnknown ? known : MeasureNew(byte);
+  int Advance(text::CharacterCode code) {
+    if (code > 0xFF) return AdvanceOfPair(code);
+    const int known = advances_ ? (*advances_)[code] : kUnknown;
+    return known != kUnknown ? known : MeasureNew(code);
   }
 
   // From `start`, where a line starts, to `offset`.
@@ -50,16 +52,20 @@ class TextMeasure {
     int x = 0;
   };
 
-  int MeasureNew(char byte);
+  int Measured(text::CharacterCode code) const;
+  int MeasureNew(text::CharacterCode code);
+  int AdvanceOfPair(text::CharacterCode code);
+  void Forget();
   void GoTo(std::size_t start);
   bool StepBack();
   void Step();
 
   const TextStore& text_;
-  MeasureByte measure_;
+  MeasureCharacter measure_;
   static constexpr int kUnknown = -1;
   // By byte; null while none is known, as in the many boxes that are never shown.
   std::unique_ptr<std::array<int, 256>> advances_;
+  std::unordered_map<text::CharacterCode, int> pair_advances_;
   int tab_ = 0;
   char mask_ = 0;
   Place place_;

@@ -82,7 +82,7 @@ TEST_F(TextMeasureTest, RemembersWidthsWithoutChangingResults) {
     const std::size_t start = random() % (text.Size() + 1);
     const std::size_t offset = start + random() % (text.Size() - start + 1);
     int x = 0;
-    for (std::size_t k = start; k < offset; ++k) x = measure.After(x, text.At(k));
+    for (std::size_t k = start; k < offset; ++k) x = measure.After(x, text.CodeAt(k));
     ASSERT_EQ(measure.XOf(start, offset), x);
   }
 }
