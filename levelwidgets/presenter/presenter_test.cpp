@@ -192,6 +192,21 @@ TEST_F(PresenterTest, PopupsGoWithTheFormThatIsMoved) {
   EXPECT_EQ(rect, (PixelRect{520, 115, 540, 135}));
 }
 
+TEST_F(PresenterTest, APopupGoesOntoAnotherMonitorWithItsFormAndBack) {
+  const WindowHandle popup = MakePopup({120, 130, 220, 190});
+  windows.SetActiveWindow(form);
+  presenter.Sync();
+  const std::uint32_t id = presenter.NativeIdOf(popup);
+  for (const PixelPoint place : {PixelPoint{3000, -500}, PixelPoint{-2000, 90}, PixelPoint{100, 100}}) {
+    Handle({WindowEvent(form, SDL_WINDOWEVENT_MOVED, place.x, place.y)});
+    presenter.Sync();
+    EXPECT_EQ(NativePlace(popup), (PixelPoint{place.x + 20, place.y + 30}));
+    EXPECT_EQ(presenter.NativeIdOf(popup), id) << "the same native window";
+    EXPECT_TRUE(Flags(popup) & SDL_WINDOW_ALWAYS_ON_TOP);
+    EXPECT_TRUE(Flags(popup) & SDL_WINDOW_SHOWN);
+  }
+}
+
 TEST_F(PresenterTest, TheMonitorsAreThoseOfTheSystem) {
   const memory::DesktopOptions options = display_->Fit({});
   ASSERT_EQ(options.monitors.size(), static_cast<std::size_t>(SDL_GetNumVideoDisplays()));

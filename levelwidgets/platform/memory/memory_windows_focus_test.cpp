@@ -119,6 +119,21 @@ TEST_F(WindowFocusTest, HidingTheActiveWindowActivatesItsOwnerOrTheNext) {
   EXPECT_FALSE(windows.GetFocus());
 }
 
+TEST_F(WindowFocusTest, HidingAnOwnedWindowActivatesItsOwnerThoughAnotherOneIsInFrontOfThat) {
+  const WindowHandle owned = Make("owned", &client, form, {0, 0, 10, 10}, kPopup);
+  windows.SetWindowPos(other, owned, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);  // owned, other, form
+  ASSERT_EQ(windows.GetActiveWindow(), owned);
+  windows.ShowWindow(owned, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+}
+
+TEST_F(WindowFocusTest, AMinimisedWindowIsNotActivatedInstead) {
+  const WindowHandle last = MakeTop("last", {0, 0, 10, 10});
+  windows.SetWindowLongA(other, kGwlStyle, windows.GetWindowLongA(other, kGwlStyle) | kWsMinimize);
+  windows.ShowWindow(last, kSwHide);
+  EXPECT_EQ(windows.GetActiveWindow(), form);
+}
+
 TEST_F(WindowFocusTest, DisabledWindowsAreNotActivatedInstead) {
   windows.EnableWindow(form, false);
   windows.ShowWindow(other, kSwHide);
