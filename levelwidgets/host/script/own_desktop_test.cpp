@@ -102,7 +102,7 @@ TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, OwnDesktopScript,
-                         testing::Values("default_desktop", "desktop", "invariants", "locale_values",
+                         testing::Values("default_desktop", "desktop", "invariants", "jumps", "locale_values",
                                          "timers", "windows"),
                          [](const auto& script) { return std::string(script.param); });
 

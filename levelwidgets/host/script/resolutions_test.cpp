@@ -113,6 +113,40 @@ TEST(Resolutions, APlaceInAFormIsThatOfItsControls) {
   }
 }
 
+TEST(Resolutions, AFormThatIsResizedHasTheTwipsOfItsPixels) {
+  for (const auto& [dpi, twips] : {std::pair{"96", "15"}, {"168", "1440 / 168"}, {"192", "7.5"}}) {
+    ScriptHost host;
+    host.RunText(std::string("local d = lw.desktop{ width=1002, height=800, dpi=") + dpi + R"lua( }
+      local f = lw.form{ Name='frm', Width=3000, Height=3000 }
+      f:show()
+      f.Left, f.Top = 1440, 720
+      local left, top, right, bottom = d:rect(f)
+      assert(left == )lua" +
+                     dpi + " and top == " + dpi + R"lua( / 2, left .. ' ' .. top)
+      d:maximize(f)
+      left, top, right, bottom = d:rect(f)
+      assert(right - left == 1002)
+      assert(math.abs(f.Width - 1000 * )lua" +
+                     twips + ") < 0.01, f.Width)",
+                 "resized.lua");
+  }
+}
+
+TEST(Resolutions, AMessageHasNoMoreLinesAtAnyOfThem) {
+  const auto height_at = [](int dpi) {
+    ScriptHost host;
+    return host.RunText("local d = lw.desktop{ width=3000, height=2000, dpi=" + std::to_string(dpi) + R"lua( }
+      local m = lw.message{ text = string.rep('Some words that make it long. ', 18), title = 'Long' }
+      return math.tointeger(m.Height))lua",
+                        "message.lua");
+  };
+  const int at_96 = height_at(96);
+  for (const int dpi : {120, 144, 168, 192}) {
+    EXPECT_LE(height_at(dpi), at_96) << dpi;
+    EXPECT_GT(height_at(dpi), at_96 * 3 / 4) << dpi;
+  }
+}
+
 // What is drawn in a control is as large beside it as at 96.
 TEST(Resolutions, TextsThatFitAtNinetySixFitAtEachOfThem) {
   const auto width_at = [](int dpi) {
