@@ -106,16 +106,21 @@ install(CODE "include(\"${PROJECT_SOURCE_DIR}/cmake/install_headers.cmake\")
 levelwidgets_install_headers(\"${PROJECT_SOURCE_DIR}\" \"${CMAKE_INSTALL_INCLUDEDIR}\" \"${headers}\")"
         COMPONENT Development)
 
-# --- The program, its examples and the texts --------------------------------------------------------------
+# --- The program, the pages and the examples ---------------------------------------------------------------
 
 if(LEVELWIDGETS_PROGRAM)
   install(TARGETS levelwidgets RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
 endif()
-install(DIRECTORY examples/gallery DESTINATION ${CMAKE_INSTALL_DATADIR}/levelwidgets/examples COMPONENT Runtime)
-install(DIRECTORY examples/one_button examples/form_test DESTINATION ${CMAKE_INSTALL_DATADIR}/levelwidgets/examples
-        COMPONENT Development)
-install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/levelwidgets COMPONENT Runtime)
-install(DIRECTORY docs/reference DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/levelwidgets COMPONENT Runtime OPTIONAL)
+# In one folder, as in the tree: the pages link to the examples, and an example alone explains little.
+set(pages_dir ${CMAKE_INSTALL_DATADIR}/doc/levelwidgets)
+install(DIRECTORY examples DESTINATION ${pages_dir} COMPONENT Runtime)
+install(FILES LICENSE DESTINATION ${pages_dir} COMPONENT Runtime)
+install(CODE "include(\"${PROJECT_SOURCE_DIR}/cmake/install_pages.cmake\")
+levelwidgets_install_pages(\"${PROJECT_SOURCE_DIR}\" \"${pages_dir}\" \"${generated}/pages\")"
+        COMPONENT Runtime)
+if(CMAKE_CROSSCOMPILING AND CMAKE_TOOLCHAIN_FILE)
+  install(FILES ${CMAKE_TOOLCHAIN_FILE} DESTINATION ${package_dir} COMPONENT Development)
+endif()
 
 # All that installing takes.
 list(TRANSFORM components PREPEND levelwidgets_ OUTPUT_VARIABLE targets)

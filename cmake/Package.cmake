@@ -1,4 +1,4 @@
-# Packages: cpack --config build/release/CPackConfig.cmake -G DEB, and -G ZIP of a Windows build.
+# Packages, as tools/package makes them.
 
 set(CPACK_PACKAGE_NAME levelwidgets)
 set(CPACK_PACKAGE_VENDOR "The LevelWidgets developers")
@@ -41,8 +41,8 @@ with them and describes the controls.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME liblevelwidgets-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS "cmake | pkg-config")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "levelwidgets, libgmock-dev")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS "cmake | pkg-config, levelwidgets")  # which has the pages and examples
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libgmock-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Flat controls (buttons, labels, scroll bars, tab strips, text boxes) for
 form-based applications, written once for Windows and for a desktop in
 memory on which forms are driven and tested without a display. This package

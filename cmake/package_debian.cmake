@@ -6,8 +6,11 @@ foreach(component Runtime Development)
   set(package ${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
   set(folder ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/${component}/usr/share/doc/${package})
   file(MAKE_DIRECTORY ${folder})
-  file(REMOVE ${folder}/LICENSE)
   file(COPY_FILE ${CPACK_RESOURCE_FILE_LICENSE} ${folder}/copyright)
+  if(EXISTS ${folder}/LICENSE)  # by this name the pages link to it
+    file(REMOVE ${folder}/LICENSE)
+    file(CREATE_LINK copyright ${folder}/LICENSE SYMBOLIC)
+  endif()
   file(WRITE ${folder}/changelog "${package} (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
 
   * Version ${CPACK_PACKAGE_VERSION}.

@@ -23,9 +23,11 @@ nlohmann-json3-dev   | /usr/include/nlohmann/json.hpp      | the machine-readabl
 fontconfig           | fc-match                            | the font configuration
 fonts-wine           | /usr/share/wine/fonts/tahoma.ttf    | the font of the forms and the arrow symbols'
 
-test_packages='
+testing_packages='
 libgtest-dev         | /usr/include/gtest/gtest.h          | the test framework
-libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the tests
+libgmock-dev         | /usr/include/gmock/gmock.h          | the matchers of the tests'
+
+test_packages=$testing_packages'
 xvfb                 | Xvfb                                | the screen that native windows are tested on
 openbox              | openbox                             | the window manager there
 xdotool              | xdotool                             | the mouse and the keyboard there
@@ -33,18 +35,24 @@ x11-utils            | xprop                               | reads the titles of
 python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms by their schema
 clang-format         | clang-format                        | checks the layout of the sources'
 
-install_packages='
-file                 | file                                | recognises programs among the files of Debian packages'
+package_packages='
+file                 | file                                | recognises programs among the files of Debian packages
+dpkg-dev             | dpkg-shlibdeps                      | finds the packages that the program needs'
+
+install_packages=$package_packages'
+clang                | clang++                             | the other compiler that the examples are compiled with'
 
 fuzz_packages='
 clang                | clang++                             | the compiler with the fuzzer
 libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a | the fuzzer'
 
-windows_packages='
+windows_build_packages='
 g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
 googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
 lld                  | ld.lld                              | links the test program for Windows in a second
-dpkg-dev             | dpkg-source                         | unpacks the sources of Lua
+dpkg-dev             | dpkg-source                         | unpacks the sources of Lua'
+
+windows_packages=$windows_build_packages'
 wine                 | wine                                | runs the Windows tests
 wine64               | /usr/lib/wine/wine64                | runs the Windows tests
 xvfb                 | Xvfb                                | the display they run on

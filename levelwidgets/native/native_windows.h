@@ -14,7 +14,7 @@ namespace levelwidgets {
 struct NativeWindowOptions {
   // How many times as large as at 96 dots per inch forms are, 1 to 8; as the display itself wants it when not
   // given. Windows has a scale of its own.
-  std::optional<double> scale;
+  std::optional<double> scale = {};
   // One of the names of palettes, where the colours are not the system's own.
   std::string palette = "light";
 };

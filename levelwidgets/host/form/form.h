@@ -15,14 +15,15 @@
 
 namespace levelwidgets {
 
+// Each member has a default, so that a compiler has nothing to warn of where a program names only some.
 struct FormOptions {
   std::string name = "frmForm";
-  std::string caption;
+  std::string caption = {};
   TwipSize size{Twips(6000), Twips(4500)};  // inner
   // Of the screen, the outer left top corner; in the middle where it is not given.
-  std::optional<Twips> left;
-  std::optional<Twips> top;
-  FontDescription font;
+  std::optional<Twips> left = {};
+  std::optional<Twips> top = {};
+  FontDescription font = {};
   Color back_color{0x8000000Fu};
   bool key_preview = false;
   bool design = false;  // design mode: the controls get no input
@@ -30,8 +31,8 @@ struct FormOptions {
 
 // Where a control is put when it is added.
 struct Placement {
-  TwipPoint position;
-  std::optional<TwipSize> size;  // the class's own when not given
+  TwipPoint position = {};
+  std::optional<TwipSize> size = {};  // the class's own when not given
 };
 
 // The length of `place`, which has a size, that the flags of a row name; null for flags that name none.

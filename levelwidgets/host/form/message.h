@@ -21,7 +21,7 @@ enum class MessageStyle : std::int32_t {
 };
 
 struct MessageOptions {
-  std::string text;  // lines end with "\n"; longer ones are broken between words
+  std::string text = {};  // lines end with "\n"; longer ones are broken between words
   std::string title = "LevelWidgets";
   MessageStyle style = MessageStyle::kPlain;
   std::vector<std::string> buttons = {"OK"};  // captions

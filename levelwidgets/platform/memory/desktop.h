@@ -23,15 +23,15 @@ namespace levelwidgets::memory {
 inline constexpr Date kStandardNow{45427.4375};
 
 struct DesktopOptions {
-  PixelSize screen{1024, 768};      // of the only monitor
-  std::vector<PixelRect> monitors;  // instead of it, the primary one first; that one begins at (0, 0)
+  PixelSize screen{1024, 768};           // of the only monitor
+  std::vector<PixelRect> monitors = {};  // instead of it, the primary one first; that one begins at (0, 0)
   int dpi_x = 96;
   int dpi_y = 96;
   std::string locale = "en-US";
   Date now = kStandardNow;
   std::optional<int> code_page;  // one that IsCodePage knows; that of the locale where not given
   SystemPalette palette = StandardPalette();
-  FontSources fonts;
+  FontSources fonts = {};
   // The wheel goes to the window with the focus, as older systems have it, and not to the one under the
   // pointer.
   bool wheel_to_focus = false;
