@@ -133,6 +133,40 @@ TEST_F(Documentation, ThePicturesShowSomething) {
   }
 }
 
+// What "#..." in a link names: the headings, in small letters, "-" for each blank and nothing for
+// punctuation.
+std::set<std::string> AnchorsOf(const std::string& page) {
+  std::set<std::string> anchors;
+  std::istringstream lines(page);
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with('#')) continue;
+    std::string anchor;
+    for (const char c : line.substr(line.find_first_not_of("# "))) {
+      if (c == ' ') anchor += '-';
+      if (std::isalnum(static_cast<unsigned char>(c)) || c == '-' || c == '_')
+        anchor += static_cast<char>(std::tolower(c));
+    }
+    anchors.insert(anchor);
+  }
+  return anchors;
+}
+
+TEST_F(Documentation, LinksLeadToHeadingsThatAreThere) {
+  const std::regex link(R"(\]\(([^)#\s]*)#([^)]+)\))");
+  int links = 0;
+  for (const std::filesystem::path& page : Pages()) {
+    const std::string text = TextOf(page);
+    for (std::sregex_iterator match(text.begin(), text.end(), link), end; match != end; ++match) {
+      const std::string target = (*match)[1], anchor = (*match)[2];
+      if (target.starts_with("https://")) continue;
+      const auto anchors = AnchorsOf(target.empty() ? text : TextOf(page.parent_path() / target));
+      EXPECT_TRUE(anchors.contains(anchor)) << page << ": " << target << "#" << anchor;
+      ++links;
+    }
+  }
+  EXPECT_GT(links, 3);
+}
+
 TEST_F(Documentation, LinksLeadToFilesThatAreThere) {
   const std::regex link(R"(\]\(([^)#\s]+)(#[^)]*)?\)|<img src="([^"]+)\")");
   int links = 0;

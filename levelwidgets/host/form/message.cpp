@@ -3,20 +3,15 @@
 #include <algorithm>
 #include <string_view>
 
-#include <levelwidgets/controls/button/flat_button.h>
-#include <levelwidgets/controls/label/flat_label.h>
 #include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/form/modal.h>
+#include <levelwidgets/host/form/question_parts.h>
 
 namespace levelwidgets {
 
 namespace {
 
-constexpr Twips kMargin(225);
-constexpr Twips kGap(120);
-constexpr Twips kLineHeight(240);
 constexpr TwipSize kSign{Twips(480), Twips(480)};
-constexpr TwipSize kButton{Twips(1200), Twips(375)};
 constexpr float kLongestLine = 6000;  // twips
 constexpr float kMostLines = 40;
 
@@ -30,27 +25,6 @@ constexpr Sign kSigns[] = {{MessageStyle::kCritical, "x", Color(0x001C1CC4u)},
                            {MessageStyle::kQuestion, "?", Color(0x00A8590Bu)},
                            {MessageStyle::kWarning, "!", Color(0x000077C0u)},
                            {MessageStyle::kInformation, "i", Color(0x00A8590Bu)}};
-
-// In a caption "&" marks the access key.
-std::string Plain(std::string_view text) {
-  std::string plain;
-  for (const char c : text) plain += c == '&' ? "&&" : std::string(1, c);
-  return plain;
-}
-
-// A label that looks the same whatever the pointer does.
-FlatLabel& AddText(Form& form, const std::string& name, std::string_view text, const Placement& place) {
-  FlatLabel& label = form.Add<FlatLabel>(name, place);
-  form.Find(name)->SetTabStop(false);
-  label.SetMouseUnderline(false);
-  label.SetBackColor(form.BackColor());
-  label.SetBackColorMouseOver(form.BackColor());
-  label.SetBackColorPushed(form.BackColor());
-  label.SetForeColorMouseOver(label.ForeColor());
-  label.SetForeColorPushed(label.ForeColor());
-  label.SetCaption(Plain(text));
-  return label;
-}
 
 // --- Lines -------------------------------------------------------------------------------------------
 
@@ -134,59 +108,56 @@ class MessageForm {
   void AddSign() {
     const auto sign = std::ranges::find(kSigns, options_.style, &Sign::style);
     if (sign == std::end(kSigns)) return;
-    FlatLabel& label = AddText(*form_, "lblSign", sign->text, {{kMargin, kMargin}, kSign});
+    FlatLabel& label = AddText(*form_, "lblSign", sign->text, {{kQuestionMargin, kQuestionMargin}, kSign});
     label.SetFont(MakeFont({.name = "Tahoma", .size = 20, .bold = true}));
     label.SetAlignment(ksxAlignmentConstants::ksxCenter);
-    for (const auto set :
-         {&FlatLabel::SetForeColor, &FlatLabel::SetForeColorMouseOver, &FlatLabel::SetForeColorPushed}) {
-      (label.*set)(sign->color);
-    }
-    text_left_ = kMargin + kSign.width + kGap;
-    bottom_ = kMargin + kSign.height;
+    SetSteadyColors(label, form_->BackColor(), sign->color);
+    text_left_ = kQuestionMargin + kSign.width + kQuestionGap;
+    bottom_ = kQuestionMargin + kSign.height;
   }
 
   void AddLines() {
-    FlatLabel& first = AddText(*form_, "lbl1", "", {{text_left_, kMargin}, TwipSize{Twips(15), kLineHeight}});
+    FlatLabel& first =
+        AddText(*form_, "lbl1", "", {{text_left_, kQuestionMargin}, TwipSize{Twips(15), kQuestionLine}});
     const Ruler ruler(first.GetSurface());
     const std::vector<std::string> lines = LinesOf(options_.text, ruler);
     // Beside the sign a short text stands in its middle.
-    const Twips height(kLineHeight.value * static_cast<float>(lines.size()));
-    Twips top = kMargin + Twips(std::max(0.0f, (bottom_ - kMargin - height).value / 2));
-    for (std::size_t i = 0; i < lines.size(); ++i, top = top + kLineHeight) {
+    const Twips height(kQuestionLine.value * static_cast<float>(lines.size()));
+    Twips top = kQuestionMargin + Twips(std::max(0.0f, (bottom_ - kQuestionMargin - height).value / 2));
+    for (std::size_t i = 0; i < lines.size(); ++i, top = top + kQuestionLine) {
       const std::string name = "lbl" + std::to_string(i + 1);
-      const TwipSize size{Twips(ruler.WidthOf(lines[i]) + 60), kLineHeight};
+      const TwipSize size{Twips(ruler.WidthOf(lines[i]) + 60), kQuestionLine};
       if (i > 0) AddText(*form_, name, lines[i], {{text_left_, top}, size});
       right_ = std::max(right_, text_left_ + size.width);
     }
-    first.SetCaption(Plain(lines[0]));
-    form_->Find("lbl1")->Move({text_left_, top - height}, {right_ - text_left_, kLineHeight});
+    first.SetCaption(CaptionOf(lines[0]));
+    form_->Find("lbl1")->Move({text_left_, top - height}, {right_ - text_left_, kQuestionLine});
     bottom_ = std::max(bottom_, top);
   }
 
   // In the middle below the text.
   void AddButtons() {
     const auto count = static_cast<float>(options_.buttons.size());
-    const Twips row(count * kButton.width.value + (count - 1) * kGap.value);
-    const Twips width = std::max(right_, kMargin + row) + kMargin;
-    TwipPoint at{Twips((width - row).value / 2), bottom_ + kMargin};
+    const Twips row(count * kQuestionButton.width.value + (count - 1) * kQuestionGap.value);
+    const Twips width = std::max(right_, kQuestionMargin + row) + kQuestionMargin;
+    TwipPoint at{Twips((width - row).value / 2), bottom_ + kQuestionMargin};
     for (const std::string& caption : options_.buttons) {
       const std::string name = "cmd" + std::to_string(buttons_.size() + 1);
-      buttons_.push_back(&form_->Add<FlatButton>(name, {at, kButton}));
-      buttons_.back()->SetCaption(caption);
-      at.x = at.x + kButton.width + kGap;
+      buttons_.push_back(&AddButton(*form_, name, caption, {at, kQuestionButton}));
+      at.x = at.x + kQuestionButton.width + kQuestionGap;
     }
     form_->Find("cmd1")->SetDefault(true);
     form_->Find("cmd" + std::to_string(buttons_.size()))->SetCancel(true);
     form_->Find("cmd1")->SetFocus();
     form_->SetWidth(width);
-    form_->SetHeight(at.y + kButton.height + kMargin);
+    form_->SetHeight(at.y + kQuestionButton.height + kQuestionMargin);
     form_->Centre();
   }
 
   const MessageOptions& options_;
   std::shared_ptr<Form> form_;
   std::vector<FlatButton*> buttons_;
-  Twips text_left_ = kMargin;
+  Twips text_left_ = kQuestionMargin;
   Twips right_;
   Twips bottom_;
 };

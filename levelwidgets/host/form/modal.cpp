@@ -2,39 +2,31 @@
 
 namespace levelwidgets {
 
-namespace {
-
-using Forms = std::vector<std::weak_ptr<Form>>;
-
-Forms Disable(const Form& form, const std::vector<std::shared_ptr<Form>>& others) {
-  WindowApi& windows = form.GetPlatform().Windows();
-  Forms disabled;
-  for (const auto& other : others) {
-    if (other.get() == &form || other->Closed() || !windows.IsWindowEnabled(other->hWnd())) continue;
-    disabled.push_back(other);
-    windows.EnableWindow(other->hWnd(), false);
+FormsAtRest::FormsAtRest(const std::vector<std::shared_ptr<Form>>& forms, const Form* except) {
+  for (const auto& form : forms) {
+    if (form.get() == except || form->Closed()) continue;
+    WindowApi& windows = form->GetPlatform().Windows();
+    if (!windows.IsWindowEnabled(form->hWnd())) continue;
+    disabled_.push_back(form);
+    windows.EnableWindow(form->hWnd(), false);
   }
-  return disabled;
 }
 
-void EnableAgain(const Forms& disabled) {
-  for (const auto& other : disabled) {
-    const auto alive = other.lock();
+FormsAtRest::~FormsAtRest() {
+  for (const auto& form : disabled_) {
+    const auto alive = form.lock();
     if (alive && !alive->Closed()) alive->GetPlatform().Windows().EnableWindow(alive->hWnd(), true);
   }
 }
 
-}  // namespace
-
 void ShowModal(const std::shared_ptr<Form>& form, const std::vector<std::shared_ptr<Form>>& others,
                std::function<void()> on_closed) {
   const auto once = std::make_shared<Subscription>();
-  *once = form->Gone.Add([once, disabled = Disable(*form, others), on_closed = std::move(on_closed),
-                          &clock = form->GetPlatform().Clock()] {
-    const auto now = disabled;
+  *once = form->Gone.Add([once, rest = std::make_shared<FormsAtRest>(others, form.get()),
+                          on_closed = std::move(on_closed), &clock = form->GetPlatform().Clock()]() mutable {
     if (on_closed) clock.Post(on_closed);
     once->End();
-    EnableAgain(now);
+    rest.reset();
   });
   form->Show();
 }

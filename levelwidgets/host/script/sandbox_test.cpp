@@ -245,6 +245,41 @@ TEST_F(Sandbox, WritesNoFiles) {
             "");
   EXPECT_FALSE(std::filesystem::exists(PathTo("saved.form.toml")));
   EXPECT_FALSE(std::filesystem::exists("saved.form.toml"));
+  // Before somebody has answered to no end.
+  EXPECT_EQ(FailureOf("local ok, err = pcall(lw.save_file, { on_closed=print })\n"
+                      "assert(not ok and err.number == 70)\n"
+                      "assert(err.description:find('^lw.save_file: a form.s script writes no files'))"),
+            "");
+}
+
+TEST_F(Sandbox, AsksForFilesOfItsOwnFolderOnly) {
+  File("apart/secret.txt", "s");
+  File("own/below/data.txt", "d");
+  const auto form = Load(R"(
+    function answered(path) form.Caption = path or "none" end
+    asked = lw.open_file{ on_closed=answered }
+    assert(asked.lblFolder.Caption == "own" and asked.lbl1.Caption == " below/", asked.lblFolder.Caption)
+    function give(name) asked.txtName.Text = name end
+    form:on("Resize", function() give(form.Caption) end))",
+                         "own/form");
+  const auto give = [&](const char* name) {
+    form->SetCaption(name);
+    form->SetWidth(form->Width() + Twips(150));
+    Driver().Key(13);
+  };
+  Driver().Settle();
+  give("../apart/secret.txt");
+  Driver().Key(27);  // the message that it is outside
+  EXPECT_EQ(form->Caption(), "../apart/secret.txt");
+  give(PathTo("apart/secret.txt").c_str());
+  Driver().Key(27);
+  give("below/data.txt");
+  EXPECT_EQ(form->Caption(), "below/data.txt");
+  EXPECT_THAT(Host().HandlerErrors(), ::testing::IsEmpty());
+  for (const char* folder : {"..", "../apart", "nowhere"}) {
+    EXPECT_THAT(FailureOf("lw.open_file{ folder='" + std::string(folder) + "' }"),
+                HasSubstr("There is no folder \"" + std::string(folder) + "\" in the form's own folder"));
+  }
 }
 
 TEST_F(Sandbox, DrivesNoDesktop) {

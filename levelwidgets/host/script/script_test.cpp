@@ -25,9 +25,9 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
-                         ::testing::Values("building", "collections", "conversions", "events", "focus",
-                                           "forms", "handler_errors", "members", "questions", "removal",
-                                           "tabs", "trace", "values"),
+                         ::testing::Values("building", "collections", "conversions", "events",
+                                           "file_questions", "focus", "forms", "handler_errors", "members",
+                                           "questions", "removal", "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace

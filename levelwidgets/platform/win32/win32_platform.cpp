@@ -4,6 +4,7 @@
 #include <levelwidgets/platform/win32/win32_clock.h>
 #include <levelwidgets/platform/win32/win32_conversions.h>
 #include <levelwidgets/platform/win32/win32_drawing.h>
+#include <levelwidgets/platform/win32/win32_file_dialogs.h>
 #include <levelwidgets/platform/win32/win32_screen.h>
 #include <levelwidgets/platform/win32/win32_windows.h>
 
@@ -16,6 +17,7 @@ struct Win32Platform::Parts {
   Win32Screen screen;
   Win32Conversions conversions;
   Win32Windows windows{relay};
+  Win32FileDialogs file_dialogs{relay};
 };
 
 Win32Platform::Win32Platform() : parts_(std::make_unique<Parts>()) {}
@@ -31,6 +33,8 @@ ClockApi& Win32Platform::Clock() { return parts_->clock; }
 ScreenApi& Win32Platform::Screen() { return parts_->screen; }
 
 ConversionApi& Win32Platform::Conversions() { return parts_->conversions; }
+
+FileDialogApi& Win32Platform::FileDialogs() { return parts_->file_dialogs; }
 
 std::size_t Win32Platform::LiveWindows() const { return parts_->windows.LiveWindows(); }
 

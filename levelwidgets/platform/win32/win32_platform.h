@@ -1,16 +1,17 @@
-// The real thing: gdi32, user32, kernel32 and oleaut32.
+// The real thing: gdi32, user32, kernel32, comdlg32 and oleaut32.
 #pragma once
 
 #include <cstddef>
 #include <memory>
 
+#include <levelwidgets/platform/file_dialogs.h>
 #include <levelwidgets/platform/platform.h>
 
 namespace levelwidgets::win32 {
 
 // Belongs to the thread that makes it. Windows that are left when it ends are destroyed without a message to
 // their clients. No header of this folder includes one of the system's.
-class Win32Platform final : public Platform {
+class Win32Platform final : public Platform, public FileDialogSource {
  public:
   Win32Platform();
   ~Win32Platform() override;
@@ -20,6 +21,7 @@ class Win32Platform final : public Platform {
   ClockApi& Clock() override;
   ScreenApi& Screen() override;
   ConversionApi& Conversions() override;
+  FileDialogApi& FileDialogs() override;
 
   // Windows made through Windows() and not yet destroyed.
   std::size_t LiveWindows() const;

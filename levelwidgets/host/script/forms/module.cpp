@@ -73,11 +73,20 @@ int ConcreteColor(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kFunctions[] = {
-    {"color", Guarded<ConcreteColor>},  {"date", Guarded<NewDate>},       {"desktop", Guarded<NewDesktop>},
-    {"errors", Guarded<ListErrors>},    {"font", Guarded<NewFont>},       {"form", Guarded<NewForm>},
-    {"load", Guarded<LoadFormFile>},    {"message", Guarded<NewMessage>}, {"new", Guarded<NewObject>},
-    {"screen", Guarded<ScreenInTwips>}, {"timer", Guarded<NewTimer>},     {nullptr, nullptr}};
+constexpr luaL_Reg kFunctions[] = {{"color", Guarded<ConcreteColor>},
+                                   {"date", Guarded<NewDate>},
+                                   {"desktop", Guarded<NewDesktop>},
+                                   {"errors", Guarded<ListErrors>},
+                                   {"font", Guarded<NewFont>},
+                                   {"form", Guarded<NewForm>},
+                                   {"load", Guarded<LoadFormFile>},
+                                   {"message", Guarded<NewMessage>},
+                                   {"new", Guarded<NewObject>},
+                                   {"open_file", Guarded<AskForFileToOpen>},
+                                   {"save_file", Guarded<AskForFileToSave>},
+                                   {"screen", Guarded<ScreenInTwips>},
+                                   {"timer", Guarded<NewTimer>},
+                                   {nullptr, nullptr}};
 
 int RefuseUnknown(lua_State* L) {
   std::vector<std::string_view> names{"null"};

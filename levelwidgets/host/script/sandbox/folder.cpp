@@ -1,8 +1,7 @@
 #include <levelwidgets/host/script/sandbox/folder.h>
 
-#include <algorithm>
-
 #include <levelwidgets/host/files/atomic_file.h>
+#include <levelwidgets/host/files/folder.h>
 #include <levelwidgets/host/script/lua/failure.h>
 
 namespace levelwidgets {
@@ -17,12 +16,7 @@ bool IsNameCharacter(char c) {
 
 bool IsFileInFolder(const std::filesystem::path& folder, const std::filesystem::path& file) {
   std::error_code missing;
-  const auto real_folder = std::filesystem::canonical(folder.empty() ? "." : folder, missing);
-  if (missing) return false;
-  const auto real_file = std::filesystem::canonical(file, missing);
-  if (missing || !std::filesystem::is_regular_file(real_file, missing)) return false;
-  return std::mismatch(real_folder.begin(), real_folder.end(), real_file.begin(), real_file.end()).first ==
-         real_folder.end();
+  return std::filesystem::is_regular_file(file, missing) && IsInFolder(folder, file);
 }
 
 void RequireScriptInFolder(const std::filesystem::path& folder, const std::string& path) {

@@ -1,0 +1,51 @@
+#include <levelwidgets/host/form/question_parts.h>
+
+namespace levelwidgets {
+
+std::string CaptionOf(std::string_view text) {
+  std::string caption;
+  for (const char c : text) caption += c == '&' ? "&&" : std::string(1, c);
+  return caption;
+}
+
+void SetSteadyColors(FlatLabel& label, Color back, Color fore) {
+  label.SetForeColor(fore);
+  label.SetForeColorMouseOver(fore);
+  label.SetForeColorPushed(fore);
+  label.SetBackColorMouseOver(back);
+  label.SetBackColorPushed(back);
+  label.SetBackColor(back);
+}
+
+FlatLabel& AddText(Form& form, const std::string& name, std::string_view text, const Placement& place) {
+  FlatLabel& label = form.Add<FlatLabel>(name, place);
+  form.Find(name)->SetTabStop(false);
+  label.SetMouseUnderline(false);
+  // A new label has a colour for dark forms.
+  SetSteadyColors(label, form.BackColor(), kButtonText);
+  label.SetCaption(CaptionOf(text));
+  return label;
+}
+
+void AddFrame(Form& form, const std::string& name, const Placement& around) {
+  constexpr Twips kLine(15);
+  const auto& [at, size] = around;
+  FlatLabel& frame = AddText(
+      form, name, "",
+      {{at.x - kLine, at.y - kLine}, TwipSize{size->width + kLine + kLine, size->height + kLine + kLine}});
+  SetSteadyColors(frame, kWindowFrame, kWindowFrame);
+  form.Find(name)->ZOrder(1);
+}
+
+FlatButton& AddButton(Form& form, const std::string& name, const std::string& caption,
+                      const Placement& place) {
+  FlatButton& button = form.Add<FlatButton>(name, place);
+  button.SetBackColor(kButtonFace);
+  button.SetBackColorPushed(kButtonFace);
+  button.SetBackColorMouseOver(kButtonHighlight);
+  button.SetForeColor(kButtonText);
+  button.SetCaption(caption);
+  return button;
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,39 @@
+// What the forms that ask a person something have in common.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <levelwidgets/controls/button/flat_button.h>
+#include <levelwidgets/controls/label/flat_label.h>
+#include <levelwidgets/host/form/form.h>
+
+namespace levelwidgets {
+
+inline constexpr Twips kQuestionMargin(225);
+inline constexpr Twips kQuestionGap(120);
+inline constexpr Twips kQuestionLine(240);
+inline constexpr TwipSize kQuestionButton{Twips(1200), Twips(375)};
+
+// The system's.
+inline constexpr Color kScrollTrack(0x80000000u), kWindowBack(0x80000005u), kWindowFrame(0x80000006u),
+    kWindowText(0x80000008u), kHighlight(0x8000000Du), kHighlightText(0x8000000Eu), kButtonFace(0x8000000Fu),
+    kButtonText(0x80000012u), kButtonHighlight(0x80000014u);
+
+// As a caption that shows the text: there "&" marks the access key.
+std::string CaptionOf(std::string_view text);
+
+// The colours that a label has whatever the pointer does.
+void SetSteadyColors(FlatLabel& label, Color back, Color fore);
+
+// A label that looks the same whatever the pointer does, in the form's colours. The Tab key passes it.
+FlatLabel& AddText(Form& form, const std::string& name, std::string_view text, const Placement& place);
+
+// A line around a control without one, so that it can be told from the form in every palette.
+void AddFrame(Form& form, const std::string& name, const Placement& around);
+
+// In the system's colours: with those of a new button its text could not be read in every palette.
+FlatButton& AddButton(Form& form, const std::string& name, const std::string& caption,
+                      const Placement& place);
+
+}  // namespace levelwidgets
