@@ -25,6 +25,17 @@ TEST_F(MemoryInputKeysTest, KeysGoToTheFocus) {
                                    "left KeyUp 67", "left KeyUp 17"));
 }
 
+TEST_F(MemoryInputKeysTest, AKeyThatGoesUpWasDownThoughNobodySawIt) {
+  windows.SetFocus(left);
+  std::vector<LParam> bits;
+  client.On(kWmKeyUp, [&](WindowHandle, WParam, LParam lparam) -> LResult {
+    bits.push_back(lparam);
+    return 0;
+  });
+  desktop.KeyUp('A', 0);
+  EXPECT_THAT(bits, ElementsAre(static_cast<std::int32_t>(0xC0000001)));
+}
+
 TEST_F(MemoryInputKeysTest, AltMakesSystemKeys) {
   windows.SetFocus(left);
   Begin();
