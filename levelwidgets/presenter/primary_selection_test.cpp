@@ -109,9 +109,11 @@ TEST_F(PrimarySelectionTest, FarDownInALongTextItIsInsertedWhereThePointerIs) {
   EXPECT_EQ(inserted.find("from there"), text.size());
 }
 
-TEST_F(PrimarySelectionTest, ATextThatCannotBeWrittenStays) {
+TEST_F(PrimarySelectionTest, ATextThatCannotBeWrittenStaysAndGetsNoFocus) {
   const WindowHandle fixed = MakeEdit(130, kEsReadOnly);
+  windows.SetFocus(edit);
   MiddleClick(10, 135);
+  EXPECT_EQ(windows.GetFocus(), edit);
   EXPECT_EQ(TextOf(fixed), "first\r\nsecond");
 }
 
