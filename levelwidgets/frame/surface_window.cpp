@@ -87,8 +87,8 @@ bool SurfaceWindow::Pointer(std::uint32_t message, WParam wparam, LParam lparam)
   return true;
 }
 
-// A window under the pointer is asked whether it becomes active, and asks its container then. One that has the
-// capture gets the press without that question.
+// A window under the pointer is asked whether it becomes active, and asks its container then. One that has
+// the capture gets the press without that question.
 bool SurfaceWindow::PressIsRefused(std::uint32_t message) {
   if (InputKindOf(message) != InputKind::kPress) return false;
   WindowApi& windows = surface_.Windows();

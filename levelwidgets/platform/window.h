@@ -84,8 +84,8 @@ struct WindowRequest {
 //   former one while that is deactivated.
 // - The active window that is hidden or ends hands on to its owner, or else to the next window behind it,
 //   to tool windows last.
-// - A child window that is hidden or ends hands its focus on to its parent. A window inside a hidden one keeps
-//   the focus; inside one that ends it is lost, and nobody hears of it.
+// - A child window that is hidden or ends hands its focus on to its parent. A window inside a hidden one
+//   keeps the focus; inside one that ends it is lost, and nobody hears of it.
 // - A hidden window takes focus and activation like any other, a disabled one takes neither.
 // - kWmKillFocus carries the handle of the window that gets the focus, kWmSetFocus that of the one that has
 //   lost it: in the low 32 bits of the first parameter, 0 when that is nobody, or no window of this

@@ -48,9 +48,9 @@ TEST(GalleryResolutions, CaptionsThatFitAtNinetySixFitAtEachOfThem) {
   for (const auto& entry :
        std::filesystem::directory_iterator(std::string(SourceDir()) + "/examples/gallery")) {
     if (!entry.path().string().ends_with(".form.toml")) continue;
-    const auto at_96 = CaptionsAt(96, entry.path());
+    const auto at_96 = CaptionsAt(96, entry.path().string());
     for (const int dpi : {120, 144, 168, 192, 216, 240, 264, 288}) {
-      const auto there = CaptionsAt(dpi, entry.path());
+      const auto there = CaptionsAt(dpi, entry.path().string());
       for (const auto& [name, sizes] : at_96) {
         if (!sizes.Fits()) continue;
         ++fitting;
