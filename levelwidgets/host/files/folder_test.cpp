@@ -58,6 +58,7 @@ TEST_F(FolderTest, PatternsAreForFilesAndOneIsEnough) {
 TEST_F(FolderTest, WhatLeadsOutOfTheRootIsLeftOut) {
   Link("outside", "inside/way out");
   Link("inside/below", "inside/shortcut");
+  if (IsSkipped()) return;
   EXPECT_THAT(Names({"-"}), ElementsAre("Above/", "below/", "shortcut/", "way out/"));
   EXPECT_THAT(Names({"-"}, folder_ / "inside"), ElementsAre("Above/", "below/", "shortcut/"));
 }
