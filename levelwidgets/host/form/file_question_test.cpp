@@ -56,7 +56,9 @@ class FileQuestionTest : public testing::DesktopTest {
   bool IsSelected(int number) {
     return Control<FlatLabel>("lbl" + std::to_string(number)).BackColor() == Color(0x8000000Du);
   }
-  std::string Path(const std::string& name) const { return TextOfPath((folder_ / PathOf(name)).make_preferred()); }
+  std::string Path(const std::string& name) const {
+    return TextOfPath((folder_ / PathOf(name)).make_preferred());
+  }
 
   std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
                                   (std::string("levelwidgets_question_") +
