@@ -19,7 +19,7 @@ class FileChoice {
     std::vector<std::string> patterns = {};  // of the files that are shown; none for all
     std::filesystem::path root = {};         // nothing outside this folder counts; "" for no such limit
   };
-  // Begins in `root` where `folder` is outside it or is none.
+  // Begins in `root` when `folder` is outside it or does not exist.
   explicit FileChoice(Options options);
 
   // Without symbolic links in it.

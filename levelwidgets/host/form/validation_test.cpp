@@ -1,4 +1,4 @@
-// What the container tells of the focus, and the control that does not let it go.
+// The container's events of the focus, and a control that keeps it.
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/controls/textbox/flat_text_box.h>
 #include <levelwidgets/testing/desktop_fixture.h>

@@ -117,7 +117,7 @@ TEST_F(EditBoxPairs, APasswordShowsOneCharacterForEach) {
 }
 
 TEST_F(EditBoxPairs, SecondBytesThatAreLettersKeepTheirCase) {
-  // The second byte of U+30A2 is an "A", that of U+3042 is none.
+  // The second byte of U+30A2 is an "A", that of U+3042 is not.
   MakeWith(kEsLowerCase, "\u30A2A");
   EXPECT_EQ(Text(), "\u30A2a");
 }

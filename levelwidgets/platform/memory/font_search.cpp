@@ -100,7 +100,7 @@ class FontSearch::System {
   }
 
  private:
-  // Takes `wish`; a file of another family than `only` is none.
+  // Takes `wish`; a file of another family than `only` is passed over.
   FontFile Answer(FcPattern* wish, const std::string* only) {
     FcConfigSubstitute(config_, wish, FcMatchPattern);
     FcDefaultSubstitute(wish);

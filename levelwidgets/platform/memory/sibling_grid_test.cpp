@@ -1,4 +1,4 @@
-// Very many windows of one parent: what of each can be seen, and what finding that out costs.
+// Very many windows of one parent: the visible part of each, and the cost of finding it.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -26,7 +26,7 @@ class ManySiblingsTest : public testing::Test {
     for (int i = 0; i < count; ++i) Make(top, place(i));
     tree.Changed(top);
   }
-  // How many siblings are looked at when every child is asked once what of it can be seen.
+  // How many siblings are looked at when every child is asked once for its visible part.
   std::uint64_t StepsToSeeAll() {
     const std::uint64_t before = tree.SiblingsLookedAt();
     for (Window* child : top.children) tree.Clip(*child);
