@@ -18,6 +18,11 @@ class EditControl : public Control, public EditEvents {
 
   // To be called once for each edit box of the control.
   void Relay(TextBox& edit) {
+    RelayExceptCharacters(edit);
+    edit.KeyPress.RelayTo(KeyPress);
+  }
+  // For a control that has its own part in what is typed.
+  void RelayExceptCharacters(TextBox& edit) {
     edit.RelayInputTo(*this);
     edit.Change += [this] { OnEditChange(); };
   }

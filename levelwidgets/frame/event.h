@@ -61,8 +61,13 @@ class Event : public EventBase {
   Subscription Add(Listener listener) { return AddSlot(std::make_shared<ListenerSlot>(std::move(listener))); }
   void operator+=(Listener listener) { Add(std::move(listener)); }
 
+  // `target` is raised whenever this is, before the listeners of this are called. It must outlive this. It
+  // costs less than a listener that raises it.
+  void RelayTo(const Event& target) { relay_ = &target; }
+
   void Raise(Args... args) const {
     const std::shared_ptr<const Slots> held = GetSlots();
+    if (relay_) relay_->Raise(args...);
     if (!held) return;
     for (const auto& slot : *held) {
       if (slot->active) static_cast<const ListenerSlot&>(*slot).listener(args...);
@@ -74,6 +79,8 @@ class Event : public EventBase {
     explicit ListenerSlot(Listener called) : listener(std::move(called)) {}
     Listener listener;
   };
+
+  const Event* relay_ = nullptr;
 };
 
 }  // namespace levelwidgets

@@ -27,6 +27,34 @@ TEST(Event, AChangedReferenceArgumentReachesTheNextListenerAndTheCaller) {
   EXPECT_EQ(value, 6);
 }
 
+TEST(Event, ARelayRaisesItsTargetWithTheSameArgumentsBeforeItsOwnListeners) {
+  Event<std::int16_t&> target;
+  Event<std::int16_t&> event;
+  std::vector<std::string> heard;
+  event += [&](std::int16_t& value) { heard.push_back("own " + std::to_string(value)); };
+  event.RelayTo(target);
+  event.Raise(*std::make_unique<std::int16_t>(std::int16_t{1}));
+  target += [&](std::int16_t& value) {
+    heard.push_back("target " + std::to_string(value));
+    value = 7;
+  };
+  std::int16_t value = 2;
+  event.Raise(value);
+  EXPECT_THAT(heard, ElementsAre("own 1", "target 2", "own 7"));
+  EXPECT_EQ(value, 7);
+}
+
+TEST(Event, AListenerOfARelaysTargetMayDestroyTheRelay) {
+  Event<> target;
+  auto event = std::make_unique<Event<>>();
+  event->RelayTo(target);
+  int calls = 0;
+  *event += [&] { ++calls; };
+  target += [&] { event.reset(); };
+  event->Raise();
+  EXPECT_EQ(calls, 1);
+}
+
 TEST(Event, AnEndedSubscriptionIsNotCalledEvenWhenItEndsDuringTheRaise) {
   Event<> event;
   int calls = 0;

@@ -30,12 +30,12 @@ std::array<Variant, 1> AtIndex(const PropertyInfo& property, std::int32_t index)
 
 // Calls `take` with the value in the property's type.
 template <typename Take>
-void TakeRead(const PropertyInfo& property, const std::string& key, const Variant& read,
+void TakeRead(const PropertyInfo& property, std::string_view key, const Variant& read,
               const TextConversions& texts, Take take) {
   try {
     take(ConvertTo(property.type.type, ConvertTo(property.stored_as, read, texts), texts));
   } catch (const Error& error) {
-    throw PropertyRefused(key, error);
+    throw PropertyRefused(std::string(key), error);
   }
 }
 
@@ -60,7 +60,7 @@ void WriteIndexed(const Object& control, const PropertyInfo& property, ControlSi
 
 void ReadSingle(Object& control, const PropertyInfo& property, ControlSite& site, const PropertyBag& bag) {
   const Variant* saved = bag.Find(property.name);
-  TakeRead(property, std::string(property.name), saved ? *saved : Resolve(property.defaults.when_read, site),
+  TakeRead(property, property.name, saved ? *saved : Resolve(property.defaults.when_read, site),
            TextsOf(site), [&](const Variant& value) { property.set(control, value); });
 }
 

@@ -22,25 +22,16 @@ struct EditEvents {
   Event<std::int16_t&, std::int16_t&, Twips&, Twips&> MouseMove;
   Event<std::int16_t&, std::int16_t&, Twips&, Twips&> MouseUp;
 
-  // Raises each of `target`'s events when the one of this is raised, but Change, after which most controls
-  // have something to do. `target` must outlive this.
+  // Raises each of `target`'s events when the one of this is raised, except Change and KeyPress, at which
+  // controls have something to do themselves. `target` must outlive this.
   void RelayInputTo(EditEvents& target) {
-    Click += [&target] { target.Click.Raise(); };
-    DblClick += [&target] { target.DblClick.Raise(); };
-    KeyDown += [&target](std::int16_t& code, std::int16_t& shift) { target.KeyDown.Raise(code, shift); };
-    KeyPress += [&target](std::int16_t& key_ascii) { target.KeyPress.Raise(key_ascii); };
-    KeyUp += [&target](std::int16_t code, std::int16_t shift) { target.KeyUp.Raise(code, shift); };
-    RelayPointer(MouseDown, target.MouseDown);
-    RelayPointer(MouseMove, target.MouseMove);
-    RelayPointer(MouseUp, target.MouseUp);
-  }
-
- private:
-  using PointerEvent = Event<std::int16_t&, std::int16_t&, Twips&, Twips&>;
-  static void RelayPointer(PointerEvent& from, PointerEvent& to) {
-    from += [&to](std::int16_t& button, std::int16_t& shift, Twips& x, Twips& y) {
-      to.Raise(button, shift, x, y);
-    };
+    Click.RelayTo(target.Click);
+    DblClick.RelayTo(target.DblClick);
+    KeyDown.RelayTo(target.KeyDown);
+    KeyUp.RelayTo(target.KeyUp);
+    MouseDown.RelayTo(target.MouseDown);
+    MouseMove.RelayTo(target.MouseMove);
+    MouseUp.RelayTo(target.MouseUp);
   }
 };
 

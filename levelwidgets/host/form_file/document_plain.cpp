@@ -14,6 +14,7 @@ using Shape = FormNode::Shape;
 
 // A table is searched for each of its keys in turn.
 constexpr std::size_t kMostKeys = 64;
+constexpr std::size_t kUsualKeys = 8;
 constexpr int kMostInlineTables = 8;  // in each other
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -108,6 +109,7 @@ class PlainReader {
     FormNode& table = is_one_of_many ? node->children.emplace_back() : *node;
     table.span = {begin, at_};
     table.shape = Shape::kHeader;
+    table.children.reserve(kUsualKeys);
     return &table;
   }
 

@@ -1,6 +1,7 @@
 // What drawing handles stand for.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <utility>
@@ -23,24 +24,24 @@ class SlotTable {
     if (free_.empty() && !Grow()) return 0;
     const std::uint32_t index = free_.back();
     free_.pop_back();
-    Slot& slot = slots_[index];
+    Slot& slot = At(index);
     slot.value = std::move(value);
     slot.used = true;
     ++size_;
     return slot.use << 16 | index;
   }
 
-  // Null for an unknown or removed handle. Valid until the next Add.
+  // Null for an unknown or removed handle. Valid until the value is removed.
   Value* Find(std::uint32_t handle) {
     const std::uint32_t index = handle & 0xFFFF;
-    if (index >= slots_.size()) return nullptr;
-    Slot& slot = slots_[index];
+    if (index >= count_) return nullptr;
+    Slot& slot = At(index);
     return slot.used && slot.use == handle >> 16 ? &slot.value : nullptr;
   }
 
   // `handle` is known.
   void Remove(std::uint32_t handle) {
-    Slot& slot = slots_[handle & 0xFFFF];
+    Slot& slot = At(handle & 0xFFFF);
     slot.value = Value{};
     slot.used = false;
     slot.use = slot.use == 0xFFFF ? 1 : slot.use + 1;
@@ -57,14 +58,21 @@ class SlotTable {
     bool used = false;
   };
 
+  // In blocks, so that growing moves nothing and leaves little unused.
+  static constexpr std::size_t kBlock = 64;
+  using Block = std::array<Slot, kBlock>;
+
+  Slot& At(std::uint32_t index) { return (*blocks_[index / kBlock])[index % kBlock]; }
+
   bool Grow() {
-    if (slots_.size() > 0xFFFF) return false;
-    free_.push_back(static_cast<std::uint32_t>(slots_.size()));
-    slots_.emplace_back();
+    if (count_ > 0xFFFF) return false;
+    if (count_ % kBlock == 0) blocks_.push_back(std::make_unique<Block>());
+    free_.push_back(count_++);
     return true;
   }
 
-  std::vector<Slot> slots_;
+  std::vector<std::unique_ptr<Block>> blocks_;
+  std::uint32_t count_ = 0;  // of the slots that have been used
   std::vector<std::uint32_t> free_;
   std::size_t size_ = 0;
 };

@@ -48,6 +48,15 @@ TEST_F(MemoryDrawingObjects, SelectObjectReturnsTheFormerOfTheSameKind) {
   EXPECT_EQ(drawing.SelectObject(dc, ObjectHandle{54321}), ObjectHandle{});
 }
 
+TEST_F(MemoryDrawingObjects, EachOfManyObjectsKeepsItsOwnHandle) {
+  std::vector<ObjectHandle> brushes;
+  for (std::uint32_t color = 0; color < 300; ++color) brushes.push_back(drawing.CreateSolidBrush({color}));
+  for (std::uint32_t color = 0; color < 300; ++color) {
+    drawing.FillRect(dc, {0, 0, 1, 1}, brushes[color]);
+    EXPECT_EQ(drawing.GetPixel(dc, {0, 0}).value, color);
+  }
+}
+
 TEST_F(MemoryDrawingObjects, ADeletedHandleStaysUnknownWhenItsPlaceIsUsedAgain) {
   const ObjectHandle first = drawing.CreateSolidBrush({kRed});
   drawing.DeleteObject(first);

@@ -190,20 +190,21 @@ std::int16_t MemoryWindows::GetKeyState(int code) {
 }
 
 PointerHit MemoryWindows::WindowAt(PixelPoint screen) {
-  const auto contains = [&](const Window* w) {
-    const bool is_hit = (w->ex_style & kWsExTransparent) == 0 || !tree_.IsTopLevel(*w);
-    return is_hit && w->Shown() && WindowTree::OuterRect(*w).Contains(screen);
-  };
+  // `at` is in the client pixels of the window's parent.
+  const auto contains = [](const Window* w, PixelPoint at) { return w->Shown() && w->rect.Contains(at); };
   const auto& windows = tree_.Desktop().children;
-  const auto top = std::find_if(windows.begin(), windows.end(), contains);
+  const auto top = std::ranges::find_if(
+      windows, [&](const Window* w) { return (w->ex_style & kWsExTransparent) == 0 && contains(w, screen); });
   if (top == windows.end()) return {};
   PointerHit hit{{}, (*top)->handle, (*top)->Disabled()};
   const Window* at = *top;
+  PixelPoint point = screen;
   while (!hit.disabled) {
-    const PixelRect outer = WindowTree::OuterRect(*at);
-    if (frame_.HitTest(*at, {screen.x - outer.left, screen.y - outer.top}) != FramePart::kNone) return hit;
-    const auto child =
-        std::ranges::find_if(at->children, [&](const Window* w) { return !w->Disabled() && contains(w); });
+    const PixelPoint inside{point.x - at->rect.left, point.y - at->rect.top};
+    if (frame_.HitTest(*at, inside) != FramePart::kNone) return hit;
+    point = {inside.x - at->frame.left, inside.y - at->frame.top};
+    const auto child = std::ranges::find_if(
+        at->children, [&](const Window* w) { return !w->Disabled() && contains(w, point); });
     hit.window = at->handle;
     if (child == at->children.end()) return hit;
     at = *child;

@@ -28,9 +28,9 @@ std::string ClassOf(const Window& window) {
   return status == 0 ? readable.get() : name;
 }
 
-Region ClientArea(const Window& window) {
+PixelRect ClientArea(const Window& window) {
   const PixelSize size = WindowTree::ClientSize(window);
-  return Region(PixelRect{0, 0, size.width, size.height});
+  return {0, 0, size.width, size.height};
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ Region ClientArea(const Window& window) {
 // `area` in client pixels. What is not shown needs no paint: showing invalidates all of it.
 void MemoryWindows::Invalidate(Window& window, Region area, bool children) {
   if (!WindowTree::IsVisible(window)) return;
-  area.ClipTo(ClientArea(window).Bounds());
+  area.ClipTo(ClientArea(window));
   if (area.Empty()) return;
   window.invalid.Add(area);
   QueuePaint(window);
@@ -63,7 +63,7 @@ void MemoryWindows::InvalidateChildren(Window& window, const Region& area, const
 
 void MemoryWindows::InvalidateWithChildren(Window& window) {
   if (!WindowTree::IsVisible(window)) return;
-  Invalidate(window, ClientArea(window), false);
+  Invalidate(window, Region(ClientArea(window)), false);
   InvalidateFrame(window);
   for (Window* child : window.children) InvalidateWithChildren(*child);
 }
@@ -99,7 +99,7 @@ bool MemoryWindows::InvalidateRect(WindowHandle window, const PixelRect& area) {
 
 bool MemoryWindows::InvalidateRect(WindowHandle window) {
   const Window* found = tree_.Find(window);
-  return found && InvalidateRect(window, ClientArea(*found).Bounds());
+  return found && InvalidateRect(window, ClientArea(*found));
 }
 
 Region MemoryWindows::PendingPaint(WindowHandle window) {
@@ -148,7 +148,7 @@ bool MemoryWindows::Paint(WindowHandle window) {
   const bool frame = found->frame_invalid && WindowTree::IsVisible(*found);
   found->frame_invalid = false;
   if (frame) frame_.Draw(tree_, *found, active_ == window);
-  if (PendingPaint(window).Empty()) {
+  if (!tree_.CanSeeAny(*found, found->invalid)) {
     found->invalid.Clear();
     return frame;
   }

@@ -160,6 +160,32 @@ TEST_F(WindowPaintTest, WhatIsHiddenOrCoveredNeedsNoPaint) {
   EXPECT_THAT(Take(), ElementsAre("form Paint", "covered Paint", "hidden Paint"));
 }
 
+TEST_F(WindowPaintTest, OnlyAPartThatCanBeSeenIsPainted) {
+  const WindowHandle front = MakeChild("front", form, {60, 10, 90, 60});
+  const WindowHandle behind = MakeChild("behind", form, {40, 10, 90, 60});
+  Begin();
+  auto painted = [&](const PixelRect& part) {
+    windows.InvalidateRect(behind, part);
+    desktop.Settle();
+    return Take();
+  };
+  const PixelRect covered{20, 0, 50, 50};
+  const PixelRect half_covered{19, 49, 21, 50};
+  EXPECT_THAT(painted(covered), IsEmpty());
+  EXPECT_THAT(painted(half_covered), ElementsAre("behind Paint"));
+  // The same before anything is known of what can be seen.
+  auto change = [&] {
+    windows.SetWindowPos(front, {}, {60, 10, 91, 60}, kSwpNoZOrder | kSwpNoActivate | kSwpNoRedraw);
+    windows.SetWindowPos(front, {}, {60, 10, 90, 60}, kSwpNoZOrder | kSwpNoActivate | kSwpNoRedraw);
+    desktop.Settle();
+    Take();
+  };
+  change();
+  EXPECT_THAT(painted(covered), IsEmpty());
+  change();
+  EXPECT_THAT(painted(half_covered), ElementsAre("behind Paint"));
+}
+
 TEST_F(WindowPaintTest, WithoutClipChildrenAChildIsPaintedAfterItsParent) {
   const WindowHandle open = MakeChild("open", form, {0, 0, 80, 80}, kChild & ~kWsClipChildren);
   MakeChild("inner", open, {5, 5, 10, 10});

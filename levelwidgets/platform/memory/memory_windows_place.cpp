@@ -180,7 +180,7 @@ void MemoryWindows::RaiseWithOwned(Window& window, const Window& front) {
     while (at && at != other) at = at->owner;
     return at != nullptr;
   };
-  std::ranges::stable_partition(owned, holds_front);
+  std::stable_partition(owned.begin(), owned.end(), holds_front);
   for (auto other = owned.rbegin(); other != owned.rend(); ++other) RaiseWithOwned(**other, front);
 }
 

@@ -2,6 +2,11 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace levelwidgets::memory {
 
@@ -88,10 +93,67 @@ void CopyPart(const PixelRect& part, PixelStore& target, PixelPoint target_origi
   }
 }
 
+// How much of `coverage` (0 to 255) counts, 0 to 256.
+constexpr std::uint32_t ShareOf(std::uint8_t coverage) { return coverage + (coverage >> 7u); }
+
+std::uint32_t Blended(std::uint32_t old, std::uint8_t coverage, std::uint32_t color) {
+  const std::uint32_t share = ShareOf(coverage);
+  const std::uint32_t rest = 256 - share;
+  return (((old & 0xFF00FF) * rest + (color & 0xFF00FF) * share) >> 8 & 0xFF00FF) |
+         (((old & 0x00FF00) * rest + (color & 0x00FF00) * share) >> 8 & 0x00FF00);
+}
+
+#ifdef __SSE2__
+constexpr int kBlendedAtOnce = 4;  // pixels
+
+// Two pixels as eight numbers of 16 bits.
+__m128i BlendedPair(__m128i old, __m128i color, __m128i share) {
+  const __m128i rest = _mm_sub_epi16(_mm_set1_epi16(256), share);
+  const __m128i sum = _mm_add_epi16(_mm_mullo_epi16(old, rest), _mm_mullo_epi16(color, share));
+  return _mm_srli_epi16(sum, 8);
+}
+
+// The same as Blended of each of four pixels, whose coverages are the bytes of `coverages`. `color` is a
+// pair.
+void BlendFour(std::uint32_t* pixels, std::uint32_t coverages, __m128i color) {
+  if (coverages == 0) return;  // around the glyphs
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i covered = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(coverages)), zero);
+  const __m128i shares = _mm_add_epi16(covered, _mm_srli_epi16(covered, 7));
+  const __m128i twice = _mm_unpacklo_epi16(shares, shares);  // s0 s0 s1 s1 s2 s2 s3 s3
+  auto* const place = reinterpret_cast<__m128i*>(pixels);
+  const __m128i old = _mm_loadu_si128(place);
+  const __m128i low = BlendedPair(_mm_unpacklo_epi8(old, zero), color, _mm_unpacklo_epi32(twice, twice));
+  const __m128i high = BlendedPair(_mm_unpackhi_epi8(old, zero), color, _mm_unpackhi_epi32(twice, twice));
+  _mm_storeu_si128(place, _mm_packus_epi16(low, high));
+}
+
+std::uint32_t FourOf(const std::uint8_t* coverage) {
+  std::uint32_t four = 0;
+  std::memcpy(&four, coverage, sizeof four);
+  return four;
+}
+
+// At least four pixels: by fours, and then the last four, of which those are left alone that have been
+// blended.
+void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverage, int count, __m128i color) {
+  int i = 0;
+  for (; i + kBlendedAtOnce <= count; i += kBlendedAtOnce) BlendFour(pixels + i, FourOf(coverage + i), color);
+  if (i == count) return;
+  const int last = count - kBlendedAtOnce;
+  const std::uint32_t not_blended = ~0u << 8 * (i - last);
+  BlendFour(pixels + last, FourOf(coverage + last) & not_blended, color);
+}
+#endif
+
 }  // namespace
 
 void FillArea(const DrawingTarget& target, const PixelRect& rect, std::uint32_t color) {
   ForEachPart(target, rect, [color](const PixelRect& part, auto row) {
+    if (part.width() == 1) {  // the sides of frames
+      for (int y = part.top; y < part.bottom; ++y) row(y)[part.left] = color;
+      return;
+    }
     for (int y = part.top; y < part.bottom; ++y) std::fill(row(y) + part.left, row(y) + part.right, color);
   });
 }
@@ -201,16 +263,19 @@ void CopyArea(const DrawingTarget& target, const PixelRect& rect, const DrawingT
   });
 }
 
-void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverage, int count, std::uint32_t color) {
-  const std::uint32_t red_blue = color & 0xFF00FF;
-  const std::uint32_t green = color & 0x00FF00;
-  for (int i = 0; i < count; ++i) {
-    const std::uint32_t share = coverage[i] + (coverage[i] >> 7u);  // 0 to 256
-    if (share == 0) continue;
-    const std::uint32_t rest = 256 - share;
-    const std::uint32_t old = pixels[i];
-    pixels[i] = (((old & 0xFF00FF) * rest + red_blue * share) >> 8 & 0xFF00FF) |
-                (((old & 0x00FF00) * rest + green * share) >> 8 & 0x00FF00);
+void BlendArea(std::uint32_t* pixels, int pixels_stride, const std::uint8_t* coverage, int coverage_stride,
+               PixelSize size, std::uint32_t color) {
+#ifdef __SSE2__
+  const __m128i pair = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(color)), _mm_setzero_si128());
+#endif
+  for (int y = 0; y < size.height; ++y, pixels += pixels_stride, coverage += coverage_stride) {
+#ifdef __SSE2__
+    if (size.width >= kBlendedAtOnce) {
+      BlendRow(pixels, coverage, size.width, pair);
+      continue;
+    }
+#endif
+    for (int x = 0; x < size.width; ++x) pixels[x] = Blended(pixels[x], coverage[x], color);
   }
 }
 

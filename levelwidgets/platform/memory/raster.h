@@ -2,6 +2,7 @@
 // the target's clip list is touched.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -47,7 +48,10 @@ void ForEachPart(const DrawingTarget& target, const PixelRect& rect, Visit&& vis
   for (const PixelRect& clip : target.clip) {
     const PixelRect part = Intersect(clip.Offset(-target.origin.x, -target.origin.y), rect);
     if (part.empty()) continue;
-    visit(part, [&target](int y) { return target.store->Row(y + target.origin.y) + target.origin.x; });
+    // Values of its own, which the pixels that are written cannot change: rows are counted on, not looked up.
+    visit(part,
+          [first = target.store->Row(part.top + target.origin.y) + target.origin.x, top = part.top,
+           stride = std::ptrdiff_t{target.store->size.width}](int y) { return first + (y - top) * stride; });
   }
 }
 
@@ -81,7 +85,9 @@ void DrawWideLine(const DrawingTarget& target, PixelPoint from, PixelPoint to, i
 void CopyArea(const DrawingTarget& target, const PixelRect& rect, const DrawingTarget& source,
               PixelPoint source_origin, std::vector<std::uint32_t>& scratch);
 
-// `color` mixed into `count` pixels by coverages 0 to 255.
-void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverage, int count, std::uint32_t color);
+// `color` mixed into the pixels of an area by their coverages of 0 to 255. A stride is from one row to the
+// next.
+void BlendArea(std::uint32_t* pixels, int pixels_stride, const std::uint8_t* coverage, int coverage_stride,
+               PixelSize size, std::uint32_t color);
 
 }  // namespace levelwidgets::memory

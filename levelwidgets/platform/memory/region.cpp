@@ -112,6 +112,13 @@ bool Region::Contains(PixelPoint point) const {
   return std::any_of(rects_.begin(), rects_.end(), [&](const PixelRect& r) { return r.Contains(point); });
 }
 
+bool Region::Meets(const Region& other, PixelPoint origin) const {
+  return std::ranges::any_of(other.rects_, [&](const PixelRect& theirs) {
+    const PixelRect rect = theirs.Offset(origin.x, origin.y);
+    return std::ranges::any_of(rects_, [&](const PixelRect& mine) { return Overlap(mine, rect); });
+  });
+}
+
 void Region::Add(const PixelRect& rect) {
   if (rect.empty()) return;
   Subtract(rect);
@@ -162,6 +169,7 @@ void Region::ClipTo(const PixelRect& rect) {
 }
 
 void Region::ClipTo(const Region& other) {
+  if (other.rects_.size() == 1) return ClipTo(other.rects_.front());
   std::vector<PixelRect> parts;
   for (const PixelRect& a : rects_) {
     for (const PixelRect& b : other.rects_) {

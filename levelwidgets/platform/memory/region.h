@@ -19,6 +19,8 @@ class Region {
   // The smallest rectangle around it; empty when the region is.
   PixelRect Bounds() const;
   bool Contains(PixelPoint point) const;
+  // Whether they have a pixel in common, with (0, 0) of `other` at `origin` of this.
+  bool Meets(const Region& other, PixelPoint origin = {}) const;
 
   void Clear() { rects_.clear(); }
   void Add(const PixelRect& rect);

@@ -93,6 +93,17 @@ TEST(RegionTest, CommonAndDifferenceDivideARegion) {
   EXPECT_EQ(both, region);
 }
 
+TEST(RegionTest, RegionsMeetWhereTheyHaveAPixelInCommon) {
+  Region corners(PixelRect{0, 0, 10, 10});
+  corners.Add(PixelRect{20, 20, 30, 30});
+  EXPECT_TRUE(corners.Meets(Region(PixelRect{29, 29, 40, 40})));
+  EXPECT_FALSE(corners.Meets(Region(PixelRect{10, 0, 20, 20}))) << "beside both";
+  EXPECT_FALSE(corners.Meets(Region()));
+  EXPECT_FALSE(Region().Meets(corners));
+  EXPECT_TRUE(corners.Meets(Region(PixelRect{0, 0, 1, 1}), {29, 20})) << "by the other's origin";
+  EXPECT_FALSE(corners.Meets(Region(PixelRect{0, 0, 1, 1}), {30, 20}));
+}
+
 TEST(RegionTest, ClippingAndMovingKeepTheShape) {
   Region region(PixelRect{0, 0, 10, 10});
   region.Subtract(PixelRect{0, 0, 5, 5});

@@ -67,8 +67,7 @@ bool SiblingGrid::FindInFront(const Window& window, const PixelRect& bounds, std
     }
   }
   std::ranges::sort(found_);
-  const auto repeated = std::ranges::unique(found_);
-  found_.erase(repeated.begin(), repeated.end());
+  found_.erase(std::unique(found_.begin(), found_.end()), found_.end());
   for (const std::uint32_t number : found_) found.push_back(rects_[number]);
   return true;
 }

@@ -7,14 +7,13 @@ namespace levelwidgets::memory {
 namespace {
 
 template <typename Row>
-void PaintGlyph(const PixelRect& part, Row row, const Glyph& glyph, PixelPoint at, std::uint32_t color) {
+void PaintGlyph(const PixelRect& part, Row row, int stride, const Glyph& glyph, PixelPoint at,
+                std::uint32_t color) {
   const PixelRect picture{at.x, at.y, at.x + glyph.width, at.y + glyph.height};
   const PixelRect seen = Intersect(picture, part);
   if (seen.empty()) return;
   const std::uint8_t* coverage = glyph.coverage + (seen.top - at.y) * glyph.width + (seen.left - at.x);
-  for (int y = seen.top; y < seen.bottom; ++y, coverage += glyph.width) {
-    BlendRow(row(y) + seen.left, coverage, seen.width(), color);
-  }
+  BlendArea(row(seen.top) + seen.left, stride, coverage, glyph.width, {seen.width(), seen.height()}, color);
 }
 
 }  // namespace
@@ -26,7 +25,7 @@ void PaintGlyphs(const DrawingTarget& target, const PixelRect& limit, Font& font
     for (std::string_view rest = bytes; !rest.empty();) {
       if (x > part.right + font.Metrics().text.height) break;  // further left no glyph reaches
       const Glyph& glyph = font.At(font.CodePage().TakeCode(rest));
-      PaintGlyph(part, row, glyph, {x + glyph.left, at.y + glyph.top}, color);
+      PaintGlyph(part, row, target.store->size.width, glyph, {x + glyph.left, at.y + glyph.top}, color);
       x += glyph.advance;
     }
   });

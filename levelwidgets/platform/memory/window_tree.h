@@ -157,6 +157,8 @@ class WindowTree {
   // What can be seen of `part`, in client pixels. Kept only when that is all of the client area, so that it
   // is quick for a small part of a large window.
   Region VisibleWithin(Window& window, const PixelRect& part);
+  // Whether any of `area`, in client pixels, can be seen.
+  bool CanSeeAny(Window& window, const Region& area);
   // Of the outer rectangle, in store pixels: without the siblings in front, whether or not the style
   // lets them clip.
   Region VisibleOuter(Window& window);

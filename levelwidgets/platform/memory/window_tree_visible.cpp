@@ -106,6 +106,15 @@ Region WindowTree::VisibleWithin(Window& window, const PixelRect& part) {
   return region;
 }
 
+bool WindowTree::CanSeeAny(Window& window, const Region& area) {
+  if (area.Empty()) return false;
+  const PixelRect bounds = area.Bounds();
+  if (Intersect(bounds, AreaOf(ClientSize(window))) == AreaOf(ClientSize(window))) RefreshVisible(window);
+  if (!VisibleIsKnown(window)) return VisibleWithin(window, bounds).Meets(area);
+  const PixelPoint origin = StoreOrigin(window);
+  return window.visible.Meets(area, origin);
+}
+
 // Of `part` of the client area, in store pixels.
 Region WindowTree::ComputeVisible(Window& window, const PixelRect& part) {
   const PixelPoint origin = StoreOrigin(window);
