@@ -236,6 +236,16 @@ TEST_F(EditMenuTest, ItEndsWithItsBoxItsFormAndWhenAnotherProgramIsActive) {
   desktop.Key('A', 0);
 }
 
+TEST_F(EditMenuTest, WhenTheOnlyFormIsHiddenTheMenuEndsAndNothingIsActiveOrHasTheFocus) {
+  Make(kEsAutoHScroll, "one");
+  OpenAt(1);
+  ASSERT_TRUE(IsOpen());
+  windows.ShowWindow(parent, kSwHide);
+  EXPECT_TRUE(desktop.TopLevelWindows().empty());
+  EXPECT_FALSE(windows.GetActiveWindow());
+  EXPECT_FALSE(windows.GetFocus());
+}
+
 TEST_F(EditMenuTest, AListenerOfAChoiceMayDestroyTheBox) {
   Make(kEsAutoHScroll, "one");
   Select(0, 3);

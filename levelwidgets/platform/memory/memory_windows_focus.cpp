@@ -128,10 +128,12 @@ void MemoryWindows::LeaveHidden(WindowHandle window) {
   ChangeFocus(!tree_.IsTopLevel(*hidden) && TakesFocus(*parent) ? parent->handle : WindowHandle{});
 }
 
-// Its owner, or the next behind it and then the others from the front; tool windows last.
+// Its owner, or the next behind it and then the others from the front; tool windows last. An open menu ends
+// with the activity of its window, so it cannot follow.
 WindowHandle MemoryWindows::NextActive(const Window& leaving) {
   const auto can_follow = [&](const Window& window) {
-    return &window != &leaving && window.Shown() && !window.Has(kWsMinimize) && TakesFocus(window);
+    return &window != &leaving && window.handle != input_.menu && window.Shown() &&
+           !window.Has(kWsMinimize) && TakesFocus(window);
   };
   if (leaving.owner && can_follow(*leaving.owner)) return leaving.owner->handle;
   const auto& windows = tree_.Desktop().children;
