@@ -71,6 +71,28 @@ std::string CheckTypes(const Subject& subject) {
   return "";
 }
 
+namespace {
+
+// How often a property of a control is said to have changed, as long as this lives.
+class CountedNotices {
+ public:
+  CountedNotices(Form& form, const HostedControl& hosted, const PropertyInfo& property)
+      : subscription_(form.PropertyChanged.Add([count = count_, owner = hosted.Name(), name = property.name](
+                                                   std::string_view control, std::string_view changed) {
+          if (control == owner && changed == name) ++*count;
+        })) {}
+  ~CountedNotices() { subscription_.End(); }
+  CountedNotices(const CountedNotices&) = delete;
+  CountedNotices& operator=(const CountedNotices&) = delete;
+  int Count() const { return *count_; }
+
+ private:
+  std::shared_ptr<int> count_ = std::make_shared<int>(0);
+  Subscription subscription_;
+};
+
+}  // namespace
+
 std::string CheckWriteBack(const Subject& subject) {
   const auto hosted = subject.control;
   if (!hosted) return "";
@@ -79,6 +101,7 @@ std::string CheckWriteBack(const Subject& subject) {
     if (property.ReadOnly() || property.Indexed() || property.type.type == VariantType::kObject) continue;
     if (RefusesItsOwn(*control, property)) continue;
     const Variant before = property.get(*control);
+    const CountedNotices notices(subject.form, *hosted, property);
     try {
       property.set(*control, before);
     } catch (const Error& error) {
@@ -86,6 +109,7 @@ std::string CheckWriteBack(const Subject& subject) {
              ", which was read from it, is refused: " + error.what();
     }
     if (!hosted->GetControl()) return "";  // removed by a handler
+    if (notices.Count() > 1) continue;     // assigned by a handler, too
     const Variant after = property.get(*control);
     if (before == after) continue;
     return hosted->Name() + "." + std::string(property.name) + " was " + Describe(before) + ", is " +
