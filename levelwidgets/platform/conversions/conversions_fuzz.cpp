@@ -47,11 +47,11 @@ void CheckConversions(Conversions& conversions, std::string_view text, std::stri
   conversions.UpperCase(text);
 }
 
-// A format as the fuzzer writes it: \x01 to \x04 repeat the character in front of them 10 to 10,000 times.
+// A format as the fuzzer writes it: \x01 to \x03 repeat the character in front of them 10 to 1,000 times.
 std::string Unfolded(std::string_view written) {
   std::string format;
   for (const char c : written) {
-    if (c < 1 || c > 4 || format.empty()) {
+    if (c < 1 || c > 3 || format.empty()) {
       format += c;
       continue;
     }
