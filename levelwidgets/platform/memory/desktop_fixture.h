@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <levelwidgets/platform/memory/desktop.h>
+#include <levelwidgets/platform/message_names_testing.h>
 
 namespace levelwidgets::memory {
 
@@ -38,43 +39,6 @@ class Recorder : public WindowClient {
   bool log_shapes = false;  // the questions about the pointer's shape, too: each move asks
 
  private:
-  static const char* NameOf(std::uint32_t message) {
-    static const std::map<std::uint32_t, const char*> names = {{kWmCreate, "Create"},
-                                                               {kWmDestroy, "Destroy"},
-                                                               {kWmMove, "Move"},
-                                                               {kWmSize, "Size"},
-                                                               {kWmActivate, "Activate"},
-                                                               {kWmSetFocus, "SetFocus"},
-                                                               {kWmKillFocus, "KillFocus"},
-                                                               {kWmEnable, "Enable"},
-                                                               {kWmPaint, "Paint"},
-                                                               {kWmClose, "Close"},
-                                                               {kWmShowWindow, "ShowWindow"},
-                                                               {kWmMouseActivate, "MouseActivate"},
-                                                               {kWmSetCursor, "SetCursor"},
-                                                               {kWmSysCommand, "SysCommand"},
-                                                               {kWmKeyDown, "KeyDown"},
-                                                               {kWmKeyUp, "KeyUp"},
-                                                               {kWmChar, "Char"},
-                                                               {kWmSysKeyDown, "SysKeyDown"},
-                                                               {kWmSysKeyUp, "SysKeyUp"},
-                                                               {kWmSysChar, "SysChar"},
-                                                               {kWmMouseMove, "MouseMove"},
-                                                               {kWmLButtonDown, "LButtonDown"},
-                                                               {kWmLButtonUp, "LButtonUp"},
-                                                               {kWmLButtonDblClk, "LButtonDblClk"},
-                                                               {kWmRButtonDown, "RButtonDown"},
-                                                               {kWmRButtonUp, "RButtonUp"},
-                                                               {kWmRButtonDblClk, "RButtonDblClk"},
-                                                               {kWmMButtonDown, "MButtonDown"},
-                                                               {kWmMButtonUp, "MButtonUp"},
-                                                               {kWmMouseWheel, "MouseWheel"},
-                                                               {kWmCaptureChanged, "CaptureChanged"},
-                                                               {kWmCancelMode, "CancelMode"}};
-    const auto found = names.find(message);
-    return found == names.end() ? "?" : found->second;
-  }
-
   // Other windows are given by name, 0 by "none".
   std::string NameOf(WindowHandle window) {
     if (!window) return "none";
@@ -83,7 +47,7 @@ class Recorder : public WindowClient {
   }
 
   std::string Line(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
-    const std::string start = NameOf(window) + " " + NameOf(message);
+    const std::string start = NameOf(window) + " " + NameOfMessage(message);
     const WindowHandle first{static_cast<std::uint32_t>(wparam)};
     const WindowHandle second{static_cast<std::uint32_t>(lparam)};
     const PixelPoint point = PointOfLParam(lparam);

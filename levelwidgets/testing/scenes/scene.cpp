@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <levelwidgets/platform/message_names_testing.h>
 #include <levelwidgets/testing/driver.h>
 #include <levelwidgets/testing/scenes/lines.h>
 
@@ -11,37 +12,6 @@ namespace {
 
 // Where the pointer rests between scenes: over no window.
 constexpr PixelPoint kAway{1000, 750};
-
-const std::map<std::uint32_t, std::string>& MessageNames() {
-  static const std::map<std::uint32_t, std::string> names = {{kWmDestroy, "Destroy"},
-                                                             {kWmMove, "Move"},
-                                                             {kWmSize, "Size"},
-                                                             {kWmActivate, "Activate"},
-                                                             {kWmSetFocus, "SetFocus"},
-                                                             {kWmKillFocus, "KillFocus"},
-                                                             {kWmEnable, "Enable"},
-                                                             {kWmPaint, "Paint"},
-                                                             {kWmClose, "Close"},
-                                                             {kWmShowWindow, "ShowWindow"},
-                                                             {kWmCancelMode, "CancelMode"},
-                                                             {kWmMouseActivate, "MouseActivate"},
-                                                             {kWmKeyDown, "KeyDown"},
-                                                             {kWmKeyUp, "KeyUp"},
-                                                             {kWmChar, "Char"},
-                                                             {kWmSysKeyDown, "SysKeyDown"},
-                                                             {kWmSysKeyUp, "SysKeyUp"},
-                                                             {kWmSysChar, "SysChar"},
-                                                             {kWmMouseMove, "MouseMove"},
-                                                             {kWmLButtonDown, "LButtonDown"},
-                                                             {kWmLButtonUp, "LButtonUp"},
-                                                             {kWmLButtonDblClk, "LButtonDblClk"},
-                                                             {kWmRButtonDown, "RButtonDown"},
-                                                             {kWmRButtonUp, "RButtonUp"},
-                                                             {kWmMouseWheel, "MouseWheel"},
-                                                             {kWmCaptureChanged, "CaptureChanged"},
-                                                             {kWmCommand, "Command"}};
-  return names;
-}
 
 std::string PointOf(LParam lparam) {
   const PixelPoint point = PointOfLParam(lparam);
@@ -120,7 +90,7 @@ std::string SceneTest::NameOf(WindowHandle window) const {
 }
 
 std::string SceneTest::Line(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) const {
-  const std::string start = NameOf(window) + " " + MessageNames().at(message);
+  const std::string start = NameOf(window) + " " + NameOfMessage(message);
   const WindowHandle first{static_cast<std::uint32_t>(wparam)};
   const WindowHandle second{static_cast<std::uint32_t>(lparam)};
   switch (message) {
