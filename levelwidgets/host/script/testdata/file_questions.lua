@@ -1,9 +1,8 @@
 -- Questions for files, in the folder of this script.
 local expect = require "expect"
+local steps = require "steps"
 local d = lw.desktop{}
-local f = lw.form{ Name="frm", Width=6000, Height=4000 }
-local b = f:add("FlatButton", "cmdOK", { Left=120, Top=120, Width=1200, Height=375 })
-f:show()
+local _, b = steps.form_with_button()
 local clicks = 0
 function cmdOK_Click() clicks = clicks + 1 end
 
@@ -21,8 +20,7 @@ expect.equal(q.lbl3.Caption, " failing.form.toml")
 local left, top = d:rect(q)
 q.Left = 0
 q.Top = 0
-d:move_to(b, 150, 150)
-d:click()
+steps.click(d, b)
 expect.equal(clicks, 0)
 q:show()
 d:type("order.form.toml")
@@ -30,8 +28,7 @@ d:key(13)
 expect.equal(#answers, 1)
 expect.equal(name_of(answers[1]), "order.form.toml")
 expect.equal(lw.load(answers[1]).Name, "frmOrder")
-d:move_to(b, 150, 150)
-d:click()
+steps.click(d, b)
 expect.equal(clicks, 1)
 
 -- A script answers in a person's place.

@@ -1,19 +1,14 @@
 -- Timers, forms and messages that are answered first, spans of dates.
 local expect = require "expect"
+local steps = require "steps"
 local d = lw.desktop{}
-local f = lw.form{ Name="frm", Width=6000, Height=4000 }
-local b = f:add("FlatButton", "cmdOK", { Left=120, Top=120, Width=1200, Height=375 })
-f:show()
+local f, b = steps.form_with_button()
 
 -- A timer ticks until it is stopped.
-local ticks = 0
-local timer = lw.timer{ ms=20, on=function() ticks = ticks + 1 end }
+local timer, ticks = steps.counting_timer(20)
 d:advance(300)
-expect.equal(ticks > 0, true)
-timer:stop()
-local seen = ticks
-d:advance(100)
-expect.equal(ticks, seen)
+expect.equal(ticks() > 0, true)
+steps.stop(d, timer, ticks)
 
 -- An error in it is reported.
 local failing
@@ -36,13 +31,11 @@ modal.Top = 0
 d:click(rect[1] + 5, rect[2] + 5)
 expect.equal(clicks, 0)
 expect.equal(closed, 0)
-d:move_to(inner, 150, 150)
-d:click()
+steps.click(d, inner)
 expect.equal(closed, 1)
 expect.equal(d:active(), f.hWnd)
 d:advance(600)
-d:move_to(b, 150, 150)
-d:click()
+steps.click(d, b)
 expect.equal(clicks, 1)
 
 -- Hiding it ends it, too.

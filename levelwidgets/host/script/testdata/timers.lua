@@ -1,31 +1,27 @@
 -- Timers, to the millisecond.
 local expect = require "expect"
+local steps = require "steps"
 local d = lw.desktop{}
 
 -- A timer ticks until it is stopped, or until its form is closed.
-local ticks = 0
-local t = lw.timer{ ms=100, on=function() ticks = ticks + 1 end }
+local t, ticks = steps.counting_timer(100)
 d:advance(99)
-expect.equal(ticks, 0)
+expect.equal(ticks(), 0)
 d:advance(1)
-expect.equal(ticks, 1)
+expect.equal(ticks(), 1)
 d:advance(200)
-expect.equal(ticks, 3)
-t:stop()
-t:stop()
-d:advance(500)
-expect.equal(ticks, 3)
+expect.equal(ticks(), 3)
+steps.stop(d, t, ticks)
 
 local second = lw.form{ Name="second", Width=3000, Height=2000 }
-local of_second, hidden = 0, 0
-lw.timer{ ms=100, form=second, on=function() of_second = of_second + 1 end }
+local _, of_second = steps.counting_timer(100, second)
 second:show()
 second:hide()
 d:advance(100)
-expect.equal(of_second, 1)
+expect.equal(of_second(), 1)
 second:close()
 d:advance(300)
-expect.equal(of_second, 1)
+expect.equal(of_second(), 1)
 
 -- One that stops itself.
 local once
