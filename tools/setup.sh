@@ -46,6 +46,9 @@ fuzz_packages='
 clang                | clang++                             | the compiler with the fuzzer
 libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a | the fuzzer'
 
+docs_packages='
+imagemagick          | compare                             | tells which pictures of the documentation have changed'
+
 windows_build_packages='
 g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
 googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
