@@ -57,6 +57,13 @@ TEST_F(LostText, IsLookedForInEverythingThatIsShown) {
       << "except in the tag, which is not shown";
 }
 
+TEST_F(LostText, IsNotLookedForInAPropertyThatNoClassHas) {
+  const std::string told = Told(std::string(kHeader) +
+                                "\n[[control]]\nClass = \"FlatLabel\"\nName = \"lbl\"\n"
+                                "Properties = { Legend = \"\u2713\" }\n");
+  EXPECT_EQ(told, "f:7:16: warning: FlatLabel has no property \"Legend\" to load\n");
+}
+
 TEST_F(LostText, StaysInTheFileWhenNobodyChangesIt) {
   const std::string text = std::string(kHeader) + kBox +
                            "\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tab\"\n"

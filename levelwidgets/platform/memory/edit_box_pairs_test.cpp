@@ -107,6 +107,9 @@ TEST_F(EditBoxPairs, ThePointerPutsTheCaretBetweenCharacters) {
     desktop.Advance(1000);
   }
   EXPECT_EQ(Selected().first, 6);
+  const PixelPoint second = PointOf(3);
+  desktop.Click({second.x - 3, second.y});
+  EXPECT_EQ(Selected().first, 3) << "the right half of a character";
 }
 
 TEST_F(EditBoxPairs, APasswordShowsOneCharacterForEach) {
@@ -130,6 +133,60 @@ TEST_F(EditBoxPairs, AreDrawnAsTheyWouldBeByThemselves) {
   const Picture with = desktop.Capture(area);
   Send(kWmSetText, 0, reinterpret_cast<LParam>("??"));
   EXPECT_NE(desktop.Capture(area), with);
+}
+
+TEST_F(EditBoxPairs, AFirstByteAtTheEndOfATextIsACharacter) {
+  Make(0, "a\x93");
+  EXPECT_THAT(Stops(kKeyRight, 0), ElementsAre(0, 1, 2));
+  EXPECT_THAT(Stops(kKeyLeft, 2), ElementsAre(2, 1, 0));
+}
+
+TEST_F(EditBoxPairs, OnlyWholeCharactersAreTakenUpToTheWidth) {
+  for (int width = 60; width < 80; ++width) {
+    MakeWith(0, "", {10, 10, 10 + width, 40});
+    desktop.SetClipboard("\u65E5\u672C\u65E5\u672C\u65E5\u672C\u65E5\u672C\u65E5\u672C\u65E5\u672C");
+    Send(kWmPaste);
+    const LResult length = Send(kWmGetTextLength);
+    EXPECT_GT(length, 0) << width;
+    EXPECT_LT(length, 24) << width;
+    EXPECT_EQ(length % 2, 0) << width;
+    windows.DestroyWindow(edit);
+  }
+}
+
+TEST_F(EditBoxPairs, ALineHasAsManyAsThereIsRoomFor) {
+  MakeWith(kEsMultiLine, "\u65E5\u672C\u65E5\u672C\u65E5\u672C\u65E5\u672C", {10, 10, 60, 110});
+  const int wide = PointOf(2).x - PointOf(0).x;
+  PixelRect format;
+  Send(kEmGetRect, 0, reinterpret_cast<LParam>(&format));
+  EXPECT_EQ(Send(kEmLineIndex, 1), 2 * (format.width() / wide));
+}
+
+TEST_F(EditBoxPairs, AScrolledLineBeginsWithAWholeCharacter) {
+  for (int width = 40; width < 60; ++width) {
+    MakeWith(kEsAutoHScroll, "\u65E5\u672C\u65E5\u672C\u65E5\u672C\u65E5\u672C", {10, 10, 10 + width, 40});
+    Select(16, 16);
+    Send(kEmScrollCaret);
+    const LResult first = Send(kEmGetFirstVisibleLine);
+    EXPECT_GT(first, 0) << width;
+    EXPECT_EQ(first % 2, 0) << width;
+    windows.DestroyWindow(edit);
+  }
+}
+
+TEST_F(EditBoxPairs, OneThatIsCutOffOnTheRightIsDrawnAsItIs) {
+  constexpr char kLine[] = "\u65E5\u672C\u65E5\u672C\u65E5\u672C";
+  MakeWith(0, kLine);
+  const Picture wide = desktop.Capture({110, 110, 210, 140});
+  windows.DestroyWindow(edit);
+  for (int width = 40; width < 60; ++width) {
+    MakeWith(0, kLine, {10, 10, 10 + width, 110});
+    const Picture narrow = desktop.Capture({110, 110, 210, 140});
+    for (int y = 0; y < 30; ++y) {
+      for (int x = 0; x < width - 3; ++x) ASSERT_EQ(narrow.At({x, y}), wide.At({x, y})) << width << " " << x;
+    }
+    windows.DestroyWindow(edit);
+  }
 }
 
 }  // namespace

@@ -10,6 +10,8 @@ namespace levelwidgets::memory {
 namespace {
 
 constexpr const char* kDirectory = "/usr/share/wine/fonts";
+constexpr text::CharacterCode kStar = 0x819A;  // U+2605 in code page 932, which Tahoma lacks
+const std::string kMore = "/usr/share/fonts/truetype/dejavu";
 constexpr const char* kTahoma = "/usr/share/wine/fonts/tahoma.ttf";
 
 FontRequest Request(const std::string& face, int height, int weight = kFontWeightNormal) {
@@ -25,6 +27,10 @@ int Coverage(Font& font, char character) {
   int sum = 0;
   for (int i = 0; i < glyph.width * glyph.height; ++i) sum += glyph.coverage[i];
   return sum;
+}
+
+std::vector<std::uint8_t> PictureOf(const Glyph& glyph) {
+  return {glyph.coverage, glyph.coverage + glyph.width * glyph.height};
 }
 
 const text::CodePage kWestern(1252);
@@ -126,25 +132,48 @@ TEST_F(Fonts, CharactersFollowTheCodePage) {
 }
 
 TEST_F(Fonts, ACharacterThatTheFaceLacksIsThatOfAnotherFontOnTheSameBaseline) {
-  const std::string more = "/usr/share/fonts/truetype/dejavu";
-  if (!std::filesystem::exists(more + "/DejaVuSans.ttf")) GTEST_SKIP() << "no such font here";
-  constexpr text::CharacterCode kStar = 0x819A;  // U+2605, which Tahoma lacks
+  if (!std::filesystem::exists(kMore + "/DejaVuSans.ttf")) GTEST_SKIP() << "no such font here";
   const text::CodePage japanese(932);
-  const auto picture = [](const Glyph& glyph) {
-    return std::vector(glyph.coverage, glyph.coverage + glyph.width * glyph.height);
-  };
-  FontCache with{FontSources{{kDirectory, more}, false}, 1.0, japanese};
+  FontCache with{FontSources{{kDirectory, kMore}, false}, 1.0, japanese};
   FontCache without{FontSources{{kDirectory}, false}, 1.0, japanese};
   Font& tahoma = *with.Get(Request("Tahoma", -20));
   Font& other = *with.Get(Request("DejaVu Sans", -20));
   const Glyph& star = tahoma.At(kStar);
   const Glyph& own = other.At(kStar);
-  EXPECT_EQ(picture(star), picture(own));
+  EXPECT_EQ(PictureOf(star), PictureOf(own));
   EXPECT_EQ(star.advance, own.advance);
   EXPECT_EQ(star.top - tahoma.Metrics().text.ascent, own.top - other.Metrics().text.ascent);
   EXPECT_NE(tahoma.Metrics().text.ascent, other.Metrics().text.ascent) << "or the baselines say nothing";
-  EXPECT_NE(picture(without.Get(Request("Tahoma", -20))->At(kStar)), picture(star));
-  EXPECT_EQ(picture(without.Get(Request("Tahoma", -20))->At('a')), picture(tahoma.At('a')));
+  EXPECT_NE(PictureOf(without.Get(Request("Tahoma", -20))->At(kStar)), PictureOf(star));
+  EXPECT_EQ(PictureOf(without.Get(Request("Tahoma", -20))->At('a')), PictureOf(tahoma.At('a')));
+}
+
+TEST_F(Fonts, ACharacterThatNoFontHasIsTheBoxOfItsOwnFace) {
+  if (!std::filesystem::exists(kMore + "/DejaVuSans.ttf")) GTEST_SKIP() << "no such font here";
+  const text::CodePage japanese(932);
+  FontCache with{FontSources{{kDirectory, kMore}, false}, 1.0, japanese};
+  FontCache without{FontSources{{kDirectory}, false}, 1.0, japanese};
+  Font& tahoma = *with.Get(Request("Tahoma", -20));
+  Font& alone = *without.Get(Request("Tahoma", -20));
+  EXPECT_NE(PictureOf(tahoma.At(kStar)), PictureOf(alone.At(kStar)));
+  EXPECT_EQ(PictureOf(tahoma.At(0x93FA)), PictureOf(alone.At(0x93FA)));
+}
+
+TEST_F(Fonts, ABoldCharacterIsLookedForInBoldFonts) {
+  if (!std::filesystem::exists(kMore + "/DejaVuSans-Bold.ttf")) GTEST_SKIP() << "no such font here";
+  const text::CodePage japanese(932);
+  FontCache with{FontSources{{kDirectory, kMore}, false}, 1.0, japanese};
+  EXPECT_EQ(PictureOf(with.Get(Request("Tahoma", -20, kFontWeightBold))->At(kStar)),
+            PictureOf(with.Get(Request("DejaVu Sans", -20, kFontWeightBold))->At(kStar)));
+}
+
+TEST_F(Fonts, ASymbolThatTheFaceLacksIsNoLetterOfAnotherFont) {
+  FontRequest request = Request("Marlett", 20);
+  request.charset = kSymbolCharset;
+  Font& symbols = *cache.Get(request);
+  Font& letters = *cache.Get(Request("Tahoma", 20));
+  EXPECT_EQ(PictureOf(symbols.At(0xE9)), PictureOf(symbols.At(0xE6)));
+  EXPECT_NE(PictureOf(letters.At(0xE9)), PictureOf(letters.At(0xE6)));
 }
 
 TEST_F(Fonts, ExtremeSizesAndWeightsAreServed) {

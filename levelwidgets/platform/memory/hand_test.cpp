@@ -35,6 +35,33 @@ TEST_F(HandTest, OutOfAWindowThatCapturesItThePointerGoesOnePixelFartherAndBack)
                                   "child MouseMove 0 -50,200"));
 }
 
+TEST_F(HandTest, InsideTheWindowThatCapturesItThePointerMovesOnce) {
+  windows.SetCapture(child);
+  Begin();
+  MoveTo({160, 130});
+  EXPECT_THAT(Take(), ElementsAre("child MouseMove 0 60,30"));
+}
+
+TEST_F(HandTest, WithAButtonDownThePointerMovesOnce) {
+  for (const int button : {1, 2, 4}) {
+    desktop.MovePointer({150, 120});
+    desktop.Press(button);
+    ASSERT_EQ(windows.GetCapture(), child);
+    Begin();
+    MoveTo({300, 50});
+    EXPECT_EQ(Take().size(), 1u) << button;
+    desktop.Release(button);
+  }
+}
+
+TEST_F(HandTest, BeyondACornerOfTheScreenItComesBackFromInside) {
+  windows.SetCapture(child);
+  Begin();
+  MoveTo({2000, 2000});
+  EXPECT_THAT(Take(), ElementsAre("child MouseMove 0 923,667", "child MouseMove 0 922,666",
+                                  "child MouseMove 0 923,667"));
+}
+
 TEST_F(HandTest, InACornerOfTheScreenItComesBackFromTheOtherSide) {
   windows.SetCapture(child);
   Begin();

@@ -131,6 +131,11 @@ TEST_F(MemoryDrawingShapes, FocusFrameInvertsOddPositions) {
   EXPECT_EQ(canvas.Rows(), (Rows{"........", "..#.#.#.", ".#......", "......#.", ".#.#.#..", "........"}));
 }
 
+TEST_F(MemoryDrawingShapes, FocusFramesWithCornersOfBothKindsCountFromTheTopRightOne) {
+  drawing.DrawFocusRect(dc, {1, 1, 7, 6});
+  EXPECT_EQ(canvas.Rows(), (Rows{"........", "..#.#.#.", ".#......", "......#.", ".#......", "..#.#.#."}));
+}
+
 TEST_F(MemoryDrawingShapes, FocusFrameDrawnTwiceRestores) {
   drawing.FillRect(dc, {2, 0, 5, 6}, drawing.CreateSolidBrush({0x123456}));
   const std::vector<std::uint32_t> before = canvas.store.pixels;

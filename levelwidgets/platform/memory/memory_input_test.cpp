@@ -167,6 +167,17 @@ TEST_F(MemoryInputTest, APressMovesNoFocusWithinTheActiveWindow) {
   EXPECT_EQ(windows.GetFocus(), left);
 }
 
+TEST_F(MemoryInputTest, ACaptureThatIsTakenDuringActivationStays) {
+  MakeTop("other", {500, 100, 600, 200});
+  desktop.MovePointer({115, 115});
+  client.On(kWmMouseActivate, [&](WindowHandle, WParam, LParam) -> LResult {
+    windows.SetCapture(right);
+    return kMaActivate;
+  });
+  desktop.Press(kLeftButton);
+  EXPECT_EQ(windows.GetCapture(), right);
+}
+
 TEST_F(MemoryInputTest, AWindowMayRefuseActivationOrEatThePress) {
   const WindowHandle other = MakeTop("other", {500, 100, 600, 200});
   desktop.MovePointer({115, 115});

@@ -93,6 +93,15 @@ TEST_F(WindowFocusTest, HidingTheFocusedChildGivesTheFocusToItsParent) {
   EXPECT_THAT(Take(), ElementsAre("first ShowWindow 0", "first KillFocus form", "form SetFocus first"));
 }
 
+TEST_F(WindowFocusTest, HidingTheFocusedChildOfADisabledParentLeavesNoFocus) {
+  const WindowHandle inner = MakeChild("inner", first, {0, 0, 5, 5});
+  windows.SetFocus(inner);
+  windows.EnableWindow(first, false);
+  ASSERT_EQ(windows.GetFocus(), inner);
+  windows.ShowWindow(inner, kSwHide);
+  EXPECT_FALSE(windows.GetFocus());
+}
+
 TEST_F(WindowFocusTest, DisablingTheFocusedWindowLeavesNoFocus) {
   windows.SetFocus(first);
   Begin();

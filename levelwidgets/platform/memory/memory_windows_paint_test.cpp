@@ -102,6 +102,19 @@ TEST_F(WindowPaintTest, AMovedWindowIsPaintedWhereItWasCovered) {
   EXPECT_TRUE(windows.PendingPaint(cover).Empty());
 }
 
+TEST_F(WindowPaintTest, AWindowThatMovesPartlyOutOfItsParentLeavesNoPixelsThere) {
+  Recorder red(desktop, log);
+  PaintWith(client, kBlue);
+  PaintWith(red, kRed);
+  const WindowHandle panel = MakeChild("panel", form, {0, 0, 100, 50});
+  const WindowHandle inner = Make("inner", &red, panel, {10, 10, 40, 40}, kChild);
+  Begin();
+  windows.SetWindowPos(inner, {}, {85, 10, 115, 40}, kSwpNoZOrder);
+  desktop.Settle();
+  EXPECT_EQ(desktop.PixelAt({190, 120}), kRed);
+  EXPECT_EQ(desktop.PixelAt({205, 120}), kBlue);
+}
+
 TEST_F(WindowPaintTest, MovingATopLevelWindowPaintsNothing) {
   Begin();
   windows.SetWindowPos(form, {}, {5, 5, 0, 0}, kSwpNoZOrder | kSwpNoSize);
@@ -299,6 +312,32 @@ TEST_F(WindowPaintTest, APaintThatInvalidatesDoesNotHang) {
   windows.InvalidateRect(form);
   desktop.Settle();
   EXPECT_GT(Take().size(), 1u);
+  client.Off(kWmPaint);
+}
+
+// There is an end to it when windows wait for a paint again and again, and each round counts once.
+TEST_F(WindowPaintTest, AllOfVeryManyWindowsArePaintedAgainAsOftenAsAFewWouldBe) {
+  constexpr int kCount = 1200;
+  constexpr int kRounds = 4;
+  std::vector<WindowHandle> all;
+  for (int i = 0; i < kCount; ++i) {
+    const PixelPoint at{i % 200, i / 200 * 10};
+    all.push_back(MakeChild("child", form, {at.x, at.y, at.x + 1, at.y + 10}));
+  }
+  Begin();
+  const auto invalidate_all = [&] {
+    for (const WindowHandle window : all) windows.InvalidateRect(window);
+  };
+  int paints = 0;
+  client.On(kWmPaint, [&](WindowHandle window, WParam, LParam) -> LResult {
+    windows.BeginPaint(window);
+    windows.EndPaint(window);
+    if (++paints % kCount == 0 && paints < kRounds * kCount) invalidate_all();
+    return 0;
+  });
+  invalidate_all();
+  desktop.Settle();
+  EXPECT_EQ(paints, kRounds * kCount);
   client.Off(kWmPaint);
 }
 

@@ -30,6 +30,14 @@ TEST_P(Palettes, FramesAndGreyTextStandOutFromFaces) {
   EXPECT_GE(Contrast(palette.At(kColorGrayText), palette.At(kColorButtonFace)), 2.5);
 }
 
+TEST_P(Palettes, LinksCanBeReadOnWindowsAndFaces) {
+  constexpr int kHotTracked = 26;
+  const SystemPalette palette = *FindPalette(GetParam());
+  for (const int ground : {kColorWindow, kColorButtonFace}) {
+    EXPECT_GE(Contrast(palette.At(kHotTracked), palette.At(ground)), 4.5) << ground;
+  }
+}
+
 // A text box has the colour of windows, a form that of faces, and neither draws a frame.
 TEST_P(Palettes, TextBoxesStandOutFromForms) {
   const SystemPalette palette = *FindPalette(GetParam());

@@ -71,14 +71,12 @@ CodePage::CodePage(int number) : number_(number), unicode_(Identity()) {
   if (number_ == kWestern || !FillTables()) {
     number_ = kWestern;
     unicode_ = Identity();
-    firsts_ = {};
-    pairs_.clear();
     std::copy(std::begin(kWesternSpecials), std::end(kWesternSpecials), unicode_.begin() + 0x80);
   }
   BuildInverse();
 }
 
-// False, with tables half filled, when the system knows no such code page, or one with longer characters.
+// False, with unicode_ half filled, when the system knows no such code page, or one with longer characters.
 bool CodePage::FillTables() {
   Converter converter(number_);
   if (!converter.Open()) return false;

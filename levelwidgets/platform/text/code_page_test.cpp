@@ -9,7 +9,7 @@ namespace levelwidgets::text {
 namespace {
 
 TEST(CodePageTest, EveryByteReturnsFromUtf8) {
-  for (const int number : {1250, 1251, 1252, 1253, 1254, 437, 850}) {
+  for (const int number : {1250, 1251, 1252, 1253, 1254, 437, 850, 866, 28591}) {
     const CodePage page(number);
     ASSERT_EQ(page.Number(), number);
     for (int i = 1; i < 256; ++i) {
@@ -32,6 +32,10 @@ TEST(CodePageTest, EachPageHasItsCharacters) {
 TEST(CodePageTest, ACharacterOutsideThePageBecomesAQuestionMark) {
   const CodePage page(1252);
   EXPECT_EQ(page.ToBytes("a\xD0\x96\xF0\x9F\x98\x80z"), "a??z");
+}
+
+TEST(CodePageTest, AControlCharacterOutsideThePageIsNoByteOfTheSameNumber) {
+  EXPECT_EQ(CodePage(1252).ToBytes("\u007F\u0080\u0081"), "\x7F?\x81");
 }
 
 TEST(CodePageTest, IllFormedBytesBecomeQuestionMarks) {
@@ -67,6 +71,20 @@ TEST(CodePageTest, CharactersOfEastAsiaArePairsOfBytes) {
   EXPECT_FALSE(CodePage(1252).HasPairs());
 }
 
+TEST(CodePageTest, SecondBytesReachFrom40ToFE) {
+  const CodePage japanese(932);
+  EXPECT_EQ(japanese.ToBytes("\u30A1"), "\x83\x40");
+  EXPECT_TRUE(japanese.IsPair('\x83', '\x40'));
+  EXPECT_FALSE(japanese.IsPair('\x83', '\x3F'));
+  EXPECT_EQ(CodePage(936).ToBytes("\u5265"), "\xB0\xFE");
+}
+
+TEST(CodePageTest, ACharacterWithSeveralCodesHasTheFirst) {
+  EXPECT_EQ(CodePage(932).ToUtf8("\x81\xBE\x87\x9C"), "\u222A\u222A");
+  EXPECT_EQ(CodePage(932).ToBytes("\u222A"), "\x81\xBE");
+  EXPECT_EQ(CodePage(932).ToBytes("\uFFFD"), "?") << "the character of the pairs that are none";
+}
+
 TEST(CodePageTest, EveryPairReturnsFromUtf8AsTheSameCharacter) {
   for (const int number : {932, 936, 949, 950}) {
     const CodePage page(number);
@@ -99,7 +117,8 @@ TEST(CodePageTest, AFirstByteWithoutASecondIsACharacterOfItsOwn) {
 TEST(CodePageTest, ASecondByteIsToldFromAFirstByWhatIsBeforeIt) {
   const CodePage page(932);
   // In 0x8393 and 0x9383 each byte may be either.
-  for (const std::string bytes : {"a\x83\x93\x83\x93z", "\x83\x93\x93\x83\x41\x93\x83", "\x96\x7B\x7B\x83"}) {
+  for (const std::string bytes :
+       {"a\x83\x93\x83\x93z", "\x83\x93\x93\x83\x41\x93\x83", "\x96\x7B\x7B\x83", "\x83\x40\x40"}) {
     std::vector<bool> expected(bytes.size());
     for (std::string_view rest = bytes; !rest.empty();) {
       const std::size_t at = bytes.size() - rest.size();
@@ -113,10 +132,14 @@ TEST(CodePageTest, ASecondByteIsToldFromAFirstByWhatIsBeforeIt) {
 }
 
 TEST(CodePageTest, CharsetsOfOneScriptHaveTheirOwnPage) {
-  EXPECT_EQ(CodePageOfCharset(204, 1252), 1251);
-  EXPECT_EQ(CodePageOfCharset(238, 1252), 1250);
-  EXPECT_EQ(CodePageOfCharset(0, 1251), 1251);
-  EXPECT_EQ(CodePageOfCharset(1, 1253), 1253);
+  const std::vector<std::pair<int, int>> pages{{161, 1253}, {162, 1254}, {163, 1258},
+                                               {177, 1255}, {178, 1256}, {186, 1257},
+                                               {204, 1251}, {222, 874},  {238, 1250}};
+  for (const auto& [charset, page] : pages) EXPECT_EQ(CodePageOfCharset(charset, 1252), page) << charset;
+  for (const int system : {1251, 1253}) {
+    EXPECT_EQ(CodePageOfCharset(0, system), system);
+    EXPECT_EQ(CodePageOfCharset(1, system), system);
+  }
 }
 
 }  // namespace

@@ -87,5 +87,53 @@ TEST_F(TextMeasureTest, RemembersWidthsWithoutChangingResults) {
   }
 }
 
+// Of "a日本z" the bytes are a, 93 FA, 96 7B, z. Pairs are 9 pixels wide, other characters 4.
+class TextMeasurePairs : public testing::Test {
+ protected:
+  TextMeasurePairs() {
+    text.SetCodePage(page);
+    SetWidth(9);
+  }
+  void SetWidth(int of_pairs) {
+    measure.SetFont([of_pairs](text::CharacterCode code) { return code > 0xFF ? of_pairs : 4; }, 10);
+  }
+  void Assign(std::string_view utf8) { text.Assign(page.ToBytes(utf8)); }
+
+  const text::CodePage page{932};
+  TextStore text;
+  TextMeasure measure{text};
+};
+
+TEST_F(TextMeasurePairs, AreTheSameOnTheWayBack) {
+  Assign("a\u65E5\u672Ca\u65E5\u672Cz");
+  EXPECT_EQ(measure.XOf(0, 11), 48);
+  for (const auto& [offset, x] : {std::pair{10, 44}, {8, 35}, {6, 26}, {5, 22}, {3, 13}, {1, 4}, {0, 0}}) {
+    EXPECT_EQ(measure.XOf(0, static_cast<std::size_t>(offset)), x) << offset;
+  }
+  measure.XOf(0, 11);
+  EXPECT_EQ(measure.Before(0, 11, 34), 6u);
+}
+
+TEST_F(TextMeasurePairs, AreMeasuredAnewInAnotherFont) {
+  Assign("\u65E5\u672C");
+  EXPECT_EQ(measure.XOf(0, 4), 18);
+  SetWidth(20);
+  EXPECT_EQ(measure.XOf(0, 4), 40);
+}
+
+TEST_F(TextMeasurePairs, AreAsWideAsTheMaskOfAPassword) {
+  Assign("a\u65E5z");
+  measure.SetMask('*');
+  EXPECT_EQ(measure.XOf(0, 3), 8);
+  EXPECT_EQ(measure.XOf(0, 4), 12);
+}
+
+TEST_F(TextMeasurePairs, TheNearestPlaceIsBeforeThemOrBehindThem) {
+  Assign("a\u65E5z");
+  EXPECT_EQ(measure.Nearest(0, 4, 8), 1u);
+  EXPECT_EQ(measure.Nearest(0, 4, 9), 3u);
+  EXPECT_EQ(measure.Nearest(0, 4, 13), 3u);
+}
+
 }  // namespace
 }  // namespace levelwidgets::memory
