@@ -331,6 +331,10 @@ TEST(NearestName, IsNeverTheNameItselfNorAnUnlikeShortOne) {
   EXPECT_EQ(NearestName("Odd", names), "Add");
   EXPECT_EQ(NearestName("Oxd", names), "");
   EXPECT_EQ(NearestName("Clcik", names), "Click");
+  // Of a long name every third letter may be another.
+  const std::vector<std::string_view> long_names{"BackColorMouseOver"};
+  EXPECT_EQ(NearestName("BakColrMusOver", long_names), "BackColorMouseOver");
+  EXPECT_EQ(NearestName("BakColrMusOvr", long_names), "");
 }
 
 TEST(NearestName, IsTheFirstOfThoseThatAreAsNear) {

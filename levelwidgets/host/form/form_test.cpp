@@ -490,6 +490,17 @@ TEST_F(FormTest, APlaceThatWasSetStaysWhileTheFormIsMinimised) {
   }
 }
 
+TEST_F(FormTest, ItsSizeStaysWhileItIsMinimised) {
+  const Twips width = TheForm().Width();
+  const Twips height = TheForm().Height();
+  for (const int command : {kSwMinimize, kSwRestore}) {
+    Windows().ShowWindow(TheForm().hWnd(), command);
+    Driver().Settle();
+    EXPECT_EQ(TheForm().Width(), width) << command;
+    EXPECT_EQ(TheForm().Height(), height) << command;
+  }
+}
+
 TEST_F(FormTest, APlaceThatIsTooFarIsRefusedAndChangesNothing) {
   for (const float length : {1e30F, -1e30F, std::numeric_limits<float>::quiet_NaN()}) {
     EXPECT_THAT(ErrorOf([&] { TheForm().SetLeft(Twips(length)); }), kOverflow);

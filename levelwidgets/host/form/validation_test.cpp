@@ -154,11 +154,14 @@ TEST_F(ValidationTest, AListenerMayRemoveWhateverTheFocusWasToGoTo) {
   };
   Driver().Key(kKeyTab);
   EXPECT_EQ(Active(), "text");
+  bool pressed = false;
+  ok_->MouseDown += [&pressed](auto...) { pressed = true; };
   at_validate_ = [this] {
     at_validate_ = {};
     TheForm().Remove("ok");
   };
   ClickOn("ok");
+  EXPECT_FALSE(pressed);
   EXPECT_THAT(TakeNotes(), ElementsAre("validate text", "validate text"));
   Get("cancel").SetDefault(true);
   at_validate_ = [this] { TheForm().Remove("cancel"); };

@@ -234,6 +234,18 @@ TEST_F(FormFile, NamesThatScriptsHaveAlreadyAreWarnings) {
       "f:7:8: warning: the control hides what scripts have as \"print\"; another name keeps both\n");
 }
 
+TEST_F(FormFile, EachWordOfTheScriptsLanguageIsAWarningAsTheNameOfAControl) {
+  for (const char* word :
+       {"and", "break", "do",  "else", "elseif", "end",    "false",  "for",  "function", "goto",  "if",
+        "in",  "local", "nil", "not",  "or",     "repeat", "return", "then", "true",     "until", "while"}) {
+    const std::string name = std::string("\"") + word + "\"";
+    ExpectTold("[form]\n[[control]]\nClass = \"FlatButton\"\nName = " + name + "\n",
+               "f:4:8: warning: " + name +
+                   " is a word of the scripts' language; a script reaches the control as form[" + name +
+                   "]\n");
+  }
+}
+
 TEST_F(FormFile, ASecondDefaultOrCancelButtonIsAWarning) {
   ExpectTold(
       "[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"a\"\nDefault = true\nCancel = true\n"

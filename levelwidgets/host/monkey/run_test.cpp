@@ -107,12 +107,44 @@ TEST(Monkey, EveryWritablePropertyOfEveryClassIsWritten) {
   }
 }
 
+// --- The hand ------------------------------------------------------------------------------------
+
+FlatButton& ButtonOf(const HostedControl& hosted) { return dynamic_cast<FlatButton&>(*hosted.GetControl()); }
+
+TEST(Monkey, APressAfterAJumpFromOneButtonToAnotherIsTheOthers) {
+  auto stage = StageOf([](Platform& platform) { return Form::Create(platform, {}); })();
+  Form& form = *stage->GetForm();
+  std::vector<std::string> pressed;
+  for (const auto& [name, top] : {std::pair{"cmdUpper", 300}, {"cmdLower", 1500}}) {
+    HostedControl& hosted =
+        form.Add(*FindControlClass("FlatButton"), name, nullptr, {{Twips(300), Twips(top)}, {}});
+    ButtonOf(hosted).MouseDown += [&pressed, name](auto...) { pressed.emplace_back(name); };
+  }
+  memory::Desktop& desktop = stage->GetDesktop();
+  Session session(std::move(stage));
+  const auto perform = [&](const Event& event) { EXPECT_EQ(session.Perform(event).broken, ""); };
+  const auto press_after = [&](const Event& move) {
+    perform(move);
+    perform({.kind = EventKind::kPress, .numbers = {kLeftButton}});
+    perform({.kind = EventKind::kRelease, .numbers = {kLeftButton}});
+  };
+  const auto move_to = [](const char* name) {
+    return Event{.kind = EventKind::kMoveTo, .control = name, .numbers = {150, 150}};
+  };
+  perform({.kind = EventKind::kShow, .numbers = {0}});
+  press_after(move_to("cmdLower"));
+  PixelPoint lower;
+  desktop.Windows().GetCursorPos(lower);
+  press_after(move_to("cmdUpper"));
+  press_after({.kind = EventKind::kMove, .numbers = {lower.x, lower.y}});
+  EXPECT_THAT(pressed, testing::ElementsAre("cmdLower", "cmdUpper", "cmdLower"));
+  session.Finish();
+}
+
 // --- Failures ------------------------------------------------------------------------------------
 // A form that fails when its first button gets a key after its second got a press.
 
 using Fail = void (*)(Form&);
-
-FlatButton& ButtonOf(const HostedControl& hosted) { return dynamic_cast<FlatButton&>(*hosted.GetControl()); }
 
 std::shared_ptr<Form> FaultyForm(Platform& platform, Fail fail) {
   const auto form = Form::Create(platform, {});

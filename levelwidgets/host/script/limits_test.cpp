@@ -147,6 +147,16 @@ TEST_F(Memory, AllowsASandboxAThousandOpenForms) {
       "");
 }
 
+TEST_F(Memory, AllowsASandboxAThousandTimers) {
+  EXPECT_EQ(FailureOf("local last\n"
+                      "for i = 1, 1000 do last = lw.timer{ ms=60000, on=print } end\n"
+                      "local function one_more() return lw.timer{ ms=60000, on=print } end\n"
+                      "local ok, err = pcall(one_more)\n"
+                      "assert(not ok and err.number == 7 and err.description:find('too many timers'), err)\n"
+                      "last:stop() one_more()"),
+            "");
+}
+
 #ifdef __linux__
 
 TEST_F(Memory, OfControlsIsLimitedByTheGrowthOfTheProcess) {

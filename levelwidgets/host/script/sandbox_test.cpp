@@ -1,4 +1,7 @@
 // Tries to get out of the sandbox.
+#include <sstream>
+
+#include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/host/script/sandbox_fixture.h>
 #include <levelwidgets/testing/source_dir.h>
 
@@ -24,6 +27,24 @@ TEST_F(Sandbox, HasTheLibrariesOfValues) {
     assert(collectgarbage("count") > 0 and collectgarbage() == 0)
     print("to be seen"))"),
             "");
+}
+
+TEST_F(Sandbox, AControlThatIsNamedAsOneOfItsGlobalsIsAWarning) {
+  const auto form = Load(
+      "local names = {}\n"
+      "for name in pairs(_G) do names[#names + 1] = name end\n"
+      "cmdOK.Tag = table.concat(names, ' ')");
+  std::istringstream names(form->Find("cmdOK")->Tag());
+  int globals = 0;
+  for (std::string name; names >> name;) {
+    if (form->Find(name)) continue;
+    ++globals;
+    const LoadedForm loaded =
+        LoadFormText(Tracer(), "[form]\n[[control]]\nClass = \"FlatButton\"\nName = \"" + name + "\"\n", "f");
+    ASSERT_EQ(loaded.diagnostics.size(), 1u) << name;
+    EXPECT_THAT(loaded.diagnostics[0].message, HasSubstr("hides what scripts have as \"" + name + "\""));
+  }
+  EXPECT_GT(globals, 20);
 }
 
 TEST_F(Sandbox, CoroutinesWorkAsInPlainLua) {
