@@ -1,82 +1,12 @@
 // The gallery's sheets, in each palette.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <set>
 
-#include <levelwidgets/host/script/script_host.h>
-#include <levelwidgets/platform/memory/system_colors.h>
-#include <levelwidgets/testing/contrast.h>
-#include <levelwidgets/testing/source_dir.h>
+#include <levelwidgets/host/script/gallery_fixture.h>
 
 namespace levelwidgets {
 namespace {
-
-std::vector<std::string> Sheets() {
-  std::vector<std::string> sheets;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(std::string(SourceDir()) + "/examples/gallery")) {
-    const std::string name = entry.path().filename().string();
-    if (name.ends_with(".form.toml")) sheets.push_back(name.substr(0, name.find('.')));
-  }
-  return sheets;
-}
-
-std::string PathOfSheet(const std::string& sheet) {
-  return std::string(SourceDir()) + "/examples/gallery/" + sheet + ".form.toml";
-}
-
-// A sheet on a desktop of its own.
-class ShownSheet {
- public:
-  ShownSheet(const std::string& sheet, std::string_view palette) {
-    host_.MakeDesktop({.palette = std::string(palette)});
-    form_ = host_.LoadForm(PathOfSheet(sheet));
-    form_->Show();
-  }
-
-  const Form& GetForm() const { return *form_; }
-  HostedControl& At(const std::string& name) const { return *form_->Find(name); }
-  ColorRef PixelAt(PixelPoint point) { return host_.Desktop().PixelAt(point); }
-  DesktopDriver& Desktop() { return host_.Desktop(); }
-
-  // How well the best pixel of the control's text can be told from `background`.
-  double ContrastOfText(const std::string& name, ColorRef background) {
-    double best = 1;
-    for (const std::uint32_t pixel : Capture(name).pixels) {
-      best = std::max(best, Contrast({pixel}, background));
-    }
-    return best;
-  }
-
-  // The row of the screen on which the text of a control that is shown stands.
-  int Baseline(const std::string& name) {
-    SetText(name, "");
-    const Picture without = Capture(name);
-    SetText(name, "H");
-    const Picture with = Capture(name);
-    for (int y = with.size.height - 1; y >= 0; --y) {
-      for (int x = 0; x < with.size.width; ++x) {
-        if (with.At({x, y}).value != without.At({x, y}).value) return At(name).ScreenRect().top + y;
-      }
-    }
-    return -1;
-  }
-
- private:
-  Picture Capture(const std::string& name) { return host_.Desktop().Capture(At(name).ScreenRect()); }
-
-  void SetText(const std::string& name, const std::string& text) {
-    Control& control = *At(name).GetControl();
-    const ClassInfo& table = At(name).ControlClass();
-    const PropertyInfo* property = table.FindProperty("Text");
-    if (!property) property = table.FindProperty("Caption");
-    property->set(control, text);
-  }
-
-  ScriptHost host_;
-  std::shared_ptr<Form> form_;
-};
 
 class Gallery : public testing::TestWithParam<std::string> {};
 
@@ -156,49 +86,6 @@ TEST_P(Overview, ShowsTheFrameOfItsDefaultButton) {
   EXPECT_GE(Contrast(outer, form), 4.5);
   EXPECT_GE(Contrast(outer, face), 4.5) << "which is also that of the caption";
 }
-
-class DarkGallery : public testing::TestWithParam<std::string_view> {};
-
-// Colours that can be told apart where they meet in areas; texts and frames ask for more.
-constexpr double kLeastOfAreas = 1.15;
-
-TEST_P(DarkGallery, ALabelStandsOutFromItsFormAndShowsThatItIsPressed) {
-  ShownSheet sheet("label", GetParam());
-  for (const std::string name : {"lblNormal", "lblDefaults", "lblLeft", "lblAccessKey"}) {
-    const PixelRect label = sheet.At(name).ScreenRect();
-    const PixelPoint edge{label.left + 1, label.bottom - 2};
-    const ColorRef form = sheet.PixelAt({label.left - 1, label.top - 1});
-    const ColorRef at_rest = sheet.PixelAt(edge);
-    EXPECT_GE(Contrast(at_rest, form), kLeastOfAreas) << name;
-    // One label shows that a text in the colour of its background cannot be seen.
-    if (name != "lblDefaults") {
-      EXPECT_GE(sheet.ContrastOfText(name, at_rest), 4.5) << name;
-    }
-    sheet.Desktop().MovePointer(edge);
-    sheet.Desktop().Press(kLeftButton);
-    sheet.Desktop().Settle();
-    const ColorRef pressed = sheet.PixelAt(edge);
-    EXPECT_GE(Contrast(pressed, at_rest), kLeastOfAreas) << name;
-    EXPECT_GE(Contrast(pressed, form), kLeastOfAreas) << name;
-    EXPECT_GE(sheet.ContrastOfText(name, pressed), 4.5) << name;
-    sheet.Desktop().Release(kLeftButton);
-  }
-}
-
-TEST_P(DarkGallery, TheTrackOfABarStandsOutFromItsForm) {
-  ShownSheet sheet("scroll", GetParam());
-  for (const char* name : {"scrStart", "scrEnd", "scrLeft", "scrRight"}) {
-    const PixelRect bar = sheet.At(name).ScreenRect();
-    const ColorRef form = sheet.PixelAt({bar.left - 2, bar.top - 2});
-    const ColorRef track = sheet.PixelAt({(bar.left + bar.right) / 2, (bar.top + bar.bottom) / 2});
-    EXPECT_GE(Contrast(track, form), kLeastOfAreas) << name;
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Palettes, DarkGallery, testing::Values("dark", "high-contrast"),
-                         [](const auto& palette) {
-                           return palette.param == "dark" ? "Dark" : "HighContrast";
-                         });
 
 INSTANTIATE_TEST_SUITE_P(Palettes, Overview,
                          testing::ValuesIn(memory::PaletteNames().begin(), memory::PaletteNames().end()),

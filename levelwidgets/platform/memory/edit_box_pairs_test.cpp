@@ -1,4 +1,4 @@
-// Edit boxes in code pages where a character may be a pair of bytes.
+// Edit boxes in code pages where a character may be a pair of bytes, or lack its other case.
 #include <levelwidgets/platform/memory/edit_box_fixture.h>
 
 namespace levelwidgets::memory {
@@ -187,6 +187,13 @@ TEST_F(EditBoxPairs, OneThatIsCutOffOnTheRightIsDrawnAsItIs) {
     }
     windows.DestroyWindow(edit);
   }
+}
+
+class EditBoxLetters : public EditHandTest {};
+
+TEST_F(EditBoxLetters, ALetterWhoseOtherCaseIsNotInTheCodePageStays) {
+  Make(kEsUpperCase, desktop.Drawing().ToCodePage("\u00E9\u00FF\u00B5"));
+  EXPECT_EQ(Text(), "\u00C9\u0178\u00B5");
 }
 
 }  // namespace
