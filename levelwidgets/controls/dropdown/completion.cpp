@@ -9,17 +9,12 @@ namespace levelwidgets {
 
 namespace {
 
-// The byte at which the character `place` begins; the end when there are fewer.
-std::size_t ByteOf(std::string_view utf8, std::int32_t place) {
-  const std::size_t all = utf8.size();
-  for (; place > 0 && !utf8.empty(); --place) text::TakeCharacter(utf8);
-  return all - utf8.size();
-}
+std::size_t Place(std::int32_t characters) { return static_cast<std::size_t>(std::max(characters, 0)); }
 
 std::string WithTyped(const EditedText& before, std::string_view typed) {
   const std::string_view text = before.text;
-  const std::size_t start = ByteOf(text, before.start);
-  const std::size_t end = start + ByteOf(text.substr(start), before.length);
+  const std::size_t start = text::ByteOfCharacter(text, Place(before.start));
+  const std::size_t end = start + text::ByteOfCharacter(text.substr(start), Place(before.length));
   return std::string(text.substr(0, start)).append(typed).append(text.substr(end));
 }
 

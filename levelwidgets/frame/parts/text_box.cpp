@@ -1,4 +1,5 @@
 #include <levelwidgets/frame/parts/text_box.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 #include <algorithm>
 
@@ -165,6 +166,19 @@ std::int32_t TextBox::SelLength() const {
 
 void TextBox::Select(std::int32_t start, std::int32_t length) {
   Send(kEmSetSel, static_cast<WParam>(start), static_cast<LParam>(start) + length);
+}
+
+std::string TextBox::SelText() const {
+  const std::string all = Text();
+  const std::size_t start = text::ByteOfCharacter(all, static_cast<std::size_t>(SelStart()));
+  const std::string_view rest = std::string_view(all).substr(start);
+  return std::string(rest.substr(0, text::ByteOfCharacter(rest, static_cast<std::size_t>(SelLength()))));
+}
+
+void TextBox::SetSelText(std::string_view text) {
+  const auto keep = owner_.Reference();
+  const std::string terminated(text);
+  Send(kEmReplaceSel, 1, reinterpret_cast<LParam>(terminated.c_str()));
 }
 
 // --- Methods -----------------------------------------------------------------------------------------

@@ -59,6 +59,9 @@ class TextBox : public WindowPart, public EditEvents {
   std::int32_t SelStart() const;
   std::int32_t SelLength() const;
   void Select(std::int32_t start, std::int32_t length);
+  // The selected text; setting it replaces what is selected, and raises Change.
+  std::string SelText() const;
+  void SetSelText(std::string_view text);
 
   // --- Methods ----------------------------------------------------------------------------------
 

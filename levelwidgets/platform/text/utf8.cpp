@@ -68,6 +68,12 @@ std::size_t CharacterCount(std::string_view utf8) {
   return count;
 }
 
+std::size_t ByteOfCharacter(std::string_view utf8, std::size_t place) {
+  const std::size_t all = utf8.size();
+  for (; place > 0 && !utf8.empty(); --place) TakeCharacter(utf8);
+  return all - utf8.size();
+}
+
 std::optional<std::size_t> FindIllFormed(std::string_view utf8) {
   std::string_view rest = utf8;
   while (!rest.empty()) {

@@ -16,6 +16,8 @@ char32_t TakeCharacter(std::string_view& utf8);
 std::string_view FirstCharacter(std::string_view utf8);
 void AppendCharacter(char32_t character, std::string& utf8);
 std::size_t CharacterCount(std::string_view utf8);
+// The byte at which the character `place`, from 0, begins; the end where there are fewer.
+std::size_t ByteOfCharacter(std::string_view utf8, std::size_t place);
 
 // Where the first ill-formed byte is.
 std::optional<std::size_t> FindIllFormed(std::string_view utf8);

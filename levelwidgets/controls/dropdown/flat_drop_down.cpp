@@ -1,0 +1,260 @@
+#include <levelwidgets/controls/dropdown/flat_drop_down.h>
+
+#include <limits>
+
+#include <levelwidgets/controls/dropdown/list_window.h>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr Color kBackColor{0x80000005u};  // window background
+constexpr Color kForeColor{0x80000008u};  // window text
+constexpr Color kDropDownBackColor{0x00CEDBDEu};
+constexpr Color kDropDownBackColorMouseOver{0x00DEE7EFu};
+constexpr Color kDropDownBackColorPushed{0x00BDCBCEu};
+constexpr std::int16_t kDropDownWidth = 2880;
+
+constexpr PopupLook kLook{kWsPopup | kWsBorder, DetachOrder::kExtendedStyleParentStyle, true};
+constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
+constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
+// Written and never read: a list is always empty at first.
+constexpr std::string_view kCountKey = "DDListCount";
+
+}  // namespace
+
+const ClassInfo& FlatDropDown::Table() {
+  using D = FlatDropDown;
+  using Row = table::Row<D>;
+  static constexpr auto data = ClassTable(
+      ControlClass<D>("FlatDropDown", "An edit box with a list of texts that drops down.",
+                      {Twips(1800), Twips(315)}),
+      table::Properties(
+          Row::Property<&D::Alignment, &D::SetAlignment>(1, "Alignment", Always(std::int16_t{0}),
+                                                         "Of the text: 0 left, 1 right, 2 in the middle."),
+          Row::Property<&D::AutoComplete, &D::SetAutoComplete>(
+              2, "AutoComplete", Always(false), "Whether typing completes the text from the list."),
+          Row::Property<&D::BackColor, &D::SetBackColor>(3, "BackColor", Always(kBackColor),
+                                                         "Background colour of the text."),
+          Row::Property<&D::ForeColor, &D::SetForeColor>(4, "ForeColor", Always(kForeColor),
+                                                         "Colour of the text."),
+          Row::Property<&D::Enabled, &D::SetEnabled>(5, "Enabled", Always(true),
+                                                     "Whether the control takes input."),
+          Row::Property<&D::GetFont, &D::SetFont>(6, "Font", Always(kAmbientFont),
+                                                  "Font of the text and the list."),
+          Row::Property<&D::SelStart, &D::SetSelStart>(7, "SelStart", kNoDefault,
+                                                       "Where the selection begins, in characters from 0."),
+          Row::Property<&D::SelLength, &D::SetSelLength>(8, "SelLength", kNoDefault,
+                                                         "How many characters are selected."),
+          Row::Property<&D::SelText, &D::SetSelText>(9, "SelText", kNoDefault, "The selected text."),
+          Row::Property<&D::Text, &D::SetText>(10, "Text", Always(""), "The text.",
+                                               {.flags = MemberFlags::kDefault}),
+          Row::Property<&D::TopIndex, &D::SetTopIndex>(11, "TopIndex", Always(std::int16_t{1}),
+                                                       "The item in the first row of the list."),
+          Row::Property<&D::ListIndex, &D::SetListIndex>(12, "ListIndex", Always(std::int16_t{0}),
+                                                         "The highlighted item; 0 for none."),
+          Row::Property<&D::DropDownBackColor, &D::SetDropDownBackColor>(
+              13, "DropDownBackColor", Always(kDropDownBackColor), "Fill of the drop button."),
+          Row::Property<&D::DropDownBackColorMouseOver, &D::SetDropDownBackColorMouseOver>(
+              14, "DropDownBackColorMouseOver", Always(kDropDownBackColorMouseOver),
+              "Fill of the drop button under the pointer.", {.flags = MemberFlags::kShownLater}),
+          Row::Property<&D::DropDownBackColorPushed, &D::SetDropDownBackColorPushed>(
+              15, "DropDownBackColorPushed", Always(kDropDownBackColorPushed),
+              "Fill of the drop button while the left button is held.", {.flags = MemberFlags::kShownLater}),
+          Row::Property<&D::DropDownWidth, &D::SetDropDownWidth>(16, "DropDownWidth", Always(kDropDownWidth),
+                                                                 "Width of the list, twips."),
+          Row::Property<&D::Style, &D::SetStyle>(
+              17, "Style", Always(0), "0 with an edit box; otherwise only the list changes the text."),
+          Row::ReadOnly<&D::hWnd>(18, "hWnd", "Handle of the control's window.")),
+      table::Persisted("Alignment", "AutoComplete", "BackColor", "ForeColor", "Enabled", "Font", "Text",
+                       "TopIndex", "ListIndex", "DropDownBackColor", "DropDownBackColorMouseOver",
+                       "DropDownBackColorPushed", "DropDownWidth", "Style"),
+      table::Methods(Row::Method<&D::AddItem>(19, "AddItem", "Description", "Adds a text at the end of the list."),
+                     Row::Method<&D::RemoveItem>(20, "RemoveItem", "Index", "Removes an item of the list."),
+                     Row::Method<&D::Clear>(21, "Clear", "", "Removes all items.")),
+      table::Events(
+          Row::Event<&D::Change>(1, "Change", "", "The text changed."),
+          Row::Event<&D::Click>(2, "Click", "", "The text was clicked."),
+          Row::Event<&D::DblClick>(3, "DblClick", "", "The text was clicked twice."),
+          Row::Event<&D::KeyDown>(4, "KeyDown", kKeyArguments, "A key went down."),
+          Row::Event<&D::KeyPress>(5, "KeyPress", kCharacterArguments,
+                                   "A character was typed; raised before and after the control's own part."),
+          Row::Event<&D::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
+          Row::Event<&D::MouseDown>(7, "MouseDown", kPointerArguments, "A pointer button went down on the text."),
+          Row::Event<&D::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved over the text."),
+          Row::Event<&D::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up on the text.")));
+  static constexpr ClassInfo info(data);
+  return info;
+}
+
+FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
+    : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
+      picPopup_(*this, kLook, [this] { HideList(); }),
+      fsMain_(picPopup_, "fsMain", kBarSize) {
+  RelayExceptCharacters(txtMain_);
+  txtMain_.KeyPress += [this](std::int16_t& key_ascii) { TypeCharacter(key_ascii); };
+  txtMain_.SetVisible(true);
+  picPopup_.Move({}, {Twips(kDropDownWidth), Twips(1200)});
+  picPopup_.Paint += [this] { PaintList(); };
+  picPopup_.Resize += [this] { PlaceBar(); };
+  picPopup_.MouseDown += [this](std::int16_t, std::int16_t, Twips x, Twips y) { PressList({x, y}); };
+  picPopup_.MouseMove += [this](std::int16_t, std::int16_t, Twips x, Twips y) { HighlightUnder({x, y}); };
+  fsMain_->SetMin(1);
+  fsMain_->Change += [this] {
+    top_index_ = static_cast<std::int16_t>(fsMain_->Value());
+    if (picPopup_.IsOpen()) picPopup_.Refresh();
+  };
+}
+
+void FlatDropDown::OnInitialize() { UseFont(Site().AmbientFont()); }
+
+// A value that is its own default is not written; the count comes last.
+void FlatDropDown::OnWriteProperties(PropertyBag& bag) const {
+  Control::OnWriteProperties(bag);
+  bag.WriteProperty(std::string(kCountKey), static_cast<std::int16_t>(Count()), std::int16_t{0});
+}
+
+// --- Properties --------------------------------------------------------------------------------------
+
+void FlatDropDown::SetAlignment(std::int16_t alignment) {
+  Assign("Alignment", Then::kNotify,
+         [&] { txtMain_.SetAlignment(static_cast<ksxAlignmentConstants>(alignment)); });
+}
+
+void FlatDropDown::SetAutoComplete(bool complete) {
+  Store("AutoComplete", Then::kNotify, auto_complete_, complete);
+}
+
+void FlatDropDown::SetBackColor(Color color) {
+  Assign("BackColor", HasEdit() ? Then::kNotify : Then::kRepaintThenNotify, [&] {
+    txtMain_.SetBackColor(color);
+    if (!HasEdit()) GetSurface().SetBackColor(color);
+  });
+}
+
+void FlatDropDown::SetForeColor(Color color) {
+  Assign("ForeColor", HasEdit() ? Then::kNotify : Then::kRepaintThenNotify,
+         [&] { txtMain_.SetForeColor(color); });
+}
+
+void FlatDropDown::SetEnabled(bool enabled) {
+  Assign("Enabled", Then::kNotify, [&] {
+    if (!enabled) EndInput();
+    Enable(enabled);
+  });
+}
+
+void FlatDropDown::SetFont(FontRef font) {
+  Assign("Font", HasEdit() ? Then::kNotify : Then::kRepaintThenNotify, [&] { UseFont(std::move(font)); });
+}
+
+// The edit box's, and what the text is drawn in without one.
+void FlatDropDown::UseFont(FontRef font) {
+  txtMain_.SetFont(font);
+  GetSurface().SetFont(std::move(font));
+}
+
+void FlatDropDown::SetText(std::string_view text) {
+  Assign("Text", Then::kNotify, [&] { txtMain_.SetText(text); });
+}
+
+// While the properties are read, both places are only stored.
+void FlatDropDown::SetTopIndex(std::int16_t index) {
+  Assign("TopIndex", Then::kNotify, [&] {
+    top_index_ = index;
+    if (!Started()) return;
+    try {
+      fsMain_->SetValue(index);
+    } catch (const Error&) {
+      // The bar stays where it is.
+    }
+  });
+}
+
+void FlatDropDown::SetListIndex(std::int16_t index) {
+  if (index == list_index_) return;
+  const auto keep = Reference();
+  if (!Started()) return Store("ListIndex", Then::kNotify, list_index_, index);
+  list_index_ = HighlightFor(index, Count());
+  if (const auto top = FirstRowFor(list_index_, top_index_)) SetTopIndex(*top);
+  if (picPopup_.IsOpen()) picPopup_.Refresh();
+  PropertyChanged("ListIndex");
+}
+
+void FlatDropDown::SetDropDownBackColor(Color color) {
+  Assign("DropDownBackColor", Then::kRepaintThenNotify, [&] {
+    button_.colors.rest = color;
+    button_.SetFill(color);
+  });
+}
+
+void FlatDropDown::SetDropDownBackColorMouseOver(Color color) {
+  Store("DropDownBackColorMouseOver", Then::kNotify, button_.colors.mouse_over, color);
+}
+
+void FlatDropDown::SetDropDownBackColorPushed(Color color) {
+  Store("DropDownBackColorPushed", Then::kNotify, button_.colors.pushed, color);
+}
+
+void FlatDropDown::SetDropDownWidth(std::int16_t width) {
+  Store("DropDownWidth", Then::kNotify, drop_down_width_, width);
+}
+
+void FlatDropDown::SetStyle(std::int32_t style) {
+  Assign("Style", HasEdit() && style == 0 ? Then::kNotify : Then::kRepaintThenNotify, [&] {
+    style_ = style;
+    txtMain_.SetVisible(HasEdit());
+    if (!HasEdit()) GetSurface().SetBackColor(txtMain_.BackColor());
+  });
+}
+
+// --- Methods -----------------------------------------------------------------------------------------
+
+Variant FlatDropDown::AddItem(std::string& description) {
+  if (items_.size() == kMostItems) {
+    throw Error(kOverflow, Class().QualifiedName(), "A list has at most 32767 items");
+  }
+  const auto keep = Reference();
+  items_.push_back(description);
+  SyncListScroll();
+  return {};
+}
+
+Variant FlatDropDown::RemoveItem(std::int16_t& index) {
+  Item(index);
+  const auto keep = Reference();
+  items_.erase(items_.begin() + index - 1);
+  SyncListScroll();
+  return {};
+}
+
+Variant FlatDropDown::Clear() {
+  const auto keep = Reference();
+  items_.clear();
+  SyncListScroll();
+  return {};
+}
+
+const std::string& FlatDropDown::Item(std::int32_t index) const {
+  if (index < 1 || index > Count()) throw Error(kSubscriptOutOfRange);
+  return items_[static_cast<std::size_t>(index) - 1];
+}
+
+// --- Notifications -----------------------------------------------------------------------------------
+
+void FlatDropDown::OnResize() {
+  txtMain_.Move({}, {GetSurface().ScaleWidth() - DropButton::kWidth, GetSurface().ScaleHeight()});
+  button_.LayOut();
+}
+
+void FlatDropDown::OnEditChange() {
+  const auto keep = Reference();
+  if (!HasEdit()) OnPaint();
+  PropertyChanged("Text");
+  Change.Raise();
+}
+
+// Without an edit box the control itself has the focus.
+WindowHandle FlatDropDown::FocusWindow() const { return HasEdit() ? txtMain_.hWnd() : hWnd(); }
+
+}  // namespace levelwidgets

@@ -1,0 +1,156 @@
+// Keys, what is typed, and the pointer over the strip.
+#include <levelwidgets/controls/dropdown/completion.h>
+#include <levelwidgets/controls/dropdown/flat_drop_down.h>
+#include <levelwidgets/controls/dropdown/list_window.h>
+#include <levelwidgets/platform/text/letter_case.h>
+
+#include <algorithm>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr std::int16_t kDelCharacter = 127;
+constexpr std::int16_t kFirstPrintable = 32;
+
+}  // namespace
+
+// --- Keys --------------------------------------------------------------------------------------------
+
+bool FlatDropDown::OnKeyPreview(KeyMessage& key) {
+  if (key.kind != KeyMessage::Kind::kDown) return false;
+  if (picPopup_.IsOpen()) return ListKey(key);
+  const bool opens = key.code == kKeyF4 || (key.code == kKeyDown && (key.shift & kAltMask) != 0);
+  if (opens) ShowList();
+  return opens;
+}
+
+bool FlatDropDown::ListKey(const KeyMessage& key) {
+  const auto keep = Reference();
+  switch (key.code) {
+    case kKeyEscape: HideList(); return true;
+    case kKeyEnter:
+      HideList();
+      PickHighlighted();
+      return true;
+    case kKeyUp:
+    case kKeyDown:
+    case kKeyPageUp:
+    case kKeyPageDown:
+    case kKeyHome:
+    case kKeyEnd:
+      if (const auto index = HighlightAfterKey(key.code, list_index_, Count())) {
+        SetListIndex(static_cast<std::int16_t>(*index));
+      }
+      return true;
+    default: return false;
+  }
+}
+
+// --- Typing ------------------------------------------------------------------------------------------
+
+void FlatDropDown::TypeCharacter(std::int16_t& key_ascii) {
+  const auto keep = Reference();
+  KeyPress.Raise(key_ascii);
+  const bool open = picPopup_.IsOpen();
+  const bool is_the_edits = key_ascii == kDelCharacter || key_ascii == kKeyEnter || key_ascii == kKeyBackspace;
+  if (is_the_edits && !open) return;
+  const bool completes = auto_complete_ && key_ascii >= kFirstPrintable;
+  if (!open) {
+    if (completes) CompleteTyped(key_ascii);
+    PropertyChanged("Value");
+  }
+  if (completes || open) key_ascii = 0;
+  list_index_ = 0;
+  SetTopIndex(1);
+  KeyPress.Raise(key_ascii);
+}
+
+// A key message carries a character as a byte of the system's code page.
+void FlatDropDown::CompleteTyped(std::int16_t key_ascii) {
+  const char byte = static_cast<char>(key_ascii);
+  const std::string typed = GetSurface().GetPlatform().Conversions().FromCodePage({&byte, 1});
+  const EditedText after = Complete({Text(), SelStart(), SelLength()}, typed, items_);
+  txtMain_.SetText(after.text);
+  txtMain_.Select(after.start, after.length);
+}
+
+// --- Focus -------------------------------------------------------------------------------------------
+
+void FlatDropDown::OnEnterFocus() {
+  has_focus_ = true;
+  if (!HasEdit()) OnPaint();
+}
+
+void FlatDropDown::OnExitFocus() {
+  has_focus_ = false;
+  if (HasEdit()) {
+    NormaliseText();
+  } else {
+    OnPaint();
+  }
+}
+
+// The text of an item, whatever its case, becomes that item.
+void FlatDropDown::NormaliseText() {
+  const auto keep = Reference();
+  const std::string text = Text();
+  const auto is_same = [&](const std::string& item) { return text::EqualIgnoringCase(item, text); };
+  const bool is_highlighted = list_index_ >= 1 && list_index_ <= Count() && Item(list_index_) == text;
+  if (!text.empty() && is_highlighted) return;
+  const auto found = text.empty() ? items_.end() : std::ranges::find_if(items_, is_same);
+  if (found == items_.end()) return SetListIndex(-1);
+  const auto index = static_cast<std::int16_t>(found - items_.begin() + 1);
+  txtMain_.SetText(std::string(*found));
+  SetListIndex(index);
+}
+
+// --- Pointer -----------------------------------------------------------------------------------------
+
+void FlatDropDown::ShowFill(Color fill) {
+  if (button_.SetFill(fill)) OnPaint();
+}
+
+bool FlatDropDown::IsOverStrip(TwipPoint at) const { return at.x >= button_.Left(); }
+
+void FlatDropDown::OnMouseDown(const PointerInput& input) {
+  if (input.button != kLeftButton) return;
+  const auto keep = Reference();
+  button_.SetFill(button_.colors.rest);
+  OnPaint();
+  if (picPopup_.IsOpen()) {
+    HideList();
+  } else {
+    ShowList();
+  }
+}
+
+void FlatDropDown::OnMouseMove(const PointerInput& input) {
+  if ((input.button & kLeftButton) != 0) return ShowFill(button_.colors.pushed);
+  const Surface& surface = GetSurface();
+  const bool outside = input.at.x < Twips() || input.at.y < Twips() || input.at.x >= surface.ScaleWidth() ||
+                       input.at.y >= surface.ScaleHeight();
+  const bool over_strip = !outside && IsOverStrip(input.at);
+  // Over the text the capture would keep clicks from the edit box.
+  if (over_strip) {
+    hover_.Capture();
+  } else {
+    hover_.Release();
+  }
+  ShowFill(over_strip ? button_.colors.mouse_over : button_.colors.rest);
+}
+
+void FlatDropDown::OnMouseUp(const PointerInput& input) {
+  if (input.button != kLeftButton) return;
+  button_.SetFill(button_.colors.mouse_over);
+  OnPaint();
+  hover_.Capture();  // the release has ended it
+}
+
+void FlatDropDown::EndInput() {
+  HideList();
+  hover_.Release();
+  ShowFill(button_.colors.rest);
+}
+
+}  // namespace levelwidgets

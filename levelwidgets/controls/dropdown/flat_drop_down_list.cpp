@@ -1,0 +1,107 @@
+// The list: what is in it, where it opens and how it is drawn.
+#include <levelwidgets/controls/dropdown/flat_drop_down.h>
+
+#include <algorithm>
+
+#include <levelwidgets/controls/dropdown/list_window.h>
+#include <levelwidgets/frame/paint.h>
+
+namespace levelwidgets {
+
+namespace {
+
+constexpr Color kWindow{0x80000005u};
+constexpr Color kWindowText{0x80000008u};
+constexpr Color kHighlight{0x8000000Du};
+constexpr Color kHighlightText{0x8000000Eu};
+
+constexpr std::string_view kMeasuredText = "abcABC";
+
+}  // namespace
+
+void FlatDropDown::SyncListScroll() {
+  const bool scrolls = Count() > kListRows;
+  if (scrolls) {
+    fsMain_->SetMax(Count() - (kListRows - 1));
+  } else {
+    fsMain_->SetValue(1);
+    SetTopIndex(1);
+  }
+  if (fsMain_.Visible() != scrolls) fsMain_.SetVisible(scrolls);
+}
+
+void FlatDropDown::ShowList() {
+  if (items_.empty()) return;
+  const auto keep = Reference();
+  picPopup_.Detach();
+  picPopup_.SetFont(txtMain_.GetFont());
+  const Surface& list = picPopup_.GetSurface();
+  PixelRect measured;
+  row_height_ = list.Drawing().DrawTextA(list.hDC(), kMeasuredText, measured, 0);
+  const int rows = std::min(Count(), kListRows);
+  const PixelTwips twips = picPopup_.Twips();
+  const Twips border = picPopup_.Size().height - picPopup_.ScaleHeight();
+  const TwipSize size{Twips(drop_down_width_), ToTwips(rows * row_height_, twips.y) + border};
+  picPopup_.Move(picPopup_.Position(), size);
+  ScreenApi& screen = GetSurface().GetPlatform().Screen();
+  const TwipSize whole{Twips(screen.Width()), Twips(screen.Height())};
+  picPopup_.Open(PlaceDropDown(picPopup_.OwnerRect(), size, whole, twips));
+}
+
+void FlatDropDown::HideList() {
+  if (!picPopup_.IsOpen()) return;
+  const auto keep = Reference();
+  const bool returns_focus = picPopup_.Close();
+  ShowFill(button_.colors.rest);
+  if (returns_focus && HasEdit()) txtMain_.SetFocus();
+}
+
+// Raises 9 when nothing is highlighted.
+void FlatDropDown::PickHighlighted() { txtMain_.SetText(Item(list_index_)); }
+
+void FlatDropDown::PlaceBar() {
+  const Twips width = fsMain_.Size().width;
+  fsMain_.Move({picPopup_.ScaleWidth() - width, Twips()}, {width, picPopup_.ScaleHeight()});
+}
+
+void FlatDropDown::PaintList() {
+  Surface& surface = picPopup_.GetSurface();
+  DrawingApi& drawing = surface.Drawing();
+  const DcHandle dc = surface.hDC();
+  const DrawingObject window(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, kWindow)));
+  const DrawingObject highlight(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, kHighlight)));
+  const Twips bar = fsMain_.Visible() ? fsMain_.Size().width : Twips();
+  const int width = ToPixels(picPopup_.ScaleWidth() - bar, picPopup_.Twips().x);
+  const int bottom = surface.ClientPixels().bottom;
+  PixelRect row{0, 0, width, row_height_};
+  // What is below the panel is cut off by its window: it need not be drawn.
+  for (std::int32_t item = std::max<std::int32_t>(top_index_, 1); item <= Count() && row.top < bottom; ++item) {
+    const bool is_highlighted = item == list_index_;
+    drawing.FillRect(dc, row, (is_highlighted ? highlight : window).Handle());
+    drawing.SetTextColor(dc, TranslateColor(drawing, is_highlighted ? kHighlightText : kWindowText));
+    PixelRect text = row;
+    drawing.DrawTextA(dc, Item(item), text, kDtSingleLine);
+    row = row.Offset(0, row_height_);
+    if (row_height_ <= 0) break;
+  }
+}
+
+void FlatDropDown::HighlightUnder(TwipPoint at) {
+  const float row = static_cast<float>(row_height_) * picPopup_.Twips().y;
+  if (const auto index = HighlightAt(at, picPopup_.Size(), row, top_index_, Count())) {
+    SetListIndex(static_cast<std::int16_t>(*index));
+  }
+}
+
+// Closed in every case; without a highlighted row before the error comes.
+void FlatDropDown::PressList(TwipPoint at) {
+  const auto keep = Reference();
+  const TwipSize size = picPopup_.Size();
+  const bool picks = at.x > Twips() && at.x < size.width && at.y > Twips() && at.y < size.height;
+  const bool can_pick = list_index_ >= 1 && list_index_ <= Count();
+  if (picks && can_pick) PickHighlighted();
+  HideList();
+  if (picks && !can_pick) PickHighlighted();
+}
+
+}  // namespace levelwidgets

@@ -1,0 +1,61 @@
+// A panel that a control drops down over everything else on the screen.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include <levelwidgets/frame/parts/picture_box.h>
+#include <levelwidgets/frame/parts/timer.h>
+#include <levelwidgets/frame/popup_placement.h>
+
+namespace levelwidgets {
+
+// The order of the calls that detach a panel, which controls differ in.
+enum class DetachOrder { kExtendedStyleParentStyle, kStyleExtendedStyleParent };
+
+struct PopupLook {
+  std::uint32_t style = 0;  // of the detached window
+  DetachOrder order = DetachOrder::kExtendedStyleParentStyle;
+  bool border = false;  // of one pixel
+};
+
+// A picture box of its owner, hidden until it opens: then it is a top-most tool window that belongs to the desktop, and
+// stays one. While it is open it is looked at ten times a second whether it is still the active window, and whether its
+// owner is still where it was.
+class PopupPanel : public PictureBox {
+ public:
+  // `left` is called when the user has turned elsewhere; it is to close the panel.
+  PopupPanel(PartHost& owner, PopupLook look, std::function<void()> left);
+
+  bool IsOpen() const { return Visible(); }
+
+  // --- Opening, in this order ---------------------------------------------------------------------
+
+  // Makes the window what it is while it is open, and notes where the owner is.
+  void Detach();
+  // The owner's window, in screen pixels, when the panel was detached last.
+  const PixelRect& OwnerRect() const { return owner_rect_; }
+  PixelTwips Twips() const;
+  // Places the panel, first its top, then its left; shows it in front, gives it the focus and begins to watch.
+  void Open(TwipPoint at);
+
+  // --- Closing ------------------------------------------------------------------------------------
+
+  // Stops watching and hides the panel. Returns whether the owner is to have the focus: false when another window of
+  // this program is active by now, which keeps it.
+  bool Close();
+
+ private:
+  bool IsLeft() const;
+
+  PartHost& owner_;
+  PopupLook look_;
+  PixelRect owner_rect_;
+  std::function<void()> left_;
+  Timer timStatus_;
+};
+
+// The area of the monitor that holds most of `rect`; the primary one's when none holds any of it.
+PixelRect MonitorArea(const PixelRect& rect, ScreenApi& screen);
+
+}  // namespace levelwidgets
