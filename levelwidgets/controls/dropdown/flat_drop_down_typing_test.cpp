@@ -1,0 +1,116 @@
+// FlatDropDown: what typing does, and leaving.
+#include <levelwidgets/controls/dropdown/flat_drop_down_fixture.h>
+
+namespace levelwidgets::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST_F(FlatDropDownTest, EachCharacterRaisesKeyPressTwiceAndBackspaceOnce) {
+  Make(0);
+  EXPECT_THAT(EventsOf([&] { Driver().Type("a"); }),
+              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Value)", "PropertyChanged(TopIndex)",
+                          "KeyPress(97)", "PropertyChanged(Text)", "Change()", "KeyUp(65, 0)"));
+  EXPECT_EQ(Drop().Text(), "a");
+  EXPECT_THAT(EventsOf([&] { Driver().Key(kKeyBackspace); }),
+              ElementsAre("KeyDown(8, 0)", "KeyPress(8)", "PropertyChanged(Text)", "Change()", "KeyUp(8, 0)"));
+}
+
+TEST_F(FlatDropDownTest, TypingCompletesFromTheListAndTheSecondKeyPressIsZero) {
+  MakeOf({"Banana", "APPLE", "Apricot"});
+  Drop().SetAutoComplete(true);
+  EXPECT_THAT(EventsOf([&] { Driver().Type("a"); }),
+              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Text)", "Change()",
+                          "PropertyChanged(Value)", "PropertyChanged(TopIndex)", "KeyPress(0)", "KeyUp(65, 0)"));
+  EXPECT_EQ(Drop().Text(), "aPPLE");
+  EXPECT_EQ(Drop().SelText(), "PPLE");
+  Driver().Type("p");
+  EXPECT_EQ(Drop().Text(), "apPLE");
+  EXPECT_EQ(Drop().SelText(), "PLE");
+  Driver().Type("r");
+  EXPECT_EQ(Drop().Text(), "apricot");
+  EXPECT_EQ(Drop().SelStart(), 3);
+  Driver().Type("x");
+  EXPECT_EQ(Drop().Text(), "aprx");
+  EXPECT_EQ(Drop().SelStart(), 4);
+  EXPECT_EQ(Drop().SelLength(), 0);
+}
+
+TEST_F(FlatDropDownTest, ControlCharactersAreTypedAsWithoutCompletion) {
+  MakeOf({"Banana"});
+  Drop().SetAutoComplete(true);
+  Drop().SetText("abc");
+  Driver().Key('A', kCtrlMask);  // selects all
+  EXPECT_EQ(Drop().Text(), "abc");
+}
+
+TEST_F(FlatDropDownTest, TypingTakesTheHighlightAwayWithoutANotice) {
+  Make(20);
+  Drop().SetListIndex(15);
+  EXPECT_THAT(EventsOf([&] { Driver().KeyDown('A', 0); }),
+              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Value)", "PropertyChanged(TopIndex)",
+                          "KeyPress(97)", "PropertyChanged(Text)", "Change()"));
+  Driver().KeyUp('A', 0);
+  EXPECT_EQ(Drop().ListIndex(), 0);
+  EXPECT_EQ(Drop().TopIndex(), 1);
+}
+
+TEST_F(FlatDropDownTest, AListenerMayChangeOrSwallowACharacter) {
+  Make(0);
+  int raised = 0;
+  Drop().KeyPress += [&](std::int16_t& key) {
+    ++raised;
+    key = key == 'a' ? std::int16_t{'b'} : key == 'x' ? std::int16_t{0} : key;
+  };
+  Driver().Type("ax");
+  EXPECT_EQ(Drop().Text(), "b");
+  EXPECT_EQ(raised, 4);
+}
+
+// --- Leaving -----------------------------------------------------------------------------------------
+
+TEST_F(FlatDropDownTest, LeavingTakesTheItemThatTheTextIsWhateverItsCase) {
+  MakeOf({"Banana", "APPLE"});
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  Driver().Type("apple");
+  Driver().Key(kKeyTab);
+  EXPECT_EQ(Drop().Text(), "APPLE");
+  EXPECT_EQ(Drop().ListIndex(), 2);
+}
+
+TEST_F(FlatDropDownTest, LeavingWithAnotherTextTakesTheHighlightAway) {
+  MakeOf({"Banana", "APPLE"});
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  Drop().SetListIndex(2);
+  Drop().SetText("pear");
+  Driver().Key(kKeyTab);
+  EXPECT_EQ(Drop().Text(), "pear");
+  EXPECT_EQ(Drop().ListIndex(), 0);
+  Hosted(Drop()).SetFocus();
+  Drop().SetListIndex(2);
+  Drop().SetText("");
+  Driver().Key(kKeyTab);
+  EXPECT_EQ(Drop().ListIndex(), 0);
+}
+
+TEST_F(FlatDropDownTest, LeavingWithTheHighlightedItemAsTextChangesNothing) {
+  MakeOf({"same", "Same"});
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  Drop().SetListIndex(2);
+  Drop().SetText("Same");
+  EXPECT_THAT(EventsOf([&] { Driver().Key(kKeyTab); }), ::testing::Not(::testing::Contains("Change()")));
+  EXPECT_EQ(Drop().ListIndex(), 2);
+}
+
+TEST_F(FlatDropDownTest, LeavingWithAHighlightBeyondTheListRaisesNothing) {
+  Make(3);
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  Drop().SetListIndex(3);
+  Drop().Clear();
+  Drop().SetText("3");
+  Driver().Key(kKeyTab);
+  EXPECT_EQ(Drop().ListIndex(), 0);
+}
+
+}  // namespace
+}  // namespace levelwidgets::testing
