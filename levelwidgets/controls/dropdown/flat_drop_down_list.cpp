@@ -45,7 +45,7 @@ void FlatDropDown::ShowList() {
   picPopup_.Move(picPopup_.Position(), size);
   ScreenApi& screen = GetSurface().GetPlatform().Screen();
   const TwipSize whole{Twips(screen.Width()), Twips(screen.Height())};
-  picPopup_.Open(PlaceDropDown(picPopup_.OwnerRect(), size, whole, twips));
+  picPopup_.Open(PlaceDropDown(picPopup_.TakeOwnerRect(), size, whole, twips));
 }
 
 void FlatDropDown::HideList() {

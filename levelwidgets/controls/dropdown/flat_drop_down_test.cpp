@@ -83,7 +83,7 @@ TEST_F(FlatDropDownTest, ItemsAreAddedAtTheEndAndRemovedByTheirNumber) {
   std::int16_t index = 2;
   drop.RemoveItem(index);
   EXPECT_THAT(drop.Items(), ElementsAre("a", "c"));
-  for (const std::int16_t wrong : {-1, 0, 3}) {
+  for (const std::int16_t wrong : std::initializer_list<std::int16_t>{-1, 0, 3}) {
     std::int16_t there = wrong;
     EXPECT_EQ(RaisedBy([&] { drop.RemoveItem(there); }).Number(), kSubscriptOutOfRange) << wrong;
   }

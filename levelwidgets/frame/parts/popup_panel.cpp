@@ -28,7 +28,11 @@ void PopupPanel::Detach() {
   windows.SetParent(panel, {});
   if (look_.order == DetachOrder::kExtendedStyleParentStyle) set_style();
   windows.SetWindowPos(panel, {kHwndTopMost}, {}, kSwpNoSize | kSwpNoRedraw);
-  windows.GetWindowRect(owner_.GetSurface().hWnd(), owner_rect_);
+}
+
+const PixelRect& PopupPanel::TakeOwnerRect() {
+  GetSurface().Windows().GetWindowRect(owner_.GetSurface().hWnd(), owner_rect_);
+  return owner_rect_;
 }
 
 PixelTwips PopupPanel::Twips() const {

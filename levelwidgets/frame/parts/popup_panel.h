@@ -31,10 +31,10 @@ class PopupPanel : public PictureBox {
 
   // --- Opening, in this order ---------------------------------------------------------------------
 
-  // Makes the window what it is while it is open, and notes where the owner is.
+  // Makes the window what it is while it is open. Then the owner gives the panel its size.
   void Detach();
-  // The owner's window, in screen pixels, when the panel was detached last.
-  const PixelRect& OwnerRect() const { return owner_rect_; }
+  // Where the owner's window is now, in screen pixels. The panel closes once it is elsewhere.
+  const PixelRect& TakeOwnerRect();
   PixelTwips Twips() const;
   // Places the panel, first its top, then its left; shows it in front, gives it the focus and begins to watch.
   void Open(TwipPoint at);
