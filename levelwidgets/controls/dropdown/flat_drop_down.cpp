@@ -17,6 +17,7 @@ constexpr std::int16_t kDropDownWidth = 2880;
 
 constexpr PopupLook kLook{kWsPopup | kWsBorder, DetachOrder::kExtendedStyleParentStyle, true};
 constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
+constexpr int kRowsPerNotch = 3;  // of the wheel
 constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
 // Written and never read: a list is always empty at first.
 constexpr std::string_view kCountKey = "DDListCount";
@@ -95,11 +96,14 @@ FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
   txtMain_.KeyPress += [this](std::int16_t& key_ascii) { TypeCharacter(key_ascii); };
   txtMain_.SetVisible(true);
   picPopup_.Move({}, {Twips(kDropDownWidth), Twips(1200)});
+  picPopup_.SetBackColor(kBackColor);
   picPopup_.Paint += [this] { PaintList(); };
   picPopup_.Resize += [this] { PlaceBar(); };
   picPopup_.MouseDown += [this](std::int16_t, std::int16_t, Twips x, Twips y) { PressList({x, y}); };
   picPopup_.MouseMove += [this](std::int16_t, std::int16_t, Twips x, Twips y) { HighlightUnder({x, y}); };
+  picPopup_.Wheel += [this](int notches) { ScrollRows(-notches * kRowsPerNotch); };
   fsMain_->SetMin(1);
+  fsMain_->SetLargeChange(kListRows - 1);
   fsMain_->Change += [this] {
     top_index_ = static_cast<std::int16_t>(fsMain_->Value());
     if (picPopup_.IsOpen()) picPopup_.Refresh();
@@ -158,11 +162,11 @@ void FlatDropDown::SetText(std::string_view text) {
   Assign("Text", Then::kNotify, [&] { txtMain_.SetText(text); });
 }
 
-// While the properties are read, both places are only stored.
+// While the properties are read, there are no items yet: both places are only stored.
 void FlatDropDown::SetTopIndex(std::int16_t index) {
+  top_index_ = index;
+  if (!Started()) return;
   Assign("TopIndex", Then::kNotify, [&] {
-    top_index_ = index;
-    if (!Started()) return;
     try {
       fsMain_->SetValue(index);
     } catch (const Error&) {
@@ -173,8 +177,11 @@ void FlatDropDown::SetTopIndex(std::int16_t index) {
 
 void FlatDropDown::SetListIndex(std::int16_t index) {
   if (index == list_index_) return;
+  if (!Started()) {
+    list_index_ = index;
+    return;
+  }
   const auto keep = Reference();
-  if (!Started()) return Store("ListIndex", Then::kNotify, list_index_, index);
   list_index_ = HighlightFor(index, Count());
   if (const auto top = FirstRowFor(list_index_, top_index_)) SetTopIndex(*top);
   if (picPopup_.IsOpen()) picPopup_.Refresh();

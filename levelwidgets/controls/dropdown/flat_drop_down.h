@@ -78,7 +78,7 @@ class FlatDropDown : public EditControl {
 
   // Raises 6 for one more than 32,767.
   Variant AddItem(std::string& description);
-  // Raises 9 for an item that there is not.
+  // Raises 9 for an item that is not there.
   Variant RemoveItem(std::int16_t& index);
   Variant Clear();
 
@@ -109,7 +109,7 @@ class FlatDropDown : public EditControl {
  private:
   std::int32_t Count() const { return static_cast<std::int32_t>(items_.size()); }
   bool HasEdit() const { return style_ == 0; }
-  // Raises 9 for an item that there is not.
+  // Raises 9 for an item that is not there.
   const std::string& Item(std::int32_t index) const;
 
   // --- The list: flat_drop_down_list.cpp ----------------------------------------------------------
@@ -122,6 +122,7 @@ class FlatDropDown : public EditControl {
   void PlaceBar();
   void PressList(TwipPoint at);
   void HighlightUnder(TwipPoint at);
+  void ScrollRows(int rows);
 
   // --- Input: flat_drop_down_input.cpp ------------------------------------------------------------
 

@@ -11,6 +11,8 @@
 
 namespace levelwidgets::testing {
 
+inline constexpr std::uint32_t kLongerThanADoubleClick = 600;  // milliseconds
+
 class FlatDropDownTest : public DesktopTest {
  protected:
   // Of 1800 by 315 twips, with the items "1", "2" and so on.
@@ -54,7 +56,9 @@ class FlatDropDownTest : public DesktopTest {
     return {rect.right - 6, (rect.top + rect.bottom) / 2};
   }
   Journal EventsOf(const std::function<void()>& action) {
-    Watch(*drop_);
+    if (watched_ != drop_) Watch(*drop_);
+    watched_ = drop_;
+    TakeJournal();
     action();
     Driver().Settle();
     Journal events;
@@ -66,6 +70,7 @@ class FlatDropDownTest : public DesktopTest {
   }
 
   FlatDropDown* drop_ = nullptr;
+  FlatDropDown* watched_ = nullptr;
 };
 
 }  // namespace levelwidgets::testing

@@ -20,7 +20,9 @@ constexpr std::int16_t kFirstPrintable = 32;
 bool FlatDropDown::OnKeyPreview(KeyMessage& key) {
   if (key.kind != KeyMessage::Kind::kDown) return false;
   if (picPopup_.IsOpen()) return ListKey(key);
-  const bool opens = key.code == kKeyF4 || (key.code == kKeyDown && (key.shift & kAltMask) != 0);
+  const bool alt = (key.shift & kAltMask) != 0;
+  // Alt+F4 closes the form.
+  const bool opens = alt ? key.code == kKeyDown : key.code == kKeyF4;
   if (opens) ShowList();
   return opens;
 }
@@ -132,7 +134,7 @@ void FlatDropDown::OnMouseMove(const PointerInput& input) {
                        input.at.y >= surface.ScaleHeight();
   const bool over_strip = !outside && IsOverStrip(input.at);
   // Over the text the capture would keep clicks from the edit box.
-  if (over_strip) {
+  if (over_strip || (!outside && !HasEdit())) {
     hover_.Capture();
   } else {
     hover_.Release();

@@ -45,7 +45,7 @@ void FlatDropDown::ShowList() {
   picPopup_.Move(picPopup_.Position(), size);
   ScreenApi& screen = GetSurface().GetPlatform().Screen();
   const TwipSize whole{Twips(screen.Width()), Twips(screen.Height())};
-  picPopup_.Open(PlaceDropDown(picPopup_.TakeOwnerRect(), size, whole, twips));
+  picPopup_.Open(PlaceDropDown(picPopup_.TakeOwnerRect(), picPopup_.Size(), whole, twips));
 }
 
 void FlatDropDown::HideList() {
@@ -72,18 +72,26 @@ void FlatDropDown::PaintList() {
   const DrawingObject highlight(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, kHighlight)));
   const Twips bar = fsMain_.Visible() ? fsMain_.Size().width : Twips();
   const int width = ToPixels(picPopup_.ScaleWidth() - bar, picPopup_.Twips().x);
-  const int bottom = surface.ClientPixels().bottom;
+  const ColorRef text_color = TranslateColor(drawing, kWindowText);
+  const ColorRef highlight_color = TranslateColor(drawing, kHighlightText);
+  const int bottom = row_height_ > 0 ? surface.ClientPixels().bottom : 0;
   PixelRect row{0, 0, width, row_height_};
-  // What is below the panel is cut off by its window: it need not be drawn.
-  for (std::int32_t item = std::max<std::int32_t>(top_index_, 1); item <= Count() && row.top < bottom; ++item) {
+  // What is below the panel is cut off by its window: it need not be drawn. A first row before the list's is empty.
+  for (std::int32_t item = top_index_; item <= Count() && row.top < bottom; ++item) {
     const bool is_highlighted = item == list_index_;
     drawing.FillRect(dc, row, (is_highlighted ? highlight : window).Handle());
-    drawing.SetTextColor(dc, TranslateColor(drawing, is_highlighted ? kHighlightText : kWindowText));
+    drawing.SetTextColor(dc, is_highlighted ? highlight_color : text_color);
     PixelRect text = row;
-    drawing.DrawTextA(dc, Item(item), text, kDtSingleLine);
+    if (item >= 1) drawing.DrawTextA(dc, Item(item), text, kDtSingleLine);
     row = row.Offset(0, row_height_);
-    if (row_height_ <= 0) break;
   }
+}
+
+// The highlight stays where it is.
+void FlatDropDown::ScrollRows(int rows) {
+  if (!fsMain_.Visible()) return;
+  const std::int32_t value = std::clamp(fsMain_->Value() + rows, fsMain_->Min(), fsMain_->Max());
+  if (value != fsMain_->Value()) fsMain_->SetValue(value);
 }
 
 void FlatDropDown::HighlightUnder(TwipPoint at) {

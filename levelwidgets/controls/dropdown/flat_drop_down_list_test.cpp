@@ -22,8 +22,17 @@ TEST_F(FlatDropDownTest, F4AltDownAndTheStripOpenTheList) {
   EXPECT_FALSE(IsOpen());
   Driver().Click(Strip());
   EXPECT_TRUE(IsOpen());
+  Driver().Advance(kLongerThanADoubleClick);
   Driver().Click(Strip());
   EXPECT_FALSE(IsOpen());
+}
+
+// The second press of a double click is no press.
+TEST_F(FlatDropDownTest, ADoubleClickOnTheStripOpensTheListAndLeavesItOpen) {
+  Make(3);
+  Driver().DoubleClick(Strip());
+  Driver().Advance(110);
+  EXPECT_TRUE(IsOpen());
 }
 
 TEST_F(FlatDropDownTest, AnEmptyListDoesNotOpen) {

@@ -6,6 +6,7 @@ namespace levelwidgets {
 
 namespace {
 constexpr std::int32_t kWatchInterval = 100;  // milliseconds
+constexpr int kWheelDelta = 120;              // of a notch
 }
 
 PopupPanel::PopupPanel(PartHost& owner, PopupLook look, std::function<void()> left)
@@ -66,6 +67,30 @@ bool PopupPanel::IsLeft() const {
   PixelRect rect;
   windows.GetWindowRect(owner, rect);
   return rect != owner_rect_ || !windows.IsWindowVisible(owner);
+}
+
+// The default would destroy a window that is closed.
+LResult PopupPanel::OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) {
+  const bool is_own = window == hWnd() && (message == kWmClose || message == kWmMouseWheel);
+  if (!is_own) return PictureBox::OnMessage(window, message, wparam, lparam);
+  const auto site = SharedSite();
+  return Reporting(*site, EventOf(message), [&]() -> LResult {
+    const auto keep = Reference();
+    if (!keep || !IsOpen()) return 0;
+    if (message == kWmClose) {
+      left_();
+    } else {
+      TurnWheel(static_cast<std::int16_t>(wparam >> 16));
+    }
+    return 0;
+  });
+}
+
+void PopupPanel::TurnWheel(int delta) {
+  wheel_rest_ += delta;
+  const int notches = wheel_rest_ / kWheelDelta;
+  wheel_rest_ -= notches * kWheelDelta;
+  if (notches != 0) Wheel.Raise(notches);
 }
 
 PixelRect MonitorArea(const PixelRect& rect, ScreenApi& screen) {

@@ -21,7 +21,7 @@ struct PopupLook {
 
 // A picture box of its owner, hidden until it opens: then it is a top-most tool window that belongs to the desktop, and
 // stays one. While it is open it is looked at ten times a second whether it is still the active window, and whether its
-// owner is still where it was.
+// owner is still where it was. Closing it as a window (Alt+F4) only means that it is left.
 class PopupPanel : public PictureBox {
  public:
   // `left` is called when the user has turned elsewhere; it is to close the panel.
@@ -45,12 +45,21 @@ class PopupPanel : public PictureBox {
   // this program is active by now, which keeps it.
   bool Close();
 
+  // --- Events -----------------------------------------------------------------------------------
+
+  // The wheel was turned over the open panel: notches, positive away from the user.
+  Event<int> Wheel;
+
+  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
+
  private:
   bool IsLeft() const;
+  void TurnWheel(int delta);
 
   PartHost& owner_;
   PopupLook look_;
   PixelRect owner_rect_;
+  int wheel_rest_ = 0;
   std::function<void()> left_;
   Timer timStatus_;
 };
