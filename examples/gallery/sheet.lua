@@ -74,13 +74,13 @@ function sheet.dress(form)
   end
 end
 
--- A text box draws no frame: a label behind it, wider by a pixel on each side, is one. `color` is that of the
+-- A box with a text draws no frame: a label behind it, wider by a pixel on each side, is one. `color` is that of the
 -- frames; the one that the desktop has for the frames of windows is in line with its other colours.
 function sheet.frame_boxes(form, color)
   color = color or system.window_frame
   local x, y = lw.screen().TwipsPerPixelX, lw.screen().TwipsPerPixelY
   for _, box in ipairs(form:controls()) do
-    if has(box, "PasswordChar") then
+    if has(box, "PasswordChar") or has(box, "DropDownBackColor") then
       local frame = form:add("FlatLabel", "frame_" .. box.Name, {
         Left = box.Left - x, Top = box.Top - y, Width = box.Width + 2 * x, Height = box.Height + 2 * y, TabStop = false,
         Properties = { BackColor = color, BackColorMouseOver = color, BackColorPushed = color },

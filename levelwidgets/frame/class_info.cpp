@@ -91,6 +91,8 @@ PersistedKey ClassInfo::FindPersisted(std::string_view key) const {
   if (named && named->persisted && !named->Indexed() && !named->is_collection) {
     return {named, 0, nullptr, named->type, named->stored_as};
   }
+  const PropertyInfo* const written = head_.only_written;
+  if (written && key == written->name) return {written, 0, nullptr, written->type, written->stored_as};
   for (const PropertyInfo* property : persisted_) {
     PersistedKey found;
     if (property->Indexed()) found = FindValue(*property, key);

@@ -161,6 +161,8 @@ struct ClassHead {
   std::shared_ptr<Control> (*create)(std::shared_ptr<ControlSite>) = nullptr;  // null for what is no control
   ObjectRef (*create_object)() = nullptr;   // null for what users may not make
   const SavedItems* saved_items = nullptr;  // of a collection that is saved with its control
+  // No member: what a control of the class saves after its properties, and never loads.
+  const PropertyInfo* only_written = nullptr;
 };
 
 template <std::size_t P, std::size_t S, std::size_t M, std::size_t E>
@@ -208,9 +210,11 @@ class ClassInfo {
   };
   // In the order in which they are read and written.
   const PersistedList& Persisted() const { return persisted_; }
-  // A persisted property's name, that of an indexed one and an index ("TabCaption2"), or a key of a
-  // collection and its items ("ColumnCount", "Column2Width").
+  // A persisted property's name, that of an indexed one and an index ("TabCaption2"), a key of a collection
+  // and its items ("ColumnCount", "Column2Width"), or that of OnlyWritten.
   PersistedKey FindPersisted(std::string_view key) const;
+  // What is saved after the persisted properties and never loaded; null for nothing.
+  const PropertyInfo* OnlyWritten() const { return head_.only_written; }
   // The property or method that stands for the object itself; "" when there is none.
   std::string_view DefaultMember() const { return default_member_; }
   // The read-only property through which for-each asks for the items; "" when the class is no collection.

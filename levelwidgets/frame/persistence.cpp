@@ -50,6 +50,11 @@ void ReadIndexed(Object& control, const PropertyInfo& property, ControlSite& sit
   }
 }
 
+void WriteSingle(const Object& control, const PropertyInfo& property, ControlSite& site, PropertyBag& bag) {
+  bag.WriteProperty(property.name, ConvertTo(property.stored_as, property.get(control)),
+                    Resolve(property.defaults.when_written, site));
+}
+
 void WriteIndexed(const Object& control, const PropertyInfo& property, ControlSite& site, PropertyBag& bag) {
   for (std::int32_t index = 1; index <= property.count(control); ++index) {
     bag.WriteProperty(property.KeyOf(index),
@@ -129,10 +134,10 @@ void WritePersisted(const Object& control, ControlSite& site, PropertyBag& bag) 
     } else if (property->is_collection) {
       WriteItems(*CollectionOf(control, *property), bag);
     } else {
-      bag.WriteProperty(property->name, ConvertTo(property->stored_as, property->get(control)),
-                        Resolve(property->defaults.when_written, site));
+      WriteSingle(control, *property, site, bag);
     }
   }
+  if (const PropertyInfo* last = control.Class().OnlyWritten()) WriteSingle(control, *last, site, bag);
 }
 
 }  // namespace levelwidgets

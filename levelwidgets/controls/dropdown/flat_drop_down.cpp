@@ -19,17 +19,27 @@ constexpr PopupLook kLook{kWsPopup | kWsBorder, DetachOrder::kExtendedStyleParen
 constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
 constexpr int kRowsPerNotch = 3;  // of the wheel
 constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
-// Written and never read: a list is always empty at first.
-constexpr std::string_view kCountKey = "DDListCount";
 
 }  // namespace
 
 const ClassInfo& FlatDropDown::Table() {
   using D = FlatDropDown;
   using Row = table::Row<D>;
+  // A list is always empty when it has been loaded.
+  static constexpr PropertyInfo count = [] {
+    PropertyInfo row = Row::ReadOnly<&D::ItemCount>(
+        0, "DDListCount", "How many items there were when the control was saved; not loaded.");
+    row.defaults = Always(std::int16_t{0});
+    return row;
+  }();
+  static constexpr ClassHead head = [] {
+    ClassHead written = ControlClass<D>("FlatDropDown", "An edit box with a list of texts that drops down.",
+                                        {Twips(1800), Twips(315)});
+    written.only_written = &count;
+    return written;
+  }();
   static constexpr auto data = ClassTable(
-      ControlClass<D>("FlatDropDown", "An edit box with a list of texts that drops down.",
-                      {Twips(1800), Twips(315)}),
+      head,
       table::Properties(
           Row::Property<&D::Alignment, &D::SetAlignment>(1, "Alignment", Always(std::int16_t{0}),
                                                          "Of the text: 0 left, 1 right, 2 in the middle."),
@@ -112,12 +122,6 @@ FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
 
 void FlatDropDown::OnInitialize() { UseFont(Site().AmbientFont()); }
 
-// A value that is its own default is not written; the count comes last.
-void FlatDropDown::OnWriteProperties(PropertyBag& bag) const {
-  Control::OnWriteProperties(bag);
-  bag.WriteProperty(std::string(kCountKey), static_cast<std::int16_t>(Count()), std::int16_t{0});
-}
-
 // --- Properties --------------------------------------------------------------------------------------
 
 void FlatDropDown::SetAlignment(std::int16_t alignment) {
@@ -170,7 +174,8 @@ void FlatDropDown::SetTopIndex(std::int16_t index) {
     try {
       fsMain_->SetValue(index);
     } catch (const Error&) {
-      // The bar stays where it is.
+      // The bar stays where it is. An open list shows what it is to show all the same.
+      picPopup_.Invalidate();
     }
   });
 }

@@ -86,7 +86,6 @@ class FlatDropDown : public EditControl {
 
   const ClassInfo& Class() const override { return Table(); }
   void OnInitialize() override;
-  void OnWriteProperties(PropertyBag& bag) const override;
   void OnResize() override;
   void OnPaint() override;
   void OnEnterFocus() override;
@@ -101,6 +100,7 @@ class FlatDropDown : public EditControl {
   const PopupPanel& Panel() const { return picPopup_; }
   const ChildControl<FlatScroll>& Bar() const { return fsMain_; }
   const std::vector<std::string>& Items() const { return items_; }
+  std::int16_t ItemCount() const { return static_cast<std::int16_t>(items_.size()); }
 
  protected:
   void OnEditChange() override;

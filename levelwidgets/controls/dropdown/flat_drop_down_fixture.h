@@ -55,6 +55,12 @@ class FlatDropDownTest : public DesktopTest {
     const PixelRect rect = ControlRect();
     return {rect.right - 6, (rect.top + rect.bottom) / 2};
   }
+  ColorRef StripColor() { return PixelAt(*drop_, PixelPoint{ControlRect().width() - 2, 1}); }
+  // The button with the arrow down of an open list's bar.
+  PixelPoint BottomOfBar() {
+    const PixelRect panel = PanelRect();
+    return {panel.right - 1 - 8, panel.bottom - 1 - 4};
+  }
   Journal EventsOf(const std::function<void()>& action) {
     if (watched_ != drop_) Watch(*drop_);
     watched_ = drop_;

@@ -1,4 +1,4 @@
-// FlatDropDown: opening, keys, pointer and closing of its list.
+// FlatDropDown: opening its list, keys and the pointer.
 #include <levelwidgets/controls/dropdown/flat_drop_down_fixture.h>
 
 namespace levelwidgets::testing {
@@ -27,6 +27,18 @@ TEST_F(FlatDropDownTest, F4AltDownAndTheStripOpenTheList) {
   EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(FlatDropDownTest, AltF4ClosesTheFormAndOpensNothing) {
+  Make(3);
+  int asked = 0;
+  TheForm().Unload += [&](bool& cancel) {
+    ++asked;
+    cancel = true;
+  };
+  Driver().Key(kKeyF4, kAltMask);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(asked, 1);
+}
+
 // The second press of a double click is no press.
 TEST_F(FlatDropDownTest, ADoubleClickOnTheStripOpensTheListAndLeavesItOpen) {
   Make(3);
@@ -35,28 +47,65 @@ TEST_F(FlatDropDownTest, ADoubleClickOnTheStripOpensTheListAndLeavesItOpen) {
   EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(FlatDropDownTest, AnEmptyListDoesNotOpen) {
+TEST_F(FlatDropDownTest, AnEmptyListDoesNotOpenAndTheStripOnlyChangesItsColour) {
   Make(0);
   Driver().Key(kKeyF4);
   Driver().Key(kKeyDown, kAltMask);
-  Driver().Click(Strip());
+  EXPECT_FALSE(IsOpen());
+  Driver().MovePointer(Strip());
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColorMouseOver()));
+  Driver().Press(kLeftButton);
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColor()));
+  Driver().Release(kLeftButton);
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColorMouseOver()));
   EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(FlatDropDownTest, ThePanelIsDetachedByTheSameCallsInTheSameOrderAtEachOpening) {
-  Make(3);
+// Every call on the panel's window, the control's rectangle and the watch.
+std::vector<std::string> OpeningCalls(const std::vector<TracedCall>& calls, WindowHandle panel, WindowHandle control) {
+  std::vector<std::string> texts;
+  for (const TracedCall& call : calls) {
+    std::string text = call.ToString();
+    const auto name_window = [&](WindowHandle window, const std::string& name) {
+      const std::string number = "(" + std::to_string(window.value);
+      const auto at = text.find(number);
+      if (at != std::string::npos && !std::isdigit(static_cast<unsigned char>(text[at + number.size()]))) {
+        text.replace(at + 1, number.size() - 1, name);
+      }
+    };
+    name_window(panel, "panel");
+    name_window(control, "control");
+    const bool is_of_them = text.find("(panel") != std::string::npos || text.starts_with("GetWindowRect(control") ||
+                            text.starts_with("SetTimer(100") || text.find("\"abcABC\"") != std::string::npos;
+    if (is_of_them) texts.push_back(text);
+  }
+  return texts;
+}
+
+TEST_F(FlatDropDownTest, ThePanelIsLiftedOutMeasuredPlacedShownAndWatchedInThisOrderAtEachOpening) {
+  Make(1);
   for (int opening = 0; opening < 2; ++opening) {
-    const auto calls = CallsNamed({"SetWindowLongA", "SetParent", "GetWindowRect"}, [&] { Open(); });
-    std::vector<std::string> texts;
-    for (const TracedCall& call : calls) texts.push_back(call.ToString());
-    const std::string panel = std::to_string(Drop().Panel().hWnd().value);
-    const std::string control = std::to_string(Drop().hWnd().value);
-    ASSERT_GE(texts.size(), 4u);
-    EXPECT_THAT(std::vector(texts.begin(), texts.begin() + 4),
-                ElementsAre("SetWindowLongA(" + panel + ", -20, 128)", "SetParent(" + panel + ", 0)",
-                            "SetWindowLongA(" + panel + ", -16, -2139095040)",
-                            "GetWindowRect(" + control + ")"))
+    const auto calls = CallsNamed({"SetWindowLongA", "SetParent", "SetWindowPos", "GetWindowRect", "ShowWindow",
+                                   "SetFocus", "SetTimer", "DrawTextA"},
+                                  [&] { Driver().KeyDown(kKeyF4, 0); });
+    std::vector<std::string> texts = OpeningCalls(calls, Drop().Panel().hWnd(), Drop().hWnd());
+    const PixelRect rect = PanelRect();
+    const std::string size = std::to_string(rect.width()) + ", " + std::to_string(rect.height());
+    const auto place = [&](int left, int top) { return std::to_string(left) + ", " + std::to_string(top) + ", " + size; };
+    ASSERT_EQ(texts.size(), 13u);
+    EXPECT_TRUE(texts[4].starts_with("DrawTextA(")) << texts[4];
+    texts.erase(texts.begin() + 4);
+    EXPECT_TRUE(texts.back().starts_with("SetTimer(100")) << texts.back();
+    texts.pop_back();
+    EXPECT_THAT(texts, ElementsAre("SetWindowLongA(panel, -20, 128)", "SetParent(panel, 0)",
+                                   "SetWindowLongA(panel, -16, -2139095040)", "SetWindowPos(panel, -1, 0, 0, 0, 0, 9)",
+                                   "SetWindowPos(panel, 0, " + place(opening == 0 ? 0 : rect.left, opening == 0 ? 0 : rect.top) + ", 20)",
+                                   "GetWindowRect(control)",
+                                   "SetWindowPos(panel, 0, " + place(opening == 0 ? 0 : rect.left, rect.top) + ", 20)",
+                                   "SetWindowPos(panel, 0, " + place(rect.left, rect.top) + ", 20)",
+                                   "ShowWindow(panel, 4)", "SetWindowPos(panel, 0, 0, 0, 0, 0, 19)", "SetFocus(panel)"))
         << opening;
+    Driver().KeyUp(kKeyF4, 0);
     Driver().Key(kKeyEscape);
   }
 }
@@ -84,6 +133,46 @@ TEST_F(FlatDropDownTest, ThePanelHasTheFocusAndTheControlIsNotLeft) {
   Driver().Key(kKeyEscape);
   EXPECT_EQ(Windows().GetFocus(), Drop().ActiveEdit().hWnd());
   EXPECT_EQ(left, 0);
+}
+
+TEST_F(FlatDropDownTest, EightItemsAreEightRowsWithoutABarAndNineAreEightWithOne) {
+  Make(8);
+  Open();
+  const int eight = PanelRect().height();
+  EXPECT_FALSE(Drop().Bar().Visible());
+  Driver().Key(kKeyEscape);
+  Add("9");
+  Open();
+  EXPECT_EQ(PanelRect().height(), eight);
+  EXPECT_TRUE(Drop().Bar().Visible());
+  EXPECT_EQ(Drop().Bar()->Max(), 2);
+  EXPECT_EQ(Drop().Bar().Size().height, Drop().Panel().ScaleHeight());
+  EXPECT_EQ(Drop().Bar().Position().x + Drop().Bar().Size().width, Drop().Panel().ScaleWidth());
+}
+
+TEST_F(FlatDropDownTest, TheListOpensAboveAControlNearTheBottomOfTheScreen) {
+  Make(8);
+  const int bottom = Tracer().Screen().Size().height;
+  TheForm().MoveTo({100, bottom - 100});
+  Open();
+  EXPECT_EQ(PanelRect().bottom, ControlRect().top);
+  EXPECT_EQ(PanelRect().left, ControlRect().left);
+}
+
+TEST_F(FlatDropDownTest, TheListOfAWiderControlEndsWhereTheControlEnds) {
+  Make(3);
+  Drop().SetDropDownWidth(900);
+  Open();
+  EXPECT_EQ(PanelRect().right, ControlRect().right);
+  EXPECT_EQ(PanelRect().width(), 60);
+}
+
+TEST_F(FlatDropDownTest, TheListOfAControlThatBeginsLeftOfTheScreenBeginsAtItsEdge) {
+  Make(3);
+  TheForm().MoveTo({-60, 100});
+  ASSERT_LT(ControlRect().left, 0);
+  Open();
+  EXPECT_EQ(PanelRect().left, 0);
 }
 
 TEST_F(FlatDropDownTest, NothingOpensInDesignMode) {
@@ -186,40 +275,68 @@ TEST_F(FlatDropDownTest, AnyButtonTakesTheRow) {
   EXPECT_EQ(Drop().Text(), "2");
 }
 
-TEST_F(FlatDropDownTest, TheWheelOverAnOpenListLeavesTheHighlightAlone) {
+TEST_F(FlatDropDownTest, TheWheelScrollsAnOpenListByThreeRowsAndLeavesTheHighlight) {
   Make(20);
   Open();
-  Drop().SetListIndex(1);
+  Driver().MovePointer(Row(4));
+  EXPECT_EQ(Drop().ListIndex(), 5);
+  EXPECT_THAT(EventsOf([&] { Driver().Wheel(-1); }), IsEmpty());
+  EXPECT_EQ(Drop().TopIndex(), 4);
+  Driver().Wheel(-10);
+  EXPECT_EQ(Drop().TopIndex(), 13);
+  Driver().Wheel(2);
+  EXPECT_EQ(Drop().TopIndex(), 7);
+  Driver().Wheel(10);
+  EXPECT_EQ(Drop().TopIndex(), 1);
+  EXPECT_EQ(Drop().ListIndex(), 5);
+  EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(FlatDropDownTest, TheWheelDoesNothingToAListWithoutABar) {
+  Make(8);
+  Open();
+  Driver().MovePointer(Row(4));
   Driver().Wheel(-1);
+  EXPECT_EQ(Drop().TopIndex(), 1);
+}
+
+TEST_F(FlatDropDownTest, TheBarOfAnOpenListScrollsItAndKeepsItOpen) {
+  Make(20);
+  Open();
+  Driver().Click(BottomOfBar());
+  EXPECT_EQ(Drop().TopIndex(), 2);
+  Driver().Advance(250);
+  EXPECT_TRUE(IsOpen());
+  Driver().Key(kKeyDown);
   EXPECT_EQ(Drop().ListIndex(), 1);
+  Driver().Key(kKeyEscape);
+  EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(FlatDropDownTest, TheStripShowsThePointer) {
   Make(3);
-  const auto fill = [&] { return PixelAt(Drop(), {ControlRect().width() - 2, 1}); };
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColor()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColor()));
   Driver().MovePointer(Strip());
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColorMouseOver()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColorMouseOver()));
   EXPECT_EQ(Windows().GetCapture(), Drop().hWnd());
   Driver().MovePointer({ControlRect().left + 10, ControlRect().top + 5});
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColor()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColor()));
   EXPECT_FALSE(Windows().GetCapture());
   Driver().MovePointer(Strip());
   Driver().MovePointer({ControlRect().right, ControlRect().top + 5});  // its width is outside
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColor()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColor()));
   EXPECT_FALSE(Windows().GetCapture());
 }
 
 TEST_F(FlatDropDownTest, APressDraggedShowsThePushedColour) {
   Make(0);
-  const auto fill = [&] { return PixelAt(Drop(), {ControlRect().width() - 2, 1}); };
   Driver().MovePointer(Strip());
   Driver().Press(kLeftButton);
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColor()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColor()));
   Driver().MovePointer({Strip().x - 1, Strip().y});
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColorPushed()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColorPushed()));
   Driver().Release(kLeftButton);
-  EXPECT_EQ(fill(), Concrete(Drop().DropDownBackColorMouseOver()));
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColorMouseOver()));
   EXPECT_EQ(Windows().GetCapture(), Drop().hWnd());
 }
 
@@ -229,75 +346,6 @@ TEST_F(FlatDropDownTest, AnotherButtonOnTheStripDoesNothing) {
   Driver().Press(kRightButton);
   EXPECT_FALSE(IsOpen());
   Driver().Release(kRightButton);
-}
-
-// --- Closing -----------------------------------------------------------------------------------------
-
-TEST_F(FlatDropDownTest, AnotherWindowThatBecomesActiveClosesTheListWithinATick) {
-  Make(3);
-  const auto second = Form::Create(Tracer(), {.name = "second"});
-  second->Show();
-  TheForm().Show();
-  Hosted(Drop()).SetFocus();
-  Open();
-  second->Show();
-  Driver().Advance(110);
-  EXPECT_FALSE(IsOpen());
-  EXPECT_EQ(Windows().GetActiveWindow(), second->hWnd());
-  second->Close();
-}
-
-TEST_F(FlatDropDownTest, AFormThatMovesOrHidesClosesTheList) {
-  Make(3);
-  Open();
-  TheForm().MoveTo({250, 250});
-  Driver().Advance(110);
-  EXPECT_FALSE(IsOpen());
-  Open();
-  TheForm().Hide();
-  Driver().Advance(110);
-  EXPECT_FALSE(IsOpen());
-}
-
-TEST_F(FlatDropDownTest, ADisabledControlHasNoOpenList) {
-  Make(3);
-  Open();
-  Drop().SetEnabled(false);
-  EXPECT_FALSE(IsOpen());
-}
-
-TEST_F(FlatDropDownTest, NothingIsLeftOfAListWhoseControlIsRemovedByItsOwnHandler) {
-  Make(3);
-  Open();
-  Drop().Change += [this] { TheForm().Remove("cbo"); };
-  Driver().Key(kKeyDown);
-  Driver().Key(kKeyEnter);
-  Driver().Advance(300);
-  EXPECT_TRUE(TheForm().Controls().empty());
-}
-
-TEST_F(FlatDropDownTest, NothingIsLeftOfAnOpenListWhoseFormCloses) {
-  Make(3);
-  Open();
-  TheForm().Close();
-  Driver().Advance(300);
-  EXPECT_TRUE(TheForm().Closed());
-}
-
-TEST_F(FlatDropDownTest, AThousandOpeningsLeaveNothingBehind) {
-  Make(20);
-  Open();
-  Driver().Key(kKeyEscape);
-  const std::size_t objects = Driver().LiveObjects();
-  const std::size_t windows = Driver().LiveWindows();
-  const std::size_t timers = Driver().LiveTimers();
-  for (int i = 0; i < 1000; ++i) {
-    Open();
-    Driver().Key(kKeyEscape);
-  }
-  EXPECT_EQ(Driver().LiveObjects(), objects);
-  EXPECT_EQ(Driver().LiveWindows(), windows);
-  EXPECT_EQ(Driver().LiveTimers(), timers);
 }
 
 }  // namespace

@@ -133,6 +133,9 @@ Json ControlPropertiesSchema(const ClassInfo& control) {
     }
     AddNumbered(properties, patterns, schema, std::string(property->name), "");
   }
+  if (const PropertyInfo* last = control.OnlyWritten()) {
+    properties[std::string(last->name)] = KeySchema(*last, last->stored_as);
+  }
   Json schema{{"title", control.Name()},
               {"description", control.Help()},
               {"type", "object"},

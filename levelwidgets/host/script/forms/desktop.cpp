@@ -140,11 +140,34 @@ int Pixel(lua_State* L) {
   return 1;
 }
 
+void SetField(lua_State* L, const char* field, lua_Integer value) {
+  lua_pushinteger(L, value);
+  lua_setfield(L, -2, field);
+}
+
+// Pushes the panel that the control at `index` has open. Returns the number of values: none for a form, and
+// while no panel is open.
+int PushPanel(lua_State* L, int index) {
+  if (FormAt(L, index)) return 0;
+  const Control& control = *CheckControl(L, index)->GetControl();
+  for (const TopLevelWindow& window : CheckDesktop(L).TopLevelWindows()) {
+    if (!control.Holds(window.handle)) continue;
+    lua_newtable(L);
+    SetField(L, "left", window.rect.left);
+    SetField(L, "top", window.rect.top);
+    SetField(L, "right", window.rect.right);
+    SetField(L, "bottom", window.rect.bottom);
+    return 1;
+  }
+  return 0;
+}
+
+// left, top, right, bottom; panel
 int Rect(lua_State* L) {
   PixelRect rect;
   CheckWindows(L).GetWindowRect(WindowAt(L, 2), rect);
   for (const int edge : {rect.left, rect.top, rect.right, rect.bottom}) lua_pushinteger(L, edge);
-  return 4;
+  return 4 + PushPanel(L, 2);
 }
 
 PixelRect AreaAt(lua_State* L, int index) {
@@ -173,11 +196,6 @@ int Screenshot(lua_State* L) {
   desktop.Settle();
   WritePng(desktop.Capture(area), path);
   return 0;
-}
-
-void SetField(lua_State* L, const char* field, lua_Integer value) {
-  lua_pushinteger(L, value);
-  lua_setfield(L, -2, field);
 }
 
 int Windows(lua_State* L) {

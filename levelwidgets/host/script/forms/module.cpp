@@ -7,6 +7,7 @@
 #include <levelwidgets/host/script/forms/desktop.h>
 #include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
+#include <levelwidgets/host/script/forms/placement.h>
 #include <levelwidgets/host/script/forms/questions.h>
 #include <levelwidgets/host/script/forms/timers.h>
 #include <levelwidgets/host/script/lua/error.h>
@@ -83,6 +84,8 @@ constexpr luaL_Reg kFunctions[] = {{"color", Guarded<ConcreteColor>},
                                    {"message", Guarded<NewMessage>},
                                    {"new", Guarded<NewObject>},
                                    {"open_file", Guarded<AskForFileToOpen>},
+                                   {"place_drop_down", Guarded<PlaceDropDownForScript>},
+                                   {"place_panel", Guarded<PlacePanelForScript>},
                                    {"save_file", Guarded<AskForFileToSave>},
                                    {"screen", Guarded<ScreenInTwips>},
                                    {"timer", Guarded<NewTimer>},
