@@ -21,12 +21,14 @@ class Control;
 class ControlSite;
 class Enumerator;
 
-// What a row says about its member besides what it is. Those from kShownLater on are for tests with random
+// What a row says about its member besides what it is. Those from kPicked on are for tests with random
 // input: what looks like a fault and is required.
 enum class MemberFlags : std::uint16_t {
   kNone = 0,
   kDefault = 1 << 0,     // stands for the object itself
   kEnumerator = 1 << 1,  // what for-each asks a collection for
+  // The item that a person picks; input raises 9 where it is no item.
+  kPicked = 1 << 2,
   // Writing it may change how the control will look, without a repaint.
   kShownLater = 1 << 3,
   // It may refuse the value that it has.

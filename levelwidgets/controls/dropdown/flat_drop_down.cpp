@@ -63,7 +63,8 @@ const ClassInfo& FlatDropDown::Table() {
           Row::Property<&D::TopIndex, &D::SetTopIndex>(11, "TopIndex", Always(std::int16_t{1}),
                                                        "The item in the first row of the list."),
           Row::Property<&D::ListIndex, &D::SetListIndex>(12, "ListIndex", Always(std::int16_t{0}),
-                                                         "The highlighted item; 0 for none."),
+                                                         "The highlighted item; 0 for none.",
+                                                         {.flags = MemberFlags::kPicked}),
           Row::Property<&D::DropDownBackColor, &D::SetDropDownBackColor>(
               13, "DropDownBackColor", Always(kDropDownBackColor), "Fill of the drop button."),
           Row::Property<&D::DropDownBackColorMouseOver, &D::SetDropDownBackColorMouseOver>(

@@ -53,6 +53,7 @@ bool CannotLoadAgain(const Control& control) {
 bool InputMayRaise(const Error& error, const Form& form) {
   return std::ranges::any_of(form.Controls(), [&](const auto& hosted) {
     const ClassInfo& info = hosted->ControlClass();
+    if (error.Number() == kSubscriptOutOfRange) return FindFlagged(info, MemberFlags::kPicked) != nullptr;
     if (!HasRange(info)) return false;
     if (error.Number() == kOverflow) return IsFarRange(*hosted->GetControl());
     return error.Number() == ObjectErrorNumber(kInvalidValueCode) && error.Source() == info.QualifiedName();
