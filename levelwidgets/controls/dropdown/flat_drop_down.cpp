@@ -81,9 +81,10 @@ const ClassInfo& FlatDropDown::Table() {
       table::Persisted("Alignment", "AutoComplete", "BackColor", "ForeColor", "Enabled", "Font", "Text",
                        "TopIndex", "ListIndex", "DropDownBackColor", "DropDownBackColorMouseOver",
                        "DropDownBackColorPushed", "DropDownWidth", "Style"),
-      table::Methods(Row::Method<&D::AddItem>(19, "AddItem", "Description", "Adds a text at the end of the list."),
-                     Row::Method<&D::RemoveItem>(20, "RemoveItem", "Index", "Removes an item of the list."),
-                     Row::Method<&D::Clear>(21, "Clear", "", "Removes all items.")),
+      table::Methods(
+          Row::Method<&D::AddItem>(19, "AddItem", "Description", "Adds a text at the end of the list."),
+          Row::Method<&D::RemoveItem>(20, "RemoveItem", "Index", "Removes an item of the list."),
+          Row::Method<&D::Clear>(21, "Clear", "", "Removes all items.")),
       table::Events(
           Row::Event<&D::Change>(1, "Change", "", "The text changed."),
           Row::Event<&D::Click>(2, "Click", "", "The text was clicked."),
@@ -92,7 +93,8 @@ const ClassInfo& FlatDropDown::Table() {
           Row::Event<&D::KeyPress>(5, "KeyPress", kCharacterArguments,
                                    "A character was typed; raised before and after the control's own part."),
           Row::Event<&D::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
-          Row::Event<&D::MouseDown>(7, "MouseDown", kPointerArguments, "A pointer button went down on the text."),
+          Row::Event<&D::MouseDown>(7, "MouseDown", kPointerArguments,
+                                    "A pointer button went down on the text."),
           Row::Event<&D::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved over the text."),
           Row::Event<&D::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up on the text.")));
   static constexpr ClassInfo info(data);

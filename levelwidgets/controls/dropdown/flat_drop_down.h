@@ -13,12 +13,12 @@
 
 namespace levelwidgets {
 
-// The strip at the right edge, F4 or Alt+Down open the list below the edit box; a press on a row, or Enter, takes the
-// highlighted item over. With Style other than 0 there is no edit box, and only the list changes the text. Items count
-// from 1. No property is validated.
+// The strip at the right edge, F4 or Alt+Down open the list below the edit box; a press on a row, or Enter,
+// takes the highlighted item over. With Style other than 0 there is no edit box, and only the list changes
+// the text. Items count from 1. No property is validated.
 //
-// Every character that is typed raises KeyPress twice, the second time after the control has done its part. The items
-// are not saved.
+// Every character that is typed raises KeyPress twice, the second time after the control has done its part.
+// The items are not saved.
 class FlatDropDown : public EditControl {
  public:
   static const ClassInfo& Table();

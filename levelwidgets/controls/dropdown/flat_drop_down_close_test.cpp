@@ -13,7 +13,8 @@ TEST_F(FlatDropDownTest, ClosingEndsTheWatchThenHidesThePanelAndReturnsTheFocus)
   const std::string control = std::to_string(Drop().hWnd().value);
   const std::string edit = std::to_string(Drop().ActiveEdit().hWnd().value);
   std::vector<std::string> texts;
-  for (const TracedCall& call : CallsNamed({"KillTimer", "ShowWindow", "SetFocus"}, [&] { Driver().Key(kKeyEscape); })) {
+  for (const TracedCall& call :
+       CallsNamed({"KillTimer", "ShowWindow", "SetFocus"}, [&] { Driver().Key(kKeyEscape); })) {
     texts.push_back(call.name == "KillTimer" ? call.name : call.ToString());
   }
   ASSERT_GE(texts.size(), 3u);

@@ -70,7 +70,8 @@ class FlatDropDownTest : public DesktopTest {
     Journal events;
     for (const std::string& line : TakeJournal()) {
       const bool is_pointer = line.starts_with("Mouse");
-      if (!is_pointer && line != "paint" && line != "capture" && line != "release capture") events.push_back(line);
+      if (!is_pointer && line != "paint" && line != "capture" && line != "release capture")
+        events.push_back(line);
     }
     return events;
   }

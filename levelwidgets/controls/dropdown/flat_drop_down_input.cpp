@@ -55,7 +55,8 @@ void FlatDropDown::TypeCharacter(std::int16_t& key_ascii) {
   const auto keep = Reference();
   KeyPress.Raise(key_ascii);
   const bool open = picPopup_.IsOpen();
-  const bool is_the_edits = key_ascii == kDelCharacter || key_ascii == kKeyEnter || key_ascii == kKeyBackspace;
+  const bool is_the_edits =
+      key_ascii == kDelCharacter || key_ascii == kKeyEnter || key_ascii == kKeyBackspace;
   if (is_the_edits && !open) return;
   const bool completes = auto_complete_ && key_ascii >= kFirstPrintable;
   if (!open) {

@@ -15,8 +15,10 @@ struct Interference {
 
 void PrintTo(const Interference& interference, std::ostream* out) { *out << interference.event; }
 
-// A person uses every part of the control; the deed is done at the first event, then at the second, and so on.
-class FlatDropDownInterferenceTest : public FlatDropDownTest, public ::testing::WithParamInterface<Interference> {
+// A person uses every part of the control; the deed is done at the first event, then at the second, and so
+// on.
+class FlatDropDownInterferenceTest : public FlatDropDownTest,
+                                     public ::testing::WithParamInterface<Interference> {
  protected:
   void Happened() {
     if (--until_ != 0) return;
@@ -89,7 +91,8 @@ TEST_P(FlatDropDownInterferenceTest, LeavesTheControlWholeOrGone) {
   int times = 0;
   for (int nth = 1; nth <= 40; ++nth) {
     MakeForm({});
-    FlatDropDown& drop = MakeOf({"Banana", "APPLE", "Apricot", "4", "5", "6", "7", "8", "9", "10", "11", "12"});
+    FlatDropDown& drop =
+        MakeOf({"Banana", "APPLE", "Apricot", "4", "5", "6", "7", "8", "9", "10", "11", "12"});
     AddNew<FlatButton>("next", {Twips(600), Twips(3000)});
     drop.SetAutoComplete(true);
     Hosted(*TheForm().Find("next")->GetControl()).SetFocus();
@@ -108,8 +111,8 @@ TEST_P(FlatDropDownInterferenceTest, LeavesTheControlWholeOrGone) {
 std::vector<Interference> All() {
   std::vector<Interference> all;
   for (const Deed deed : {Deed::kRemove, Deed::kCloseForm, Deed::kRaise}) {
-    for (const char* event : {"Change", "Click", "DblClick", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseMove",
-                              "MouseUp", "PropertyChanged", "GotFocus", "LostFocus"}) {
+    for (const char* event : {"Change", "Click", "DblClick", "KeyDown", "KeyPress", "KeyUp", "MouseDown",
+                              "MouseMove", "MouseUp", "PropertyChanged", "GotFocus", "LostFocus"}) {
       all.push_back({event, deed});
     }
   }

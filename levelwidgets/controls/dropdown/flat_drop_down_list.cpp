@@ -76,7 +76,8 @@ void FlatDropDown::PaintList() {
   const ColorRef highlight_color = TranslateColor(drawing, kHighlightText);
   const int bottom = row_height_ > 0 ? surface.ClientPixels().bottom : 0;
   PixelRect row{0, 0, width, row_height_};
-  // What is below the panel is cut off by its window: it need not be drawn. A first row before the list's is empty.
+  // What is below the panel is cut off by its window: it need not be drawn. A first row before the list's is
+  // empty.
   for (std::int32_t item = top_index_; item <= Count() && row.top < bottom; ++item) {
     const bool is_highlighted = item == list_index_;
     drawing.FillRect(dc, row, (is_highlighted ? highlight : window).Handle());

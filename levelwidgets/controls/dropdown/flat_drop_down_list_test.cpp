@@ -62,7 +62,8 @@ TEST_F(FlatDropDownTest, AnEmptyListDoesNotOpenAndTheStripOnlyChangesItsColour) 
 }
 
 // Every call on the panel's window, the control's rectangle and the watch.
-std::vector<std::string> OpeningCalls(const std::vector<TracedCall>& calls, WindowHandle panel, WindowHandle control) {
+std::vector<std::string> OpeningCalls(const std::vector<TracedCall>& calls, WindowHandle panel,
+                                      WindowHandle control) {
   std::vector<std::string> texts;
   for (const TracedCall& call : calls) {
     std::string text = call.ToString();
@@ -75,8 +76,9 @@ std::vector<std::string> OpeningCalls(const std::vector<TracedCall>& calls, Wind
     };
     name_window(panel, "panel");
     name_window(control, "control");
-    const bool is_of_them = text.find("(panel") != std::string::npos || text.starts_with("GetWindowRect(control") ||
-                            text.starts_with("SetTimer(100") || text.find("\"abcABC\"") != std::string::npos;
+    const bool is_of_them = text.find("(panel") != std::string::npos ||
+                            text.starts_with("GetWindowRect(control") || text.starts_with("SetTimer(100") ||
+                            text.find("\"abcABC\"") != std::string::npos;
     if (is_of_them) texts.push_back(text);
   }
   return texts;
@@ -85,25 +87,30 @@ std::vector<std::string> OpeningCalls(const std::vector<TracedCall>& calls, Wind
 TEST_F(FlatDropDownTest, ThePanelIsLiftedOutMeasuredPlacedShownAndWatchedInThisOrderAtEachOpening) {
   Make(1);
   for (int opening = 0; opening < 2; ++opening) {
-    const auto calls = CallsNamed({"SetWindowLongA", "SetParent", "SetWindowPos", "GetWindowRect", "ShowWindow",
-                                   "SetFocus", "SetTimer", "DrawTextA"},
+    const auto calls = CallsNamed({"SetWindowLongA", "SetParent", "SetWindowPos", "GetWindowRect",
+                                   "ShowWindow", "SetFocus", "SetTimer", "DrawTextA"},
                                   [&] { Driver().KeyDown(kKeyF4, 0); });
     std::vector<std::string> texts = OpeningCalls(calls, Drop().Panel().hWnd(), Drop().hWnd());
     const PixelRect rect = PanelRect();
     const std::string size = std::to_string(rect.width()) + ", " + std::to_string(rect.height());
-    const auto place = [&](int left, int top) { return std::to_string(left) + ", " + std::to_string(top) + ", " + size; };
+    const auto place = [&](int left, int top) {
+      return std::to_string(left) + ", " + std::to_string(top) + ", " + size;
+    };
     ASSERT_EQ(texts.size(), 13u);
     EXPECT_TRUE(texts[4].starts_with("DrawTextA(")) << texts[4];
     texts.erase(texts.begin() + 4);
     EXPECT_TRUE(texts.back().starts_with("SetTimer(100")) << texts.back();
     texts.pop_back();
-    EXPECT_THAT(texts, ElementsAre("SetWindowLongA(panel, -20, 128)", "SetParent(panel, 0)",
-                                   "SetWindowLongA(panel, -16, -2139095040)", "SetWindowPos(panel, -1, 0, 0, 0, 0, 9)",
-                                   "SetWindowPos(panel, 0, " + place(opening == 0 ? 0 : rect.left, opening == 0 ? 0 : rect.top) + ", 20)",
-                                   "GetWindowRect(control)",
-                                   "SetWindowPos(panel, 0, " + place(opening == 0 ? 0 : rect.left, rect.top) + ", 20)",
-                                   "SetWindowPos(panel, 0, " + place(rect.left, rect.top) + ", 20)",
-                                   "ShowWindow(panel, 4)", "SetWindowPos(panel, 0, 0, 0, 0, 0, 19)", "SetFocus(panel)"))
+    EXPECT_THAT(
+        texts,
+        ElementsAre("SetWindowLongA(panel, -20, 128)", "SetParent(panel, 0)",
+                    "SetWindowLongA(panel, -16, -2139095040)", "SetWindowPos(panel, -1, 0, 0, 0, 0, 9)",
+                    "SetWindowPos(panel, 0, " +
+                        place(opening == 0 ? 0 : rect.left, opening == 0 ? 0 : rect.top) + ", 20)",
+                    "GetWindowRect(control)",
+                    "SetWindowPos(panel, 0, " + place(opening == 0 ? 0 : rect.left, rect.top) + ", 20)",
+                    "SetWindowPos(panel, 0, " + place(rect.left, rect.top) + ", 20)", "ShowWindow(panel, 4)",
+                    "SetWindowPos(panel, 0, 0, 0, 0, 0, 19)", "SetFocus(panel)"))
         << opening;
     Driver().KeyUp(kKeyF4, 0);
     Driver().Key(kKeyEscape);
@@ -192,9 +199,10 @@ TEST_F(FlatDropDownTest, KeysMoveTheHighlight) {
     std::int16_t key;
     std::int16_t index;
   };
-  for (const Step step : {Step{kKeyDown, 1}, Step{kKeyDown, 2}, Step{kKeyUp, 1}, Step{kKeyUp, 1}, Step{kKeyPageDown, 8},
-                          Step{kKeyPageDown, 15}, Step{kKeyPageDown, 20}, Step{kKeyDown, 20}, Step{kKeyPageUp, 13},
-                          Step{kKeyPageUp, 6}, Step{kKeyPageUp, 1}, Step{kKeyEnd, 20}, Step{kKeyHome, 0}}) {
+  for (const Step step :
+       {Step{kKeyDown, 1}, Step{kKeyDown, 2}, Step{kKeyUp, 1}, Step{kKeyUp, 1}, Step{kKeyPageDown, 8},
+        Step{kKeyPageDown, 15}, Step{kKeyPageDown, 20}, Step{kKeyDown, 20}, Step{kKeyPageUp, 13},
+        Step{kKeyPageUp, 6}, Step{kKeyPageUp, 1}, Step{kKeyEnd, 20}, Step{kKeyHome, 0}}) {
     Driver().Key(step.key);
     EXPECT_EQ(Drop().ListIndex(), step.index) << step.key;
   }

@@ -35,29 +35,30 @@ TEST_F(FlatDropDownTest, DefaultsAreThoseOfTheTable) {
 
 TEST_F(FlatDropDownTest, EveryPersistedSetterNotifiesAndTheSelectionDoesNot) {
   FlatDropDown& drop = Make(3);
-  EXPECT_THAT(EventsOf([&] {
-                drop.SetAlignment(1);
-                drop.SetAutoComplete(true);
-                drop.SetBackColor(Color(1));
-                drop.SetForeColor(Color(2));
-                drop.SetEnabled(true);
-                drop.SetFont(MakeFont());
-                drop.SetTopIndex(1);
-                drop.SetListIndex(2);
-                drop.SetDropDownBackColor(Color(3));
-                drop.SetDropDownBackColorMouseOver(Color(4));
-                drop.SetDropDownBackColorPushed(Color(5));
-                drop.SetDropDownWidth(100);
-                drop.SetStyle(0);
-                drop.SetSelStart(0);
-                drop.SetSelLength(0);
-              }),
-              ElementsAre("PropertyChanged(Alignment)", "PropertyChanged(AutoComplete)", "PropertyChanged(BackColor)",
-                          "PropertyChanged(ForeColor)", "PropertyChanged(Enabled)", "PropertyChanged(Font)",
-                          "PropertyChanged(TopIndex)", "PropertyChanged(ListIndex)",
-                          "PropertyChanged(DropDownBackColor)", "PropertyChanged(DropDownBackColorMouseOver)",
-                          "PropertyChanged(DropDownBackColorPushed)", "PropertyChanged(DropDownWidth)",
-                          "PropertyChanged(Style)"));
+  EXPECT_THAT(
+      EventsOf([&] {
+        drop.SetAlignment(1);
+        drop.SetAutoComplete(true);
+        drop.SetBackColor(Color(1));
+        drop.SetForeColor(Color(2));
+        drop.SetEnabled(true);
+        drop.SetFont(MakeFont());
+        drop.SetTopIndex(1);
+        drop.SetListIndex(2);
+        drop.SetDropDownBackColor(Color(3));
+        drop.SetDropDownBackColorMouseOver(Color(4));
+        drop.SetDropDownBackColorPushed(Color(5));
+        drop.SetDropDownWidth(100);
+        drop.SetStyle(0);
+        drop.SetSelStart(0);
+        drop.SetSelLength(0);
+      }),
+      ElementsAre("PropertyChanged(Alignment)", "PropertyChanged(AutoComplete)", "PropertyChanged(BackColor)",
+                  "PropertyChanged(ForeColor)", "PropertyChanged(Enabled)", "PropertyChanged(Font)",
+                  "PropertyChanged(TopIndex)", "PropertyChanged(ListIndex)",
+                  "PropertyChanged(DropDownBackColor)", "PropertyChanged(DropDownBackColorMouseOver)",
+                  "PropertyChanged(DropDownBackColorPushed)", "PropertyChanged(DropDownWidth)",
+                  "PropertyChanged(Style)"));
 }
 
 TEST_F(FlatDropDownTest, ATextNotifiesRaisesChangeAndNotifiesAgain) {

@@ -8,20 +8,23 @@ using ::testing::ElementsAre;
 
 TEST_F(FlatDropDownTest, EachCharacterRaisesKeyPressTwiceAndBackspaceOnce) {
   Make(0);
-  EXPECT_THAT(EventsOf([&] { Driver().Type("a"); }),
-              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Value)", "PropertyChanged(TopIndex)",
-                          "KeyPress(97)", "PropertyChanged(Text)", "Change()", "KeyUp(65, 0)"));
+  EXPECT_THAT(
+      EventsOf([&] { Driver().Type("a"); }),
+      ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Value)", "PropertyChanged(TopIndex)",
+                  "KeyPress(97)", "PropertyChanged(Text)", "Change()", "KeyUp(65, 0)"));
   EXPECT_EQ(Drop().Text(), "a");
-  EXPECT_THAT(EventsOf([&] { Driver().Key(kKeyBackspace); }),
-              ElementsAre("KeyDown(8, 0)", "KeyPress(8)", "PropertyChanged(Text)", "Change()", "KeyUp(8, 0)"));
+  EXPECT_THAT(
+      EventsOf([&] { Driver().Key(kKeyBackspace); }),
+      ElementsAre("KeyDown(8, 0)", "KeyPress(8)", "PropertyChanged(Text)", "Change()", "KeyUp(8, 0)"));
 }
 
 TEST_F(FlatDropDownTest, TypingCompletesFromTheListAndTheSecondKeyPressIsZero) {
   MakeOf({"Banana", "APPLE", "Apricot"});
   Drop().SetAutoComplete(true);
-  EXPECT_THAT(EventsOf([&] { Driver().Type("a"); }),
-              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Text)", "Change()",
-                          "PropertyChanged(Value)", "PropertyChanged(TopIndex)", "KeyPress(0)", "KeyUp(65, 0)"));
+  EXPECT_THAT(
+      EventsOf([&] { Driver().Type("a"); }),
+      ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Text)", "Change()",
+                  "PropertyChanged(Value)", "PropertyChanged(TopIndex)", "KeyPress(0)", "KeyUp(65, 0)"));
   EXPECT_EQ(Drop().Text(), "aPPLE");
   EXPECT_EQ(Drop().SelText(), "PPLE");
   Driver().Type("p");
@@ -48,8 +51,8 @@ TEST_F(FlatDropDownTest, TypingTakesTheHighlightAwayWithoutANotice) {
   Make(20);
   Drop().SetListIndex(15);
   EXPECT_THAT(EventsOf([&] { Driver().KeyDown('A', 0); }),
-              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Value)", "PropertyChanged(TopIndex)",
-                          "KeyPress(97)", "PropertyChanged(Text)", "Change()"));
+              ElementsAre("KeyDown(65, 0)", "KeyPress(97)", "PropertyChanged(Value)",
+                          "PropertyChanged(TopIndex)", "KeyPress(97)", "PropertyChanged(Text)", "Change()"));
   Driver().KeyUp('A', 0);
   EXPECT_EQ(Drop().ListIndex(), 0);
   EXPECT_EQ(Drop().TopIndex(), 1);

@@ -19,9 +19,10 @@ struct PopupLook {
   bool border = false;  // of one pixel
 };
 
-// A picture box of its owner, hidden until it opens: then it is a top-most tool window that belongs to the desktop, and
-// stays one. While it is open it is looked at ten times a second whether it is still the active window, and whether its
-// owner is still where it was. Closing it as a window (Alt+F4) only means that it is left.
+// A picture box of its owner, hidden until it opens: then it is a top-most tool window that belongs to the
+// desktop, and stays one. While it is open it is looked at ten times a second whether it is still the active
+// window, and whether its owner is still where it was. Closing it as a window (Alt+F4) only means that it is
+// left.
 class PopupPanel : public PictureBox {
  public:
   // `left` is called when the user has turned elsewhere; it is to close the panel.
@@ -36,13 +37,14 @@ class PopupPanel : public PictureBox {
   // Where the owner's window is now, in screen pixels. The panel closes once it is elsewhere.
   const PixelRect& TakeOwnerRect();
   PixelTwips Twips() const;
-  // Places the panel, first its top, then its left; shows it in front, gives it the focus and begins to watch.
+  // Places the panel, first its top, then its left; shows it in front, gives it the focus and begins to
+  // watch.
   void Open(TwipPoint at);
 
   // --- Closing ------------------------------------------------------------------------------------
 
-  // Stops watching and hides the panel. Returns whether the owner is to have the focus: false when another window of
-  // this program is active by now, which keeps it.
+  // Stops watching and hides the panel. Returns whether the owner is to have the focus: false when another
+  // window of this program is active by now, which keeps it.
   bool Close();
 
   // --- Events -----------------------------------------------------------------------------------

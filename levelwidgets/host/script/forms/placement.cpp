@@ -90,8 +90,7 @@ PixelTwips TwipsOfAPixel(const Lists& lists, ScreenApi& screen) {
 }
 
 PixelRect Area(const Lists& lists, ScreenApi& screen, PixelTwips twips) {
-  const auto given =
-      lists.Find<4>("monitor", "left, top, width, height: pixels", -kMostPixels, kMostPixels);
+  const auto given = lists.Find<4>("monitor", "left, top, width, height: pixels", -kMostPixels, kMostPixels);
   if (given) {
     const auto [left, top, width, height] = *given;
     return {Pixels(left), Pixels(top), Pixels(left + width), Pixels(top + height)};
@@ -111,8 +110,8 @@ int PushPlace(lua_State* L, TwipPoint place) {
 int PlaceDropDownForScript(lua_State* L) {
   const Lists lists(L, "place_drop_down", {"owner", "panel", "screen", "twips"});
   ScreenApi& screen = StateOf(L).FormPlatform().Screen();
-  return PushPlace(L, PlaceDropDown(Owner(lists), Panel(lists), Screen(lists, screen),
-                                    TwipsOfAPixel(lists, screen)));
+  return PushPlace(
+      L, PlaceDropDown(Owner(lists), Panel(lists), Screen(lists, screen), TwipsOfAPixel(lists, screen)));
 }
 
 int PlacePanelForScript(lua_State* L) {
