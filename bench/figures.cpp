@@ -11,13 +11,6 @@
 
 namespace levelwidgets::bench {
 
-namespace {
-
-constexpr int kControls = 1000;
-constexpr double kMicro = 1e6;
-constexpr double kMilli = 1e3;
-constexpr double kMega = 1.0 / (1 << 20);
-
 Figure LowerIsBetter(std::string what, std::string unit, const Samples& samples, double scale,
                      std::string floor_is, double floor, double target) {
   return {.what = std::move(what),
@@ -39,6 +32,10 @@ double MedianFill(PixelSize size) {
   constexpr int kBatch = 100;
   return Repeat(51, 1, [size] { FillTime(size, kBatch); }).Median() / kBatch;
 }
+
+namespace {
+
+constexpr int kControls = 1000;
 
 // What a form of a thousand controls adds beside its window's pixels once another one has been shown, its
 // file's text not counted.
@@ -159,6 +156,7 @@ std::vector<Figure> MeasureFigures(const std::string& folder) {
   MeasureMoves(figures);
   MeasureForm(figures, Mix::kLabelsAndButtons, plain);
   MeasureForm(figures, Mix::kWithTextBoxes, with_text_boxes);
+  MeasureDropDowns(figures);
   MeasureStartups(figures, folder);
   return figures;
 }

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <bench/measure.h>
+
 namespace levelwidgets::bench {
 
 struct Figure {
@@ -19,6 +21,21 @@ struct Figure {
   double Ratio() const { return at_least ? floor / median : median / floor; }
   bool Reached() const { return at_least ? median >= target : median <= target; }
 };
+
+// Of samples, which `scale` turns into the unit; `floor` and `target` are in the unit.
+Figure LowerIsBetter(std::string what, std::string unit, const Samples& samples, double scale,
+                     std::string floor_is, double floor, double target);
+inline constexpr double kMicro = 1e6;
+inline constexpr double kMilli = 1e3;
+inline constexpr double kMega = 1.0 / (1 << 20);
+
+// Seconds for a fill of as many pixels as `size` has.
+double MedianFill(PixelSize size);
+// What one value is as samples.
+Samples One(double value);
+
+// Those of the controls with panels.
+void MeasureDropDowns(std::vector<Figure>& figures);
 
 // `folder` holds the programs that are run. Memory comes first: what was freed before would be used again.
 std::vector<Figure> MeasureFigures(const std::string& folder);

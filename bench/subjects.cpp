@@ -98,18 +98,34 @@ void HundredButtons::Check(std::size_t button, Color expected) const {
   if (buttons_[button]->BackColor() != expected) throw std::logic_error("the highlight has not followed");
 }
 
-std::string FormTextOf(int count, Mix mix) {
+namespace {
+
+// `count` controls of the size, each of the kind that `kind_of` returns for its number.
+template <typename KindOf>
+std::string TextOfControls(int count, bool in_one_place, KindOf kind_of) {
   constexpr int kColumns = 25;
   constexpr int kRows = 40;
   constexpr PixelSize kCell{kFormSize.width / kColumns, kFormSize.height / kRows};
   constexpr PixelSize kSize{kCell.width - 2, kCell.height - 2};
   std::string text = FormTable(kFormSize);
   for (int i = 0; i < count; ++i) {
-    const int cell = mix == Mix::kLabelsInOnePlace ? 0 : i;
+    const int cell = in_one_place ? 0 : i;
     const PixelPoint corner{cell % kColumns * kCell.width, cell / kColumns % kRows * kCell.height};
-    text += ControlTable(i, KindOf(i, mix), corner, kSize);
+    text += ControlTable(i, kind_of(i), corner, kSize);
   }
   return text;
+}
+
+}  // namespace
+
+std::string FormTextOf(int count, Mix mix) {
+  return TextOfControls(count, mix == Mix::kLabelsInOnePlace,
+                        [mix](int i) -> const Kind& { return KindOf(i, mix); });
+}
+
+std::string DropDownFormText(int count) {
+  static constexpr Kind kDropDown{"FlatDropDown", "Text"};
+  return TextOfControls(count, false, [](int) -> const Kind& { return kDropDown; });
 }
 
 std::string OneButtonFormText(PixelSize size) {

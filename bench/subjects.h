@@ -72,6 +72,8 @@ enum class Mix { kLabelsAndButtons, kWithTextBoxes, kLabels, kLabelsInOnePlace }
 // and labels in turn, or buttons, labels and text boxes, or labels alone. Rows beyond the first 40 begin at
 // the top again.
 std::string FormTextOf(int count, Mix mix);
+// The text of a form file with `count` drop-down lists, placed like the others.
+std::string DropDownFormText(int count);
 // The text of a form file with one button.
 std::string OneButtonFormText(PixelSize size);
 

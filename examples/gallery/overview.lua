@@ -6,9 +6,10 @@ local blues = {
   BackColor = 0x00EADFD2, BackColorMouseOver = 0x00F6EEE6, BackColorPushed = 0x00D0BCA4, ForeColor = 0x00804A1C,
   ButtonColor = 0x00EADFD2, ButtonColorMouseOver = 0x00FFFFFF, ButtonColorPushed = 0x00D0BCA4,
   ScrollBackColor = 0x00FAF4EE, ScrollButtonColor = 0x00EADFD2, ScrollMouseOverColor = 0x00FFFFFF, ScrollPushedColor = 0x00D0BCA4,
+  DropDownBackColor = 0x00EADFD2, DropDownBackColorMouseOver = 0x00F6EEE6, DropDownBackColorPushed = 0x00D0BCA4,
   TabColor = 0x00FFFFFF, InactiveTabColor = 0x00EADFD2, BorderColor = 0x00A89070,
 }
-local fields = { txt = true, scr = true }
+local fields = { txt = true, scr = true, cbo = true }
 local frames = 0x00A08868
 
 if not sheet.is_dark() then
@@ -18,7 +19,7 @@ if not sheet.is_dark() then
       if control.Name ~= "cmdSave" then pcall(function() control[name] = color end) end
     end
     if fields[kind] then control.BackColor = 0x00FAF4EE end
-    if kind == "txt" then control.ForeColor = 0x00202020 end
+    if kind == "txt" or kind == "cbo" then control.ForeColor = 0x00202020 end
     if kind == "tab" then control.BackColor, control.ForeColor = form.BackColor, 0x00404040 end
   end
 end
@@ -27,7 +28,7 @@ end
 local text, link = 0x00404040, 0x00A0602C
 if sheet.is_dark() then
   text, link, frames = 0x80000012, 0x8000001A, 0x80000006
-  for _, box in ipairs{ txtCustomer, txtAmount, txtNotes } do box.BackColor = 0x8000000F end
+  for _, box in ipairs{ txtCustomer, txtAmount, cboUnit, txtNotes } do box.BackColor = 0x8000000F end
   -- The frame of the default button, in its ForeColor, is seen on the form as well.
   cmdSave.BackColor, cmdSave.BackColorMouseOver, cmdSave.BackColorPushed = 0x00804A1C, 0x00A0602C, 0x00603410
   cmdSave.ForeColor = 0x80000012
@@ -52,6 +53,8 @@ function tabOrder_TabChange(e)
     end
   end
 end
+
+for _, unit in ipairs{ "pieces", "boxes", "pallets", "kg" } do cboUnit:AddItem(unit) end
 
 function lnkHistory_Click()
   tabOrder.SelectedTab = 3

@@ -102,6 +102,20 @@ TEST_F(FormFile, PropertiesMayBeATableOfTheirOwnOrDotted) {
   EXPECT_EQ(GetByName(*loaded.form->Find("cmdB")->GetControl(), "Caption"), Variant("B"));
 }
 
+TEST_F(FormFile, TheNumberOfItemsThatADropDownHadIsKnownSavedAndNotLoaded) {
+  const std::string head = "[form]\nName = \"frmForm\"\n\n[[control]]\nClass = \"FlatDropDown\"\nName = \"cbo\"\n";
+  const LoadedForm loaded = Load(head + "Properties = { Style = 1, DDListCount = 7 }\n");
+  EXPECT_EQ(Told(loaded.diagnostics), "");
+  ASSERT_TRUE(loaded.form);
+  Control& drop = *loaded.form->Find("cbo")->GetControl();
+  EXPECT_EQ(FormText(*loaded.form), head + "Properties = { Style = 1 }\n");
+  const Variant item("kg");
+  InvokeByName(drop, "AddItem", {&item, 1});
+  EXPECT_EQ(FormText(*loaded.form), head + "Properties = { Style = 1, DDListCount = 1 }\n");
+  EXPECT_EQ(Told(Load(head + "Properties = { DDListCount = true }\n").diagnostics),
+            "f:7:30: DDListCount is a whole number from -32768 to 32767; true is a boolean\n");
+}
+
 TEST_F(FormFile, IndexedPropertiesStandUnderTheirNameAndTheIndex) {
   const LoadedForm loaded = Load(
       "[form]\n[[control]]\nClass = \"FlatTabStrip\"\nName = \"tabMain\"\n"

@@ -30,7 +30,8 @@ TEST_P(Gallery, FramesEachTextBoxSoThatItStandsOutFromItsFormInEachPalette) {
   for (const std::string_view palette : memory::PaletteNames()) {
     ShownSheet sheet(GetParam(), palette);
     for (const auto& control : sheet.GetForm().Controls()) {
-      if (control->ControlClass().Name() != "FlatTextBox") continue;
+      const std::string_view name = control->ControlClass().Name();
+      if (name != "FlatTextBox" && name != "FlatDropDown") continue;
       const PixelRect box = control->ScreenRect();
       const ColorRef inside = sheet.PixelAt({box.left, box.bottom - 1});
       const ColorRef frame = sheet.PixelAt({box.left - 1, box.top - 1});
@@ -63,7 +64,7 @@ TEST_P(Overview, HasTheTextsOfARowOnOneLine) {
   ShownSheet overview("overview", GetParam());
   const std::vector<std::vector<std::string>> rows{{"lblCustomer", "txtCustomer", "lnkHistory"},
                                                    {"lblAmount", "txtAmount"},
-                                                   {"lblPieces", "lblCount"},
+                                                   {"lblPieces", "lblCount", "cboUnit"},
                                                    {"lblNotes", "txtNotes"},
                                                    {"lblState", "cmdConfirm", "cmdInvoice"},
                                                    {"cmdSave", "cmdCancel"}};

@@ -25,7 +25,7 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
-                         ::testing::Values("building", "collections", "conversions", "events",
+                         ::testing::Values("building", "collections", "conversions", "drop_down", "events",
                                            "file_questions", "focus", "forms", "handler_errors", "members",
                                            "questions", "removal", "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });

@@ -12,6 +12,8 @@ std::string MapCharacters(std::string_view utf8, char32_t (*map)(char32_t)) {
   return mapped;
 }
 
+constexpr bool IsAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
 }  // namespace
 
 std::string UpperCase(std::string_view utf8) { return MapCharacters(utf8, &UpperCase); }
@@ -21,6 +23,13 @@ std::size_t MatchIgnoringCase(std::string_view text, std::string_view word) {
   const std::size_t length = text.size();
   if (word.empty()) return 0;
   while (!word.empty()) {
+    // Most texts differ in their first letter, and most letters need no table.
+    if (!text.empty() && IsAscii(text.front()) && IsAscii(word.front())) {
+      if (AsciiLower(text.front()) != AsciiLower(word.front())) return 0;
+      text.remove_prefix(1);
+      word.remove_prefix(1);
+      continue;
+    }
     if (text.empty() || UpperCase(TakeCharacter(text)) != UpperCase(TakeCharacter(word))) return 0;
   }
   return length - text.size();

@@ -39,6 +39,9 @@ TEST(LetterCaseTest, TextsDifferInNothingElse) {
   EXPECT_TRUE(EqualIgnoringCase("", ""));
   EXPECT_EQ(MatchIgnoringCase("MAY 2024", "may"), 3u);
   EXPECT_EQ(MatchIgnoringCase("MA", "may"), 0u);
+  EXPECT_EQ(MatchIgnoringCase("m\xC3\x84\xC3\xA4Z!", "M\xC3\xA4\xC3\x84z"), 6u);
+  EXPECT_EQ(MatchIgnoringCase("[", "{"), 0u);
+  EXPECT_EQ(MatchIgnoringCase("a", "\xC3\xA1"), 0u);
   EXPECT_EQ(UpperCase(std::string_view("\xD0\xB6\x80z")), "\xD0\x96\x80Z");  // an ill-formed byte stays
   EXPECT_EQ(LowerCase(std::string_view("\xC3\x84q")), "\xC3\xA4q");
 }
