@@ -116,6 +116,8 @@ FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
   picPopup_.MouseMove += [this](std::int16_t, std::int16_t, Twips x, Twips y) { HighlightUnder({x, y}); };
   picPopup_.Wheel += [this](int notches) { ScrollRows(-notches * kRowsPerNotch); };
   fsMain_->SetMin(1);
+  // As the strip's arrow: its buttons are as light as the strip, whatever the colour of the desktop's texts.
+  fsMain_->SetForeColor(Color(0));
   fsMain_->SetLargeChange(kListRows - 1);
   fsMain_->Change += [this] {
     top_index_ = static_cast<std::int16_t>(fsMain_->Value());
