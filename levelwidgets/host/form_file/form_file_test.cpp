@@ -103,7 +103,8 @@ TEST_F(FormFile, PropertiesMayBeATableOfTheirOwnOrDotted) {
 }
 
 TEST_F(FormFile, TheNumberOfItemsThatADropDownHadIsKnownSavedAndNotLoaded) {
-  const std::string head = "[form]\nName = \"frmForm\"\n\n[[control]]\nClass = \"FlatDropDown\"\nName = \"cbo\"\n";
+  const std::string head =
+      "[form]\nName = \"frmForm\"\n\n[[control]]\nClass = \"FlatDropDown\"\nName = \"cbo\"\n";
   const LoadedForm loaded = Load(head + "Properties = { Style = 1, DDListCount = 7 }\n");
   EXPECT_EQ(Told(loaded.diagnostics), "");
   ASSERT_TRUE(loaded.form);

@@ -62,12 +62,10 @@ class Overview : public testing::TestWithParam<std::string_view> {};
 
 TEST_P(Overview, HasTheTextsOfARowOnOneLine) {
   ShownSheet overview("overview", GetParam());
-  const std::vector<std::vector<std::string>> rows{{"lblCustomer", "txtCustomer", "lnkHistory"},
-                                                   {"lblAmount", "txtAmount"},
-                                                   {"lblPieces", "lblCount", "cboUnit"},
-                                                   {"lblNotes", "txtNotes"},
-                                                   {"lblState", "cmdConfirm", "cmdInvoice"},
-                                                   {"cmdSave", "cmdCancel"}};
+  const std::vector<std::vector<std::string>> rows{
+      {"lblCustomer", "txtCustomer", "lnkHistory"}, {"lblAmount", "txtAmount"},
+      {"lblPieces", "lblCount", "cboUnit"},         {"lblNotes", "txtNotes"},
+      {"lblState", "cmdConfirm", "cmdInvoice"},     {"cmdSave", "cmdCancel"}};
   for (const auto& row : rows) {
     const int first = overview.Baseline(row.front());
     EXPECT_GT(first, 0) << row.front();
