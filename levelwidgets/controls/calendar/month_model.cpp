@@ -96,11 +96,20 @@ std::string MonthModel::Tag(int cell) const {
   return ResultOf(conversions_.ToText(days_[index].date));
 }
 
-void MonthModel::Open() {
-  const Date shown = value_.SelectedDate().value_or(now_());
-  const DateParts parts = ResultOf(conversions_.SplitDate(shown));
-  view_ = View::kDays;
-  FillMonth(parts.month, parts.year);
+void MonthModel::Open() { OpenAt(value_.SelectedDate().value_or(now_())); }
+
+void MonthModel::OpenToday() { OpenAt(now_()); }
+
+void MonthModel::OpenAt(Date date) {
+  const DateParts parts = ResultOf(conversions_.SplitDate(date));
+  Show(View::kDays, parts.month, parts.year);
+}
+
+void MonthModel::Show(View view, int month, int year) {
+  view_ = view;
+  if (view == View::kDays) return FillMonth(month, year);
+  month_ = ToInt16(month);
+  FillMonths(year);
 }
 
 void MonthModel::Move(int direction) {
@@ -112,20 +121,11 @@ void MonthModel::Move(int direction) {
   FillMonth(month, year_);
 }
 
-void MonthModel::Toggle() {
-  if (view_ == View::kDays) {
-    view_ = View::kMonths;
-    FillMonths(year_);
-  } else {
-    view_ = View::kDays;
-    FillMonth(month_, year_);
-  }
-}
+void MonthModel::Toggle() { Show(view_ == View::kDays ? View::kMonths : View::kDays, month_, year_); }
 
 void MonthModel::PickMonth(int index) {
   if (index < 0 || index >= kMonthCells) throw Error(kSubscriptOutOfRange);
-  view_ = View::kDays;
-  FillMonth(index + 1, year_);
+  Show(View::kDays, index + 1, year_);
 }
 
 }  // namespace levelwidgets

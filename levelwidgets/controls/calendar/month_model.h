@@ -60,6 +60,8 @@ class MonthModel {
 
   // Shows the days of the value's month, of today's when it is no date.
   void Open();
+  // The same for today's month, whatever the value.
+  void OpenToday();
   // An arrow, kMoveBack or kMoveForward: a month in the view of days, a year in that of months. Raises 6
   // (overflow) for a year of more than 16 bits.
   void Move(int direction);
@@ -70,10 +72,13 @@ class MonthModel {
 
   // --- Filling ----------------------------------------------------------------------------------
 
+  // `month` has no part in what the view of months shows, except for the mark.
+  void Show(View view, int month, int year);
   void FillMonth(int month, int year);
   void FillMonths(int year);
 
  private:
+  void OpenAt(Date date);
   Date FirstOfShownMonth() const;
   std::string HeaderOf(Date date, std::string_view format) const;
   DayBack BackOf(Date date, Date today, std::optional<Date> selected) const;

@@ -1,0 +1,224 @@
+// FlatCalendar: its properties, its value, and what is typed.
+#include <levelwidgets/controls/calendar/flat_calendar_fixture.h>
+#include <levelwidgets/testing/error_of.h>
+
+namespace levelwidgets::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST_F(FlatCalendarTest, SavesUnderItsNamesWithTheFormatBeforeTheValue) {
+  std::vector<std::string_view> names;
+  for (const auto& property : FlatCalendar::Table().Persisted()) names.push_back(property->name);
+  EXPECT_THAT(names, ElementsAre("Alignment", "BackColor", "ForeColor", "Enabled", "Font", "DateFormat",
+                                 "Value", "DropDownBackColor", "DropDownBackColorMouseOver",
+                                 "DropDownBackColorPushed", "CalBackColor", "CalForeColor",
+                                 "CalDisabledColor", "CalBorderColor", "CalHeaderBackColor",
+                                 "CalMouseOverColor", "CalSelectBackColor", "CalTodayBackColor"));
+}
+
+TEST_F(FlatCalendarTest, DefaultColoursOfTheMonthViewAreThoseOfTheTable) {
+  const FlatCalendar& calendar = Calendar();
+  EXPECT_EQ(calendar.CalBackColor(), Color(0x00000000u));
+  EXPECT_EQ(calendar.CalForeColor(), Color(0x00FFFFFFu));
+  EXPECT_EQ(calendar.CalDisabledColor(), Color(0x80000011u));
+  EXPECT_EQ(calendar.CalBorderColor(), Color(0x004A5052u));
+  EXPECT_EQ(calendar.CalHeaderBackColor(), Color(0x004A5052u));
+  EXPECT_EQ(calendar.CalMouseOverColor(), Color(0x009CDFF7u));
+  EXPECT_EQ(calendar.CalSelectBackColor(), Color(0x006B7C6Du));
+  EXPECT_EQ(calendar.CalTodayBackColor(), Color(0x004A5052u));
+}
+
+TEST_F(FlatCalendarTest, ColoursAndFormatNotifyWhetherThePanelHasOpenedOrNot) {
+  const auto set_all = [this] {
+    Calendar().SetCalBackColor(Color(1));
+    Calendar().SetCalForeColor(Color(2));
+    Calendar().SetCalDisabledColor(Color(3));
+    Calendar().SetCalBorderColor(Color(4));
+    Calendar().SetCalHeaderBackColor(Color(5));
+    Calendar().SetCalMouseOverColor(Color(6));
+    Calendar().SetCalSelectBackColor(Color(7));
+    Calendar().SetCalTodayBackColor(Color(8));
+    Calendar().SetDateFormat("yyyy");
+  };
+  for (int turn = 0; turn < 2; ++turn) {
+    EXPECT_THAT(EventsOf(set_all),
+                ElementsAre("PropertyChanged(CalBackColor)", "PropertyChanged(CalForeColor)",
+                            "PropertyChanged(CalDisabledColor)", "PropertyChanged(CalBorderColor)",
+                            "PropertyChanged(CalHeaderBackColor)", "PropertyChanged(CalMouseOverColor)",
+                            "PropertyChanged(CalSelectBackColor)", "PropertyChanged(CalTodayBackColor)",
+                            "PropertyChanged(DateFormat)"));
+    Open();
+  }
+}
+
+// --- Value -------------------------------------------------------------------------------------------
+
+TEST_F(FlatCalendarTest, AnAssignmentNotifiesThenRaisesChangeOnce) {
+  EXPECT_THAT(EventsOf([this] { Calendar().SetValue(kMay31); }),
+              ElementsAre("PropertyChanged(Value)", "Change()"));
+  EXPECT_EQ(TextShown(), "5/31/2024");
+  // The same again, although the text stays.
+  EXPECT_THAT(EventsOf([this] { Calendar().SetValue(kMay31); }),
+              ElementsAre("PropertyChanged(Value)", "Change()"));
+  EXPECT_THAT(EventsOf([this] { Calendar().SetValue(Null{}); }),
+              ElementsAre("PropertyChanged(Value)", "Change()"));
+}
+
+TEST_F(FlatCalendarTest, TakesNullTheEmptyStringDatesAndTheirTexts) {
+  const struct {
+    Variant given;
+    Variant value;
+    std::string text;
+  } rows[] = {
+      {kMay31, kMay31, "2024-05-31"},        {Null{}, Null{}, ""},
+      {"5/31/2024", kMay31, "2024-05-31"},   {"", "", ""},
+      {"31 May 2024", kMay31, "2024-05-31"},
+  };
+  Calendar().SetDateFormat("yyyy-mm-dd");
+  for (const auto& row : rows) {
+    Calendar().SetValue(row.given);
+    EXPECT_EQ(Calendar().Value(), row.value) << Describe(row.given);
+    EXPECT_EQ(TextShown(), row.text) << Describe(row.given);
+  }
+}
+
+TEST_F(FlatCalendarTest, RefusesWhatIsNoDateWith13AndChangesNothing) {
+  Calendar().SetValue(kMay31);
+  EXPECT_THAT(EventsOf([this] {
+                EXPECT_EQ(ErrorOf([this] { Calendar().SetValue("abc"); }), kTypeMismatch);
+                EXPECT_EQ(ErrorOf([this] { Calendar().SetValue(12); }), kTypeMismatch);
+              }),
+              IsEmpty());
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+  EXPECT_EQ(TextShown(), "5/31/2024");
+}
+
+TEST_F(FlatCalendarTest, ANewFormatWaitsForTheNextDate) {
+  Calendar().SetValue(kMay31);
+  Calendar().SetDateFormat("yyyy");
+  EXPECT_EQ(TextShown(), "5/31/2024");
+  Calendar().SetValue(kMay31);
+  EXPECT_EQ(TextShown(), "2024");
+}
+
+TEST_F(FlatCalendarTest, AFormatIsReadBeforeTheValue) {
+  for (const Variant& value : {Variant(kMay31), Variant(Null{})}) {
+    PropertyBag saved;
+    saved.WriteProperty("Value", value, {});
+    saved.WriteProperty("DateFormat", "dd.mm.yyyy", {});
+    Load(saved);
+    EXPECT_EQ(Calendar().Value(), value);
+    EXPECT_EQ(TextShown(), value.IsNull() ? "" : "31.05.2024");
+    PropertyBag again;
+    Calendar().OnWriteProperties(again);
+    EXPECT_EQ(*again.Find("Value"), value);
+    TheForm().Remove("edt");
+  }
+}
+
+// --- Typing ------------------------------------------------------------------------------------------
+
+TEST_F(FlatCalendarTest, TypingHoldsTheTextOfADateAndNullOtherwise) {
+  Driver().Type("");
+  Calendar();
+  Driver().Type("5/31/202");
+  EXPECT_EQ(Calendar().Value(), Variant("5/31/202"));
+  EXPECT_THAT(EventsOf([this] { Driver().Type("4"); }),
+              ElementsAre("KeyDown(52, 0)", "KeyPress(52)", "Change()", "KeyUp(52, 0)"));
+  EXPECT_EQ(Calendar().Value(), Variant("5/31/2024"));
+  Driver().Type("x");
+  EXPECT_TRUE(Calendar().Value().IsNull());
+}
+
+class LeftCalendarTest : public FlatCalendarTest {
+ protected:
+  // What happens when the focus goes to the other control.
+  Journal Leave() {
+    Calendar();
+    if (!other_) other_ = &AddLoaded<FlatCalendar>("other", {}, {Twips(600), Twips(1500)});
+    return EventsOf([this] { Hosted(*other_).SetFocus(); });
+  }
+  void Return() { Hosted(Calendar()).SetFocus(); }
+
+ private:
+  FlatCalendar* other_ = nullptr;
+};
+
+TEST_F(LeftCalendarTest, LeavingTakesATypedDateOverOnce) {
+  Calendar().SetDateFormat("yyyy-mm-dd");
+  Driver().Type("5/31/2024");
+  EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+  EXPECT_EQ(TextShown(), "2024-05-31");
+  Return();
+  EXPECT_THAT(Leave(), IsEmpty());
+}
+
+TEST_F(LeftCalendarTest, AfterLeavingTheValueIsADateAlsoWithoutAFormat) {
+  Driver().Type("5/31/2024");
+  EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+}
+
+// A text has no other general form, so that of the date differs from it each time.
+TEST_F(LeftCalendarTest, ATextThatIsNotTheGeneralFormIsTakenOverAtEachLeaving) {
+  Driver().Type("May 31, 2024");
+  EXPECT_THAT(Leave(),
+              ElementsAre("PropertyChanged(Value)", "Change()", "PropertyChanged(Value)", "Change()"));
+  EXPECT_EQ(TextShown(), "May 31, 2024");
+  Return();
+  EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
+}
+
+TEST_F(LeftCalendarTest, ASpoiltDateLeavesNullAndTheTextAsTyped) {
+  Driver().Type("5/31/2024z");
+  EXPECT_THAT(Leave(), IsEmpty());
+  EXPECT_TRUE(Calendar().Value().IsNull());
+  EXPECT_EQ(TextShown(), "5/31/2024z");
+}
+
+TEST_F(LeftCalendarTest, ADateShownInAnOldFormatIsTakenOverAnew) {
+  Calendar().SetValue(kMay31);
+  Calendar().SetDateFormat("yyyy-mm-dd");
+  EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
+  EXPECT_EQ(TextShown(), "2024-05-31");
+}
+
+TEST_F(LeftCalendarTest, OpeningThePanelIsNoLeaving) {
+  Calendar().SetDateFormat("yyyy-mm-dd");
+  Driver().Type("5/31/2024");
+  EXPECT_THAT(EventsOf([this] {
+                Driver().Key(kKeyF4);
+                Driver().Key(kKeyEscape);
+              }),
+              ElementsAre("KeyUp(27, 0)"));
+  EXPECT_EQ(Calendar().Value(), Variant("5/31/2024"));
+  EXPECT_EQ(TextShown(), "5/31/2024");
+  Leave();
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+}
+
+TEST_F(LeftCalendarTest, AHandlerMayRemoveTheControlWhileItIsLeft) {
+  Driver().Type("5/31/2024");
+  Calendar().Change += [this] { TheForm().Remove("edt"); };
+  auto& other = AddLoaded<FlatCalendar>("other", {}, {Twips(600), Twips(1500)});
+  Hosted(other).SetFocus();
+  Driver().Settle();
+  EXPECT_FALSE(TheForm().Find("edt"));
+}
+
+TEST_F(LeftCalendarTest, AHandlerMayAssignAnotherValueWhileItIsLeft) {
+  Driver().Type("5/31/2024");
+  bool assigned = false;
+  Calendar().Change += [&] {
+    if (!std::exchange(assigned, true)) Calendar().SetValue(Null{});
+  };
+  Leave();
+  EXPECT_TRUE(Calendar().Value().IsNull());
+  EXPECT_EQ(TextShown(), "");
+}
+
+}  // namespace
+}  // namespace levelwidgets::testing

@@ -1,0 +1,83 @@
+// What the tests of controls around an edit box with a panel that drops down share.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <levelwidgets/frame/panel_edit_control.h>
+#include <levelwidgets/testing/desktop_fixture.h>
+
+namespace levelwidgets::testing {
+
+// Tests of a control of class T of 1800 by 315 twips, which is made when a test first needs it and has the focus.
+template <typename T>
+class PanelTest : public DesktopTest {
+ protected:
+  T& Subject() {
+    if (!subject_) Load({});
+    return *subject_;
+  }
+  T& Load(const PropertyBag& saved, TwipSize size = {Twips(1800), Twips(315)}) {
+    subject_ = &AddLoaded<T>("edt", saved, {Twips(600), Twips(600)}, size);
+    Hosted(*subject_).SetFocus();
+    Driver().Settle();
+    return *subject_;
+  }
+  bool IsOpen() { return Subject().PanelIsOpen(); }
+  void Open() {
+    Subject();
+    Driver().Key(kKeyF4);
+    Driver().Settle();
+  }
+  // Lets the open panel be looked at.
+  void Watched() { Driver().Advance(110); }
+
+  PixelRect RectOf(WindowHandle window) {
+    PixelRect rect;
+    Windows().GetWindowRect(window, rect);
+    return rect;
+  }
+  PixelRect PanelRect() { return RectOf(Subject().Panel()->hWnd()); }
+  PixelRect ControlRect() { return RectOf(Subject().hWnd()); }
+  // Of the drop button, in screen pixels.
+  PixelPoint Strip() {
+    const PixelRect rect = ControlRect();
+    return {rect.right - 6, (rect.top + rect.bottom) / 2};
+  }
+  // Of a point on the open panel, in twips of its inner area.
+  PixelPoint OnPanel(int x, int y) {
+    PixelPoint point{ToPixels(Twips(x), Tracer().Screen().TwipsPerPixelX()),
+                     ToPixels(Twips(y), Tracer().Screen().TwipsPerPixelY())};
+    Windows().ClientToScreen(Subject().Panel()->hWnd(), point);
+    return point;
+  }
+  ColorRef PixelOnPanel(int x, int y) {
+    Driver().Settle();
+    return Driver().PixelAt(OnPanel(x, y));
+  }
+  ColorRef StripPixel() {
+    const PixelRect rect = ControlRect();
+    Driver().Settle();
+    return Driver().PixelAt({rect.right - 2, rect.top + 1});
+  }
+
+  // The events and notices that `action` leads to.
+  Journal EventsOf(const std::function<void()>& action) {
+    if (!watched_) Watch(Subject());
+    watched_ = true;
+    TakeJournal();
+    action();
+    Driver().Settle();
+    Journal events = TakeJournal();
+    std::erase_if(events, [](const std::string& line) {
+      return line == "paint" || line == "capture" || line == "release capture";
+    });
+    return events;
+  }
+
+ private:
+  T* subject_ = nullptr;
+  bool watched_ = false;
+};
+
+}  // namespace levelwidgets::testing
