@@ -23,7 +23,7 @@ class Enumerator;
 
 // What a row says about its member besides what it is. Those from kPicked on are for tests with random
 // input: what looks like a fault and is required.
-enum class MemberFlags : std::uint16_t {
+enum class MemberFlags : std::uint32_t {
   kNone = 0,
   kDefault = 1 << 0,     // stands for the object itself
   kEnumerator = 1 << 1,  // what for-each asks a collection for
@@ -50,6 +50,12 @@ enum class MemberFlags : std::uint16_t {
   kHeight = 1 << 14,
   kExtent = kWidth | kHeight,
   kPlace = kLeft | kTop | kExtent,
+  // Assigned what was read from it, or loaded as it was saved, it may become another value: a text is
+  // formatted, a selection replaced.
+  kBecomesAnother = 1 << 15,
+  // The format of a text that the control converts: input may raise what the conversion raises, and the text
+  // may change each time that it is loaded.
+  kFormat = 1 << 16,
 };
 constexpr MemberFlags operator|(MemberFlags a, MemberFlags b) {
   return static_cast<MemberFlags>(static_cast<unsigned>(a) | static_cast<unsigned>(b));

@@ -9,7 +9,8 @@
 
 namespace levelwidgets::testing {
 
-// Tests of a control of class T of 1800 by 315 twips, which is made when a test first needs it and has the focus.
+// Tests of a control of class T of 1800 by 315 twips, which is made when a test first needs it and has the
+// focus.
 template <typename T>
 class PanelTest : public DesktopTest {
  protected:

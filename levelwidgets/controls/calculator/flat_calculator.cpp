@@ -57,16 +57,19 @@ const ClassInfo& FlatCalculator::Table() {
           Row::Property<&C::Enabled, &C::SetEnabled>(4, "Enabled", Always(true),
                                                      "Whether the control takes input."),
           Row::Property<&C::FormatString, &C::SetFormatString>(
-              5, "FormatString", Always(""), "Format of results and of Text; the general form when empty."),
+              5, "FormatString", Always(""), "Format of results and of Text; the general form when empty.",
+              {.flags = MemberFlags::kFormat}),
           Row::Property<&C::GetFont, &C::SetFont>(6, "Font", Always(kAmbientFont), "Font of the text."),
           Row::ReadOnly<&C::hWnd>(7, "hWnd", "Handle of the control's window."),
           Row::Property<&C::SelStart, &C::SetSelStart>(8, "SelStart", kNoDefault,
                                                        "Where the selection begins, in characters from 0."),
           Row::Property<&C::SelLength, &C::SetSelLength>(9, "SelLength", kNoDefault,
                                                          "How many characters are selected."),
-          Row::Property<&C::SelText, &C::SetSelText>(10, "SelText", kNoDefault, "The selected text."),
+          Row::Property<&C::SelText, &C::SetSelText>(10, "SelText", kNoDefault, "The selected text.",
+                                                     {.flags = MemberFlags::kBecomesAnother}),
           Row::Property<&C::Text, &C::SetText>(11, "Text", Always(""),
-                                               "The text; a number is formatted by FormatString."),
+                                               "The text; a number is formatted by FormatString.",
+                                               {.flags = MemberFlags::kBecomesAnother}),
           Row::Property<&C::DropDownBackColor, &C::SetDropDownBackColor>(
               12, "DropDownBackColor", Always(kButton.rest), "Fill of the drop button."),
           Row::Property<&C::DropDownBackColorMouseOver, &C::SetDropDownBackColorMouseOver>(

@@ -37,8 +37,9 @@ class FlatCalculatorTest : public PanelTest<FlatCalculator> {
   }
   // The text after `captions` on a keypad that opens over `text`.
   std::string After(const std::string& text, const std::string& captions) {
+    if (IsOpen()) Driver().Key(kKeyEscape);
     Calculator().SetText(text);
-    if (!IsOpen()) Open();
+    Open();
     ClickKeys(captions);
     return Calculator().Text();
   }

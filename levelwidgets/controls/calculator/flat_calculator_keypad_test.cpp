@@ -41,7 +41,7 @@ TEST_F(FlatCalculatorTest, TheKeypadHasItsSizeAndNoBorder) {
 
 TEST_F(FlatCalculatorTest, TextThatIsNoNumberBecomes0) {
   Calculator().SetText("abc");
-  EXPECT_THAT(EventsOf([this] { Open(); }), ElementsAre("Change()", "KeyUp(115, 0)"));
+  EXPECT_THAT(EventsOf([this] { Open(); }), ElementsAre("Change()"));
   EXPECT_EQ(Calculator().Text(), "0");
   EXPECT_EQ(After("abc", "+ 5 ="), "5");
 }
@@ -163,12 +163,12 @@ TEST_F(FlatCalculatorTest, CaptionsAreCentredInBoldTahomaOf12Points) {
 
 TEST_F(FlatCalculatorTest, EveryKeyCanBeClicked) {
   EXPECT_EQ(After("0", "1 2 3 4 5 6 7 8 9 0"), "1234567890");
-  EXPECT_EQ(After("0", "C 1 . 5 + 2 ="), "3.5");
+  EXPECT_EQ(After("6", "8 C 1 . . 5 + 2 ="), "3.5");
   EXPECT_EQ(After("0", "9 - 2 ="), "7");
   EXPECT_EQ(After("0", "9 * 2 ="), "18");
   EXPECT_EQ(After("0", "9 / 2 ="), "4.5");
   EXPECT_EQ(After("0", "9 +-"), "-9");
-  EXPECT_EQ(After("0", "9 +-"), "9");
+  EXPECT_EQ(After("0", "9 +- +-"), "9");
   EXPECT_EQ(After("0", "8 * 3 <- ="), "0");
 }
 
@@ -266,13 +266,14 @@ TEST_F(FlatCalculatorTest, ShiftStatesMakeNoDifferenceAndOtherKeysDoNothing) {
   Open();
   Driver().Key('5', kShiftMask);
   EXPECT_EQ(Calculator().Text(), "5");
-  EXPECT_THAT(EventsOf([this] {
-                for (const int code : {190, 187, 189, 191, int{kKeyTab}, int{kKeyLeft}, 'A', int{kKeyF4}}) {
-                  Driver().Key(code);
-                }
-                Driver().Key(kKeyDown, kAltMask);
-              }),
-              IsEmpty());
+  EXPECT_THAT(
+      EventsOf([this] {
+        for (const int code : {190, 187, 189, 191, int{kKeyTab}, int{kKeyLeft}, int{'A'}, int{kKeyF4}}) {
+          Driver().Key(code);
+        }
+        Driver().Key(kKeyDown, kAltMask);
+      }),
+      IsEmpty());
   EXPECT_TRUE(IsOpen());
   EXPECT_EQ(Calculator().Text(), "5");
   EXPECT_EQ(Windows().GetFocus(), Calculator().Panel()->hWnd());

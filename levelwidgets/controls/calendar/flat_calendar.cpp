@@ -50,12 +50,15 @@ const ClassInfo& FlatCalendar::Table() {
                                                        "Where the selection begins, in characters from 0."),
           Row::Property<&C::SelLength, &C::SetSelLength>(8, "SelLength", kNoDefault,
                                                          "How many characters are selected."),
-          Row::Property<&C::SelText, &C::SetSelText>(9, "SelText", kNoDefault, "The selected text."),
+          Row::Property<&C::SelText, &C::SetSelText>(9, "SelText", kNoDefault, "The selected text.",
+                                                     {.flags = MemberFlags::kBecomesAnother}),
           Row::Property<&C::Value, &C::SetValue>(
               10, "Value", Always(""),
-              "Null, the empty string or a date; while it is typed, the text of a date."),
+              "Null, the empty string or a date; while it is typed, the text of a date.",
+              {.flags = MemberFlags::kBecomesAnother}),
           Row::Property<&C::DateFormat, &C::SetDateFormat>(
-              11, "DateFormat", Always(""), "Format in which dates are shown; the general form when empty."),
+              11, "DateFormat", Always(""), "Format in which dates are shown; the general form when empty.",
+              {.flags = MemberFlags::kFormat}),
           Row::Property<&C::DropDownBackColor, &C::SetDropDownBackColor>(
               12, "DropDownBackColor", Always(kButton.rest), "Fill of the drop button."),
           Row::Property<&C::DropDownBackColorMouseOver, &C::SetDropDownBackColorMouseOver>(

@@ -8,7 +8,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// The desktop of the tests has a day of its own; days are counted from it.
 Variant DateOf(const std::string& text, ConversionApi& conversions) { return conversions.ToDate(text).value; }
 
 // --- Opening -----------------------------------------------------------------------------------------
@@ -137,7 +136,7 @@ TEST_F(FlatCalendarTest, TheWeekdaysAreEnglishWhateverTheLocale) {
 }
 
 TEST_F(FlatCalendarTest, TheDaysOfTheMonthStandUnderTheirWeekdays) {
-  OpenAt(kMay31);  // a Friday; the month begins on a Wednesday
+  OpenAt("5/31/2019");  // a Friday; the month begins on a Wednesday
   EXPECT_EQ(Months().Day(3).Caption(), "1");
   EXPECT_EQ(Months().Day(33).Caption(), "31");
   EXPECT_EQ(Months().Day(0).Caption(), "28");
@@ -273,17 +272,23 @@ TEST_F(FlatCalendarTest, TheShownMonthIsMarkedInAColourOfItsOwn) {
   EXPECT_EQ(Months().Month(0).BackColorMouseOver(), Color(0x004A5052));
 }
 
-TEST_F(FlatCalendarTest, ArrowsAndMonthsHoverAndTheHeaderDoesNot) {
+TEST_F(FlatCalendarTest, ArrowsAndMonthsHoverAndTheHeaderIsALink) {
   OpenAt(kMay31);
   Driver().MovePointer(OnArrow(kMoveBack));
   EXPECT_EQ(Months().Arrow(kMoveBack).BackColor(), Calendar().CalMouseOverColor());
   Driver().MovePointer(OnHead());
   EXPECT_EQ(Months().Head().BackColor(), Calendar().CalBackColor());
+  EXPECT_TRUE(Months().Head().GetFont()->Underline());
   Watched();
   EXPECT_EQ(Months().Arrow(kMoveBack).BackColor(), Calendar().CalBackColor());
+  Driver().MovePointer(OnArrow(kMoveBack));
+  Watched();
+  EXPECT_FALSE(Months().Head().GetFont()->Underline());
   ClickOn(OnHead());
   Driver().MovePointer(OnMonth(7));
   EXPECT_EQ(Months().Month(7).BackColor(), Calendar().CalMouseOverColor());
+  Driver().MovePointer(OnMonth(4));
+  EXPECT_FALSE(Months().Month(4).GetFont()->Underline());
 }
 
 TEST_F(FlatCalendarTest, TheArrowsStopAtTheEndsOfTime) {
@@ -367,7 +372,7 @@ TEST_F(FlatCalendarTest, NoKeyMovesThroughTheDays) {
 // --- Colours -----------------------------------------------------------------------------------------
 
 TEST_F(FlatCalendarTest, ColoursOfSingleDaysWaitForTheNextFill) {
-  OpenAt(kMay31);
+  OpenAt("5/31/2019");
   Calendar().SetCalSelectBackColor(Color(0x00111111));
   Calendar().SetCalDisabledColor(Color(0x00222222));
   EXPECT_EQ(Months().Day(33).BackColor(), Color(0x006B7C6D));
@@ -424,7 +429,9 @@ TEST_F(FlatCalendarTest, TheHeaderAndWhatHoversCanBeReadOnLightAndDarkMonthViews
     Calendar().SetCalBackColor(Color(row.back));
     Calendar().SetCalForeColor(Color(row.fore));
     Calendar().SetCalMouseOverColor(Color(row.over));
-    EXPECT_GE(Contrast(Concrete(Months().Head().ForeColor()), Concrete(Months().Head().BackColor())), 4.5);
+    const FlatLabel& head = Months().Head();
+    EXPECT_GE(Contrast(Concrete(head.ForeColor()), Concrete(head.BackColor())), 4.5);
+    EXPECT_GE(Contrast(Concrete(head.ForeColorMouseOver()), Concrete(head.BackColorMouseOver())), 4.5);
     for (const FlatLabel* label : {&Months().Arrow(kMoveBack), &Months().Month(3)}) {
       EXPECT_GE(Contrast(Concrete(label->ForeColorMouseOver()), Concrete(label->BackColorMouseOver())), 4.5);
       EXPECT_GE(Contrast(Concrete(label->ForeColorPushed()), Concrete(label->BackColorPushed())), 4.5);

@@ -11,6 +11,8 @@ namespace {
 constexpr PopupLook kLook{kWsPopup | kWsBorder, DetachOrder::kStyleExtendedStyleParent, true};
 constexpr Color kWhite{0x00FFFFFFu};
 constexpr Color kBlack{0x00000000u};
+constexpr Color kLightLink{0x009CDFF7u};
+constexpr Color kDarkLink{0x00804A1Cu};
 // Whatever the colours of the calendar.
 constexpr Color kShownMonthBack{0x004A5052u};
 constexpr Color kRule{0x004A5052u};
@@ -93,6 +95,8 @@ void MonthPanel::MakeMonths() {
     const MonthPlace place = MonthLabel(index);
     auto& label = flblMonth_.emplace_back(frmMonths_, "flblMonth", place.size);
     label->SetFont(PanelFont());
+    // The shown month looks the same under the pointer: nothing would take the line away again.
+    label->SetMouseUnderline(false);
     label->SetAlignment(ksxCenter);
     Put(label, place);
     label->Click += [this, index] { PickMonth(index); };
@@ -209,11 +213,11 @@ void MonthPanel::ShowBackColor() {
   lblTitle_.SetBackColor(back);
   for (TextLabel& day : lblDate_) day.SetBackColor(back);
   ForEachHovering(&MonthPanel::SetCurrentBack);
-  // The header does not hover except for its underline, and no property has the colour of its text.
+  // No property has the colours of the header's text, which is a link.
   FlatLabel& head = *flblHead_;
   const Color text = Readable(back, kWhite, kBlack);
   head.SetForeColor(text);
-  head.SetForeColorMouseOver(text);
+  head.SetForeColorMouseOver(Readable(back, kLightLink, kDarkLink));
   head.SetForeColorPushed(text);
   head.SetBackColorMouseOver(back);
   SetBack(head, back);

@@ -36,7 +36,17 @@ FontRef FontThatChanges(const Control& control) {
   return font ? ToFont(font->get(control)) : nullptr;
 }
 
+// Whether `number` is an error of conversions, and the control converts.
+bool ConversionRaises(const ClassInfo& info, std::int32_t number) {
+  const bool is_conversions = number == kInvalidCall || number == kOverflow || number == kTypeMismatch;
+  return is_conversions && FindFlagged(info, MemberFlags::kFormat) != nullptr;
+}
+
 }  // namespace
+
+bool BecomesAnother(const PropertyInfo& property) {
+  return Has(property.flags, MemberFlags::kBecomesAnother);
+}
 
 bool RefusesItsOwn(const Control& control, const PropertyInfo& property) {
   if (Has(property.flags, MemberFlags::kRefusesItsOwn)) return true;
@@ -45,6 +55,8 @@ bool RefusesItsOwn(const Control& control, const PropertyInfo& property) {
 }
 
 bool CannotLoadAgain(const Control& control) {
+  const PropertyInfo* format = FindFlagged(control.Class(), MemberFlags::kFormat);
+  if (format && !ToText(format->get(control)).empty()) return true;
   if (!HasRange(control.Class())) return false;
   const std::int32_t value = Whole(control, MemberFlags::kRangeValue);
   return value < Whole(control, MemberFlags::kRangeLow) || value > Whole(control, MemberFlags::kRangeHigh);
@@ -53,6 +65,7 @@ bool CannotLoadAgain(const Control& control) {
 bool InputMayRaise(const Error& error, const Form& form) {
   return std::ranges::any_of(form.Controls(), [&](const auto& hosted) {
     const ClassInfo& info = hosted->ControlClass();
+    if (ConversionRaises(info, error.Number())) return true;
     if (error.Number() == kSubscriptOutOfRange) return FindFlagged(info, MemberFlags::kPicked) != nullptr;
     if (!HasRange(info)) return false;
     if (error.Number() == kOverflow) return IsFarRange(*hosted->GetControl());

@@ -8,10 +8,15 @@ namespace levelwidgets::monkey {
 // Whether a control refuses to be given what it has.
 bool RefusesItsOwn(const Control& control, const PropertyInfo& property);
 
-// Whether the control refuses to load what it would save: a value that is out of its range.
+// Whether a property may be another once it has been given what it had.
+bool BecomesAnother(const PropertyInfo& property);
+
+// Whether the control refuses to load what it would save, a value that is out of its range, or would load
+// another text, one that is formatted again.
 bool CannotLoadAgain(const Control& control);
 
-// Whether input on the form may raise the error: on a control with a range, whose steps have no bounds.
+// Whether input on the form may raise the error: on a control with a range, whose steps have no bounds, and on
+// one that converts what is typed.
 bool InputMayRaise(const Error& error, const Form& form);
 
 // Whether writing the property may change how the control will look, without painting it.

@@ -31,6 +31,8 @@ std::string Difference(const ClassInfo& info, const PropertyBag& saved, const Pr
       if (was && is && *was == *is) continue;
       if (info.OnlyWritten() && entry.name == info.OnlyWritten()->name) continue;
       if (!was && ReadsOtherThanWritten(info, entry.name)) continue;
+      const PropertyInfo* property = info.FindProperty(entry.name);
+      if (property && BecomesAnother(*property)) continue;
       return entry.name + " was saved as " + Quoted(was) + " and is, loaded, " + Quoted(is);
     }
   }
@@ -100,7 +102,7 @@ std::string CheckWriteBack(const Subject& subject) {
   const auto control = hosted->GetControl();
   for (const PropertyInfo& property : control->Class().Properties()) {
     if (property.ReadOnly() || property.Indexed() || property.type.type == VariantType::kObject) continue;
-    if (RefusesItsOwn(*control, property)) continue;
+    if (RefusesItsOwn(*control, property) || BecomesAnother(property)) continue;
     const Variant before = property.get(*control);
     const CountedNotices notices(subject.form, *hosted, property);
     try {
