@@ -157,6 +157,7 @@ std::vector<Figure> MeasureFigures(const std::string& folder) {
   MeasureForm(figures, Mix::kLabelsAndButtons, plain);
   MeasureForm(figures, Mix::kWithTextBoxes, with_text_boxes);
   MeasureDropDowns(figures);
+  MeasurePanels(figures);
   MeasureStartups(figures, folder);
   return figures;
 }

@@ -36,6 +36,7 @@ Samples One(double value);
 
 // Those of the controls with panels.
 void MeasureDropDowns(std::vector<Figure>& figures);
+void MeasurePanels(std::vector<Figure>& figures);
 
 // `folder` holds the programs that are run. Memory comes first: what was freed before would be used again.
 std::vector<Figure> MeasureFigures(const std::string& folder);

@@ -23,7 +23,9 @@ PopupPanel::PopupPanel(PartHost& owner, PopupLook look, std::function<void()> le
 void PopupPanel::Detach() {
   WindowApi& windows = GetSurface().Windows();
   const WindowHandle panel = hWnd();
-  const auto set_style = [&] { windows.SetWindowLongA(panel, kGwlStyle, static_cast<std::int32_t>(look_.style)); };
+  const auto set_style = [&] {
+    windows.SetWindowLongA(panel, kGwlStyle, static_cast<std::int32_t>(look_.style));
+  };
   if (look_.order == DetachOrder::kStyleExtendedStyleParent) set_style();
   windows.SetWindowLongA(panel, kGwlExStyle, kWsExToolWindow);
   windows.SetParent(panel, {});
@@ -95,8 +97,10 @@ void PopupPanel::TurnWheel(int delta) {
 
 PixelRect MonitorArea(const PixelRect& rect, ScreenApi& screen) {
   const auto share = [&](const Monitor& monitor) {
-    const std::int64_t width = std::min(rect.right, monitor.area.right) - std::max(rect.left, monitor.area.left);
-    const std::int64_t height = std::min(rect.bottom, monitor.area.bottom) - std::max(rect.top, monitor.area.top);
+    const std::int64_t width =
+        std::min(rect.right, monitor.area.right) - std::max(rect.left, monitor.area.left);
+    const std::int64_t height =
+        std::min(rect.bottom, monitor.area.bottom) - std::max(rect.top, monitor.area.top);
     return std::max<std::int64_t>(width, 0) * std::max<std::int64_t>(height, 0);
   };
   const std::vector<Monitor> monitors = screen.Monitors();
