@@ -156,7 +156,8 @@ TEST_F(CommandLine, RenderRefusesAPictureThatIsTooLarge) {
 TEST_F(CommandLine, RenderDrawsEveryClassAtEveryResolutionInEverySize) {
   File("sizes.lua",
        "local d = lw.desktop{ dpi = tonumber(...), width = 400, height = 300 }\n"
-       "for class in ('FlatButton FlatLabel FlatScroll FlatTabStrip FlatTextBox'):gmatch('%w+') do\n"
+       "for class in ('FlatButton FlatCalculator FlatCalendar FlatDropDown FlatLabel FlatScroll FlatTabStrip "
+       "FlatTextBox'):gmatch('%w+') do\n"
        "  for _, size in ipairs{ {0, 0}, {32767, 32767} } do\n"
        "    local f = lw.form{ Width = 2000, Height = 1500 }\n"
        "    local c = f:add(class, 'c', { Width = size[1], Height = size[2] })\n"
