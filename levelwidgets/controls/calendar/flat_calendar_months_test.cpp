@@ -127,6 +127,26 @@ TEST_F(FlatCalendarTest, AMonthShowsItsDaysAndThePanelKeepsTheFocus) {
   EXPECT_TRUE(IsOpen());
 }
 
+TEST_F(FlatCalendarTest, TheViewThatIsChangedToIsSeen) {
+  Calendar().SetCalBackColor(Color(0x00E0E0E0));
+  Calendar().SetCalForeColor(Color(0x00102030));
+  OpenAt("5/31/2019");
+  const PixelPoint selected = MiddleOf(DayPlace(33), kMonthFrame.position);
+  const PixelPoint corner{selected.x - 8, selected.y - 6};
+  EXPECT_EQ(Driver().PixelAt(corner), Concrete(Calendar().CalSelectBackColor()));
+  for (int turn = 0; turn < 2; ++turn) {
+    ClickOn(OnHead());
+    const PixelPoint shown = OnMonth(4);
+    EXPECT_EQ(Driver().PixelAt({shown.x - 14, shown.y - 10}), ColorRef{0x004A5052});
+    EXPECT_EQ(PixelOnPanel(240 + 30, 360 + 240 + 30), ColorRef{0x00E0E0E0});
+    bool has_title = false;
+    for (int x = 300; x < 2100; x += 15) has_title |= PixelOnPanel(x, 360 + 105) != ColorRef{0x00E0E0E0};
+    EXPECT_TRUE(has_title);
+    ClickOn(OnHead());
+    EXPECT_EQ(Driver().PixelAt(corner), Concrete(Calendar().CalSelectBackColor()));
+  }
+}
+
 TEST_F(FlatCalendarTest, TheShownMonthIsMarkedInAColourOfItsOwn) {
   Calendar().SetCalBackColor(Color(0x00E0E0E0));
   OpenAt(kMay31);

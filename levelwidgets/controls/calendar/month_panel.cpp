@@ -168,7 +168,9 @@ void MonthPanel::FillMonths() {
     SetBack(label, month.shown ? kShownMonthBack : colors_.back);
     label.SetCaption(month.caption);
   }
-  frmMonths_.Refresh();
+  // Of the whole panel: where the days were, it is still to be painted, and nothing keeps that off the
+  // months.
+  picPopup_.Refresh();
 }
 
 // --- Colours -----------------------------------------------------------------------------------------
