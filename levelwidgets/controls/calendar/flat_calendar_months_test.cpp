@@ -127,6 +127,14 @@ TEST_F(FlatCalendarTest, AMonthShowsItsDaysAndThePanelKeepsTheFocus) {
   EXPECT_TRUE(IsOpen());
 }
 
+TEST_F(FlatCalendarTest, AMonthGivesTheFocusBackToThePanel) {
+  OpenAt(kMay31);
+  ClickOn(OnHead());
+  const auto calls = CallsNamed({"SetFocus"}, [this] { ClickOn(OnMonth(11)); });
+  ASSERT_EQ(calls.size(), 1u);
+  EXPECT_EQ(calls[0].ToString(), "SetFocus(" + std::to_string(Calendar().Panel()->hWnd().value) + ")");
+}
+
 TEST_F(FlatCalendarTest, TheViewThatIsChangedToIsSeen) {
   Calendar().SetCalBackColor(Color(0x00E0E0E0));
   Calendar().SetCalForeColor(Color(0x00102030));

@@ -202,6 +202,17 @@ TEST_F(LeftCalendarTest, OpeningThePanelIsNoLeaving) {
   EXPECT_EQ(Calendar().Value(), Variant(kMay31));
 }
 
+// Read again, the text would be the 4th of May.
+TEST_F(LeftCalendarTest, ADateThatReplacesWhatWasTypedIsNotReadAgain) {
+  Calendar().SetDateFormat("dd/mm/yyyy");
+  Driver().Type("5/31/2024");
+  const Date april5{45387};
+  Calendar().SetValue(april5);
+  ASSERT_EQ(TextShown(), "05/04/2024");
+  EXPECT_THAT(Leave(), IsEmpty());
+  EXPECT_EQ(Calendar().Value(), Variant(april5));
+}
+
 TEST_F(LeftCalendarTest, AHandlerMayRemoveTheControlWhileItIsLeft) {
   Driver().Type("5/31/2024");
   Calendar().Change += [this] { TheForm().Remove("edt"); };
