@@ -7,9 +7,13 @@ local blues = {
   ButtonColor = 0x00EADFD2, ButtonColorMouseOver = 0x00FFFFFF, ButtonColorPushed = 0x00D0BCA4,
   ScrollBackColor = 0x00FAF4EE, ScrollButtonColor = 0x00EADFD2, ScrollMouseOverColor = 0x00FFFFFF, ScrollPushedColor = 0x00D0BCA4,
   DropDownBackColor = 0x00EADFD2, DropDownBackColorMouseOver = 0x00F6EEE6, DropDownBackColorPushed = 0x00D0BCA4,
+  CalcBackColor = 0x00F6EEE6, CalcBorderColor = 0x00A0602C, CalcForeColor = 0x00602000, CalcDigitColor = 0x00FFFFFF,
+  CalcFunctionColor = 0x00EADFD2, CalcClearColor = 0x00E8CDB0,
+  CalBackColor = 0x00FFFFFF, CalForeColor = 0x00303030, CalDisabledColor = 0x00A0A0A0, CalBorderColor = 0x00D0BCA4,
+  CalHeaderBackColor = 0x00EADFD2, CalMouseOverColor = 0x00F6EEE6, CalSelectBackColor = 0x00E8CDB0, CalTodayBackColor = 0x00B0E0F0,
   TabColor = 0x00FFFFFF, InactiveTabColor = 0x00EADFD2, BorderColor = 0x00A89070,
 }
-local fields = { txt = true, scr = true, cbo = true }
+local fields = { txt = true, scr = true, cbo = true, calc = true, cal = true }
 local frames = 0x00A08868
 
 if not sheet.is_dark() then
@@ -19,7 +23,7 @@ if not sheet.is_dark() then
       if control.Name ~= "cmdSave" then pcall(function() control[name] = color end) end
     end
     if fields[kind] then control.BackColor = 0x00FAF4EE end
-    if kind == "txt" or kind == "cbo" then control.ForeColor = 0x00202020 end
+    if fields[kind] and kind ~= "scr" then control.ForeColor = 0x00202020 end
     if kind == "tab" then control.BackColor, control.ForeColor = form.BackColor, 0x00404040 end
   end
 end
@@ -28,7 +32,7 @@ end
 local text, link = 0x00404040, 0x00A0602C
 if sheet.is_dark() then
   text, link, frames = 0x80000012, 0x8000001A, 0x80000006
-  for _, box in ipairs{ txtCustomer, txtAmount, cboUnit, txtNotes } do box.BackColor = 0x8000000F end
+  for _, box in ipairs{ txtCustomer, calcAmount, calDelivery, cboUnit, txtNotes } do box.BackColor = 0x8000000F end
   -- The frame of the default button, in its ForeColor, is seen on the form as well.
   cmdSave.BackColor, cmdSave.BackColorMouseOver, cmdSave.BackColorPushed = 0x00804A1C, 0x00A0602C, 0x00603410
   cmdSave.ForeColor = 0x80000012

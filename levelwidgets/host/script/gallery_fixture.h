@@ -87,6 +87,12 @@ class ShownSheet {
     const ClassInfo& table = At(name).ControlClass();
     const PropertyInfo* property = table.FindProperty("Text");
     if (!property) property = table.FindProperty("Caption");
+    if (!property) {
+      // An edit box whose value is no text: what it shows is selected and replaced.
+      table.FindProperty("SelStart")->set(control, std::int16_t{0});
+      table.FindProperty("SelLength")->set(control, std::int16_t{99});
+      property = table.FindProperty("SelText");
+    }
     property->set(control, text);
   }
 

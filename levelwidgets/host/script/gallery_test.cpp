@@ -63,7 +63,7 @@ class Overview : public testing::TestWithParam<std::string_view> {};
 TEST_P(Overview, HasTheTextsOfARowOnOneLine) {
   ShownSheet overview("overview", GetParam());
   const std::vector<std::vector<std::string>> rows{
-      {"lblCustomer", "txtCustomer", "lnkHistory"}, {"lblAmount", "txtAmount"},
+      {"lblCustomer", "txtCustomer", "lnkHistory"}, {"lblAmount", "calcAmount", "lblDelivery", "calDelivery"},
       {"lblPieces", "lblCount", "cboUnit"},         {"lblNotes", "txtNotes"},
       {"lblState", "cmdConfirm", "cmdInvoice"},     {"cmdSave", "cmdCancel"}};
   for (const auto& row : rows) {
