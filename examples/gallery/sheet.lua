@@ -14,6 +14,8 @@ local of_the_desktop = {
   { "TabColor", system.window }, { "InactiveTabColor", system.face }, { "BorderColor", system.window_frame },
   { "ScrollBackColor", system.scroll_bar }, { "ScrollButtonColor", system.face },
   { "ScrollMouseOverColor", system.highlight }, { "ScrollPushedColor", system.face },
+  { "CalcBackColor", system.window }, { "CalcBorderColor", system.window_frame }, { "CalcForeColor", system.text },
+  { "CalcDigitColor", system.face }, { "CalcFunctionColor", system.dark }, { "CalcClearColor", system.window },
 }
 
 -- The extents of labels and of bars would not be seen in the colour of the form. By a property that only they have:
