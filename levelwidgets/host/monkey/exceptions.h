@@ -15,8 +15,8 @@ bool BecomesAnother(const PropertyInfo& property);
 // another text, one that is formatted again.
 bool CannotLoadAgain(const Control& control);
 
-// Whether input on the form may raise the error: on a control with a range, whose steps have no bounds, and on
-// one that converts what is typed.
+// Whether input on the form may raise the error: on a control with a range, whose steps have no bounds, and
+// on one that converts what is typed.
 bool InputMayRaise(const Error& error, const Form& form);
 
 // Whether writing the property may change how the control will look, without painting it.
