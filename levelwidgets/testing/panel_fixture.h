@@ -62,6 +62,15 @@ class PanelTest : public DesktopTest {
     return Driver().PixelAt({rect.right - 2, rect.top + 1});
   }
 
+  // A click that makes no double click with the one before.
+  void ClickApart(PixelPoint at) {
+    constexpr std::uint32_t kDoubleClickIsOver = 600;
+    if (at == clicked_) Driver().Advance(kDoubleClickIsOver);
+    clicked_ = at;
+    Driver().Click(at);
+    Driver().Settle();
+  }
+
   // The events and notices that `action` leads to.
   Journal EventsOf(const std::function<void()>& action) {
     if (!watched_) Watch(Subject());
@@ -79,6 +88,7 @@ class PanelTest : public DesktopTest {
  private:
   T* subject_ = nullptr;
   bool watched_ = false;
+  PixelPoint clicked_{-1, -1};
 };
 
 }  // namespace levelwidgets::testing

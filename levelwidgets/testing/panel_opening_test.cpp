@@ -34,7 +34,7 @@ TYPED_TEST(PanelOpening, ASecondPressOnTheStripClosesThePanel) {
   this->Subject();
   this->Driver().Click(this->Strip());
   ASSERT_TRUE(this->IsOpen());
-  this->Driver().Advance(1000);  // no double click
+  this->Driver().Advance(600);  // no double click
   this->Driver().Click(this->Strip());
   EXPECT_FALSE(this->IsOpen());
 }

@@ -29,11 +29,7 @@ class FlatCalculatorTest : public PanelTest<FlatCalculator> {
   // Clicks keys, blanks between their captions, each for itself.
   void ClickKeys(const std::string& captions) {
     std::istringstream words(captions);
-    for (std::string caption; words >> caption;) {
-      Driver().Advance(1000);  // no double click
-      Driver().Click(OnKey(caption));
-    }
-    Driver().Settle();
+    for (std::string caption; words >> caption;) ClickApart(OnKey(caption));
   }
   // The text after `captions` on a keypad that opens over `text`.
   std::string After(const std::string& text, const std::string& captions) {

@@ -219,7 +219,7 @@ TEST_F(FlatCalculatorTest, ASecondPressOnTheDropButtonRaisesCalcUpOnce) {
   Subject();
   Driver().Click(Strip());
   ASSERT_TRUE(IsOpen());
-  Driver().Advance(1000);
+  Driver().Advance(600);
   EXPECT_THAT(EventsOf([this] { Driver().Click(Strip()); }), ElementsAre("CalcUp()"));
   EXPECT_FALSE(IsOpen());
 }
@@ -252,7 +252,7 @@ TEST_F(FlatCalculatorTest, APressOnTheBackgroundClosesItOutsideTheSizeOfTheContr
     EXPECT_EQ(IsOpen(), !row.closes) << row.x << " " << row.y;
     Driver().Release(kLeftButton);
     if (IsOpen()) Driver().Key(kKeyEscape);
-    Driver().Advance(1000);
+    Driver().Advance(600);
   }
 }
 
@@ -262,7 +262,7 @@ TEST_F(FlatCalculatorTest, ThePressBelowALowControlCloses) {
   Driver().Press(kLeftButton);
   EXPECT_TRUE(IsOpen());
   Driver().Release(kLeftButton);
-  Driver().Advance(1000);
+  Driver().Advance(600);
   Driver().MovePointer(OnPanel(30, 330));
   Driver().Press(kLeftButton);
   EXPECT_FALSE(IsOpen());

@@ -29,11 +29,7 @@ class FlatCalendarTest : public PanelTest<FlatCalendar> {
   PixelPoint OnHead() { return MiddleOf(kMonthHead); }
   PixelPoint OnDay(int cell) { return MiddleOf(DayPlace(cell), kMonthFrame.position); }
   PixelPoint OnMonth(int index) { return MiddleOf(MonthLabel(index), kMonthFrame.position); }
-  void ClickOn(PixelPoint at) {
-    Driver().Advance(1000);  // no double click
-    Driver().Click(at);
-    Driver().Settle();
-  }
+  void ClickOn(PixelPoint at) { ClickApart(at); }
   std::string Header() { return Months().Head().Caption(); }
 };
 

@@ -93,7 +93,7 @@ TEST_F(FlatCalendarTest, TheArrowsStepMonthsAndADoubleClickSteps) {
   EXPECT_EQ(Header(), "J A N   2 0 2 5 ");
   ClickOn(OnArrow(kMoveBack));
   EXPECT_EQ(Header(), "D E C   2 0 2 4 ");
-  Driver().Advance(1000);
+  Driver().Advance(600);
   Driver().DoubleClick(OnArrow(kMoveBack));
   EXPECT_EQ(Header(), "O C T   2 0 2 4 ");
 }
@@ -106,7 +106,7 @@ TEST_F(FlatCalendarTest, TheHeaderChangesTheViewAndTheArrowsStepYearsThere) {
   EXPECT_TRUE(Months().MonthsFrame().Visible());
   ClickOn(OnArrow(kMoveForward));
   EXPECT_EQ(Header(), "2 0 2 5 ");
-  Driver().Advance(1000);
+  Driver().Advance(600);
   Driver().DoubleClick(OnArrow(kMoveBack));
   EXPECT_EQ(Header(), "2 0 2 3 ");
   ClickOn(OnHead());
