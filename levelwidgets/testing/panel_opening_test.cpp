@@ -229,6 +229,13 @@ TYPED_TEST(PanelOpening, AFormThatMovesOrIsHiddenClosesThePanel) {
   EXPECT_FALSE(this->IsOpen());
 }
 
+TYPED_TEST(PanelOpening, AFormThatIsMinimisedClosesThePanel) {
+  this->Open();
+  this->Driver().SystemCommand(this->TheForm().hWnd(), kScMinimize);
+  this->Watched();
+  EXPECT_FALSE(this->IsOpen());
+}
+
 TYPED_TEST(PanelOpening, AControlThatIsHiddenOrDisabledClosesItsPanel) {
   this->Open();
   this->Hosted(this->Subject()).SetVisible(false);

@@ -261,6 +261,18 @@ TEST_F(FlatCalendarTest, EscapeChangesNothingAndRaisesNoEventOfItsOwn) {
   EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(FlatCalendarTest, TheTabKeyGoesOnFromTheOpenPanelWhichCloses) {
+  Calendar();
+  auto& other = AddLoaded<FlatCalendar>("other", {}, {Twips(600), Twips(1500)});
+  Driver().Type("5/31/2024");
+  Open();
+  Driver().Key(kKeyTab);
+  Watched();
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Windows().GetFocus(), other.ActiveEdit().hWnd());
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+}
+
 TEST_F(FlatCalendarTest, NoKeyMovesThroughTheDays) {
   OpenAt(kMay31);
   for (const int code : {37, 38, 39, 40, 33, 34, 35, 36, int{kKeyEnter}, int{kKeyF4}}) Driver().Key(code);
