@@ -144,10 +144,16 @@ void PanelEditControl::EndInput() {
 
 // --- Panel -------------------------------------------------------------------------------------------
 
+// A hidden control still has the pointer that it has captured.
+bool PanelEditControl::CanOpen() const {
+  return GetSurface().Windows().IsWindowVisible(GetSurface().hWnd()) && Enabled();
+}
+
 void PanelEditControl::ShowPanel() {
+  if (!CanOpen()) return;
   const auto keep = Reference();
   PopupPanel& panel = PreparePanel();
-  if (!hWnd() || !Enabled()) return;  // a listener did that
+  if (!CanOpen()) return;  // a listener has seen to that
   panel.Detach();
   const PixelRect& owner = panel.TakeOwnerRect();
   const PixelRect area = MonitorArea(owner, GetSurface().GetPlatform().Screen());

@@ -84,6 +84,7 @@ class PanelEditControl : public EditControl {
   TextBox& Edit() { return txtMain_; }
 
  private:
+  bool CanOpen() const;
   void ShowFill(Color fill);
   void AfterPanel(bool takes_focus);
   // What a control that takes no input any more has begun.

@@ -115,6 +115,16 @@ TYPED_TEST(PanelOpening, NothingOpensOfADisabledControl) {
   EXPECT_FALSE(this->IsOpen());
 }
 
+// It still has the pointer captured.
+TYPED_TEST(PanelOpening, NothingOpensOfAControlThatIsHiddenUnderThePointer) {
+  this->Subject();
+  this->Driver().MovePointer(this->Strip());
+  this->Hosted(this->Subject()).SetVisible(false);
+  this->Driver().Press(kLeftButton);
+  this->Driver().Release(kLeftButton);
+  EXPECT_FALSE(this->IsOpen());
+}
+
 // --- Keys --------------------------------------------------------------------------------------------
 
 TYPED_TEST(PanelOpening, TheDefaultAndTheCancelButtonGetNoKeyOfAnOpenPanel) {

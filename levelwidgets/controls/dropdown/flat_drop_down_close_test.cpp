@@ -6,6 +6,15 @@ namespace {
 
 using ::testing::ElementsAre;
 
+TEST_F(FlatDropDownTest, NothingOpensOfAControlThatIsHiddenUnderThePointer) {
+  Make(3);
+  Driver().MovePointer(Strip());
+  Hosted(Drop()).SetVisible(false);
+  Driver().Press(kLeftButton);
+  Driver().Release(kLeftButton);
+  EXPECT_FALSE(IsOpen());
+}
+
 TEST_F(FlatDropDownTest, ClosingEndsTheWatchThenHidesThePanelAndReturnsTheFocus) {
   Make(3);
   Open();

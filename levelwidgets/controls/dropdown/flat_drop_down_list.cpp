@@ -32,6 +32,8 @@ void FlatDropDown::SyncListScroll() {
 
 void FlatDropDown::ShowList() {
   if (items_.empty()) return;
+  // A hidden control still has the pointer that it has captured.
+  if (!GetSurface().Windows().IsWindowVisible(hWnd())) return;
   const auto keep = Reference();
   picPopup_.Detach();
   picPopup_.SetFont(txtMain_.GetFont());
