@@ -260,17 +260,22 @@ TEST_F(ScriptHostTest, HandlersThatNoEventCallsAreReportedWithTheNameThatWasMean
        "function other_Click() end function cmdSvae_helper() end\n"
        "function frmOdrer_Load() end\n"
        "function cmdSvae_GotFocus() end\n"
-       "cmdSave_Clik = print");
+       "cmdSave_Clik = print\n"
+       "function txt_note_Chnage() end\n"
+       "function txt_nota_Change() end");
   host_->LoadForm(File("order.form.toml",
                        "[form]\nName = \"frmOrder\"\nScript = \"order.lua\"\n\n"
-                       "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n"));
+                       "[[control]]\nClass = \"FlatButton\"\nName = \"cmdSave\"\n\n"
+                       "[[control]]\nClass = \"FlatTextBox\"\nName = \"txt_note\"\n"));
   std::string expected;
   for (const auto& [line, name, meant] : {std::tuple{3, "cmdSave_GotFocsu", "cmdSave_GotFocus"},
                                           {1, "cmdSvae_Click", "cmdSave_Click"},
                                           {9, "cmdSvae_GotFocus", "cmdSave_GotFocus"},
                                           {2, "form_Lod", "form_Load"},
                                           {8, "frmOdrer_Load", "frmOrder_Load"},
-                                          {5, "frmOrder_Rezise", "frmOrder_Resize"}}) {
+                                          {5, "frmOrder_Rezise", "frmOrder_Resize"},
+                                          {12, "txt_nota_Change", "txt_note_Change"},
+                                          {11, "txt_note_Chnage", "txt_note_Change"}}) {
     expected += "order.lua:" + std::to_string(line) + ": warning: no event calls " + name +
                 "; did you mean \"" + meant + "\"?\n";
   }
