@@ -1,5 +1,6 @@
 // FlatDropDown: opening its list, keys and the pointer.
 #include <levelwidgets/controls/dropdown/flat_drop_down_fixture.h>
+#include <levelwidgets/testing/error_of.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -271,6 +272,43 @@ TEST_F(FlatDropDownTest, ThePointerHighlightsAndAPressTakesTheRow) {
   Driver().Press(kLeftButton);
   EXPECT_EQ(Drop().Text(), "3");
   EXPECT_FALSE(IsOpen());
+  Driver().Release(kLeftButton);
+}
+
+TEST_F(FlatDropDownTest, APressOnTheFirstPixelsOfThePanelTakesNothingAndCloses) {
+  Make(3);
+  for (const PixelPoint inside : {PixelPoint{0, 5}, PixelPoint{5, 0}}) {
+    Open();
+    const PixelPoint at{PanelRect().left + 1 + inside.x, PanelRect().top + 1 + inside.y};
+    Driver().MovePointer(at);
+    EXPECT_EQ(Drop().ListIndex(), 1);
+    Driver().Press(kLeftButton);
+    Driver().Release(kLeftButton);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Drop().Text(), "");
+  }
+}
+
+TEST_F(FlatDropDownTest, APressWithNothingHighlightedClosesTheListAndFailsInTheLookUp) {
+  Make(3);
+  Drop().SetText("kept");
+  Open();
+  Driver().MovePointer(Row(1));
+  Drop().SetListIndex(0);
+  EXPECT_EQ(ErrorOf([&] { Driver().Press(kLeftButton); }), kSubscriptOutOfRange);
+  Driver().Release(kLeftButton);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Drop().Text(), "kept");
+}
+
+TEST_F(FlatDropDownTest, WithoutAnEditBoxThePointerIsCapturedOverTheTextToo) {
+  Make(3);
+  Drop().SetStyle(1);
+  Driver().MovePointer({ControlRect().left + 10, ControlRect().top + 5});
+  EXPECT_EQ(Windows().GetCapture(), Drop().hWnd());
+  EXPECT_EQ(StripColor(), Concrete(Drop().DropDownBackColor()));
+  Driver().Press(kLeftButton);
+  EXPECT_TRUE(IsOpen());
   Driver().Release(kLeftButton);
 }
 

@@ -193,6 +193,7 @@ TEST_F(FlatDropDownTest, PlacesInTheListAreLoadedAsTheyWereSaved) {
   bag.WriteProperty("ListIndex", std::int16_t{-5}, {});
   const FlatDropDown& drop = Make(0, bag);
   EXPECT_EQ(drop.ListIndex(), -5);
+  EXPECT_EQ(drop.TopIndex(), 7);
 }
 
 // --- Style ---------------------------------------------------------------------------------------------

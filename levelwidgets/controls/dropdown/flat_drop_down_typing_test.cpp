@@ -58,6 +58,25 @@ TEST_F(FlatDropDownTest, TypingTakesTheHighlightAwayWithoutANotice) {
   EXPECT_EQ(Drop().TopIndex(), 1);
 }
 
+TEST_F(FlatDropDownTest, CharactersForTheTextBelongToTheListWhileItIsOpen) {
+  Make(20);
+  Drop().SetText("kept");
+  Open();
+  for (const int character : {int{'a'}, int{kKeyBackspace}}) {
+    Drop().SetListIndex(12);
+    const std::string code = std::to_string(character);
+    EXPECT_THAT(EventsOf([&] {
+                  Windows().SendMessageA(Drop().ActiveEdit().hWnd(), kWmChar, static_cast<WParam>(character),
+                                         0);
+                }),
+                ElementsAre("KeyPress(" + code + ")", "PropertyChanged(TopIndex)", "KeyPress(0)"));
+    EXPECT_EQ(Drop().ListIndex(), 0);
+    EXPECT_EQ(Drop().TopIndex(), 1);
+    EXPECT_EQ(Drop().Text(), "kept");
+  }
+  EXPECT_TRUE(IsOpen());
+}
+
 TEST_F(FlatDropDownTest, AListenerMayChangeOrSwallowACharacter) {
   Make(0);
   int raised = 0;
