@@ -182,6 +182,41 @@ TEST_F(ShowCommand, KeysMoveTheFocusAndAccessKeysPressButtons) {
   EXPECT_TRUE(Shows(kAfter));
 }
 
+// The list goes over the form's lower edge. Another window that is clicked closes it.
+TEST_F(ShowCommand, AListDropsDownInAWindowOfItsOwnUntilARowOrAnotherWindowIsClicked) {
+  constexpr ColorRef kStrip{0x00445566};
+  constexpr ColorRef kAnother{0x00556644};
+  constexpr ColorRef kHighlighted{0x00D77800};  // of the palette
+  Show(
+      "local cbo = form:add('FlatDropDown', 'cbo', { Left=300, Top=2600, Width=1800, Height=315,\n"
+      "  DropDownBackColor=0x00445566, DropDownBackColorMouseOver=0x00445566 })\n"
+      "for i = 1, 5 do cbo:AddItem('Item ' .. i) end\n"
+      "cbo:on('Change', function() state(cbo.Text == 'Item 4' and kAfter or kLast) end)\n"
+      "form.Left, form.Top = 600, 600\n"
+      "local other = lw.form{ Name='frmOther', Caption='Other', Width=1500, Height=1500, "
+      "BackColor=0x00556644,\n"
+      "  Left=7500, Top=600 }\n"
+      "function form_Load() other:show() form:show() end");
+  const PixelRect form = Screen().Find(kForm);
+  const PixelRect strip = Screen().WaitFor(kStrip);
+  ASSERT_FALSE(strip.empty()) << Errors();
+  ASSERT_FALSE(Screen().WaitFor(kAnother).empty()) << Errors();
+  const std::string fourth_row =
+      std::to_string(strip.left - 40) + " " + std::to_string(strip.bottom + 3 * 13 + 8);
+  Click(strip);
+  Screen().Do("mousemove " + fourth_row);
+  EXPECT_GT(Screen().WaitFor(kHighlighted).bottom, form.bottom);
+  Screen().Do("click 1");
+  EXPECT_TRUE(Shows(kAfter)) << Errors();
+  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
+
+  Screen().Do("key F4");
+  EXPECT_TRUE(Shows(kHighlighted));
+  Click(Screen().Find(kAnother));
+  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
+  EXPECT_EQ(Errors(), "");
+}
+
 // Outside, the bar goes back to the value before the drag.
 TEST_F(ShowCommand, ADragGoesOnOutsideTheWindow) {
   Show(
