@@ -269,6 +269,17 @@ TEST_F(FlatCalculatorTest, ThePressBelowALowControlCloses) {
   Driver().Release(kLeftButton);
 }
 
+TEST_F(FlatCalculatorTest, AHiddenControlWhoseKeypadIsPressedBeforeItClosesGetsNoFocus) {
+  AddLoaded<FlatCalculator>("other", {}, {Twips(600), Twips(1500)});
+  Open();
+  Hosted(Calculator()).SetVisible(false);
+  Driver().MovePointer(OnPanel(30, 2250));
+  Driver().Press(kLeftButton);
+  EXPECT_FALSE(IsOpen());
+  Driver().Release(kLeftButton);
+  EXPECT_FALSE(Calculator().Holds(Windows().GetFocus()));
+}
+
 TEST_F(FlatCalculatorTest, OtherButtonsOnTheBackgroundDoNotClose) {
   Open();
   Driver().MovePointer(OnPanel(30, 2250));

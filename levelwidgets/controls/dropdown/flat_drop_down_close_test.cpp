@@ -15,6 +15,18 @@ TEST_F(FlatDropDownTest, NothingOpensOfAControlThatIsHiddenUnderThePointer) {
   EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(FlatDropDownTest, AHiddenControlWhoseRowIsPressedBeforeTheListClosesGetsNoFocus) {
+  Make(3);
+  AddNew<FlatButton>("other", {Twips(600), Twips(1500)});
+  Open();
+  Hosted(Drop()).SetVisible(false);
+  Driver().MovePointer(Row(1));
+  Driver().Press(kLeftButton);
+  EXPECT_FALSE(IsOpen());
+  Driver().Release(kLeftButton);
+  EXPECT_FALSE(Drop().Holds(Windows().GetFocus()));
+}
+
 TEST_F(FlatDropDownTest, ClosingEndsTheWatchThenHidesThePanelAndReturnsTheFocus) {
   Make(3);
   Open();

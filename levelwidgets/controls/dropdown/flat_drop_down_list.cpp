@@ -55,7 +55,8 @@ void FlatDropDown::HideList() {
   const auto keep = Reference();
   const bool returns_focus = picPopup_.Close();
   ShowFill(button_.colors.rest);
-  if (returns_focus && HasEdit()) txtMain_.SetFocus();
+  const bool is_seen = GetSurface().Windows().IsWindowVisible(hWnd());
+  if (returns_focus && is_seen && HasEdit()) txtMain_.SetFocus();
 }
 
 // Raises 9 when nothing is highlighted.

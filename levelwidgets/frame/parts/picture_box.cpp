@@ -58,7 +58,8 @@ void PictureBox::SetVisible(bool visible) {
   // Before it is hidden: otherwise the focus of a window on the desktop would go round by the form, and the
   // control would be left.
   WindowApi& windows = GetSurface().Windows();
-  if (!visible && Holds(windows.GetFocus())) windows.SetFocus(owner_.GetSurface().hWnd());
+  const WindowHandle owner = owner_.GetSurface().hWnd();
+  if (!visible && Holds(windows.GetFocus()) && windows.IsWindowVisible(owner)) windows.SetFocus(owner);
   GetSurface().SetVisible(visible);
 }
 

@@ -47,7 +47,7 @@ class PictureBox : public SurfaceWindow,
   bool Border() const { return border_; }
   void SetBorder(bool border);
   bool Visible() const { return visible_; }
-  // Hiding the panel gives the focus, when it is inside, to the owner.
+  // Hiding the panel gives the focus, when it is inside, to the owner unless that is hidden.
   void SetVisible(bool visible);
   // Whether a press on the panel gives it the focus; at first it does not.
   bool FocusByPress() const override { return focus_by_press_; }
