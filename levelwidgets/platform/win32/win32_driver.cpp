@@ -37,9 +37,14 @@ bool IsOfThisProgram(HWND hwnd) {
 }
 
 std::string TitleOf(HWND hwnd) {
-  std::wstring title(static_cast<std::size_t>(::GetWindowTextLengthW(hwnd)) + 1, L'\0');
-  title.resize(
-      static_cast<std::size_t>(::GetWindowTextW(hwnd, title.data(), static_cast<int>(title.size()))));
+  // Asking its procedure for the title would be one more message of the window.
+  std::wstring title(256, L'\0');
+  int length = ::InternalGetWindowText(hwnd, title.data(), static_cast<int>(title.size()));
+  while (length + 1 == std::ssize(title)) {  // maybe cut
+    title.resize(2 * title.size());
+    length = ::InternalGetWindowText(hwnd, title.data(), static_cast<int>(title.size()));
+  }
+  title.resize(static_cast<std::size_t>(length));
   return FromWide(title);
 }
 
