@@ -100,7 +100,7 @@ TEST_P(FlatDropDownInterferenceTest, LeavesTheControlWholeOrGone) {
     until_ = nth;
     UseEverything();
     Driver().Advance(300);
-    if (until_ > 0) break;  // there are no more
+    if (until_ > 0) break;  // the event came less often than that
     ++times;
     EXPECT_TRUE(GetParam().deed == Deed::kRaise || !IsThere());
     if (!TheForm().Closed()) TheForm().Close();

@@ -18,8 +18,8 @@ std::int16_t HighlightFor(std::int32_t wanted, std::int32_t count);
 // one row below the last one shown does not scroll yet: the next step then scrolls by two.
 std::optional<std::int16_t> FirstRowFor(std::int16_t highlighted, std::int16_t first_row);
 
-// The item that a key highlights in the open list; nothing when it is none of the keys that move the
-// highlight, or has nowhere to move it. Home takes the highlight away.
+// The item that a key highlights in the open list; nothing when the key does not move the highlight, or
+// cannot move it further. Home takes the highlight away.
 std::optional<std::int32_t> HighlightAfterKey(std::int16_t key, std::int16_t highlighted, std::int32_t count);
 
 // The item that the pointer at `at` highlights, on a panel of `size` twips with rows of `row_height` twips,

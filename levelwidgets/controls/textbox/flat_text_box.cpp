@@ -1,7 +1,5 @@
 #include <levelwidgets/controls/textbox/flat_text_box.h>
 
-#include <utility>
-
 namespace levelwidgets {
 
 namespace {
@@ -71,6 +69,7 @@ FlatTextBox::FlatTextBox(std::shared_ptr<ControlSite> site)
     : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
       bar_colors_{kScrollBackColor, kScrollButtonColor, kScrollMouseOverColor, kScrollPushedColor} {
   Relay(txtSingle_);
+  Relay(txtMulti_);
 }
 
 void FlatTextBox::OnInitialize() {
@@ -97,7 +96,6 @@ void FlatTextBox::SetMultiLine(bool multi_line) {
 
 void FlatTextBox::ShowMode() {
   txt_ = multi_line_ ? &txtMulti_ : &txtSingle_;
-  if (multi_line_ && !std::exchange(relays_multi_, true)) Relay(txtMulti_);
   if (multi_line_ && !scrV_ && hWnd()) MakeBar();
   txtSingle_.SetVisible(!multi_line_);
   txtMulti_.SetVisible(multi_line_);

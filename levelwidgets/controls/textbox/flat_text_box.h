@@ -123,7 +123,6 @@ class FlatTextBox : public EditControl {
   std::optional<ChildControl<FlatScroll>> scrV_;
   BarColors bar_colors_;
   bool multi_line_ = false;
-  bool relays_multi_ = false;  // the events of txtMulti_ are the control's from its first choice on
   std::optional<Subclass> subclass_;
 };
 

@@ -101,4 +101,19 @@ class ShownSheet {
   std::shared_ptr<Form> form_;
 };
 
+// For suites of tests whose parameter is a palette.
+inline auto EveryPalette() {
+  return testing::ValuesIn(memory::PaletteNames().begin(), memory::PaletteNames().end());
+}
+
+// A palette as a part of a test's name.
+struct NameOfPalette {
+  template <typename Info>
+  std::string operator()(const Info& palette) const {
+    std::string name(palette.param);
+    std::erase(name, '-');
+    return name;
+  }
+};
+
 }  // namespace levelwidgets

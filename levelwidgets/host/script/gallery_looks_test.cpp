@@ -96,13 +96,7 @@ TEST_P(GalleryLooks, ALabelWithoutColorsForThePointerHidesItsTextUnderIt) {
   EXPECT_EQ(sheet.ContrastOfText("lblDefaults", ground), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Palettes, GalleryLooks,
-                         testing::ValuesIn(memory::PaletteNames().begin(), memory::PaletteNames().end()),
-                         [](const auto& palette) {
-                           std::string name(palette.param);
-                           std::erase(name, '-');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Palettes, GalleryLooks, EveryPalette(), NameOfPalette());
 
 }  // namespace
 }  // namespace levelwidgets

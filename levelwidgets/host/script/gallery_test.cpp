@@ -86,13 +86,7 @@ TEST_P(Overview, ShowsTheFrameOfItsDefaultButton) {
   EXPECT_GE(Contrast(outer, face), 4.5) << "which is also that of the caption";
 }
 
-INSTANTIATE_TEST_SUITE_P(Palettes, Overview,
-                         testing::ValuesIn(memory::PaletteNames().begin(), memory::PaletteNames().end()),
-                         [](const auto& palette) {
-                           std::string name(palette.param);
-                           std::erase(name, '-');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Palettes, Overview, EveryPalette(), NameOfPalette());
 
 }  // namespace
 }  // namespace levelwidgets

@@ -82,7 +82,7 @@ TEST(CodePageTest, SecondBytesReachFrom40ToFE) {
 TEST(CodePageTest, ACharacterWithSeveralCodesHasTheFirst) {
   EXPECT_EQ(CodePage(932).ToUtf8("\x81\xBE\x87\x9C"), "\u222A\u222A");
   EXPECT_EQ(CodePage(932).ToBytes("\u222A"), "\x81\xBE");
-  EXPECT_EQ(CodePage(932).ToBytes("\uFFFD"), "?") << "the character of the pairs that are none";
+  EXPECT_EQ(CodePage(932).ToBytes("\uFFFD"), "?") << "the character that stands for pairs without a meaning";
 }
 
 TEST(CodePageTest, EveryPairReturnsFromUtf8AsTheSameCharacter) {
