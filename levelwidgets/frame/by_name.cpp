@@ -55,7 +55,7 @@ auto NamingMember(const ClassInfo& info, std::string_view member, const MemberTy
 }
 
 // Empty is no object; a class has no descendants with tables of their own.
-Variant ConvertedToObject(const MemberType& type, const Variant& value) {
+Variant ObjectFrom(const MemberType& type, const Variant& value) {
   if (value.IsEmpty()) return ObjectRef();
   const Variant converted = ConvertTo(VariantType::kObject, value);
   const ObjectRef& object = std::get<ObjectRef>(converted.Get());
@@ -64,11 +64,11 @@ Variant ConvertedToObject(const MemberType& type, const Variant& value) {
   return converted;
 }
 
-Variant Converted(const ClassInfo& info, std::string_view member, const MemberType& type,
-                  const Variant& value, const TextConversions& texts) {
+Variant ConvertedTo(const ClassInfo& info, std::string_view member, const MemberType& type,
+                    const Variant& value, const TextConversions& texts) {
   if (type.kind == TypeKind::kAny) return value;
   if (type.kind == TypeKind::kObject) {
-    return NamingMember(info, member, type, value, [&] { return ConvertedToObject(type, value); });
+    return NamingMember(info, member, type, value, [&] { return ObjectFrom(type, value); });
   }
   return NamingMember(info, member, type, value, [&] { return ConvertTo(type.type, value, texts); });
 }
@@ -86,7 +86,7 @@ Variant ZeroOf(const MemberType& type) {
 Variant GivenArgument(const ClassInfo& info, std::string_view method, const ArgumentInfo& argument,
                       const Variant& given, const TextConversions& texts) {
   if (argument.output) return ZeroOf(argument.type);
-  if (!given.IsEmpty()) return Converted(info, method, argument.type, given, texts);
+  if (!given.IsEmpty()) return ConvertedTo(info, method, argument.type, given, texts);
   if (argument.default_value) return argument.default_value->Value();
   RaiseWrongNumber(info, method, " needs the argument " + std::string(argument.name));
 }
@@ -114,7 +114,7 @@ std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo&
   for (std::size_t i = 0; i < indices.size(); ++i) {
     const ArgumentInfo index = property.indices[i];
     const std::string name = std::string(property.name) + "'s " + std::string(index.name);
-    converted.push_back(Converted(info, name, index.type, indices[i], texts));
+    converted.push_back(ConvertedTo(info, name, index.type, indices[i], texts));
   }
   return converted;
 }
@@ -170,7 +170,7 @@ void SetByName(Object& object, std::string_view property, const Variant& value,
   const ClassInfo& info = object.Class();
   const PropertyInfo& found = Writable(info, property);
   if (found.Indexed()) RaiseNeedsIndices(object, property);
-  found.set(object, Converted(info, property, found.type, value, texts));
+  found.set(object, ConvertedTo(info, property, found.type, value, texts));
 }
 
 Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices,
@@ -185,7 +185,7 @@ void SetIndexedByName(Object& object, std::string_view property, std::span<const
   const ClassInfo& info = object.Class();
   const PropertyInfo& found = Writable(info, property);
   const std::vector<Variant> at = ConvertedIndices(info, found, indices, texts);
-  const Variant converted = Converted(info, property, found.type, value, texts);
+  const Variant converted = ConvertedTo(info, property, found.type, value, texts);
   if (found.Indexed()) {
     found.set_at(object, at, converted);
   } else {

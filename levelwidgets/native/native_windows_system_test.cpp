@@ -2,6 +2,8 @@
 
 namespace levelwidgets {
 
+namespace {
+
 TEST(NativeWindowsTest, TheDriverActsOnThePlatformOfTheWindows) {
   const auto windows = NativeWindows::Open();
   const auto driver = windows->Driver();
@@ -11,5 +13,7 @@ TEST(NativeWindowsTest, TheDriverActsOnThePlatformOfTheWindows) {
   windows->GetPlatform().Windows().GetCursorPos(pointer);
   EXPECT_EQ(pointer, (PixelPoint{40, 50}));
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

@@ -35,8 +35,6 @@ std::pair<std::string, std::string> OnlyItsOwnLeaks() {
   return {"LSAN_OPTIONS", "print_suppressions=0:suppressions='" + list + "'"};
 }
 
-}  // namespace
-
 TEST(NativeWindowsTest, OneButtonShowsAWindowInWhichAClickOnTheButtonChangesTheLabel) {
   const VirtualScreen screen;
   ChildProcess program({OneButton()},
@@ -82,5 +80,7 @@ TEST(NativeWindowsTest, WithoutADisplayNoWindowsAreOpened) {
     unsetenv("DISPLAY");
   }
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

@@ -30,7 +30,7 @@ TEST(EndSignalsDeathTest, TheSecondSignalEndsTheProgram) {
         raise(SIGINT);
         raise(SIGINT);
       },
-      testing::KilledBySignal(SIGINT), "");
+      ::testing::KilledBySignal(SIGINT), "");
 }
 
 TEST(EndSignalsDeathTest, AfterwardsSignalsAreWhatTheyWere) {
@@ -39,7 +39,7 @@ TEST(EndSignalsDeathTest, AfterwardsSignalsAreWhatTheyWere) {
         { const EndSignals signals; }
         raise(SIGTERM);
       },
-      testing::KilledBySignal(SIGTERM), "");
+      ::testing::KilledBySignal(SIGTERM), "");
 }
 
 }  // namespace

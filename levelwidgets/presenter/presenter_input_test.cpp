@@ -6,8 +6,8 @@
 namespace levelwidgets::presenter {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 // --- Pointer -----------------------------------------------------------------------------------------
 

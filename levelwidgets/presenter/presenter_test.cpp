@@ -8,8 +8,8 @@
 namespace levelwidgets::presenter {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 // --- Windows for windows ---------------------------------------------------------------------------
 

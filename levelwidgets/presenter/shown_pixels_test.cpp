@@ -6,10 +6,10 @@
 namespace levelwidgets::presenter {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
-class ShownPixelsTest : public testing::Test {
+class ShownPixelsTest : public ::testing::Test {
  protected:
   ShownPixelsTest() {
     store.size = {20, 10};

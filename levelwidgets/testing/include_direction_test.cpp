@@ -51,8 +51,6 @@ std::string DoesNotBuildOn(const std::string& folder, const std::string& other) 
   return "levelwidgets/" + folder + " does not build on levelwidgets/" + other;
 }
 
-}  // namespace
-
 TEST_F(IncludeDirectionTest, FormsDoNotIncludeScripts) {
   ExpectRefused("host/form/form.cpp", "host/script/script_host.h",
                 DoesNotBuildOn("host/form", "host/script"));
@@ -124,5 +122,7 @@ TEST_F(IncludeDirectionTest, TheTableHasFoldersThatThisSystemCannotBuild) {
   ExpectRefused("platform/win32/win32_platform.cpp", "platform/memory/desktop.h",
                 DoesNotBuildOn("platform/win32", "platform/memory"));
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

@@ -8,10 +8,10 @@
 namespace levelwidgets {
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 class CommandLine : public ProgramTest {
  protected:

@@ -12,8 +12,8 @@
 namespace levelwidgets {
 namespace {
 
-using testing::HasSubstr;
-using testing::IsSupersetOf;
+using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
 
 constexpr char kRefresh[] = "; tools/update_docs writes and draws the documentation anew";
 
@@ -251,7 +251,7 @@ std::vector<std::string> ExamplesOf(const std::string& help) {
 TEST_F(Documentation, TheHelpOfEachCommandFitsAndHasExamplesThatWork) {
   TakeOrderExample();
   const std::vector<std::string> commands = CommandsOfHelp(Run("--help").out);
-  EXPECT_THAT(commands, testing::IsSupersetOf({"show", "run", "render", "check", "describe"}));
+  EXPECT_THAT(commands, ::testing::IsSupersetOf({"show", "run", "render", "check", "describe"}));
   for (const std::string& command : commands) {
     const std::string help = Run(command + " --help").out;
     const std::vector<std::string> examples = ExamplesOf(help);
@@ -259,7 +259,7 @@ TEST_F(Documentation, TheHelpOfEachCommandFitsAndHasExamplesThatWork) {
     std::istringstream lines(help);
     for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 90u) << line;
     for (const std::string& example : examples) {
-      EXPECT_THAT(example, testing::StartsWith("levelwidgets " + command));
+      EXPECT_THAT(example, ::testing::StartsWith("levelwidgets " + command));
       if (command == "show") continue;  // needs a display
       const Outcome outcome =
           RunAsTyped(std::regex_replace(example, std::regex("000\\b"), ""));  // not for long

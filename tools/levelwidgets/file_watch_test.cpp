@@ -7,7 +7,7 @@
 namespace levelwidgets {
 namespace {
 
-class FileWatchTest : public testing::Test {
+class FileWatchTest : public ::testing::Test {
  protected:
   FileWatchTest() {
     std::filesystem::create_directories(folder_);
@@ -26,7 +26,7 @@ class FileWatchTest : public testing::Test {
 
   std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_watch_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      (std::string("levelwidgets_watch_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
   std::filesystem::path form_ = folder_ / "order.form.toml";
 };
 

@@ -13,7 +13,7 @@
 namespace levelwidgets {
 namespace {
 
-using testing::HasSubstr;
+using ::testing::HasSubstr;
 
 constexpr ColorRef kForm{0x00604020};
 constexpr ColorRef kButton{0x00112233};
@@ -76,7 +76,7 @@ local function state(color) lblState.BackColor, lblState.BackColorMouseOver = co
 local kAfter, kLast = 0x0000FF00, 0x000000FF
 )";
 
-class ShowCommand : public testing::Test {
+class ShowCommand : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { screen_ = new VirtualScreen; }
   static void TearDownTestSuite() { delete std::exchange(screen_, nullptr); }
@@ -132,7 +132,7 @@ class ShowCommand : public testing::Test {
 
   std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_show_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      (std::string("levelwidgets_show_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
   std::unique_ptr<ChildProcess> program_;
   PixelRect button_;
 

@@ -6,8 +6,8 @@
 namespace levelwidgets {
 namespace {
 
-using testing::HasSubstr;
-using testing::StartsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 class Trust : public ProgramTest {
  protected:

@@ -10,10 +10,10 @@
 namespace levelwidgets {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 using Json = nlohmann::ordered_json;
 
 std::vector<std::string> KeysOf(const Json& json) {

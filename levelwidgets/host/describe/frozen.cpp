@@ -9,25 +9,26 @@ namespace levelwidgets {
 
 namespace {
 
-std::string TypeOf(const PropertyInfo& property) {
+std::string FrozenTypeOf(const PropertyInfo& property) {
   std::string type = property.Indexed() ? TextOfArguments(property.indices) + ": " : "";
   type += property.type.Name();
   return property.ReadOnly() ? type + ", read-only" : type;
 }
 
-std::string TypeOf(const MethodInfo& method) {
+std::string FrozenTypeOf(const MethodInfo& method) {
   const bool returns = method.result.kind != TypeKind::kNone;
   return TextOfArguments(method.arguments) + (returns ? ": " + std::string(method.result.Name()) : "");
 }
 
-std::string TypeOf(const EventInfo& event) { return TextOfArguments(event.arguments); }
+std::string FrozenTypeOf(const EventInfo& event) { return TextOfArguments(event.arguments); }
 
 template <typename Info>
 void AddLines(std::vector<std::string>& lines, const ClassInfo& info, std::string_view kind,
               std::span<const Info> members) {
   for (const Info& member : members) {
     std::ostringstream line;
-    line << info.Name() << " " << kind << " " << member.number << " " << member.name << " " << TypeOf(member);
+    line << info.Name() << " " << kind << " " << member.number << " " << member.name << " "
+         << FrozenTypeOf(member);
     lines.push_back(line.str());
   }
 }

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include <levelwidgets/host/files/atomic_file.h>
+#include <levelwidgets/host/files/errno.h>
 
 #ifdef _WIN32
 #include <io.h>
@@ -17,8 +18,6 @@ namespace levelwidgets {
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void ThrowErrno() { throw std::system_error(errno, std::generic_category()); }
 
 // --- The few calls that have other names on Windows --------------------------------------------------
 

@@ -42,9 +42,7 @@ class FolderTest : public ::testing::Test {
       (std::string("levelwidgets_folder_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
-using testing::ElementsAre;
-
-}  // namespace
+using ::testing::ElementsAre;
 
 TEST_F(FolderTest, FoldersComeFirstAndHiddenFilesNotAtAll) {
   EXPECT_THAT(Names(), ElementsAre("Above/", "below/", "a.TXT", "b.txt", "c.toml"));
@@ -101,5 +99,7 @@ TEST(PatternTest, ManyStarsAreNoDelay) {
   for (int i = 0; i < 60; ++i) pattern += "*a";
   EXPECT_FALSE(MatchesPattern(std::string(5000, 'a') + "b", pattern));
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

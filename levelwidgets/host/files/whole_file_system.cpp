@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include <levelwidgets/host/files/errno.h>
 #include <levelwidgets/host/files/whole_file.h>
 
 #ifdef _WIN32
@@ -16,8 +17,6 @@
 namespace levelwidgets {
 
 namespace {
-
-[[noreturn]] void ThrowErrno() { throw std::system_error(errno, std::generic_category()); }
 
 constexpr std::size_t kMostAtOnce = 1 << 20;
 
@@ -34,7 +33,7 @@ int GetState(int file, SystemState& state) { return ::_fstat64(file, &state); }
 int ReadSome(int file, char* to, std::size_t count) {
   return ::_read(file, to, static_cast<unsigned>(std::min(count, kMostAtOnce)));
 }
-void CloseFile(int file) { ::_close(file); }
+void CloseReadable(int file) { ::_close(file); }
 bool IsFolder(const SystemState& state) { return (state.st_mode & _S_IFMT) == _S_IFDIR; }
 bool IsOrdinary(const SystemState& state) { return (state.st_mode & _S_IFMT) == _S_IFREG; }
 std::int64_t ModifiedTime(const SystemState& state) { return state.st_mtime; }
@@ -50,7 +49,7 @@ int GetState(int file, SystemState& state) { return ::fstat(file, &state); }
 ssize_t ReadSome(int file, char* to, std::size_t count) {
   return ::read(file, to, std::min(count, kMostAtOnce));
 }
-void CloseFile(int file) { ::close(file); }
+void CloseReadable(int file) { ::close(file); }
 bool IsFolder(const SystemState& state) { return S_ISDIR(state.st_mode); }
 bool IsOrdinary(const SystemState& state) { return S_ISREG(state.st_mode); }
 std::int64_t ModifiedTime(const SystemState& state) {
@@ -59,7 +58,7 @@ std::int64_t ModifiedTime(const SystemState& state) {
 
 #endif
 
-class RealFiles final : public ReadableFiles {
+class RealReadableFiles final : public ReadableFiles {
  public:
   File Open(const Path& path) override {
     for (;;) {
@@ -84,13 +83,13 @@ class RealFiles final : public ReadableFiles {
     }
   }
 
-  void Close(File file) noexcept override { CloseFile(file); }
+  void Close(File file) noexcept override { CloseReadable(file); }
 };
 
 }  // namespace
 
 ReadableFiles& SystemReadableFiles() {
-  static RealFiles files;
+  static RealReadableFiles files;
   return files;
 }
 

@@ -7,7 +7,6 @@ namespace levelwidgets {
 
 namespace {
 class AddByTypeTest : public testing::DesktopTest {};
-}  // namespace
 
 TEST_F(AddByTypeTest, ANewControlOfAClassIsAddedByItsType) {
   const auto form = Form::Create(Tracer(), {});
@@ -19,5 +18,7 @@ TEST_F(AddByTypeTest, ANewControlOfAClassIsAddedByItsType) {
   const PixelRect rect = hosted->ScreenRect();
   EXPECT_EQ(hosted->ScreenCentre(), (PixelPoint{rect.left + 30, rect.top + 15}));
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

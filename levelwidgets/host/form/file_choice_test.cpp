@@ -47,9 +47,7 @@ class FileChoiceTest : public ::testing::Test {
   std::filesystem::path orders_;
 };
 
-using testing::ElementsAre;
-
-}  // namespace
+using ::testing::ElementsAre;
 
 TEST_F(FileChoiceTest, ItShowsTheFolderWithTheWayUp) {
   EXPECT_THAT(Names(ToOpen()), ElementsAre("..", "old", "notes.txt", "one.toml"));
@@ -133,5 +131,7 @@ TEST_F(FileChoiceTest, WhatIsNoOrdinaryFileIsRefused) {
   ExpectRefused(ToSave(), "/dev/null", "\"/dev/null\" is no ordinary file");  // runtime path
 }
 #endif
+
+}  // namespace
 
 }  // namespace levelwidgets

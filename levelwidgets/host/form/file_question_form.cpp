@@ -123,7 +123,7 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
     }
     With<FlatScroll>(kBar, [&](FlatScroll& bar) { bar.Change += [self] { self->FollowBar(); }; });
     With<FlatButton>(kOK, [&](FlatButton& ok) { ok.Click += [self] { self->GiveName(); }; });
-    With<FlatButton>(kCancel, [&](FlatButton& cancel) { cancel.Click += [self] { self->Choose({}); }; });
+    With<FlatButton>(kCancel, [&](FlatButton& cancel) { cancel.Click += [self] { self->Close(); }; });
     form.KeyDown += [self](std::int16_t& code, std::int16_t) { self->TakeKey(code); };
     // With the form and not later: the answer is called when there is a turn of the loop, if ever.
     form.Gone += [self] { self->note_.reset(); };
@@ -273,10 +273,15 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
     note_ = ShowMessage(form->GetPlatform(), message, {form}, on_answered);
   }
 
-  void Choose(const std::optional<std::string>& path) {
-    path_ = path;
+  void Choose(std::string path) {
+    path_ = std::move(path);
+    if (!Close()) path_.reset();
+  }
+
+  // False when a listener of Unload keeps it open.
+  bool Close() {
     const auto form = form_.lock();
-    if (form && !form->Close()) path_.reset();  // a listener of Unload keeps it open
+    return !form || form->Close();
   }
 
   const std::weak_ptr<Form> form_;

@@ -71,8 +71,6 @@ class FileQuestionTest : public testing::DesktopTest {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-}  // namespace
-
 TEST_F(FileQuestionTest, ItShowsTheFilesAndAPersonTypesAName) {
   Ask();
   EXPECT_EQ(question_->Caption(), "Open");
@@ -297,8 +295,6 @@ TEST_F(FileQuestionTest, ClosingItTakesItsMessageAlongAtOnce) {
   EXPECT_THAT(answers_, ElementsAre("none"));
 }
 
-namespace {
-
 // A platform whose system has questions of its own.
 class AskingPlatform final : public Platform, public FileDialogSource, public FileDialogApi {
  public:
@@ -333,8 +329,6 @@ class AskingPlatform final : public Platform, public FileDialogSource, public Fi
 
   Platform& target_;
 };
-
-}  // namespace
 
 class SystemFileQuestionTest : public FileQuestionTest {
  protected:
@@ -410,5 +404,7 @@ TEST_F(SystemFileQuestionTest, AFormThatHasEndedMeanwhileIsNoOwner) {
   Driver().Settle();
   EXPECT_EQ(platform_->dialog.owner, other_->hWnd());
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

@@ -6,6 +6,8 @@
 
 namespace levelwidgets {
 
+namespace {
+
 class MessageTest : public testing::DesktopTest {};
 
 TEST_F(MessageTest, ItsTextsHaveTheSystemsColors) {
@@ -21,5 +23,7 @@ TEST_F(MessageTest, ItsTextsHaveTheSystemsColors) {
   EXPECT_EQ(button.ForeColor(), Color(0x80000012u));
   EXPECT_EQ(sign.ForeColor(), Color(0x000077C0u));
 }
+
+}  // namespace
 
 }  // namespace levelwidgets

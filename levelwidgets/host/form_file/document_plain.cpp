@@ -17,10 +17,8 @@ constexpr std::size_t kMostKeys = 64;
 constexpr std::size_t kUsualKeys = 8;
 constexpr int kMostInlineTables = 8;  // in each other
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool IsBareKey(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' || c == '-';
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || text::IsDigit(c) || c == '_' || c == '-';
 }
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
@@ -204,10 +202,10 @@ class PlainReader {
     const auto point = static_cast<std::size_t>(std::ranges::find(digits, '.') - digits.begin());
     const std::string_view whole = digits.substr(0, point);
     const bool leading_zero = whole.size() > 1 && whole[0] == '0';
-    if (whole.empty() || leading_zero || !std::ranges::all_of(whole, IsDigit)) return false;
+    if (whole.empty() || leading_zero || !std::ranges::all_of(whole, text::IsDigit)) return false;
     if (point == digits.size()) return SetInteger(node, word, 10);
     const std::string_view fraction = digits.substr(point + 1);
-    if (fraction.empty() || !std::ranges::all_of(fraction, IsDigit)) return false;
+    if (fraction.empty() || !std::ranges::all_of(fraction, text::IsDigit)) return false;
     double value = 0;
     node.kind = Kind::kFloat;
     const bool right = std::from_chars(word.data(), word.data() + word.size(), value).ec == std::errc();

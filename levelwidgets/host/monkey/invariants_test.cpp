@@ -30,7 +30,7 @@ class GrowingControl : public Control {
   std::int32_t length_ = 0;
 };
 
-class WriteBackTest : public testing::Test {
+class WriteBackTest : public ::testing::Test {
  protected:
   std::string Broken(const ClassInfo& info) {
     form_->Add(info, "ctlTried", nullptr, {});

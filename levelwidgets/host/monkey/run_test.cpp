@@ -14,10 +14,10 @@
 namespace levelwidgets::monkey {
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::StartsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
 
 // --- The forms that there are --------------------------------------------------------------------
 
@@ -46,7 +46,7 @@ std::vector<std::string> GalleryForms() {
 
 TEST(Monkey, TheGalleryStaysWholeUnderRandomInput) {
   const std::vector<std::string> forms = GalleryForms();
-  ASSERT_THAT(forms, testing::Not(IsEmpty()));
+  ASSERT_THAT(forms, ::testing::Not(IsEmpty()));
   for (const std::string& form : forms) {
     SCOPED_TRACE(form);
     ExpectWhole(StageOfFile(form), 60000 / forms.size());
@@ -137,7 +137,7 @@ TEST(Monkey, APressAfterAJumpFromOneButtonToAnotherIsTheOthers) {
   desktop.Windows().GetCursorPos(lower);
   press_after(move_to("cmdUpper"));
   press_after({.kind = EventKind::kMove, .numbers = {lower.x, lower.y}});
-  EXPECT_THAT(pressed, testing::ElementsAre("cmdLower", "cmdUpper", "cmdLower"));
+  EXPECT_THAT(pressed, ::testing::ElementsAre("cmdLower", "cmdUpper", "cmdLower"));
   session.Finish();
 }
 
@@ -176,7 +176,7 @@ void ExpectShrunk(Fail fail, const std::string& broken) {
   for (std::size_t i = 0; i < failure.events.size(); ++i) {
     std::vector<Event> without = failure.events;
     without.erase(without.begin() + static_cast<std::ptrdiff_t>(i));
-    EXPECT_THAT(RunForm(Faulty(fail), without, Options(), false).broken, testing::Not(StartsWith(broken)))
+    EXPECT_THAT(RunForm(Faulty(fail), without, Options(), false).broken, ::testing::Not(StartsWith(broken)))
         << "needless: " << ToLua(failure.events[i]);
   }
 }

@@ -4,7 +4,7 @@
 namespace levelwidgets {
 namespace {
 
-class DarkGallery : public testing::TestWithParam<std::string_view> {};
+class DarkGallery : public ::testing::TestWithParam<std::string_view> {};
 
 // Colours that can be told apart where they meet in areas; texts and frames ask for more.
 constexpr double kLeastOfAreas = 1.15;
@@ -65,12 +65,12 @@ TEST_P(DarkGallery, TheTrackOfABarStandsOutFromItsForm) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Palettes, DarkGallery, testing::Values("dark", "high-contrast"),
+INSTANTIATE_TEST_SUITE_P(Palettes, DarkGallery, ::testing::Values("dark", "high-contrast"),
                          [](const auto& palette) {
                            return palette.param == "dark" ? "Dark" : "HighContrast";
                          });
 
-class GalleryLooks : public testing::TestWithParam<std::string_view> {};
+class GalleryLooks : public ::testing::TestWithParam<std::string_view> {};
 
 TEST_P(GalleryLooks, HeadingsAndExplanationsCanBeReadAndDoNotReactToThePointer) {
   for (const char* name : {"button", "label", "scroll", "tabstrip", "textbox"}) {

@@ -8,7 +8,7 @@
 namespace levelwidgets {
 namespace {
 
-class Gallery : public testing::TestWithParam<std::string> {};
+class Gallery : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(Gallery, LooksDifferentInEachPaletteAndRaisesNoError) {
   const std::string path = PathOfSheet(GetParam());
@@ -55,10 +55,10 @@ TEST_P(Gallery, SaysInItsTitleWhatItShows) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sheets, Gallery, testing::ValuesIn(Sheets()),
+INSTANTIATE_TEST_SUITE_P(Sheets, Gallery, ::testing::ValuesIn(Sheets()),
                          [](const auto& sheet) { return sheet.param; });
 
-class Overview : public testing::TestWithParam<std::string_view> {};
+class Overview : public ::testing::TestWithParam<std::string_view> {};
 
 TEST_P(Overview, HasTheTextsOfARowOnOneLine) {
   ShownSheet overview("overview", GetParam());

@@ -39,8 +39,8 @@ TEST(OwnDesktop, UnknownPaletteIsRefusedWithTheNamesOfThePalettes) {
   } catch (const ScriptFailure& failure) {
     EXPECT_THAT(
         failure.what(),
-        testing::HasSubstr("There is no palette \"mauve\"; the palettes: \"light\", \"classic\", \"dark\", "
-                           "\"high-contrast\" (error 5, LevelWidgets.Desktop)"));
+        ::testing::HasSubstr("There is no palette \"mauve\"; the palettes: \"light\", \"classic\", \"dark\", "
+                             "\"high-contrast\" (error 5, LevelWidgets.Desktop)"));
   }
   EXPECT_EQ(host.RunText("lw.desktop{ palette='classic' } return 7", "test.lua"), 7)
       << "nothing had been made";
@@ -81,13 +81,13 @@ TEST(OwnDesktop, UnknownCodePageIsRefusedWithTheOnesThatThereAre) {
     host.RunText("lw.desktop{ code_page=65001 }", "test.lua");
     FAIL() << "no failure";
   } catch (const ScriptFailure& failure) {
-    EXPECT_THAT(
-        failure.what(),
-        testing::HasSubstr("There is no code page 65001 here; those that desktops have are 1250 to 1258, "));
+    EXPECT_THAT(failure.what(),
+                ::testing::HasSubstr(
+                    "There is no code page 65001 here; those that desktops have are 1250 to 1258, "));
   }
 }
 
-class OwnDesktopScript : public testing::TestWithParam<const char*> {};
+class OwnDesktopScript : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {
   const std::string path =
@@ -102,8 +102,8 @@ TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, OwnDesktopScript,
-                         testing::Values("default_desktop", "desktop", "invariants", "jumps", "locale_values",
-                                         "panels", "timers", "windows"),
+                         ::testing::Values("default_desktop", "desktop", "invariants", "jumps",
+                                           "locale_values", "panels", "timers", "windows"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace

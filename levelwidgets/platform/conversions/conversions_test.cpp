@@ -22,7 +22,7 @@ Date On(int year, int month, int day, int hour = 0, int minute = 0, int second =
   return calendar::DateOf(DateParts{year, month, day, hour, minute, second}).value();
 }
 
-class ConversionsTest : public testing::Test {
+class ConversionsTest : public ::testing::Test {
  protected:
   std::string Format(const ConversionValue& value, std::string_view format) {
     return conversions.Format(value, format).value;

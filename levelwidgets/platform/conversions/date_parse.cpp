@@ -12,10 +12,6 @@
 namespace levelwidgets::conversions {
 namespace {
 
-constexpr std::string_view kNoBreakSpace = "\u00A0";
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool IsPunctuation(char c) { return std::string_view(",./-").find(c) != std::string_view::npos; }
 
 // The next text of a date pattern between its fields, in quotes or not, without blanks around it; often
@@ -81,13 +77,13 @@ class DateReader {
   bool TakeDateLink() { return Take("/") || Take("-") || Take(locale_.date_separator); }
 
   bool ReadOne() {
-    if (IsDigit(rest_.front())) return ReadNumber();
+    if (text::IsDigit(rest_.front())) return ReadNumber();
     if (TakeDateLink()) {
       after_link_ = true;
       return count_ > 0;
     }
     for (std::size_t month = 0; month < locale_.months.size(); ++month) {
-      if (IsDigit(locale_.months[month].front())) break;  // a number with a unit
+      if (text::IsDigit(locale_.months[month].front())) break;  // a number with a unit
       if (TakeWord(locale_.months[month]) || TakeWord(locale_.short_months[month])) {
         return AddElement({static_cast<int>(month) + 1, true});
       }
@@ -122,7 +118,7 @@ class DateReader {
     std::size_t fields_read = 1;
     while (TakeTimeLinkBehindBlanks()) {
       SkipBlanks();
-      if (fields_read == fields.size() || rest_.empty() || !IsDigit(rest_.front())) return false;
+      if (fields_read == fields.size() || rest_.empty() || !text::IsDigit(rest_.front())) return false;
       fields[fields_read++] = TakeNumber();
     }
     if (ReadHalf()) return AddTime(fields);

@@ -5,8 +5,6 @@
 namespace levelwidgets::conversions {
 namespace {
 
-constexpr char kNoBreakSpace[] = "\u00A0";
-
 Locale English() {
   Locale locale;
   locale.name = "en-US";

@@ -8,6 +8,9 @@
 
 namespace levelwidgets::conversions {
 
+// Stands between thousands in some countries.
+inline constexpr char kNoBreakSpace[] = "\u00A0";
+
 enum class DateOrder { kMonthDayYear, kDayMonthYear, kYearMonthDay };
 
 // Texts are UTF-8. Patterns are the system's: d to dddd, M to MMMM, yy, yyyy, h, hh, H, HH, m, mm, s, ss, tt,

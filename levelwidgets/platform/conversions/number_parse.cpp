@@ -10,13 +10,9 @@
 namespace levelwidgets::conversions {
 namespace {
 
-constexpr std::string_view kNoBreakSpace = "\u00A0";
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // -1 for what is no digit of a base up to 16.
 int DigitValue(char c) {
-  if (IsDigit(c)) return c - '0';
+  if (text::IsDigit(c)) return c - '0';
   const char letter = text::AsciiLower(c);
   return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
 }
@@ -103,7 +99,7 @@ class NumberReader {
     bool any = false;
     bool in_fraction = false;
     for (;;) {
-      if (!rest_.empty() && IsDigit(rest_.front())) {
+      if (!rest_.empty() && text::IsDigit(rest_.front())) {
         digits_.Add(rest_.front());
         rest_.remove_prefix(1);
         any = true;
@@ -123,7 +119,7 @@ class NumberReader {
     const bool has_sign = rest_.size() > 1 && (rest_[1] == '+' || rest_[1] == '-');
     if (has_sign) ++end;
     const std::size_t first_digit = end;
-    while (end < rest_.size() && IsDigit(rest_[end])) ++end;
+    while (end < rest_.size() && text::IsDigit(rest_[end])) ++end;
     if (end == first_digit) return;
     digits_.Add('e');
     if (has_sign) digits_.Add(rest_[1]);

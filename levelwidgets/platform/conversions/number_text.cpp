@@ -7,7 +7,7 @@
 namespace levelwidgets::conversions {
 namespace {
 
-std::string_view Digits(const Decimal& number, int from, int to) {
+std::string_view DigitsOf(const Decimal& number, int from, int to) {
   return {number.digits + from, static_cast<std::size_t>(to - from)};
 }
 
@@ -15,7 +15,7 @@ void AppendScientific(const Decimal& number, const Locale& locale, TextBuilder& 
   out.Append(number.digits[0]);
   if (number.count > 1) {
     out.Append(locale.decimal);
-    out.Append(Digits(number, 1, number.count));
+    out.Append(DigitsOf(number, 1, number.count));
   }
   const int exponent = number.point - 1;
   out.Append(exponent < 0 ? "E-" : "E+");
@@ -24,18 +24,18 @@ void AppendScientific(const Decimal& number, const Locale& locale, TextBuilder& 
 
 void AppendFixed(const Decimal& number, const Locale& locale, TextBuilder& out) {
   if (number.point >= number.count) {
-    out.Append(Digits(number, 0, number.count));
+    out.Append(DigitsOf(number, 0, number.count));
     out.Append(static_cast<std::size_t>(number.point - number.count), '0');
     return;
   }
   if (number.point > 0) {
-    out.Append(Digits(number, 0, number.point));
+    out.Append(DigitsOf(number, 0, number.point));
   } else {
     out.Append('0');
   }
   out.Append(locale.decimal);
   if (number.point < 0) out.Append(static_cast<std::size_t>(-number.point), '0');
-  out.Append(Digits(number, std::max(number.point, 0), number.count));
+  out.Append(DigitsOf(number, std::max(number.point, 0), number.count));
 }
 
 template <typename Real>

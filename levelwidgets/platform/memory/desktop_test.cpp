@@ -4,7 +4,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 TEST_F(DesktopTest, StartsOnAFixedDay) {
   EXPECT_EQ(desktop.Clock().Now(), kStandardNow);

@@ -16,7 +16,7 @@ constexpr ColorRef kGreen{0x008000};
 constexpr ColorRef kWhite{0xFFFFFF};
 constexpr ColorRef kBlack{0};
 
-class EditBoxMemoryTest : public testing::Test, public WindowClient {
+class EditBoxMemoryTest : public ::testing::Test, public WindowClient {
  protected:
   EditBoxMemoryTest() {
     parent = windows.CreateWindowExA({"", "", kWsPopup | kWsVisible, 0, {100, 100, 500, 400}, {}, this});

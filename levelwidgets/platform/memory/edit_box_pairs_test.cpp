@@ -4,7 +4,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 // Of "a日本z" the bytes are a, 93 FA, 96 7B, z.
 constexpr char kText[] = "a\u65E5\u672Cz";
@@ -103,7 +103,7 @@ TEST_F(EditBoxPairs, ThePointerPutsTheCaretBetweenCharacters) {
   const PixelPoint start = PointOf(1);
   for (int x = 0; x < 40; ++x) {
     desktop.Click({start.x + x, start.y});
-    EXPECT_THAT(Selected().first, testing::AnyOf(1, 3, 5, 6)) << x;
+    EXPECT_THAT(Selected().first, ::testing::AnyOf(1, 3, 5, 6)) << x;
     desktop.Advance(1000);
   }
   EXPECT_EQ(Selected().first, 6);

@@ -5,7 +5,7 @@ namespace levelwidgets::memory {
 namespace {
 
 using Range = std::pair<int, int>;
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 enum Row { kUndo, kCut, kCopy, kPaste, kDelete, kSelectAll };
 
@@ -144,7 +144,7 @@ TEST_F(EditMenuTest, AGreyItemAndTheLinesBetweenLeaveItOpen) {
   desktop.Press(kLeftButton);
   desktop.Release(kLeftButton);
   EXPECT_TRUE(IsOpen());
-  EXPECT_THAT(notices, testing::IsEmpty());
+  EXPECT_THAT(notices, ::testing::IsEmpty());
 }
 
 TEST_F(EditMenuTest, APressElsewhereClosesItAndIsAPressThere) {

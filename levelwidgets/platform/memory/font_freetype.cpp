@@ -11,11 +11,7 @@
 
 namespace levelwidgets::memory {
 
-namespace {
-
-constexpr int kLargestSize = 1000;  // pixels per em
-constexpr FT_Pos kOnePixel = 64;
-
+// The library and its files, which the class of the header holds.
 struct Library {
   Library() {
     if (FT_Init_FreeType(&handle) != 0) handle = nullptr;
@@ -46,7 +42,12 @@ struct Face {
   FT_Face handle = nullptr;
 };
 
-// The extents of a line in font units, as the original takes them.
+namespace {
+
+constexpr int kLargestSize = 1000;  // pixels per em
+constexpr FT_Pos kOnePixel = 64;
+
+// The extents of a line in font units, as the system takes them.
 struct LineUnits {
   int ascent = 0;
   int descent = 0;

@@ -35,7 +35,7 @@ std::vector<std::uint8_t> PictureOf(const Glyph& glyph) {
 
 const text::CodePage kWestern(1252);
 
-class Fonts : public testing::Test {
+class Fonts : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!std::filesystem::exists(kTahoma)) {

@@ -6,7 +6,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 class HandTest : public DesktopTest {
  protected:

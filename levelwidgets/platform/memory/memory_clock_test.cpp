@@ -8,9 +8,9 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
-class MemoryClockTest : public testing::Test {
+class MemoryClockTest : public ::testing::Test {
  protected:
   TimerHandle Every(std::uint32_t ms, const std::string& name) {
     return clock.SetTimer(ms,

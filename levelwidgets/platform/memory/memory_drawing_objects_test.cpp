@@ -5,7 +5,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-class MemoryDrawingObjects : public testing::Test {
+class MemoryDrawingObjects : public ::testing::Test {
  protected:
   MemoryDrawing drawing{WithoutFonts()};
   Canvas canvas{8, 6};

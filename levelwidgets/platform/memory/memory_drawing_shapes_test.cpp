@@ -9,7 +9,7 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-class MemoryDrawingShapes : public testing::Test {
+class MemoryDrawingShapes : public ::testing::Test {
  protected:
   void UsePen(int style, int width, std::uint32_t color) {
     drawing.SelectObject(dc, drawing.CreatePen(style, width, {color}));

@@ -10,7 +10,7 @@ using Rows = std::vector<std::string>;
 constexpr int kLine = 10;  // the font's line, of which 2 are descent
 constexpr int kAdvance = 6;
 
-class MemoryDrawingText : public testing::Test {
+class MemoryDrawingText : public ::testing::Test {
  protected:
   MemoryDrawingText() { UseFont(RequestOf("", kLine)); }
 

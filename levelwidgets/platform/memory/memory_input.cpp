@@ -12,8 +12,6 @@ namespace {
 
 constexpr int kWheelDelta = 120;
 
-// Where in a window the pointer is: WM_SETCURSOR names it.
-constexpr LParam kHtClient = 1;
 struct ShiftKey {
   int bit;
   int code;
@@ -25,9 +23,8 @@ constexpr int kKeyF10 = 121;
 // The key of a character that no key types.
 constexpr int kKeyPacket = 231;
 
-// In a key message: Alt is held, the key was down before, the key goes up.
+// In a key message, besides kAltContext: the key was down before, the key goes up.
 constexpr std::uint32_t kOnce = 1;
-constexpr std::uint32_t kAltContext = 1u << 29;
 constexpr std::uint32_t kWasDown = 1u << 30;
 constexpr std::uint32_t kGoesUp = 1u << 31;
 

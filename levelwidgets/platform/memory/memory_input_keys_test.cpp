@@ -6,7 +6,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 class MemoryInputKeysTest : public InputTest {};
 
@@ -194,7 +194,7 @@ TEST_F(MemoryInputKeysTest, HeldShiftBitsOutliveTheKeysThatGoUp) {
   EXPECT_THAT(Input(), ElementsAre("left LButtonDown 5 5,5"));
   desktop.HoldShift(0);
   desktop.Release(kLeftButton);
-  EXPECT_THAT(Input(), testing::Contains("left LButtonUp 0 5,5"));
+  EXPECT_THAT(Input(), ::testing::Contains("left LButtonUp 0 5,5"));
 }
 
 // --- Handlers that do more -------------------------------------------------------------------

@@ -6,6 +6,9 @@
 
 namespace levelwidgets::memory {
 
+// In the second number of a key message: Alt is held.
+inline constexpr std::uint32_t kAltContext = 1u << 29;
+
 // The character that key `code` gives with the shift bits held: also the control characters 1 to 26 of
 // Ctrl with a letter, and those of Enter, Tab, Backspace and Escape. Nothing for other keys, and with
 // Ctrl and Alt together.

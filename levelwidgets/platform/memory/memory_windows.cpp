@@ -18,9 +18,6 @@ constexpr std::intptr_t kBuiltInProc = 0xFFF1;
 
 constexpr int kSmallestWidth = 112;  // at 96 dots per inch
 
-// In a key message: Alt is held.
-constexpr LParam kAltContext = LParam{1} << 29;
-
 // The lowest four bits of a system command are nobody's business.
 constexpr WParam kCommandMask = 0xFFF0;
 

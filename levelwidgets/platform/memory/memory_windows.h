@@ -37,14 +37,16 @@ struct PointerHit {
   bool disabled = false;   // the top-level window takes no input
 };
 
+// Where in a window the pointer is: WM_SETCURSOR names it.
+inline constexpr LParam kHtClient = 1;
+
 // Beyond the promises of WindowApi:
 // - A child starts behind its siblings, a top-level window in front of its band; a window that is neither
 //   child nor popup gets a caption.
 // - kWmCreate comes with no parameters and refuses the window by -1; kWmSize and kWmMove follow it.
 // - Hiding a focused child gives the focus to its parent, disabling it to nobody.
 // - A window that answers kWmPaint again and again without BeginPaint raises std::logic_error, which names
-// its class,
-//   out of whatever did the pending paints. The system would hang.
+//   its class, out of whatever did the pending paints. The system would hang.
 // - The title of a plain window is kept as it is set; no message reports it.
 class MemoryWindows final : public WindowApi {
  public:

@@ -12,8 +12,6 @@ constexpr WParam kWaInactive = 0;
 constexpr WParam kWaActive = 1;
 constexpr WParam kWaClickActive = 2;
 
-constexpr LParam kHtClient = 1;
-
 constexpr std::int16_t kKeyIsDown = -128;
 
 }  // namespace

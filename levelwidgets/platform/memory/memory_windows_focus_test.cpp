@@ -6,8 +6,8 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class WindowFocusTest : public DesktopTest {
  protected:
@@ -185,7 +185,7 @@ TEST_F(WindowFocusTest, DestroyingAnAncestorEndsTheCaptureAndNobodyHearsOfIt) {
   Begin();
   windows.DestroyWindow(form);
   EXPECT_FALSE(windows.GetCapture());
-  EXPECT_THAT(Take(), testing::Not(testing::Contains("first CaptureChanged none")));
+  EXPECT_THAT(Take(), ::testing::Not(::testing::Contains("first CaptureChanged none")));
 }
 
 TEST_F(WindowFocusTest, ACaptureThatItsHolderKeepsWhenItIsCancelledEndsWithDisabling) {

@@ -7,9 +7,9 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 constexpr ColorRef kRed{0x0000FF};
 constexpr ColorRef kBlue{0xFF0000};

@@ -4,8 +4,8 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class WindowPlaceTest : public DesktopTest {
  protected:

@@ -8,8 +8,8 @@
 namespace levelwidgets::memory {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class MemoryWindowsTest : public DesktopTest {};
 

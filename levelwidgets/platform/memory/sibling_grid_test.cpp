@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t kClipping = kWsVisible | kWsClipSiblings | kWsClipChildren;
 
-class ManySiblingsTest : public testing::Test {
+class ManySiblingsTest : public ::testing::Test {
  protected:
   static constexpr PixelSize kArea{1000, 700};
 

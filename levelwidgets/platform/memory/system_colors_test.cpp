@@ -9,7 +9,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-class Palettes : public testing::TestWithParam<std::string_view> {};
+class Palettes : public ::testing::TestWithParam<std::string_view> {};
 
 TEST_P(Palettes, TextsCanBeReadOnWhatTheyStandOn) {
   const SystemPalette palette = *FindPalette(GetParam());
@@ -48,7 +48,7 @@ TEST_P(Palettes, TextBoxesStandOutFromForms) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Palettes, testing::ValuesIn(PaletteNames().begin(), PaletteNames().end()),
+INSTANTIATE_TEST_SUITE_P(All, Palettes, ::testing::ValuesIn(PaletteNames().begin(), PaletteNames().end()),
                          [](const auto& name) {
                            std::string text(name.param);
                            std::erase(text, '-');

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::uint32_t kClipping = kWsVisible | kWsClipSiblings | kWsClipChildren;
 
-class WindowTreeTest : public testing::Test {
+class WindowTreeTest : public ::testing::Test {
  protected:
   Window& Make(Window& parent, PixelRect rect, std::uint32_t style = kClipping) {
     Window& window = tree.Create(parent);

@@ -6,8 +6,8 @@
 namespace levelwidgets::text {
 namespace {
 
-using testing::EndsWith;
-using testing::SizeIs;
+using ::testing::EndsWith;
+using ::testing::SizeIs;
 
 TEST(Printable, WritesEveryControlCharacterAsAnEscape) {
   EXPECT_EQ(Printable("a\x1B[2Jb\x7F\r\n\t"), "a\\u001B[2Jb\\u007F\\u000D\\u000A\\u0009");

@@ -22,6 +22,7 @@ std::size_t ByteOfCharacter(std::string_view utf8, std::size_t place);
 // Where the first ill-formed byte is.
 std::optional<std::size_t> FindIllFormed(std::string_view utf8);
 
+constexpr bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 // Whether `byte` is one inside a character.
 constexpr bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 

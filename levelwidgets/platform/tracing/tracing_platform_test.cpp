@@ -6,12 +6,12 @@
 namespace levelwidgets {
 namespace {
 
-using testing::_;
-using testing::DoAll;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Return;
-using testing::SetArgReferee;
+using ::testing::_;
+using ::testing::DoAll;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Return;
+using ::testing::SetArgReferee;
 
 class FakeDrawing : public DrawingApi {
  public:
@@ -142,14 +142,14 @@ class FakePlatform : public Platform {
   ScreenApi& Screen() override { return screen; }
   ConversionApi& Conversions() override { return conversions; }
 
-  testing::NiceMock<FakeDrawing> drawing;
-  testing::NiceMock<FakeWindows> windows;
-  testing::NiceMock<FakeClock> clock;
-  testing::NiceMock<FakeScreen> screen;
-  testing::NiceMock<FakeConversions> conversions;
+  ::testing::NiceMock<FakeDrawing> drawing;
+  ::testing::NiceMock<FakeWindows> windows;
+  ::testing::NiceMock<FakeClock> clock;
+  ::testing::NiceMock<FakeScreen> screen;
+  ::testing::NiceMock<FakeConversions> conversions;
 };
 
-class TracingPlatformTest : public testing::Test {
+class TracingPlatformTest : public ::testing::Test {
  protected:
   TracingPlatformTest() { tracer.Start(); }
 
@@ -278,7 +278,7 @@ TEST_F(TracingPlatformTest, ANoteStandsAmongTheCallsWhileActive) {
 TEST_F(TracingPlatformTest, CallbacksArePassedOnAndNotRecorded) {
   std::function<void()> given;
   EXPECT_CALL(fake.clock, SetTimer(100, _))
-      .WillOnce(DoAll(testing::SaveArg<1>(&given), Return(TimerHandle{5})));
+      .WillOnce(DoAll(::testing::SaveArg<1>(&given), Return(TimerHandle{5})));
   bool ticked = false;
   EXPECT_EQ(tracer.Clock().SetTimer(100, [&ticked] { ticked = true; }), TimerHandle{5});
   given();

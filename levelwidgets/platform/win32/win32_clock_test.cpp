@@ -7,7 +7,7 @@
 namespace levelwidgets::win32 {
 namespace {
 
-class Win32ClockTest : public testing::Test, protected TestDesktop {};
+class Win32ClockTest : public ::testing::Test, protected TestDesktop {};
 
 TEST_F(Win32ClockTest, ATimerTicksAtItsInterval) {
   int ticks = 0;
@@ -101,7 +101,7 @@ TEST_F(Win32ClockTest, TheScreenHasWholeTwips) {
 
 // --- Exceptions of clients -------------------------------------------------------------------
 
-class Win32ExceptionTest : public testing::Test, protected TestDesktop {
+class Win32ExceptionTest : public ::testing::Test, protected TestDesktop {
  protected:
   void ThrowAt(std::uint32_t number) {
     client.on_message = [number](const Message& message) {

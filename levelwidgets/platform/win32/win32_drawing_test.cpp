@@ -10,7 +10,7 @@ constexpr ColorRef kRed{0x0000FF};
 constexpr ColorRef kBlue{0xFF0000};
 constexpr ColorRef kWhite{0xFFFFFF};
 
-class Win32DrawingTest : public testing::Test, protected TestDesktop {
+class Win32DrawingTest : public ::testing::Test, protected TestDesktop {
  protected:
   Win32DrawingTest() {
     const DcHandle screen_compatible{};

@@ -5,7 +5,7 @@
 namespace levelwidgets::win32 {
 namespace {
 
-class Win32DriverTest : public testing::Test, protected TestDesktop {};
+class Win32DriverTest : public ::testing::Test, protected TestDesktop {};
 
 constexpr ColorRef kOrange{0x0080FF};
 

@@ -63,8 +63,6 @@ class Win32FileDialogTest : public ::testing::Test {
   const std::filesystem::path folder_ = std::filesystem::temp_directory_path() / "levelwidgets_dialogs";
 };
 
-}  // namespace
-
 TEST_F(Win32FileDialogTest, ThePersonGivesAFileThatExists) {
   Answer(IDOK);
   EXPECT_EQ(Dialogs().GetOpenFileNameA(Question()), Path("one.txt"));
@@ -95,5 +93,7 @@ TEST_F(Win32FileDialogTest, WhatAHandlerThrowsMeanwhileIsThrownAtTheEnd) {
   platform_.Clock().Post([] { throw std::runtime_error("meanwhile"); });
   EXPECT_THROW(Dialogs().GetOpenFileNameA(Question()), std::runtime_error);
 }
+
+}  // namespace
 
 }  // namespace levelwidgets::win32

@@ -5,7 +5,7 @@
 namespace levelwidgets::win32 {
 namespace {
 
-class Win32InputTest : public testing::Test, protected TestDesktop {
+class Win32InputTest : public ::testing::Test, protected TestDesktop {
  protected:
   Win32InputTest() {
     form = MakeForm(client);

@@ -7,7 +7,7 @@
 namespace levelwidgets::win32 {
 namespace {
 
-class Win32WindowsTest : public testing::Test, protected TestDesktop {};
+class Win32WindowsTest : public ::testing::Test, protected TestDesktop {};
 
 TEST_F(Win32WindowsTest, OwnContextIsAlwaysTheSameAndKeepsItsState) {
   const WindowHandle form = MakeForm(client);
@@ -153,7 +153,7 @@ class AnsweringClient : public WindowClient {
   WindowApi& windows_;
 };
 
-class Win32SubclassTest : public testing::Test, protected TestDesktop {
+class Win32SubclassTest : public ::testing::Test, protected TestDesktop {
  protected:
   std::intptr_t Install(WindowHandle window, WindowProc procedure) {
     return windows.SetWindowLongA(window, kGwlWndProc, reinterpret_cast<std::intptr_t>(procedure));

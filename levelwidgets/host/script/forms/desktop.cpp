@@ -140,11 +140,6 @@ int Pixel(lua_State* L) {
   return 1;
 }
 
-void SetField(lua_State* L, const char* field, lua_Integer value) {
-  lua_pushinteger(L, value);
-  lua_setfield(L, -2, field);
-}
-
 // Pushes the panel that the control at `index` has open. Returns the number of values: none for a form, and
 // while no panel is open.
 int PushPanel(lua_State* L, int index) {
@@ -274,29 +269,29 @@ int Objects(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kMethods[] = {{"active", Guarded<Active>},
-                                 {"advance", Guarded<Advance>},
-                                 {"calls", Guarded<Calls>},
-                                 {"wheel", Guarded<Wheel>},
-                                 {"capture", Guarded<Capture>},
-                                 {"click", Guarded<Click>},
-                                 {"doubleclick", Guarded<DoubleClick>},
-                                 {"focus", Guarded<Focus>},
-                                 {"key", Guarded<Key>},
-                                 {"keydown", Guarded<KeyDown>},
-                                 {"keyup", Guarded<KeyUp>},
-                                 {"move", Guarded<Move>},
-                                 {"move_to", Guarded<MoveTo>},
-                                 {"objects", Guarded<Objects>},
-                                 {"pixel", Guarded<Pixel>},
-                                 {"press", Guarded<Press>},
-                                 {"rect", Guarded<Rect>},
-                                 {"release", Guarded<Release>},
-                                 {"screenshot", Guarded<Screenshot>},
-                                 {"trace", Guarded<Trace>},
-                                 {"type", Guarded<Type>},
-                                 {"windows", Guarded<Windows>},
-                                 {nullptr, nullptr}};
+constexpr luaL_Reg kDesktopMethods[] = {{"active", Guarded<Active>},
+                                        {"advance", Guarded<Advance>},
+                                        {"calls", Guarded<Calls>},
+                                        {"wheel", Guarded<Wheel>},
+                                        {"capture", Guarded<Capture>},
+                                        {"click", Guarded<Click>},
+                                        {"doubleclick", Guarded<DoubleClick>},
+                                        {"focus", Guarded<Focus>},
+                                        {"key", Guarded<Key>},
+                                        {"keydown", Guarded<KeyDown>},
+                                        {"keyup", Guarded<KeyUp>},
+                                        {"move", Guarded<Move>},
+                                        {"move_to", Guarded<MoveTo>},
+                                        {"objects", Guarded<Objects>},
+                                        {"pixel", Guarded<Pixel>},
+                                        {"press", Guarded<Press>},
+                                        {"rect", Guarded<Rect>},
+                                        {"release", Guarded<Release>},
+                                        {"screenshot", Guarded<Screenshot>},
+                                        {"trace", Guarded<Trace>},
+                                        {"type", Guarded<Type>},
+                                        {"windows", Guarded<Windows>},
+                                        {nullptr, nullptr}};
 
 int ReadDesktop(lua_State* L) {
   const std::string_view name = luaL_checkstring(L, 2);
@@ -304,7 +299,7 @@ int ReadDesktop(lua_State* L) {
   RaiseNoSuchMember("Desktop", name, ScriptMethodNames(L, 1));
 }
 
-constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadDesktop>}, {nullptr, nullptr}};
+constexpr luaL_Reg kDesktopMetamethods[] = {{"__index", Guarded<ReadDesktop>}, {nullptr, nullptr}};
 
 bool IsEmptyTable(lua_State* L, int index) {
   luaL_checktype(L, index, LUA_TTABLE);
@@ -322,8 +317,8 @@ ScriptDesktop& CheckScriptDesktop(lua_State* L) {
 }
 
 void OpenDesktop(lua_State* L) {
-  DefineType<DesktopValue>(L, kDesktopType, kMetamethods);
-  SetScriptMethods(L, kMethods);
+  DefineType<DesktopValue>(L, kDesktopType, kDesktopMetamethods);
+  SetScriptMethods(L, kDesktopMethods);
   AddDesktopWindowMethods(L);
   AddInvariantMethods(L);
   lua_pop(L, 1);

@@ -5,6 +5,7 @@
 #include <levelwidgets/host/script/forms/forms.h>
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/members/objects.h>
+#include <levelwidgets/host/script/values/values.h>
 
 namespace levelwidgets {
 
@@ -60,11 +61,6 @@ int PointerShape(lua_State* L) {
   return 0;
 }
 
-void SetField(lua_State* L, const char* field, lua_Integer value) {
-  lua_pushinteger(L, value);
-  lua_setfield(L, -2, field);
-}
-
 int Monitors(lua_State* L) {
   lua_newtable(L);
   lua_Integer place = 0;
@@ -79,19 +75,19 @@ int Monitors(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kMethods[] = {{"close", Guarded<Close>},
-                                 {"enter", Guarded<Enter>},
-                                 {"leave", Guarded<Leave>},
-                                 {"maximize", Guarded<Maximize>},
-                                 {"minimize", Guarded<Minimize>},
-                                 {"monitors", Guarded<Monitors>},
-                                 {"restore", Guarded<Restore>},
-                                 {"pointer_shape", Guarded<PointerShape>},
-                                 {nullptr, nullptr}};
+constexpr luaL_Reg kDesktopWindowMethods[] = {{"close", Guarded<Close>},
+                                              {"enter", Guarded<Enter>},
+                                              {"leave", Guarded<Leave>},
+                                              {"maximize", Guarded<Maximize>},
+                                              {"minimize", Guarded<Minimize>},
+                                              {"monitors", Guarded<Monitors>},
+                                              {"restore", Guarded<Restore>},
+                                              {"pointer_shape", Guarded<PointerShape>},
+                                              {nullptr, nullptr}};
 
 }  // namespace
 
-void AddDesktopWindowMethods(lua_State* L) { AddScriptMethods(L, kMethods); }
+void AddDesktopWindowMethods(lua_State* L) { AddScriptMethods(L, kDesktopWindowMethods); }
 
 int ScreenInTwips(lua_State* L) {
   ScreenApi& screen = StateOf(L).FormPlatform().Screen();

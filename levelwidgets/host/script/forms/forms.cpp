@@ -58,10 +58,10 @@ int FormToText(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadForm>},
-                                     {"__newindex", Guarded<WriteForm>},
-                                     {"__tostring", Guarded<FormToText>},
-                                     {nullptr, nullptr}};
+constexpr luaL_Reg kFormMetamethods[] = {{"__index", Guarded<ReadForm>},
+                                         {"__newindex", Guarded<WriteForm>},
+                                         {"__tostring", Guarded<FormToText>},
+                                         {nullptr, nullptr}};
 
 // --- Methods ---------------------------------------------------------------------------------------
 
@@ -119,17 +119,17 @@ int SaveFormFile(lua_State* L) {
   return 0;
 }
 
-constexpr luaL_Reg kMethods[] = {{"add", Guarded<AddControl>},
-                                 {"close", Guarded<CloseForm>},
-                                 {"controls", Guarded<ListControls>},
-                                 {"hide", Guarded<HideForm>},
-                                 {"on", Guarded<ListenToForm>},
-                                 {"remove", Guarded<RemoveControl>},
-                                 {"save", Guarded<SaveFormFile>},
-                                 {"show", Guarded<ShowForm>},
-                                 {"show_modal", Guarded<ShowFormModal>},
-                                 {"text", Guarded<FormFileText>},
-                                 {nullptr, nullptr}};
+constexpr luaL_Reg kFormMethods[] = {{"add", Guarded<AddControl>},
+                                     {"close", Guarded<CloseForm>},
+                                     {"controls", Guarded<ListControls>},
+                                     {"hide", Guarded<HideForm>},
+                                     {"on", Guarded<ListenToForm>},
+                                     {"remove", Guarded<RemoveControl>},
+                                     {"save", Guarded<SaveFormFile>},
+                                     {"show", Guarded<ShowForm>},
+                                     {"show_modal", Guarded<ShowFormModal>},
+                                     {"text", Guarded<FormFileText>},
+                                     {nullptr, nullptr}};
 
 std::string TextOf(const std::vector<Diagnostic>& diagnostics) {
   std::string text;
@@ -148,8 +148,8 @@ void RaiseLoadOnce(ScriptForm& form) {
 }
 
 void OpenForms(lua_State* L) {
-  DefineType<FormRef>(L, kFormType, kMetamethods);
-  SetScriptMethods(L, kMethods);
+  DefineType<FormRef>(L, kFormType, kFormMetamethods);
+  SetScriptMethods(L, kFormMethods);
   lua_pop(L, 1);
 }
 

@@ -61,14 +61,14 @@ int ThrowInEvent(lua_State* L) {
   return 0;
 }
 
-constexpr luaL_Reg kMethods[] = {{"check", Guarded<CheckInvariants>},
-                                 {"close_all", Guarded<CloseAll>},
-                                 {"repaint", Guarded<Repaint>},
-                                 {"throw", Guarded<ThrowInEvent>},
-                                 {nullptr, nullptr}};
+constexpr luaL_Reg kInvariantMethods[] = {{"check", Guarded<CheckInvariants>},
+                                          {"close_all", Guarded<CloseAll>},
+                                          {"repaint", Guarded<Repaint>},
+                                          {"throw", Guarded<ThrowInEvent>},
+                                          {nullptr, nullptr}};
 
 }  // namespace
 
-void AddInvariantMethods(lua_State* L) { AddScriptMethods(L, kMethods); }
+void AddInvariantMethods(lua_State* L) { AddScriptMethods(L, kInvariantMethods); }
 
 }  // namespace levelwidgets

@@ -23,7 +23,7 @@ TEST(PngFile, HoldsThePixelsOfThePicture) {
   image.format = PNG_FORMAT_RGB;
   std::vector<png_byte> bytes(PNG_IMAGE_SIZE(image));
   ASSERT_TRUE(png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr));
-  EXPECT_THAT(bytes, testing::ElementsAre(0xFF, 0, 0, 0, 0xFF, 0, 0, 0, 0xFF, 0x56, 0x34, 0x12));
+  EXPECT_THAT(bytes, ::testing::ElementsAre(0xFF, 0, 0, 0, 0xFF, 0, 0, 0, 0xFF, 0x56, 0x34, 0x12));
   std::filesystem::remove(path);
 }
 

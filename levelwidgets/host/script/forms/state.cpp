@@ -9,7 +9,6 @@ namespace levelwidgets {
 namespace {
 // More than anybody looks at.
 constexpr std::size_t kMostFormsOfSandboxes = 1000;
-constexpr std::int32_t kOutOfMemory = 7;
 }  // namespace
 
 ScriptState::ScriptState(ScriptOptions options)

@@ -13,7 +13,6 @@ namespace {
 
 constexpr char kTimerType[] = "timer";
 constexpr std::size_t kMostTimersOfSandbox = 1000;
-constexpr std::int32_t kOutOfMemory = 7;
 
 using TimerRef = std::shared_ptr<ScriptTimer>;
 
@@ -29,8 +28,8 @@ int ReadTimer(lua_State* L) {
   return 1;
 }
 
-constexpr luaL_Reg kMetamethods[] = {{"__index", Guarded<ReadTimer>}, {nullptr, nullptr}};
-constexpr luaL_Reg kMethods[] = {{"stop", Guarded<StopTimer>}, {nullptr, nullptr}};
+constexpr luaL_Reg kTimerMetamethods[] = {{"__index", Guarded<ReadTimer>}, {nullptr, nullptr}};
+constexpr luaL_Reg kTimerMethods[] = {{"stop", Guarded<StopTimer>}, {nullptr, nullptr}};
 
 // Takes the function `on` of the table at index 1.
 ScriptRef HandlerOf(lua_State* L, ScriptRealm& realm) {
@@ -80,8 +79,8 @@ void ScriptTimer::Tick() {
 }
 
 void OpenTimers(lua_State* L) {
-  DefineType<TimerRef>(L, kTimerType, kMetamethods);
-  SetScriptMethods(L, kMethods);
+  DefineType<TimerRef>(L, kTimerType, kTimerMetamethods);
+  SetScriptMethods(L, kTimerMethods);
   lua_pop(L, 1);
 }
 

@@ -20,7 +20,6 @@ constexpr std::size_t kGrowthFactor = 4;
 // How much use is noted before the growth is looked at, and what a call counts at least.
 constexpr std::size_t kUsePerLook = std::size_t{1} << 20;
 constexpr std::size_t kUsePerCall = 1024;
-constexpr std::int32_t kOutOfMemory = 7;
 
 constexpr char kHowToLift[] = "; --trust lifts the limits for a form that you trust";
 

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,6 +13,9 @@
 namespace levelwidgets {
 
 class ScriptWatchdog;
+
+// The number of the error of a script that takes more than it may.
+inline constexpr std::int32_t kOutOfMemory = 7;
 
 inline constexpr std::size_t kMostPrinted = std::size_t{1} << 20;  // bytes
 

@@ -119,6 +119,11 @@ void SetObjectValues(lua_State* L, const ObjectValues& values) {
   lua_rawsetp(L, LUA_REGISTRYINDEX, &kObjectValues);
 }
 
+void SetField(lua_State* L, const char* field, lua_Integer value) {
+  lua_pushinteger(L, value);
+  lua_setfield(L, -2, field);
+}
+
 void PushText(lua_State* L, std::string_view text) { lua_pushlstring(L, text.data(), text.size()); }
 
 void PushVariant(lua_State* L, const Variant& value, const MemberType& type) {

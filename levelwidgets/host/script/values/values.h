@@ -21,6 +21,8 @@ struct ObjectValues {
 void SetObjectValues(lua_State* L, const ObjectValues& values);
 
 void PushText(lua_State* L, std::string_view text);
+// Of the table on top of the stack.
+void SetField(lua_State* L, const char* field, lua_Integer value);
 
 // Empty is nil; whole numbers are integers, others floats; colours and handles of `type` are never negative.
 void PushVariant(lua_State* L, const Variant& value, const MemberType& type = {});

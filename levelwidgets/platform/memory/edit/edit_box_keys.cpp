@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <levelwidgets/platform/memory/edit/edit_box.h>
+#include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets::memory {
 
@@ -14,8 +15,6 @@ constexpr char Ctrl(char letter) { return static_cast<char>(letter - 'A' + 1); }
 constexpr char kDeleteCharacter = 127;  // of Ctrl+Backspace
 
 constexpr int kKeyMenu = 93;  // the key with the picture of a menu
-
-bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 }  // namespace
 
@@ -125,7 +124,7 @@ void EditBox::Character(char byte) {
 }
 
 void EditBox::Enter(const std::string& character) {
-  if (Has(kEsReadOnly) || (Has(kEsNumber) && !IsDigit(character[0]))) return;
+  if (Has(kEsReadOnly) || (Has(kEsNumber) && !text::IsDigit(character[0]))) return;
   Replace(character, {.run = EditRun::kTyping});
 }
 

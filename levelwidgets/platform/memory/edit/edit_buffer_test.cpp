@@ -7,7 +7,7 @@
 namespace levelwidgets::memory {
 namespace {
 
-class EditBufferTest : public testing::Test {
+class EditBufferTest : public ::testing::Test {
  protected:
   EditBufferTest() {
     buffer.Measure().SetFont([](std::uint8_t) { return 1; }, 0);

@@ -8,7 +8,7 @@ namespace levelwidgets::memory {
 namespace {
 
 // Every character is one pixel wide; blanks too.
-class LineLayoutTest : public testing::Test {
+class LineLayoutTest : public ::testing::Test {
  protected:
   LineLayoutTest() {
     measure.SetFont([](std::uint8_t) { return 1; }, 4);

@@ -8,7 +8,7 @@ namespace levelwidgets::memory {
 namespace {
 
 // "i" is 2 pixels wide, "m" 6, all else 4; tab stops every 10 pixels.
-class TextMeasureTest : public testing::Test {
+class TextMeasureTest : public ::testing::Test {
  protected:
   TextMeasureTest() {
     measure.SetFont(
@@ -88,7 +88,7 @@ TEST_F(TextMeasureTest, RemembersWidthsWithoutChangingResults) {
 }
 
 // Of "a日本z" the bytes are a, 93 FA, 96 7B, z. Pairs are 9 pixels wide, other characters 4.
-class TextMeasurePairs : public testing::Test {
+class TextMeasurePairs : public ::testing::Test {
  protected:
   TextMeasurePairs() {
     text.SetCodePage(page);
