@@ -25,7 +25,7 @@ TwipPoint PlaceDropDown(const PixelRect& owner, TwipSize panel, TwipSize screen,
 //
 // It opens below the control at its left edge, or above it at its right edge when it would run off the
 // bottom. It is moved to the left where it would end at or beyond the right edge of the area (above: where
-// the control ends beyond it), and never begins to the left of the area.
+// the control ends beyond it), and above the control never begins to the left of the area.
 TwipPoint PlacePanel(const PixelRect& owner, TwipSize panel, const PixelRect& area, PixelTwips twips);
 
 }  // namespace levelwidgets

@@ -14,7 +14,9 @@ bool EqualsEmptyString(const Variant& value) {
 }  // namespace
 
 std::string CalendarValue::Formatted(const Variant& date) const {
-  return ResultOf(conversions_.Format(ToConversionValue(date), date_format_));
+  const ConversionValue value = ToConversionValue(date);
+  const auto formatted = conversions_.Format(value, date_format_);
+  return formatted ? formatted.value : ResultOf(conversions_.Format(value, ""));
 }
 
 std::optional<Date> CalendarValue::SelectedDate() const {

@@ -61,12 +61,13 @@ TEST_F(CalendarValueTest, RefusesAnythingElseWith13AndChangesNothing) {
   }
 }
 
-TEST_F(CalendarValueTest, AnInvalidFormatChangesNothing) {
-  value_.Assign(kMay31);
+TEST_F(CalendarValueTest, WithAnInvalidFormatADateIsShownInTheGeneralForm) {
   value_.SetDateFormat("0;0;0;0;0");
-  ASSERT_FALSE(conversions_.Format(Date{1}, value_.DateFormat()));
-  EXPECT_EQ(ErrorOf([&] { value_.Assign(Date{1}); }), 5);
+  ASSERT_FALSE(conversions_.Format(kMay31, value_.DateFormat()));
+  EXPECT_EQ(value_.Assign(kMay31), "5/31/2024");
   EXPECT_EQ(value_.Value(), Variant(kMay31));
+  EXPECT_FALSE(value_.CommitsOnExit("5/31/2024"));
+  EXPECT_TRUE(value_.CommitsOnExit("5/30/2024"));
 }
 
 TEST_F(CalendarValueTest, TypingHoldsTheTextOfADateAndNullOtherwise) {

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include <levelwidgets/platform/memory/finally.h>
+#include <levelwidgets/platform/memory/memory_keys.h>
 #include <levelwidgets/platform/text/letter_case.h>
 
 namespace levelwidgets::memory {
