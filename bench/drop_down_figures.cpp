@@ -30,13 +30,13 @@ class OneDropDown {
   memory::Desktop& GetDesktop() { return form_.GetDesktop(); }
   PixelSize PanelSize() {
     PixelRect rect;
-    GetDesktop().Windows().GetWindowRect(drop_.Panel().hWnd(), rect);
+    GetDesktop().Windows().GetWindowRect(drop_.Panel()->hWnd(), rect);
     return {rect.width(), rect.height()};
   }
   void Open() {
     GetDesktop().KeyDown(kKeyF4, 0);
     GetDesktop().Settle();
-    if (!drop_.Panel().IsOpen()) throw std::logic_error("the list has not opened");
+    if (!drop_.Panel()->IsOpen()) throw std::logic_error("the list has not opened");
   }
   void Close() {
     GetDesktop().KeyUp(kKeyF4, 0);

@@ -11,10 +11,12 @@ namespace levelwidgets {
 class EditControl : public Control, public EditEvents {
  public:
   // The edit box that is shown; for tests and for whoever composes the control further.
-  virtual TextBox& ActiveEdit() const = 0;
+  TextBox& ActiveEdit() const { return *txt_; }
 
  protected:
-  using Control::Control;
+  // `edit` is the edit box that is active at first; it may be a member that is yet to be made.
+  EditControl(std::shared_ptr<ControlSite> site, SurfaceLook look, TextBox& edit)
+      : Control(std::move(site), std::move(look)), txt_(&edit) {}
 
   // To be called once for each edit box of the control.
   void Relay(TextBox& edit) {
@@ -28,7 +30,10 @@ class EditControl : public Control, public EditEvents {
   }
   virtual void OnEditChange() { Change.Raise(); }
 
-  WindowHandle FocusWindow() const override { return ActiveEdit().hWnd(); }
+  WindowHandle FocusWindow() const override { return txt_->hWnd(); }
+
+  // The one that is shown.
+  TextBox* txt_;
 };
 
 }  // namespace levelwidgets

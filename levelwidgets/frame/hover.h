@@ -35,10 +35,10 @@ class CaptureHover {
   }
 
   void Capture() { surface_.Windows().SetCapture(surface_.hWnd()); }
+  bool HasCapture() const { return surface_.Windows().GetCapture() == surface_.hWnd(); }
   // Gives up the capture if this control holds it.
   void Release() {
-    WindowApi& windows = surface_.Windows();
-    if (windows.GetCapture() == surface_.hWnd()) windows.ReleaseCapture();
+    if (HasCapture()) surface_.Windows().ReleaseCapture();
   }
 
  private:

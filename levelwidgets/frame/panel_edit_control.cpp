@@ -1,40 +1,44 @@
 #include <levelwidgets/frame/panel_edit_control.h>
 
-#include <levelwidgets/frame/variant.h>
 #include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets {
 
 namespace {
 
+constexpr Color kWindow{0x80000005u};
 // Of the arrow and of the line between edit box and strip.
 constexpr Color kInk{0x00000000u};
 
+bool HasAlt(const KeyMessage& key) { return (key.shift & kAltMask) != 0; }
 // Alt+F4 is the window's.
-bool Opens(const KeyMessage& key) {
-  const bool alt = (key.shift & kAltMask) != 0;
-  return alt ? key.code == kKeyDown : key.code == kKeyF4;
-}
+bool Opens(const KeyMessage& key) { return key.code == (HasAlt(key) ? kKeyDown : kKeyF4); }
+bool ClosesWindow(const KeyMessage& key) { return HasAlt(key) && key.code == kKeyF4; }
 
 }  // namespace
 
-PanelEditControl::PanelEditControl(std::shared_ptr<ControlSite> site)
-    : EditControl(std::move(site),
-                  {.back_color = DropButton::Colors().rest, .fore_color = kInk, .font = {}}) {
-  Relay(txtMain_);
+PanelEditControl::PanelEditControl(std::shared_ptr<ControlSite> site, const PanelEditRules& rules)
+    : EditControl(std::move(site), {.back_color = kWindow, .fore_color = kInk, .font = {}}, txtMain_),
+      rules_(rules) {
   txtMain_.SetVisible(true);
 }
 
-void PanelEditControl::OnInitialize() { txtMain_.SetFont(Site().AmbientFont()); }
+void PanelEditControl::OnInitialize() {
+  txtMain_.SetFont(Site().AmbientFont());
+  LookChanged();
+}
 
 // --- Properties --------------------------------------------------------------------------------------
 
-void PanelEditControl::SetAlignment(ksxAlignmentConstants alignment) {
+void PanelEditControl::AssignAlignment(ksxAlignmentConstants alignment) {
   Assign("Alignment", Then::kNotify, [&] { txtMain_.SetAlignment(alignment); });
 }
 
 void PanelEditControl::SetBackColor(Color color) {
-  Assign("BackColor", Then::kRepaintThenNotify, [&] { txtMain_.SetBackColor(color); });
+  Assign("BackColor", Then::kRepaintThenNotify, [&] {
+    txtMain_.SetBackColor(color);
+    LookChanged();
+  });
 }
 
 void PanelEditControl::SetForeColor(Color color) {
@@ -49,29 +53,22 @@ void PanelEditControl::SetEnabled(bool enabled) {
 }
 
 void PanelEditControl::SetFont(FontRef font) {
-  Assign("Font", Then::kRepaintThenNotify, [&] { txtMain_.SetFont(std::move(font)); });
-}
-
-std::int16_t PanelEditControl::SelStart() const { return ToInt16(txtMain_.SelStart()); }
-
-std::int16_t PanelEditControl::SelLength() const { return ToInt16(txtMain_.SelLength()); }
-
-void PanelEditControl::SetDropDownBackColor(Color color) {
-  Assign("DropDownBackColor", Then::kRepaintThenNotify, [&] {
-    const bool at_rest = button_.Fill() == button_.colors.rest;
-    button_.colors.rest = color;
-    if (!at_rest) return;
-    button_.SetFill(color);
-    GetSurface().SetBackColor(color);
+  Assign("Font", Then::kRepaintThenNotify, [&] {
+    txtMain_.SetFont(std::move(font));
+    LookChanged();
   });
 }
 
+void PanelEditControl::SetDropDownBackColor(Color color) {
+  Assign("DropDownBackColor", Then::kRepaintThenNotify, [&] { button_.SetRestColor(color); });
+}
+
 void PanelEditControl::SetDropDownBackColorMouseOver(Color color) {
-  Store("DropDownBackColorMouseOver", Then::kRepaintThenNotify, button_.colors.mouse_over, color);
+  Store("DropDownBackColorMouseOver", rules_.hidden_colors, button_.colors.mouse_over, color);
 }
 
 void PanelEditControl::SetDropDownBackColorPushed(Color color) {
-  Store("DropDownBackColorPushed", Then::kRepaintThenNotify, button_.colors.pushed, color);
+  Store("DropDownBackColorPushed", rules_.hidden_colors, button_.colors.pushed, color);
 }
 
 // --- Painting ----------------------------------------------------------------------------------------
@@ -83,12 +80,11 @@ void PanelEditControl::OnResize() {
 
 void PanelEditControl::OnPaint() {
   GetSurface().Cls();
-  button_.PaintArrow();
+  button_.Paint();
 }
 
 void PanelEditControl::ShowFill(Color fill) {
   button_.SetFill(fill);
-  GetSurface().SetBackColor(fill);
   OnPaint();
 }
 
@@ -96,7 +92,7 @@ void PanelEditControl::ShowFill(Color fill) {
 
 bool PanelEditControl::OnKeyPreview(KeyMessage& key) {
   if (key.kind != KeyMessage::Kind::kDown) return false;
-  if (PanelIsOpen()) return PanelKey(key.code);
+  if (PanelIsOpen()) return !ClosesWindow(key) && PanelKey(key.code);
   const bool opens = Opens(key);
   if (opens) ShowPanel();
   return opens;
@@ -107,7 +103,7 @@ bool PanelEditControl::OnKeyPreview(KeyMessage& key) {
 void PanelEditControl::OnMouseDown(const PointerInput& input) {
   if (input.button != kLeftButton) return;
   const auto keep = Reference();
-  ShowFill(button_.colors.pushed);
+  ShowFill(button_.Pressed());
   if (PanelIsOpen()) {
     HidePanel();
   } else {
@@ -115,19 +111,11 @@ void PanelEditControl::OnMouseDown(const PointerInput& input) {
   }
 }
 
-// The fill is the state. The text is outside: there the capture would keep clicks from the edit box.
 void PanelEditControl::OnMouseMove(const PointerInput& input) {
-  const bool pushes = (input.button & kLeftButton) != 0;
-  const Color fill = pushes ? button_.colors.pushed : button_.colors.mouse_over;
-  if (button_.Fill() != fill) {
-    ShowFill(fill);
-    hover_.Capture();
-  } else if (!pushes && (input.at.x < button_.Left() || IsOutside(GetSurface(), input.at))) {
-    button_.SetFill(button_.colors.rest);
-    GetSurface().SetBackColor(button_.colors.rest);
-    hover_.Release();
-    OnPaint();
-  }
+  if ((input.button & kLeftButton) == 0) return Hover(input.at);
+  if (button_.Fill() == button_.colors.pushed) return;
+  ShowFill(button_.colors.pushed);
+  hover_.Capture();
 }
 
 // The release has ended the capture, without which the strip would not notice that the pointer leaves.
@@ -139,7 +127,7 @@ void PanelEditControl::OnMouseUp(const PointerInput&) {
 void PanelEditControl::EndInput() {
   HidePanel();
   hover_.Release();
-  if (button_.Fill() != button_.colors.rest) ShowFill(button_.colors.rest);
+  ChangeFill(button_.colors.rest);
 }
 
 // --- Panel -------------------------------------------------------------------------------------------
@@ -149,22 +137,26 @@ bool PanelEditControl::CanOpen() const {
   return GetSurface().Windows().IsWindowVisible(GetSurface().hWnd()) && Enabled();
 }
 
+PopupPanel& PanelEditControl::NeedPanel() {
+  if (!picPopup_) picPopup_ = std::make_unique<PopupPanel>(*this, rules_.panel, [this] { HidePanel(); });
+  return *picPopup_;
+}
+
 void PanelEditControl::ShowPanel() {
   if (!CanOpen()) return;
   const auto keep = Reference();
-  PopupPanel& panel = PreparePanel();
-  if (!CanOpen()) return;  // a listener has seen to that
+  if (!PreparePanel() || !CanOpen()) return;  // a listener may have seen to the second
+  PopupPanel& panel = NeedPanel();
   panel.Detach();
-  const PixelRect& owner = panel.TakeOwnerRect();
-  const PixelRect area = MonitorArea(owner, GetSurface().GetPlatform().Screen());
-  panel.Open(PlacePanel(owner, panel.Size(), area, panel.Twips()));
+  SizePanel();
+  panel.Open(PlaceFor(panel.TakeOwnerRect()));
 }
 
 void PanelEditControl::HidePanel() {
   if (!PanelIsOpen()) return;
   const auto keep = Reference();
   WindowApi& windows = GetSurface().Windows();
-  const bool returns_focus = const_cast<PopupPanel*>(Panel())->Close();
+  const bool returns_focus = picPopup_->Close();
   const WindowHandle active = windows.GetActiveWindow();
   // A listener may have turned to another form, which keeps the focus, too.
   const auto finish = [&] { AfterPanel(returns_focus && windows.GetActiveWindow() == active); };
@@ -179,8 +171,10 @@ void PanelEditControl::HidePanel() {
 
 void PanelEditControl::AfterPanel(bool takes_focus) {
   if (takes_focus && GetSurface().Windows().IsWindowVisible(txtMain_.hWnd())) txtMain_.SetFocus();
-  txtMain_.Select(static_cast<std::int32_t>(text::CharacterCount(txtMain_.Text())), 0);
-  if (button_.Fill() != button_.colors.rest) ShowFill(button_.colors.rest);
+  if (rules_.caret_to_end) {
+    txtMain_.Select(static_cast<std::int32_t>(text::CharacterCount(txtMain_.Text())), 0);
+  }
+  ChangeFill(button_.colors.rest);
 }
 
 }  // namespace levelwidgets

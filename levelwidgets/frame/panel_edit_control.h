@@ -1,9 +1,9 @@
-// What the controls around an edit box have in common that drop a panel of fixed size down.
+// What the controls around an edit box have in common that drop a panel down.
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include <levelwidgets/frame/alignment.h>
 #include <levelwidgets/frame/edit_control.h>
 #include <levelwidgets/frame/hover.h>
 #include <levelwidgets/frame/parts/drop_button.h>
@@ -11,17 +11,24 @@
 
 namespace levelwidgets {
 
+// In what these controls differ, beside what they do.
+struct PanelEditRules {
+  PopupLook panel;
+  DropButton::Rules strip;
+  // What follows when the strip gets another colour under the pointer or pressed.
+  Then hidden_colors = Then::kNotify;
+  // Closing puts the caret to the end of the text.
+  bool caret_to_end = false;
+};
+
 // The edit box, and at its right the strip that opens and closes the panel, as F4 and Alt+Down do. The
-// strip's fill is the colour of the control's surface, and its three colours are its states. The control sees
-// keys before its parts; the panel has the focus while it is open, and the control is not left by that.
+// strip's three colours are its states. The control sees keys before its parts; the panel has the focus while
+// it is open, and the control is not left by that.
 class PanelEditControl : public EditControl {
  public:
   // --- Properties -------------------------------------------------------------------------------
-  // Each notifies, except the selection.
+  // Each notifies, except the selected text.
 
-  ksxAlignmentConstants Alignment() const { return txtMain_.Alignment(); }
-  // Any other value is left-aligned.
-  void SetAlignment(ksxAlignmentConstants alignment);
   Color BackColor() const { return txtMain_.BackColor(); }
   void SetBackColor(Color color);
   Color ForeColor() const { return txtMain_.ForeColor(); }
@@ -32,11 +39,6 @@ class PanelEditControl : public EditControl {
   FontRef GetFont() const { return txtMain_.GetFont(); }
   // Shares the font.
   void SetFont(FontRef font);
-  // Of the edit box, in characters from 0. A place beyond 32767 raises 6 (overflow) when it is read.
-  std::int16_t SelStart() const;
-  void SetSelStart(std::int16_t start) { txtMain_.Select(start, 0); }
-  std::int16_t SelLength() const;
-  void SetSelLength(std::int16_t length) { txtMain_.Select(txtMain_.SelStart(), length); }
   std::string SelText() const { return txtMain_.SelText(); }
   void SetSelText(std::string_view text) { txtMain_.SetSelText(text); }
   // The strip at rest, under the pointer, and pressed. The first is shown at once when the strip is at rest,
@@ -59,40 +61,62 @@ class PanelEditControl : public EditControl {
   void OnMouseMove(const PointerInput& input) override;
   void OnMouseUp(const PointerInput& input) override;
 
-  // The parts, for tests and for whoever composes the control further.
-  TextBox& ActiveEdit() const override { return const_cast<TextBox&>(txtMain_); }
-  // Null before the panel has first opened.
-  virtual const PopupPanel* Panel() const = 0;
-  bool PanelIsOpen() const { return Panel() && Panel()->IsOpen(); }
+  // For tests and for whoever composes the control further. Null before it has been needed.
+  PopupPanel* Panel() const { return picPopup_.get(); }
+  bool PanelIsOpen() const { return picPopup_ && picPopup_->IsOpen(); }
 
  protected:
-  explicit PanelEditControl(std::shared_ptr<ControlSite> site);
+  PanelEditControl(std::shared_ptr<ControlSite> site, const PanelEditRules& rules);
 
-  // The panel with what it is to show when it opens. A listener may destroy the control meanwhile.
-  virtual PopupPanel& PreparePanel() = 0;
-  // The panel has been hidden.
+  // --- For the control ----------------------------------------------------------------------------
+
+  // Makes the panel what it is to show when it opens; false when there is nothing to show. A listener may
+  // destroy the control meanwhile.
+  virtual bool PreparePanel() = 0;
+  // The panel has been detached. One whose size depends on what it shows gets it here.
+  virtual void SizePanel() {}
+  // Where the panel opens; `owner` is the control's window in screen pixels.
+  virtual TwipPoint PlaceFor(const PixelRect& owner) const = 0;
+  // The panel has been hidden; the focus is not back yet.
   virtual void PanelClosed() {}
   // A key that went down while the panel is open; true when it is used.
   virtual bool PanelKey(std::int16_t code) = 0;
+  // A move of the pointer over the control, or captured, without the left button.
+  virtual void Hover(TwipPoint at) = 0;
+  // The edit box has another background or another font.
+  virtual void LookChanged() {}
 
+  // Makes the panel when there is none yet.
+  PopupPanel& NeedPanel();
   // Opens the panel below the control, or above it where there is no room.
   void ShowPanel();
-  // Gives the focus back to the edit box, with the caret at the end, unless the user has turned to another
-  // form. Nothing happens while the panel is closed.
+  // Gives the focus back to the edit box unless the user has turned to another form. Nothing happens while
+  // the panel is closed.
   void HidePanel();
 
+  void AssignAlignment(ksxAlignmentConstants alignment);
+  // The fill is the state of the strip.
+  void ShowFill(Color fill);
+  void ChangeFill(Color fill) {
+    if (fill != button_.Fill()) ShowFill(fill);
+  }
+
   TextBox& Edit() { return txtMain_; }
+  const TextBox& Edit() const { return txtMain_; }
+  DropButton& Strip() { return button_; }
+  CaptureHover& Capturing() { return hover_; }
 
  private:
   bool CanOpen() const;
-  void ShowFill(Color fill);
   void AfterPanel(bool takes_focus);
   // What a control that takes no input any more has begun.
   void EndInput();
 
+  const PanelEditRules rules_;
   TextBox txtMain_{*this, false};
-  DropButton button_{GetSurface()};
+  DropButton button_{GetSurface(), rules_.strip};
   CaptureHover hover_{GetSurface()};
+  std::unique_ptr<PopupPanel> picPopup_;
 };
 
 }  // namespace levelwidgets

@@ -27,7 +27,8 @@ class Composed : public EditControl {
     return info;
   }
   explicit Composed(std::shared_ptr<ControlSite> site)
-      : EditControl(std::move(site), {.back_color = Color(0x00C0C0C0), .fore_color = Color(0), .font = {}}) {
+      : EditControl(std::move(site), {.back_color = Color(0x00C0C0C0), .fore_color = Color(0), .font = {}},
+                    txtMain) {
     Relay(txtMain);
     txtMain.SetVisible(true);
     picPanel.SetBackColor(Color(0x00FF0000));
@@ -50,7 +51,6 @@ class Composed : public EditControl {
   static constexpr TwipSize kPanelSize{Twips(2700), Twips(1500)};
 
   const ClassInfo& Class() const override { return Table(); }
-  TextBox& ActiveEdit() const override { return const_cast<TextBox&>(txtMain); }
   void OnResize() override { txtMain.Move({}, {Twips(1200), GetSurface().ScaleHeight()}); }
   void OnPaint() override { GetSurface().Cls(); }
   void OnEnterFocus() override { notes.push_back("enter"); }

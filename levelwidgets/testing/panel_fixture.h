@@ -9,15 +9,25 @@
 
 namespace levelwidgets::testing {
 
-// Tests of a control of class T of 1800 by 315 twips, which is made when a test first needs it and has the
-// focus.
+// Tests of a control of class T of 1800 by 315 twips, which is made when a test first needs it, has the focus
+// and something to show when it opens.
 template <typename T>
 class PanelTest : public DesktopTest {
  protected:
+  static constexpr bool kIsList = requires(T & control, std::string item) { control.AddItem(item); };
+
   T& Subject() {
-    if (!subject_) Load({});
+    if (!subject_) Fill(Load({}));
     return *subject_;
   }
+  // Enter takes the first item of a list.
+  static void Fill(T& control) {
+    if constexpr (kIsList) {
+      for (std::string item : {"1", "2", "3"}) control.AddItem(item);
+      control.SetListIndex(1);
+    }
+  }
+  // A control without items.
   T& Load(const PropertyBag& saved, TwipSize size = {Twips(1800), Twips(315)}) {
     subject_ = &AddLoaded<T>("edt", saved, {Twips(600), Twips(600)}, size);
     Hosted(*subject_).SetFocus();
@@ -62,6 +72,12 @@ class PanelTest : public DesktopTest {
     return Driver().PixelAt({rect.right - 2, rect.top + 1});
   }
 
+  // What a control raises when its text changes other than by Text.
+  static Journal ChangedText() {
+    if constexpr (kIsList) return {"PropertyChanged(Text)", "Change()"};
+    return {"Change()"};
+  }
+
   // A click that makes no double click with the one before.
   void ClickApart(PixelPoint at) {
     constexpr std::uint32_t kDoubleClickIsOver = 600;
@@ -71,10 +87,20 @@ class PanelTest : public DesktopTest {
     Driver().Settle();
   }
 
+  // With one line for each paint, which may fill the strip by itself: the journal has one for each fill.
+  Journal TakeJournal() {
+    Journal journal;
+    bool filled = false;
+    for (const std::string& line : DesktopTest::TakeJournal()) {
+      filled = kIsList && line == "paint" && !filled;
+      if (!filled) journal.push_back(line);
+    }
+    return journal;
+  }
   // The events and notices that `action` leads to.
   Journal EventsOf(const std::function<void()>& action) {
-    if (!watched_) Watch(Subject());
-    watched_ = true;
+    if (watched_ != &Subject()) Watch(Subject());
+    watched_ = &Subject();
     TakeJournal();
     action();
     Driver().Settle();
@@ -87,7 +113,7 @@ class PanelTest : public DesktopTest {
 
  private:
   T* subject_ = nullptr;
-  bool watched_ = false;
+  const T* watched_ = nullptr;
   PixelPoint clicked_{-1, -1};
 };
 

@@ -13,6 +13,8 @@ constexpr Color kForeColor{0x80000008u};  // window text
 constexpr DropButton::Colors kButton;
 constexpr KeypadColors kKeypad;
 
+constexpr PopupLook kPanel{kWsPopup, DetachOrder::kExtendedStyleParentStyle, false};
+
 }  // namespace
 
 // What the keypad works with. It is made when it first opens.
@@ -113,7 +115,7 @@ const ClassInfo& FlatCalculator::Table() {
 }
 
 FlatCalculator::FlatCalculator(std::shared_ptr<ControlSite> site)
-    : PanelEditControl(std::move(site)), inside_(std::make_unique<Inside>(*this)) {}
+    : FixedPanelControl(std::move(site), kPanel), inside_(std::make_unique<Inside>(*this)) {}
 
 FlatCalculator::~FlatCalculator() = default;
 
@@ -173,20 +175,17 @@ void FlatCalculator::AssignKeypadColor(std::string_view name, Color& kept, Color
 
 // --- Keypad ------------------------------------------------------------------------------------------
 
-const PopupPanel* FlatCalculator::Panel() const {
-  return inside_->keypad ? &inside_->keypad->Panel() : nullptr;
-}
-
-PopupPanel& FlatCalculator::PreparePanel() {
+bool FlatCalculator::PreparePanel() {
   if (!inside_->keypad) MakeKeypad();
   inside_->engine.Open();
-  return inside_->keypad->Panel();
+  return true;
 }
 
 void FlatCalculator::MakeKeypad() {
-  Keypad& keypad = inside_->keypad.emplace(*this, inside_->colors, [this] { HidePanel(); });
+  PopupPanel& panel = NeedPanel();
+  Keypad& keypad = inside_->keypad.emplace(panel, inside_->colors);
   keypad.KeyPressed += [this](CalculatorKey key) { Carry(inside_->engine.Press(key)); };
-  keypad.Panel().MouseDown += [this](std::int16_t button, std::int16_t, Twips x, Twips y) {
+  panel.MouseDown += [this](std::int16_t button, std::int16_t, Twips x, Twips y) {
     if (button == kLeftButton) PressBackground({x, y});
   };
 }

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include <levelwidgets/frame/panel_edit_control.h>
+#include <levelwidgets/frame/fixed_panel_control.h>
 
 namespace levelwidgets {
 
@@ -12,7 +12,7 @@ enum class KeypadRequest;
 
 // The keypad computes at once, from left to right, with the edit box as its display; "=" closes it and leaves
 // the result. While it is open, keys drive it. The edit box takes any text, and no property is validated.
-class FlatCalculator : public PanelEditControl {
+class FlatCalculator : public FixedPanelControl {
  public:
   static const ClassInfo& Table();
   explicit FlatCalculator(std::shared_ptr<ControlSite> site);
@@ -51,10 +51,8 @@ class FlatCalculator : public PanelEditControl {
 
   const ClassInfo& Class() const override { return Table(); }
 
-  const PopupPanel* Panel() const override;
-
  protected:
-  PopupPanel& PreparePanel() override;
+  bool PreparePanel() override;
   void PanelClosed() override { CalcUp.Raise(); }
   bool PanelKey(std::int16_t code) override;
 

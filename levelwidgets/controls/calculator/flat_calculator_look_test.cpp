@@ -89,9 +89,8 @@ TEST_F(FlatCalculatorTest, CaptionsAreCentredInBoldTahomaOf12Points) {
   EXPECT_EQ(font.size, 12);
   EXPECT_TRUE(font.bold);
   std::vector<std::string> captions;
-  for (const TracedCall& call : CallsNamed({"DrawTextA", "SetTextColor"}, [this] {
-         const_cast<PopupPanel*>(Calculator().Panel())->Refresh();
-       })) {
+  for (const TracedCall& call :
+       CallsNamed({"DrawTextA", "SetTextColor"}, [this] { Calculator().Panel()->Refresh(); })) {
     const std::string text = call.ToString();
     if (call.name == "DrawTextA") {
       captions.push_back(std::get<std::string>(call.arguments[1]));

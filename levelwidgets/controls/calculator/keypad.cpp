@@ -6,14 +6,11 @@ namespace levelwidgets {
 
 namespace {
 
-constexpr PopupLook kLook{kWsPopup, DetachOrder::kExtendedStyleParentStyle, false};
-
 FontRef KeyFont() { return MakeFont({.name = "Tahoma", .size = 12, .bold = true}); }
 
 }  // namespace
 
-Keypad::Keypad(PartHost& owner, const KeypadColors& colors, std::function<void()> left)
-    : picPopup_(owner, kLook, std::move(left)) {
+Keypad::Keypad(PopupPanel& panel, const KeypadColors& colors) : picPopup_(panel) {
   picPopup_.Move({}, kKeypadSize);
   picPopup_.SetFont(KeyFont());
   for (const KeypadLine& line : kKeypadLines) LineBorder_.emplace_back(picPopup_).Move(line.start, line.end);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 
 #include <levelwidgets/controls/calculator/calculator_engine.h>
 #include <levelwidgets/frame/parts/line_shape.h>
@@ -24,11 +23,9 @@ struct KeypadColors {
 // is the owner's business.
 class Keypad {
  public:
-  // `left` is called when the user has turned elsewhere.
-  Keypad(PartHost& owner, const KeypadColors& colors, std::function<void()> left);
+  // `panel` outlives it.
+  Keypad(PopupPanel& panel, const KeypadColors& colors);
 
-  PopupPanel& Panel() { return picPopup_; }
-  const PopupPanel& Panel() const { return picPopup_; }
   // Repaints with the next paint.
   void Show(const KeypadColors& colors);
 
@@ -39,7 +36,7 @@ class Keypad {
   void AddKey(CalculatorKey key, TwipPoint position, TwipSize size);
   std::deque<TextLabel>& LabelsOf(CalculatorKeys array);
 
-  PopupPanel picPopup_;
+  PopupPanel& picPopup_;
   std::deque<LineShape> LineBorder_;
   // In the order of the layout.
   std::deque<TextLabel> lblNum_;

@@ -14,6 +14,8 @@ constexpr Color kForeColor{0x80000008u};  // window text
 constexpr DropButton::Colors kButton;
 constexpr CalendarColors kCalendar;
 
+constexpr PopupLook kPanel{kWsPopup | kWsBorder, DetachOrder::kStyleExtendedStyleParent, true};
+
 }  // namespace
 
 // What the month view works with. It is made when it first opens.
@@ -110,7 +112,8 @@ const ClassInfo& FlatCalendar::Table() {
 }
 
 FlatCalendar::FlatCalendar(std::shared_ptr<ControlSite> site)
-    : PanelEditControl(std::move(site)), inside_(std::make_unique<Inside>(GetSurface().GetPlatform())) {}
+    : FixedPanelControl(std::move(site), kPanel),
+      inside_(std::make_unique<Inside>(GetSurface().GetPlatform())) {}
 
 FlatCalendar::~FlatCalendar() = default;
 
@@ -207,16 +210,13 @@ void FlatCalendar::AssignPanelColor(std::string_view name, Color& kept, Color co
 
 const MonthPanel* FlatCalendar::Months() const { return inside_->panel ? &*inside_->panel : nullptr; }
 
-const PopupPanel* FlatCalendar::Panel() const { return inside_->panel ? &inside_->panel->Panel() : nullptr; }
-
-PopupPanel& FlatCalendar::PreparePanel() {
+bool FlatCalendar::PreparePanel() {
   if (!inside_->panel) {
-    MonthPanel& panel =
-        inside_->panel.emplace(*this, inside_->model, inside_->colors, [this] { HidePanel(); });
+    MonthPanel& panel = inside_->panel.emplace(NeedPanel(), inside_->model, inside_->colors);
     panel.DayPicked += [this](int cell) { Pick(cell); };
   }
   inside_->panel->Fill();
-  return inside_->panel->Panel();
+  return true;
 }
 
 // No key moves through the days. Those that close other panels or press a form's buttons go no further.

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include <levelwidgets/frame/panel_edit_control.h>
+#include <levelwidgets/frame/fixed_panel_control.h>
 
 namespace levelwidgets {
 
@@ -12,7 +12,7 @@ class MonthPanel;
 
 // A click on a day closes the month view and takes the day over; a typed date is taken over when the control
 // is left. Value is Null, the empty string or a date or, between keystrokes, the typed text of a date.
-class FlatCalendar : public PanelEditControl {
+class FlatCalendar : public FixedPanelControl {
  public:
   static const ClassInfo& Table();
   explicit FlatCalendar(std::shared_ptr<ControlSite> site);
@@ -55,12 +55,11 @@ class FlatCalendar : public PanelEditControl {
   const ClassInfo& Class() const override { return Table(); }
   void OnExitFocus() override;
 
-  const PopupPanel* Panel() const override;
   // What is in it, for tests; null before it has first opened.
   const MonthPanel* Months() const;
 
  protected:
-  PopupPanel& PreparePanel() override;
+  bool PreparePanel() override;
   bool PanelKey(std::int16_t code) override;
   void OnEditChange() override;
 

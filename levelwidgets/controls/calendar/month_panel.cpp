@@ -8,7 +8,6 @@ namespace levelwidgets {
 
 namespace {
 
-constexpr PopupLook kLook{kWsPopup | kWsBorder, DetachOrder::kStyleExtendedStyleParent, true};
 constexpr Color kWhite{0x00FFFFFFu};
 constexpr Color kBlack{0x00000000u};
 constexpr Color kLightLink{0x009CDFF7u};
@@ -30,9 +29,8 @@ int Brightness(ColorRef color) { return 299 * color.red() + 587 * color.green() 
 
 }  // namespace
 
-MonthPanel::MonthPanel(PartHost& owner, MonthModel& model, const CalendarColors& colors,
-                       std::function<void()> left)
-    : model_(model), colors_(colors), picPopup_(owner, kLook, std::move(left)) {
+MonthPanel::MonthPanel(PopupPanel& panel, MonthModel& model, const CalendarColors& colors)
+    : model_(model), colors_(colors), picPopup_(panel) {
   picPopup_.SetFont(PanelFont());
   picPopup_.Move({}, kMonthPanelSize);
   for (const MonthLine& line : kMonthBorder) LineBorder_.emplace_back(picPopup_).Move(line.start, line.end);

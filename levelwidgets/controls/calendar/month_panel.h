@@ -28,11 +28,8 @@ struct CalendarColors {
 // colours of single days and months are those of the last fill.
 class MonthPanel {
  public:
-  // Both outlive the panel. `left` is called when the user has turned elsewhere.
-  MonthPanel(PartHost& owner, MonthModel& model, const CalendarColors& colors, std::function<void()> left);
-
-  PopupPanel& Panel() { return picPopup_; }
-  const PopupPanel& Panel() const { return picPopup_; }
+  // All outlive it.
+  MonthPanel(PopupPanel& panel, MonthModel& model, const CalendarColors& colors);
 
   // Fills it with the days of the value's month, or of today's.
   void Fill();
@@ -85,7 +82,7 @@ class MonthPanel {
 
   MonthModel& model_;
   const CalendarColors& colors_;
-  PopupPanel picPopup_;
+  PopupPanel& picPopup_;
   std::deque<LineShape> LineBorder_;
   ChildControl<FlatLabel> flblHead_{picPopup_, "flblHead", kMonthHead.size};
   Labels flblMove_;

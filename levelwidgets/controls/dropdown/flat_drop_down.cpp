@@ -15,7 +15,9 @@ constexpr Color kDropDownBackColorMouseOver{0x00DEE7EFu};
 constexpr Color kDropDownBackColorPushed{0x00BDCBCEu};
 constexpr std::int16_t kDropDownWidth = 2880;
 
-constexpr PopupLook kLook{kWsPopup | kWsBorder, DetachOrder::kExtendedStyleParentStyle, true};
+constexpr PanelEditRules kRules{
+    .panel = {kWsPopup | kWsBorder, DetachOrder::kExtendedStyleParentStyle, true},
+    .strip = {.has_brush = true, .pressed = &DropButton::Colors::rest, .rest_is_fill_at_once = true}};
 constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
 constexpr int kRowsPerNotch = 3;  // of the wheel
 constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
@@ -103,12 +105,15 @@ const ClassInfo& FlatDropDown::Table() {
 }
 
 FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
-    : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
-      picPopup_(*this, kLook, [this] { HideList(); }),
+    : PanelEditControl(std::move(site), kRules),
+      picPopup_(NeedPanel()),
       fsMain_(picPopup_, "fsMain", kBarSize) {
-  RelayExceptCharacters(txtMain_);
-  txtMain_.KeyPress += [this](std::int16_t& key_ascii) { TypeCharacter(key_ascii); };
-  txtMain_.SetVisible(true);
+  RelayExceptCharacters(Edit());
+  Edit().KeyPress += [this](std::int16_t& key_ascii) { TypeCharacter(key_ascii); };
+  PrepareList();
+}
+
+void FlatDropDown::PrepareList() {
   picPopup_.Move({}, {Twips(kDropDownWidth), Twips(1200)});
   picPopup_.SetBackColor(kBackColor);
   picPopup_.Paint += [this] { PaintList(); };
@@ -126,50 +131,25 @@ FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
   };
 }
 
-void FlatDropDown::OnInitialize() { UseFont(Site().AmbientFont()); }
-
 // --- Properties --------------------------------------------------------------------------------------
 
 void FlatDropDown::SetAlignment(std::int16_t alignment) {
-  Assign("Alignment", Then::kNotify,
-         [&] { txtMain_.SetAlignment(static_cast<ksxAlignmentConstants>(alignment)); });
+  AssignAlignment(static_cast<ksxAlignmentConstants>(alignment));
 }
 
 void FlatDropDown::SetAutoComplete(bool complete) {
   Store("AutoComplete", Then::kNotify, auto_complete_, complete);
 }
 
-void FlatDropDown::SetBackColor(Color color) {
-  Assign("BackColor", HasEdit() ? Then::kNotify : Then::kRepaintThenNotify, [&] {
-    txtMain_.SetBackColor(color);
-    if (!HasEdit()) GetSurface().SetBackColor(color);
-  });
-}
-
-void FlatDropDown::SetForeColor(Color color) {
-  Assign("ForeColor", HasEdit() ? Then::kNotify : Then::kRepaintThenNotify,
-         [&] { txtMain_.SetForeColor(color); });
-}
-
-void FlatDropDown::SetEnabled(bool enabled) {
-  Assign("Enabled", Then::kNotify, [&] {
-    if (!enabled) EndInput();
-    Enable(enabled);
-  });
-}
-
-void FlatDropDown::SetFont(FontRef font) {
-  Assign("Font", HasEdit() ? Then::kNotify : Then::kRepaintThenNotify, [&] { UseFont(std::move(font)); });
-}
-
-// The edit box's, and what the text is drawn in without one.
-void FlatDropDown::UseFont(FontRef font) {
-  txtMain_.SetFont(font);
-  GetSurface().SetFont(std::move(font));
+// The surface has the look of the text without an edit box.
+void FlatDropDown::LookChanged() {
+  Surface& surface = GetSurface();
+  if (surface.GetFont() != GetFont()) surface.SetFont(GetFont());
+  if (!HasEdit()) surface.SetBackColor(BackColor());
 }
 
 void FlatDropDown::SetText(std::string_view text) {
-  Assign("Text", Then::kNotify, [&] { txtMain_.SetText(text); });
+  Assign("Text", Then::kNotify, [&] { Edit().SetText(text); });
 }
 
 // While the properties are read, there are no items yet: both places are only stored.
@@ -199,21 +179,6 @@ void FlatDropDown::SetListIndex(std::int16_t index) {
   PropertyChanged("ListIndex");
 }
 
-void FlatDropDown::SetDropDownBackColor(Color color) {
-  Assign("DropDownBackColor", Then::kRepaintThenNotify, [&] {
-    button_.colors.rest = color;
-    button_.SetFill(color);
-  });
-}
-
-void FlatDropDown::SetDropDownBackColorMouseOver(Color color) {
-  Store("DropDownBackColorMouseOver", Then::kNotify, button_.colors.mouse_over, color);
-}
-
-void FlatDropDown::SetDropDownBackColorPushed(Color color) {
-  Store("DropDownBackColorPushed", Then::kNotify, button_.colors.pushed, color);
-}
-
 void FlatDropDown::SetDropDownWidth(std::int16_t width) {
   Store("DropDownWidth", Then::kNotify, drop_down_width_, width);
 }
@@ -221,8 +186,8 @@ void FlatDropDown::SetDropDownWidth(std::int16_t width) {
 void FlatDropDown::SetStyle(std::int32_t style) {
   Assign("Style", HasEdit() && style == 0 ? Then::kNotify : Then::kRepaintThenNotify, [&] {
     style_ = style;
-    txtMain_.SetVisible(HasEdit());
-    if (!HasEdit()) GetSurface().SetBackColor(txtMain_.BackColor());
+    Edit().SetVisible(HasEdit());
+    LookChanged();
   });
 }
 
@@ -260,11 +225,6 @@ const std::string& FlatDropDown::Item(std::int32_t index) const {
 
 // --- Notifications -----------------------------------------------------------------------------------
 
-void FlatDropDown::OnResize() {
-  txtMain_.Move({}, {GetSurface().ScaleWidth() - DropButton::kWidth, GetSurface().ScaleHeight()});
-  button_.LayOut();
-}
-
 void FlatDropDown::OnEditChange() {
   const auto keep = Reference();
   if (!HasEdit()) OnPaint();
@@ -273,6 +233,6 @@ void FlatDropDown::OnEditChange() {
 }
 
 // Without an edit box the control itself has the focus.
-WindowHandle FlatDropDown::FocusWindow() const { return HasEdit() ? txtMain_.hWnd() : hWnd(); }
+WindowHandle FlatDropDown::FocusWindow() const { return HasEdit() ? Edit().hWnd() : hWnd(); }
 
 }  // namespace levelwidgets

@@ -5,11 +5,8 @@
 #include <vector>
 
 #include <levelwidgets/controls/scroll/flat_scroll.h>
-#include <levelwidgets/frame/edit_control.h>
-#include <levelwidgets/frame/hover.h>
+#include <levelwidgets/frame/panel_edit_control.h>
 #include <levelwidgets/frame/parts/child_control.h>
-#include <levelwidgets/frame/parts/drop_button.h>
-#include <levelwidgets/frame/parts/popup_panel.h>
 
 namespace levelwidgets {
 
@@ -19,7 +16,7 @@ namespace levelwidgets {
 //
 // Every character that is typed raises KeyPress twice, the second time after the control has done its part.
 // The items are not saved.
-class FlatDropDown : public EditControl {
+class FlatDropDown : public PanelEditControl {
  public:
   static const ClassInfo& Table();
   explicit FlatDropDown(std::shared_ptr<ControlSite> site);
@@ -27,30 +24,19 @@ class FlatDropDown : public EditControl {
   // --- Properties -------------------------------------------------------------------------------
   // Each notifies.
 
-  std::int16_t Alignment() const { return static_cast<std::int16_t>(txtMain_.Alignment()); }
+  std::int16_t Alignment() const { return static_cast<std::int16_t>(Edit().Alignment()); }
+  // Any value but 0, 1 and 2 is left-aligned.
   void SetAlignment(std::int16_t alignment);
   // Whether typing completes the text by the first item that begins so.
   bool AutoComplete() const { return auto_complete_; }
   void SetAutoComplete(bool complete);
-  Color BackColor() const { return txtMain_.BackColor(); }
-  void SetBackColor(Color color);
-  Color ForeColor() const { return txtMain_.ForeColor(); }
-  void SetForeColor(Color color);
-  bool Enabled() const { return GetSurface().Enabled(); }
-  // Disabling closes the list.
-  void SetEnabled(bool enabled);
-  FontRef GetFont() const { return txtMain_.GetFont(); }
-  // Shares the font, which the list has too.
-  void SetFont(FontRef font);
-  // Of the edit box, in characters from 0; these three notify nobody.
-  std::int32_t SelStart() const { return txtMain_.SelStart(); }
-  void SetSelStart(std::int32_t start) { txtMain_.Select(start, 0); }
-  std::int32_t SelLength() const { return txtMain_.SelLength(); }
-  void SetSelLength(std::int32_t length) { txtMain_.Select(txtMain_.SelStart(), length); }
-  std::string SelText() const { return txtMain_.SelText(); }
-  void SetSelText(std::string_view text) { txtMain_.SetSelText(text); }
+  // Of the edit box, in characters from 0; they notify nobody.
+  std::int32_t SelStart() const { return Edit().SelStart(); }
+  void SetSelStart(std::int32_t start) { Edit().Select(start, 0); }
+  std::int32_t SelLength() const { return Edit().SelLength(); }
+  void SetSelLength(std::int32_t length) { Edit().Select(Edit().SelStart(), length); }
   // The default member.
-  std::string Text() const { return txtMain_.Text(); }
+  std::string Text() const { return Edit().Text(); }
   void SetText(std::string_view text);
   // The item in the first row; stored as given.
   std::int16_t TopIndex() const { return top_index_; }
@@ -58,20 +44,12 @@ class FlatDropDown : public EditControl {
   // The highlighted item, 0 for none; what is beyond the list is its end. Leaves the text as it is.
   std::int16_t ListIndex() const { return list_index_; }
   void SetListIndex(std::int16_t index);
-  // The fill of the strip; the first is shown at once.
-  Color DropDownBackColor() const { return button_.colors.rest; }
-  void SetDropDownBackColor(Color color);
-  Color DropDownBackColorMouseOver() const { return button_.colors.mouse_over; }
-  void SetDropDownBackColorMouseOver(Color color);
-  Color DropDownBackColorPushed() const { return button_.colors.pushed; }
-  void SetDropDownBackColorPushed(Color color);
   // Of the list, twips.
   std::int16_t DropDownWidth() const { return drop_down_width_; }
   void SetDropDownWidth(std::int16_t width);
   // 0 with an edit box, anything else without.
   std::int32_t Style() const { return style_; }
   void SetStyle(std::int32_t style);
-  WindowHandle hWnd() const { return GetSurface().hWnd(); }
 
   // --- Methods ----------------------------------------------------------------------------------
   // Each returns an empty value. ListIndex stays as it is.
@@ -85,19 +63,12 @@ class FlatDropDown : public EditControl {
   // --- Notifications ----------------------------------------------------------------------------
 
   const ClassInfo& Class() const override { return Table(); }
-  void OnInitialize() override;
-  void OnResize() override;
   void OnPaint() override;
   void OnEnterFocus() override;
   void OnExitFocus() override;
-  bool OnKeyPreview(KeyMessage& key) override;
-  void OnMouseDown(const PointerInput& input) override;
-  void OnMouseMove(const PointerInput& input) override;
   void OnMouseUp(const PointerInput& input) override;
 
   // The parts, for tests and for whoever composes this control further.
-  TextBox& ActiveEdit() const override { return const_cast<TextBox&>(txtMain_); }
-  const PopupPanel& Panel() const { return picPopup_; }
   const ChildControl<FlatScroll>& Bar() const { return fsMain_; }
   const std::vector<std::string>& Items() const { return items_; }
   std::int16_t ItemCount() const { return static_cast<std::int16_t>(items_.size()); }
@@ -105,6 +76,12 @@ class FlatDropDown : public EditControl {
  protected:
   void OnEditChange() override;
   WindowHandle FocusWindow() const override;
+  void LookChanged() override;
+  bool PreparePanel() override;
+  void SizePanel() override;
+  TwipPoint PlaceFor(const PixelRect& owner) const override;
+  bool PanelKey(std::int16_t code) override;
+  void Hover(TwipPoint at) override;
 
  private:
   std::int32_t Count() const { return static_cast<std::int32_t>(items_.size()); }
@@ -114,8 +91,7 @@ class FlatDropDown : public EditControl {
 
   // --- The list: flat_drop_down_list.cpp ----------------------------------------------------------
 
-  void ShowList();
-  void HideList();
+  void PrepareList();
   void SyncListScroll();
   void PickHighlighted();
   void PaintList();
@@ -126,22 +102,13 @@ class FlatDropDown : public EditControl {
 
   // --- Input: flat_drop_down_input.cpp ------------------------------------------------------------
 
-  bool ListKey(const KeyMessage& key);
   void TypeCharacter(std::int16_t& key_ascii);
   void CompleteTyped(std::int16_t key_ascii);
-  void ShowFill(Color fill);
-  bool IsOverStrip(TwipPoint at) const;
-  // What a control that takes no input any more has begun.
-  void EndInput();
   void NormaliseText();
-  void UseFont(FontRef font);
 
   std::vector<std::string> items_;
-  TextBox txtMain_{*this, false};
-  PopupPanel picPopup_;
+  PopupPanel& picPopup_;  // the panel, which is there from the beginning
   ChildControl<FlatScroll> fsMain_;
-  DropButton button_{GetSurface()};
-  CaptureHover hover_{GetSurface()};
   std::int16_t list_index_ = 0;
   std::int16_t top_index_ = 1;
   bool auto_complete_ = false;

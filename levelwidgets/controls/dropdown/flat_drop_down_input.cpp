@@ -17,22 +17,12 @@ constexpr std::int16_t kFirstPrintable = 32;
 
 // --- Keys --------------------------------------------------------------------------------------------
 
-bool FlatDropDown::OnKeyPreview(KeyMessage& key) {
-  if (key.kind != KeyMessage::Kind::kDown) return false;
-  if (picPopup_.IsOpen()) return ListKey(key);
-  const bool alt = (key.shift & kAltMask) != 0;
-  // Alt+F4 closes the form.
-  const bool opens = alt ? key.code == kKeyDown : key.code == kKeyF4;
-  if (opens) ShowList();
-  return opens;
-}
-
-bool FlatDropDown::ListKey(const KeyMessage& key) {
+bool FlatDropDown::PanelKey(std::int16_t code) {
   const auto keep = Reference();
-  switch (key.code) {
-    case kKeyEscape: HideList(); return true;
+  switch (code) {
+    case kKeyEscape: HidePanel(); return true;
     case kKeyEnter:
-      HideList();
+      HidePanel();
       PickHighlighted();
       return true;
     case kKeyUp:
@@ -41,7 +31,7 @@ bool FlatDropDown::ListKey(const KeyMessage& key) {
     case kKeyPageDown:
     case kKeyHome:
     case kKeyEnd:
-      if (const auto index = HighlightAfterKey(key.code, list_index_, Count())) {
+      if (const auto index = HighlightAfterKey(code, list_index_, Count())) {
         SetListIndex(static_cast<std::int16_t>(*index));
       }
       return true;
@@ -74,8 +64,8 @@ void FlatDropDown::CompleteTyped(std::int16_t key_ascii) {
   const char byte = static_cast<char>(key_ascii);
   const std::string typed = GetSurface().GetPlatform().Conversions().FromCodePage({&byte, 1});
   const EditedText after = Complete({Text(), SelStart(), SelLength()}, typed, items_);
-  txtMain_.SetText(after.text);
-  txtMain_.Select(after.start, after.length);
+  Edit().SetText(after.text);
+  Edit().Select(after.start, after.length);
 }
 
 // --- Focus -------------------------------------------------------------------------------------------
@@ -104,56 +94,26 @@ void FlatDropDown::NormaliseText() {
   const auto found = text.empty() ? items_.end() : std::ranges::find_if(items_, is_same);
   if (found == items_.end()) return SetListIndex(-1);
   const auto index = static_cast<std::int16_t>(found - items_.begin() + 1);
-  txtMain_.SetText(std::string(*found));
+  Edit().SetText(std::string(*found));
   SetListIndex(index);
 }
 
 // --- Pointer -----------------------------------------------------------------------------------------
 
-void FlatDropDown::ShowFill(Color fill) {
-  if (button_.SetFill(fill)) OnPaint();
-}
-
-bool FlatDropDown::IsOverStrip(TwipPoint at) const { return at.x >= button_.Left(); }
-
-void FlatDropDown::OnMouseDown(const PointerInput& input) {
-  if (input.button != kLeftButton) return;
-  const auto keep = Reference();
-  button_.SetFill(button_.colors.rest);
-  OnPaint();
-  if (picPopup_.IsOpen()) {
-    HideList();
-  } else {
-    ShowList();
-  }
-}
-
-void FlatDropDown::OnMouseMove(const PointerInput& input) {
-  if ((input.button & kLeftButton) != 0) return ShowFill(button_.colors.pushed);
+// Over the text the capture would keep clicks from the edit box.
+void FlatDropDown::Hover(TwipPoint at) {
   const Surface& surface = GetSurface();
-  const bool outside = input.at.x < Twips() || input.at.y < Twips() || input.at.x >= surface.ScaleWidth() ||
-                       input.at.y >= surface.ScaleHeight();
-  const bool over_strip = !outside && IsOverStrip(input.at);
-  // Over the text the capture would keep clicks from the edit box.
-  if (over_strip || (!outside && !HasEdit())) {
-    hover_.Capture();
-  } else {
-    hover_.Release();
-  }
-  ShowFill(over_strip ? button_.colors.mouse_over : button_.colors.rest);
+  const bool outside =
+      at.x < Twips() || at.y < Twips() || at.x >= surface.ScaleWidth() || at.y >= surface.ScaleHeight();
+  const bool over_strip = !outside && at.x >= Strip().Left();
+  const bool captures = over_strip || (!outside && !HasEdit());
+  if (!captures) Capturing().Release();
+  ChangeFill(over_strip ? Strip().colors.mouse_over : Strip().colors.rest);
+  if (captures && !Capturing().HasCapture()) Capturing().Capture();
 }
 
 void FlatDropDown::OnMouseUp(const PointerInput& input) {
-  if (input.button != kLeftButton) return;
-  button_.SetFill(button_.colors.mouse_over);
-  OnPaint();
-  hover_.Capture();  // the release has ended it
-}
-
-void FlatDropDown::EndInput() {
-  HideList();
-  hover_.Release();
-  ShowFill(button_.colors.rest);
+  if (input.button == kLeftButton) PanelEditControl::OnMouseUp(input);
 }
 
 }  // namespace levelwidgets

@@ -23,7 +23,7 @@ class FlatDropDownInterferenceTest : public FlatDropDownTest,
   void Happened() {
     if (--until_ != 0) return;
     switch (GetParam().deed) {
-      case Deed::kRemove: TheForm().Remove("cbo"); break;
+      case Deed::kRemove: TheForm().Remove("edt"); break;
       case Deed::kCloseForm: TheForm().Close(); break;
       case Deed::kRaise: throw Error(kOwnError, "test", "raised on purpose");
     }
@@ -42,7 +42,7 @@ class FlatDropDownInterferenceTest : public FlatDropDownTest,
     }
   }
 
-  bool IsThere() { return !TheForm().Closed() && TheForm().Find("cbo"); }
+  bool IsThere() { return !TheForm().Closed() && TheForm().Find("edt"); }
   // Does it while the control is there. An error comes to whoever does it, the control is whole nevertheless.
   void Try(const std::function<void()>& act) {
     if (IsThere()) Catching(act);

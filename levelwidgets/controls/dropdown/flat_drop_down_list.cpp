@@ -30,37 +30,27 @@ void FlatDropDown::SyncListScroll() {
   if (fsMain_.Visible() != scrolls) fsMain_.SetVisible(scrolls);
 }
 
-void FlatDropDown::ShowList() {
-  if (items_.empty()) return;
-  // A hidden control still has the pointer that it has captured.
-  if (!GetSurface().Windows().IsWindowVisible(hWnd())) return;
-  const auto keep = Reference();
-  picPopup_.Detach();
-  picPopup_.SetFont(txtMain_.GetFont());
+bool FlatDropDown::PreparePanel() { return !items_.empty(); }
+
+void FlatDropDown::SizePanel() {
+  picPopup_.SetFont(GetFont());
   const Surface& list = picPopup_.GetSurface();
   PixelRect measured;
   row_height_ = list.Drawing().DrawTextA(list.hDC(), kMeasuredText, measured, 0);
   const int rows = std::min(Count(), kListRows);
-  const PixelTwips twips = picPopup_.Twips();
   const Twips border = picPopup_.Size().height - picPopup_.ScaleHeight();
-  const TwipSize size{Twips(drop_down_width_), ToTwips(rows * row_height_, twips.y) + border};
-  picPopup_.Move(picPopup_.Position(), size);
-  ScreenApi& screen = GetSurface().GetPlatform().Screen();
-  const TwipSize whole{Twips(screen.Width()), Twips(screen.Height())};
-  picPopup_.Open(PlaceDropDown(picPopup_.TakeOwnerRect(), picPopup_.Size(), whole, twips));
+  const Twips height = ToTwips(rows * row_height_, picPopup_.Twips().y) + border;
+  picPopup_.Move(picPopup_.Position(), {Twips(drop_down_width_), height});
 }
 
-void FlatDropDown::HideList() {
-  if (!picPopup_.IsOpen()) return;
-  const auto keep = Reference();
-  const bool returns_focus = picPopup_.Close();
-  ShowFill(button_.colors.rest);
-  const bool is_seen = GetSurface().Windows().IsWindowVisible(hWnd());
-  if (returns_focus && is_seen && HasEdit()) txtMain_.SetFocus();
+TwipPoint FlatDropDown::PlaceFor(const PixelRect& owner) const {
+  ScreenApi& screen = GetSurface().GetPlatform().Screen();
+  const TwipSize whole{Twips(screen.Width()), Twips(screen.Height())};
+  return PlaceDropDown(owner, picPopup_.Size(), whole, picPopup_.Twips());
 }
 
 // Raises 9 when nothing is highlighted.
-void FlatDropDown::PickHighlighted() { txtMain_.SetText(Item(list_index_)); }
+void FlatDropDown::PickHighlighted() { Edit().SetText(Item(list_index_)); }
 
 void FlatDropDown::PlaceBar() {
   const Twips width = fsMain_.Size().width;
@@ -112,7 +102,7 @@ void FlatDropDown::PressList(TwipPoint at) {
   const bool picks = at.x > Twips() && at.x < size.width && at.y > Twips() && at.y < size.height;
   const bool can_pick = list_index_ >= 1 && list_index_ <= Count();
   if (picks && can_pick) PickHighlighted();
-  HideList();
+  HidePanel();
   if (picks && !can_pick) PickHighlighted();
 }
 

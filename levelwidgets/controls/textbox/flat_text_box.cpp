@@ -66,7 +66,8 @@ const ClassInfo& FlatTextBox::Table() {
 }
 
 FlatTextBox::FlatTextBox(std::shared_ptr<ControlSite> site)
-    : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}}),
+    : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}},
+                  txtSingle_),
       bar_colors_{kScrollBackColor, kScrollButtonColor, kScrollMouseOverColor, kScrollPushedColor} {
   Relay(txtSingle_);
   Relay(txtMulti_);

@@ -75,7 +75,6 @@ class FlatTextBox : public EditControl {
   void OnTerminate() override { subclass_.reset(); }
 
   // The parts, for tests and for whoever composes this control further.
-  TextBox& ActiveEdit() const override { return *txt_; }
   // Whether the box has ever had many lines, and so has a bar.
   bool HasBar() const { return scrV_.has_value(); }
   const ChildControl<FlatScroll>& Bar() const { return scrV_.value(); }
@@ -119,7 +118,6 @@ class FlatTextBox : public EditControl {
 
   TextBox txtSingle_{*this, false};
   TextBox txtMulti_{*this, true};
-  TextBox* txt_ = &txtSingle_;
   std::optional<ChildControl<FlatScroll>> scrV_;
   BarColors bar_colors_;
   bool multi_line_ = false;

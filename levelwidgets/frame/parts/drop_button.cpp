@@ -21,21 +21,33 @@ FontRequest GlyphFont() {
 
 }  // namespace
 
-DropButton::DropButton(Surface& surface)
+DropButton::DropButton(Surface& surface, const Rules& rules)
     : surface_(surface),
-      fill_(colors.rest),
-      glyph_font_(surface.Drawing(), surface.Drawing().CreateFontA(GlyphFont())) {}
+      rules_(rules),
+      glyph_font_(surface.Drawing(), surface.Drawing().CreateFontA(GlyphFont())) {
+  SetFill(colors.rest);
+}
 
-bool DropButton::SetFill(Color fill) {
-  if (fill == fill_) return false;
+void DropButton::SetFill(Color fill) {
   fill_ = fill;
-  return true;
+  if (!rules_.has_brush) surface_.SetBackColor(fill);
+}
+
+void DropButton::SetRestColor(Color color) {
+  const bool shows = rules_.rest_is_fill_at_once || fill_ == colors.rest;
+  colors.rest = color;
+  if (shows) SetFill(color);
 }
 
 void DropButton::LayOut() {
   const PixelRect client = surface_.ClientPixels();
   const float twips = surface_.GetPlatform().Screen().TwipsPerPixelX();
   rect_ = {ToPixels(Left(), twips), 0, client.right, client.bottom};
+}
+
+void DropButton::Paint() {
+  if (rules_.has_brush) PaintFill();
+  PaintArrow();
 }
 
 void DropButton::PaintFill() {

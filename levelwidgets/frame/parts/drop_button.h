@@ -17,13 +17,24 @@ class DropButton {
     Color pushed{0x00BDCBCEu};
   };
 
-  explicit DropButton(Surface& surface);
+  // In what the strips of controls differ.
+  struct Rules {
+    // Filled by a brush. Otherwise the fill is the colour of the whole surface.
+    bool has_brush = false;
+    // What the press of the left button shows.
+    Color Colors::*pressed = &Colors::pushed;
+    // A new colour at rest is the fill at once whatever the strip shows, not only at rest.
+    bool rest_is_fill_at_once = false;
+  };
+
+  DropButton(Surface& surface, const Rules& rules);
 
   Colors colors;
   // The fill now, one of the three.
   Color Fill() const { return fill_; }
-  // Whether that is another one.
-  bool SetFill(Color fill);
+  void SetFill(Color fill);
+  Color Pressed() const { return colors.*rules_.pressed; }
+  void SetRestColor(Color color);
 
   // To be called when the surface has another size.
   void LayOut();
@@ -31,13 +42,15 @@ class DropButton {
   Twips Left() const { return surface_.ScaleWidth() - kWidth; }
   const PixelRect& Rect() const { return rect_; }
 
-  // Fills the strip.
-  void PaintFill();
-  // The arrow, and the line between the strip and what is beside it.
-  void PaintArrow();
+  // The fill where it is not the surface's, the arrow, and the line between the strip and what is beside it.
+  void Paint();
 
  private:
+  void PaintFill();
+  void PaintArrow();
+
   Surface& surface_;
+  Rules rules_;
   Color fill_;
   PixelRect rect_;
   DrawingObject glyph_font_;
