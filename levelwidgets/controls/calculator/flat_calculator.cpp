@@ -3,14 +3,12 @@
 #include <optional>
 
 #include <levelwidgets/controls/calculator/keypad.h>
+#include <levelwidgets/frame/edit_rows.h>
 
 namespace levelwidgets {
 
 namespace {
 
-constexpr Color kBackColor{0x80000005u};  // window background
-constexpr Color kForeColor{0x80000008u};  // window text
-constexpr DropButton::Colors kButton;
 constexpr KeypadColors kKeypad;
 
 constexpr PopupLook kPanel{kWsPopup, DetachOrder::kExtendedStyleParentStyle, false};
@@ -46,40 +44,20 @@ struct FlatCalculator::Inside {
 const ClassInfo& FlatCalculator::Table() {
   using C = FlatCalculator;
   using Row = table::Row<C>;
+  using Edit = table::EditRows<C>;
   static constexpr auto data = ClassTable(
       ControlClass<C>("FlatCalculator", "An edit box for numbers with a keypad that drops down.",
                       {Twips(1800), Twips(315)}),
-      table::Properties(
-          Row::Property<&C::Alignment, &C::SetAlignment>(1, "Alignment", Always(std::int32_t{ksxLeft}),
-                                                         "Horizontal alignment of the text."),
-          Row::Property<&C::BackColor, &C::SetBackColor>(2, "BackColor", Always(kBackColor),
-                                                         "Background colour of the text."),
-          Row::Property<&C::ForeColor, &C::SetForeColor>(3, "ForeColor", Always(kForeColor),
-                                                         "Colour of the text."),
-          Row::Property<&C::Enabled, &C::SetEnabled>(4, "Enabled", Always(true),
-                                                     "Whether the control takes input."),
+      table::JoinProperties(
+          Edit::Alignment(1), Edit::Look(2),
           Row::Property<&C::FormatString, &C::SetFormatString>(
               5, "FormatString", Always(""), "Format of results and of Text; the general form when empty.",
               {.flags = MemberFlags::kFormat}),
-          Row::Property<&C::GetFont, &C::SetFont>(6, "Font", Always(kAmbientFont), "Font of the text."),
-          Row::ReadOnly<&C::hWnd>(7, "hWnd", "Handle of the control's window."),
-          Row::Property<&C::SelStart, &C::SetSelStart>(8, "SelStart", kNoDefault,
-                                                       "Where the selection begins, in characters from 0."),
-          Row::Property<&C::SelLength, &C::SetSelLength>(9, "SelLength", kNoDefault,
-                                                         "How many characters are selected."),
-          Row::Property<&C::SelText, &C::SetSelText>(10, "SelText", kNoDefault, "The selected text.",
-                                                     {.flags = MemberFlags::kBecomesAnother}),
+          Edit::Font(6), Edit::Handle(7), Edit::Selection(8),
           Row::Property<&C::Text, &C::SetText>(11, "Text", Always(""),
                                                "The text; a number is formatted by FormatString.",
                                                {.flags = MemberFlags::kBecomesAnother}),
-          Row::Property<&C::DropDownBackColor, &C::SetDropDownBackColor>(
-              12, "DropDownBackColor", Always(kButton.rest), "Fill of the drop button."),
-          Row::Property<&C::DropDownBackColorMouseOver, &C::SetDropDownBackColorMouseOver>(
-              13, "DropDownBackColorMouseOver", Always(kButton.mouse_over),
-              "Fill of the drop button under the pointer."),
-          Row::Property<&C::DropDownBackColorPushed, &C::SetDropDownBackColorPushed>(
-              14, "DropDownBackColorPushed", Always(kButton.pushed),
-              "Fill of the drop button while the left button is held down on it."),
+          Edit::Strip(12),
           Row::Property<&C::CalcBackColor, &C::SetCalcBackColor>(15, "CalcBackColor", Always(kKeypad.back),
                                                                  "Background colour of the keypad."),
           Row::Property<&C::CalcBorderColor, &C::SetCalcBorderColor>(
@@ -97,19 +75,7 @@ const ClassInfo& FlatCalculator::Table() {
                        "CalcBackColor", "CalcBorderColor", "CalcForeColor", "CalcDigitColor",
                        "CalcFunctionColor", "CalcClearColor"),
       table::Methods(),
-      table::Events(
-          Row::Event<&C::CalcUp>(1, "CalcUp", "", "The keypad has closed."),
-          Row::Event<&C::Change>(2, "Change", "", "The text changed."),
-          Row::Event<&C::Click>(3, "Click", "", "The text was clicked."),
-          Row::Event<&C::DblClick>(4, "DblClick", "", "The text was clicked twice."),
-          Row::Event<&C::KeyDown>(5, "KeyDown", kKeyArguments, "A key went down."),
-          Row::Event<&C::KeyPress>(6, "KeyPress", kCharacterArguments, "A character was typed."),
-          Row::Event<&C::KeyUp>(7, "KeyUp", kKeyArguments, "A key went up."),
-          Row::Event<&C::MouseDown>(8, "MouseDown", kPointerArguments,
-                                    "A pointer button went down on the text."),
-          Row::Event<&C::MouseMove>(9, "MouseMove", kPointerArguments, "The pointer moved over the text."),
-          Row::Event<&C::MouseUp>(10, "MouseUp", kPointerArguments,
-                                  "A pointer button went up on the text.")));
+      table::JoinEvents(Row::Event<&C::CalcUp>(1, "CalcUp", "", "The keypad has closed."), Edit::Events(2)));
   static constexpr ClassInfo info(data);
   return info;
 }

@@ -4,14 +4,12 @@
 
 #include <levelwidgets/controls/calendar/calendar_value.h>
 #include <levelwidgets/controls/calendar/month_panel.h>
+#include <levelwidgets/frame/edit_rows.h>
 
 namespace levelwidgets {
 
 namespace {
 
-constexpr Color kBackColor{0x80000005u};  // window background
-constexpr Color kForeColor{0x80000008u};  // window text
-constexpr DropButton::Colors kButton;
 constexpr CalendarColors kCalendar;
 
 constexpr PopupLook kPanel{kWsPopup | kWsBorder, DetachOrder::kStyleExtendedStyleParent, true};
@@ -34,26 +32,12 @@ struct FlatCalendar::Inside {
 const ClassInfo& FlatCalendar::Table() {
   using C = FlatCalendar;
   using Row = table::Row<C>;
+  using Edit = table::EditRows<C>;
   static constexpr auto data = ClassTable(
       ControlClass<C>("FlatCalendar", "An edit box for dates with a month view that drops down.",
                       {Twips(1800), Twips(315)}),
-      table::Properties(
-          Row::Property<&C::Alignment, &C::SetAlignment>(1, "Alignment", Always(std::int32_t{ksxLeft}),
-                                                         "Horizontal alignment of the text."),
-          Row::Property<&C::BackColor, &C::SetBackColor>(2, "BackColor", Always(kBackColor),
-                                                         "Background colour of the text."),
-          Row::Property<&C::ForeColor, &C::SetForeColor>(3, "ForeColor", Always(kForeColor),
-                                                         "Colour of the text."),
-          Row::Property<&C::Enabled, &C::SetEnabled>(4, "Enabled", Always(true),
-                                                     "Whether the control takes input."),
-          Row::Property<&C::GetFont, &C::SetFont>(5, "Font", Always(kAmbientFont), "Font of the text."),
-          Row::ReadOnly<&C::hWnd>(6, "hWnd", "Handle of the control's window."),
-          Row::Property<&C::SelStart, &C::SetSelStart>(7, "SelStart", kNoDefault,
-                                                       "Where the selection begins, in characters from 0."),
-          Row::Property<&C::SelLength, &C::SetSelLength>(8, "SelLength", kNoDefault,
-                                                         "How many characters are selected."),
-          Row::Property<&C::SelText, &C::SetSelText>(9, "SelText", kNoDefault, "The selected text.",
-                                                     {.flags = MemberFlags::kBecomesAnother}),
+      table::JoinProperties(
+          Edit::Alignment(1), Edit::Look(2), Edit::Font(5), Edit::Handle(6), Edit::Selection(7),
           Row::Property<&C::Value, &C::SetValue>(
               10, "Value", Always(""),
               "Null, the empty string or a date; while it is typed, the text of a date.",
@@ -61,14 +45,7 @@ const ClassInfo& FlatCalendar::Table() {
           Row::Property<&C::DateFormat, &C::SetDateFormat>(
               11, "DateFormat", Always(""), "Format in which dates are shown; the general form when empty.",
               {.flags = MemberFlags::kFormat}),
-          Row::Property<&C::DropDownBackColor, &C::SetDropDownBackColor>(
-              12, "DropDownBackColor", Always(kButton.rest), "Fill of the drop button."),
-          Row::Property<&C::DropDownBackColorMouseOver, &C::SetDropDownBackColorMouseOver>(
-              13, "DropDownBackColorMouseOver", Always(kButton.mouse_over),
-              "Fill of the drop button under the pointer."),
-          Row::Property<&C::DropDownBackColorPushed, &C::SetDropDownBackColorPushed>(
-              14, "DropDownBackColorPushed", Always(kButton.pushed),
-              "Fill of the drop button while the left button is held down on it."),
+          Edit::Strip(12),
           Row::Property<&C::CalBackColor, &C::SetCalBackColor>(15, "CalBackColor", Always(kCalendar.back),
                                                                "Background colour of the month view."),
           Row::Property<&C::CalForeColor, &C::SetCalForeColor>(16, "CalForeColor", Always(kCalendar.fore),
@@ -95,18 +72,7 @@ const ClassInfo& FlatCalendar::Table() {
                        "DropDownBackColor", "DropDownBackColorMouseOver", "DropDownBackColorPushed",
                        "CalBackColor", "CalForeColor", "CalDisabledColor", "CalBorderColor",
                        "CalHeaderBackColor", "CalMouseOverColor", "CalSelectBackColor", "CalTodayBackColor"),
-      table::Methods(),
-      table::Events(
-          Row::Event<&C::Change>(1, "Change", "", "The text changed, or Value was assigned."),
-          Row::Event<&C::Click>(2, "Click", "", "The text was clicked."),
-          Row::Event<&C::DblClick>(3, "DblClick", "", "The text was clicked twice."),
-          Row::Event<&C::KeyDown>(4, "KeyDown", kKeyArguments, "A key went down."),
-          Row::Event<&C::KeyPress>(5, "KeyPress", kCharacterArguments, "A character was typed."),
-          Row::Event<&C::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
-          Row::Event<&C::MouseDown>(7, "MouseDown", kPointerArguments,
-                                    "A pointer button went down on the text."),
-          Row::Event<&C::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved over the text."),
-          Row::Event<&C::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up on the text.")));
+      table::Methods(), Edit::Events(1, {.change = "The text changed, or Value was assigned."}));
   static constexpr ClassInfo info(data);
   return info;
 }

@@ -3,16 +3,13 @@
 #include <limits>
 
 #include <levelwidgets/controls/dropdown/list_window.h>
+#include <levelwidgets/frame/edit_rows.h>
 
 namespace levelwidgets {
 
 namespace {
 
 constexpr Color kBackColor{0x80000005u};  // window background
-constexpr Color kForeColor{0x80000008u};  // window text
-constexpr Color kDropDownBackColor{0x00CEDBDEu};
-constexpr Color kDropDownBackColorMouseOver{0x00DEE7EFu};
-constexpr Color kDropDownBackColorPushed{0x00BDCBCEu};
 constexpr std::int16_t kDropDownWidth = 2880;
 
 constexpr PanelEditRules kRules{
@@ -27,6 +24,7 @@ constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
 const ClassInfo& FlatDropDown::Table() {
   using D = FlatDropDown;
   using Row = table::Row<D>;
+  using Edit = table::EditRows<D>;
   // A list is always empty when it has been loaded.
   static constexpr PropertyInfo count = [] {
     PropertyInfo row = Row::ReadOnly<&D::ItemCount>(
@@ -42,45 +40,22 @@ const ClassInfo& FlatDropDown::Table() {
   }();
   static constexpr auto data = ClassTable(
       head,
-      table::Properties(
-          Row::Property<&D::Alignment, &D::SetAlignment>(1, "Alignment", Always(std::int16_t{0}),
-                                                         "Of the text: 0 left, 1 right, 2 in the middle."),
+      table::JoinProperties(
+          Edit::Alignment(1, std::int16_t{ksxLeft}),
           Row::Property<&D::AutoComplete, &D::SetAutoComplete>(
               2, "AutoComplete", Always(false), "Whether typing completes the text from the list."),
-          Row::Property<&D::BackColor, &D::SetBackColor>(3, "BackColor", Always(kBackColor),
-                                                         "Background colour of the text."),
-          Row::Property<&D::ForeColor, &D::SetForeColor>(4, "ForeColor", Always(kForeColor),
-                                                         "Colour of the text."),
-          Row::Property<&D::Enabled, &D::SetEnabled>(5, "Enabled", Always(true),
-                                                     "Whether the control takes input."),
-          Row::Property<&D::GetFont, &D::SetFont>(6, "Font", Always(kAmbientFont),
-                                                  "Font of the text and the list."),
-          Row::Property<&D::SelStart, &D::SetSelStart>(7, "SelStart", kNoDefault,
-                                                       "Where the selection begins, in characters from 0."),
-          Row::Property<&D::SelLength, &D::SetSelLength>(8, "SelLength", kNoDefault,
-                                                         "How many characters are selected."),
-          Row::Property<&D::SelText, &D::SetSelText>(9, "SelText", kNoDefault, "The selected text.",
-                                                     {.flags = MemberFlags::kBecomesAnother}),
-          Row::Property<&D::Text, &D::SetText>(10, "Text", Always(""), "The text.",
-                                               {.flags = MemberFlags::kDefault}),
+          Edit::Look(3), Edit::Font(6, "Font of the text and the list."), Edit::Selection(7), Edit::Text(10),
           Row::Property<&D::TopIndex, &D::SetTopIndex>(11, "TopIndex", Always(std::int16_t{1}),
                                                        "The item in the first row of the list."),
           Row::Property<&D::ListIndex, &D::SetListIndex>(12, "ListIndex", Always(std::int16_t{0}),
                                                          "The highlighted item; 0 for none.",
                                                          {.flags = MemberFlags::kPicked}),
-          Row::Property<&D::DropDownBackColor, &D::SetDropDownBackColor>(
-              13, "DropDownBackColor", Always(kDropDownBackColor), "Fill of the drop button."),
-          Row::Property<&D::DropDownBackColorMouseOver, &D::SetDropDownBackColorMouseOver>(
-              14, "DropDownBackColorMouseOver", Always(kDropDownBackColorMouseOver),
-              "Fill of the drop button under the pointer.", {.flags = MemberFlags::kShownLater}),
-          Row::Property<&D::DropDownBackColorPushed, &D::SetDropDownBackColorPushed>(
-              15, "DropDownBackColorPushed", Always(kDropDownBackColorPushed),
-              "Fill of the drop button while the left button is held.", {.flags = MemberFlags::kShownLater}),
+          Edit::Strip(13, MemberFlags::kShownLater),
           Row::Property<&D::DropDownWidth, &D::SetDropDownWidth>(16, "DropDownWidth", Always(kDropDownWidth),
                                                                  "Width of the list, twips."),
           Row::Property<&D::Style, &D::SetStyle>(
               17, "Style", Always(0), "0 with an edit box; otherwise only the list changes the text."),
-          Row::ReadOnly<&D::hWnd>(18, "hWnd", "Handle of the control's window.")),
+          Edit::Handle(18)),
       table::Persisted("Alignment", "AutoComplete", "BackColor", "ForeColor", "Enabled", "Font", "Text",
                        "TopIndex", "ListIndex", "DropDownBackColor", "DropDownBackColorMouseOver",
                        "DropDownBackColorPushed", "DropDownWidth", "Style"),
@@ -88,18 +63,8 @@ const ClassInfo& FlatDropDown::Table() {
           Row::Method<&D::AddItem>(19, "AddItem", "Description", "Adds a text at the end of the list."),
           Row::Method<&D::RemoveItem>(20, "RemoveItem", "Index", "Removes an item of the list."),
           Row::Method<&D::Clear>(21, "Clear", "", "Removes all items.")),
-      table::Events(
-          Row::Event<&D::Change>(1, "Change", "", "The text changed."),
-          Row::Event<&D::Click>(2, "Click", "", "The text was clicked."),
-          Row::Event<&D::DblClick>(3, "DblClick", "", "The text was clicked twice."),
-          Row::Event<&D::KeyDown>(4, "KeyDown", kKeyArguments, "A key went down."),
-          Row::Event<&D::KeyPress>(5, "KeyPress", kCharacterArguments,
-                                   "A character was typed; raised before and after the control's own part."),
-          Row::Event<&D::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
-          Row::Event<&D::MouseDown>(7, "MouseDown", kPointerArguments,
-                                    "A pointer button went down on the text."),
-          Row::Event<&D::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved over the text."),
-          Row::Event<&D::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up on the text.")));
+      Edit::Events(1,
+                   {.key_press = "A character was typed; raised before and after the control's own part."}));
   static constexpr ClassInfo info(data);
   return info;
 }

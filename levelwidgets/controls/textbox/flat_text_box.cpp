@@ -1,5 +1,7 @@
 #include <levelwidgets/controls/textbox/flat_text_box.h>
 
+#include <levelwidgets/frame/edit_rows.h>
+
 namespace levelwidgets {
 
 namespace {
@@ -15,28 +17,20 @@ constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
 const ClassInfo& FlatTextBox::Table() {
   using T = FlatTextBox;
   using Row = table::Row<T>;
+  using Edit = table::EditRows<T>;
   static constexpr auto data = ClassTable(
       ControlClass<T>("FlatTextBox", "A text box with a flat vertical scroll bar.",
                       {Twips(1800), Twips(315)}),
-      table::Properties(
+      table::JoinProperties(
           Row::Property<&T::MultiLine, &T::SetMultiLine>(
               1, "MultiLine", Always(false), "Whether it takes many lines; read-only at run time.",
               {.flags = MemberFlags::kRefusesItsOwn}),
-          Row::Property<&T::BackColor, &T::SetBackColor>(2, "BackColor", Always(kBackColor),
-                                                         "Background colour of the text."),
-          Row::Property<&T::ForeColor, &T::SetForeColor>(3, "ForeColor", Always(kForeColor),
-                                                         "Colour of the text."),
-          Row::Property<&T::Enabled, &T::SetEnabled>(4, "Enabled", Always(true),
-                                                     "Whether the text box takes input."),
-          Row::Property<&T::GetFont, &T::SetFont>(5, "Font", Always(kAmbientFont), "Font of the text."),
-          Row::Property<&T::Alignment, &T::SetAlignment>(6, "Alignment", Always(std::int32_t{ksxLeft}),
-                                                         "Horizontal alignment of the text."),
+          Edit::Look(2), Edit::Font(5), Edit::Alignment(6),
           Row::Property<&T::MaxLength, &T::SetMaxLength>(7, "MaxLength", Always(0),
                                                          "Characters that can be typed; 0 for no limit."),
           Row::Property<&T::PasswordChar, &T::SetPasswordChar>(8, "PasswordChar", Always(""),
                                                                "Character shown in place of each typed one."),
-          Row::Property<&T::Text, &T::SetText>(9, "Text", Always(""), "The text.",
-                                               {.flags = MemberFlags::kDefault}),
+          Edit::Text(9),
           Row::Property<&T::ScrollBackColor, &T::SetScrollBackColor>(
               10, "ScrollBackColor", Always(kScrollBackColor), "Colour of the bar's track."),
           Row::Property<&T::ScrollButtonColor, &T::SetScrollButtonColor>(
@@ -46,21 +40,11 @@ const ClassInfo& FlatTextBox::Table() {
               "Fill of a button of the bar under the pointer."),
           Row::Property<&T::ScrollPushedColor, &T::SetScrollPushedColor>(
               13, "ScrollPushedColor", Always(kScrollPushedColor), "Fill of a button of the bar held down."),
-          Row::ReadOnly<&T::hWnd>(14, "hWnd", "Handle of the control's window.")),
+          Edit::Handle(14)),
       table::Persisted("MultiLine", "BackColor", "ForeColor", "Enabled", "Font", "Alignment", "MaxLength",
                        "PasswordChar", "Text", "ScrollBackColor", "ScrollButtonColor", "ScrollMouseOverColor",
                        "ScrollPushedColor"),
-      table::Methods(Row::Method<&T::Refresh>(15, "Refresh", "", "Repaints the text.")),
-      table::Events(
-          Row::Event<&T::Change>(1, "Change", "", "The text changed."),
-          Row::Event<&T::Click>(2, "Click", "", "Clicked."),
-          Row::Event<&T::DblClick>(3, "DblClick", "", "Clicked twice."),
-          Row::Event<&T::KeyDown>(4, "KeyDown", kKeyArguments, "A key went down."),
-          Row::Event<&T::KeyPress>(5, "KeyPress", kCharacterArguments, "A character was typed."),
-          Row::Event<&T::KeyUp>(6, "KeyUp", kKeyArguments, "A key went up."),
-          Row::Event<&T::MouseDown>(7, "MouseDown", kPointerArguments, "A pointer button went down."),
-          Row::Event<&T::MouseMove>(8, "MouseMove", kPointerArguments, "The pointer moved."),
-          Row::Event<&T::MouseUp>(9, "MouseUp", kPointerArguments, "A pointer button went up.")));
+      table::Methods(Row::Method<&T::Refresh>(15, "Refresh", "", "Repaints the text.")), Edit::Events(1));
   static constexpr ClassInfo info(data);
   return info;
 }

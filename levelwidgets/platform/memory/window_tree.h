@@ -182,6 +182,7 @@ class WindowTree {
   Siblings::iterator EndOfBand(const Window& window);
   void FitStore(Window& root);
   bool VisibleIsKnown(Window& window);
+  bool KnowsVisibleFor(Window& window, const PixelRect& part);
   void RefreshVisible(Window& window);
   void RefreshTarget(Window& window);
   Region ComputeVisible(Window& window, const PixelRect& part);

@@ -103,6 +103,30 @@ TEST_F(WindowTreeTest, AVisiblePartIsComputedOnceUntilTheTreeChanges) {
   EXPECT_NE(child.seen_at, seen);
 }
 
+TEST_F(WindowTreeTest, WhatCanBeSeenIsKeptOnceAllOfAWindowIsAskedFor) {
+  Window& seen = Make(top, {0, 0, 50, 50});
+  Window& asked = Make(top, {60, 0, 110, 50});
+  tree.VisibleWithin(seen, {0, 0, 49, 50});
+  tree.CanSeeAny(asked, Region(PixelRect{0, 0, 49, 50}));
+  EXPECT_NE(seen.seen_at, top.changed_at);
+  EXPECT_NE(asked.seen_at, top.changed_at);
+  tree.VisibleWithin(seen, {-5, -5, 60, 60});
+  tree.CanSeeAny(asked, Region(PixelRect{-5, -5, 60, 60}));
+  EXPECT_EQ(seen.seen_at, top.changed_at);
+  EXPECT_EQ(asked.seen_at, top.changed_at);
+}
+
+TEST_F(WindowTreeTest, AnAreaCanBeSeenWhereTheWindowInFrontLeavesSomeOfIt) {
+  Make(top, {10, 0, 60, 50});  // the first is in front
+  Window& child = Make(top, {0, 0, 50, 50});
+  for (const bool known : {false, true}) {
+    if (known) tree.Clip(child);
+    EXPECT_TRUE(tree.CanSeeAny(child, Region(PixelRect{9, 0, 20, 5}))) << known;
+    EXPECT_FALSE(tree.CanSeeAny(child, Region(PixelRect{10, 0, 20, 5}))) << known;
+    EXPECT_FALSE(tree.CanSeeAny(child, Region())) << known;
+  }
+}
+
 TEST_F(WindowTreeTest, VisiblePartsAreInClientPixels) {
   Window& child = Make(top, {20, 10, 60, 50});
   Make(child, {0, 0, 5, 5});

@@ -90,13 +90,18 @@ void WindowTree::RefreshTarget(Window& window) {
   window.target = {clip.Empty() ? nullptr : root.store.get(), origin, clip.Rects()};
 }
 
+// Whether all that can be seen of the window is known. Asking for all of it makes it known.
+bool WindowTree::KnowsVisibleFor(Window& window, const PixelRect& part) {
+  const PixelRect client = AreaOf(ClientSize(window));
+  if (Intersect(part, client) == client) RefreshVisible(window);
+  return VisibleIsKnown(window);
+}
+
 Region WindowTree::VisibleWithin(Window& window, const PixelRect& part) {
   const PixelPoint origin = StoreOrigin(window);
-  const PixelRect client = AreaOf(ClientSize(window));
-  const PixelRect area = Intersect(part, client);
-  if (area == client) RefreshVisible(window);
+  const PixelRect area = Intersect(part, AreaOf(ClientSize(window)));
   Region region;
-  if (VisibleIsKnown(window)) {
+  if (KnowsVisibleFor(window, area)) {
     region = window.visible;
     region.ClipTo(area.Offset(origin.x, origin.y));
   } else {
@@ -109,10 +114,8 @@ Region WindowTree::VisibleWithin(Window& window, const PixelRect& part) {
 bool WindowTree::CanSeeAny(Window& window, const Region& area) {
   if (area.Empty()) return false;
   const PixelRect bounds = area.Bounds();
-  if (Intersect(bounds, AreaOf(ClientSize(window))) == AreaOf(ClientSize(window))) RefreshVisible(window);
-  if (!VisibleIsKnown(window)) return VisibleWithin(window, bounds).Meets(area);
-  const PixelPoint origin = StoreOrigin(window);
-  return window.visible.Meets(area, origin);
+  if (KnowsVisibleFor(window, bounds)) return window.visible.Meets(area, StoreOrigin(window));
+  return VisibleWithin(window, bounds).Meets(area);
 }
 
 // Of `part` of the client area, in store pixels.
