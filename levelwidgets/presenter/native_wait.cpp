@@ -1,8 +1,8 @@
 #include <levelwidgets/presenter/native_wait.h>
 
-#include <SDL.h>
-#include <SDL_syswm.h>
 #include <poll.h>
+
+#include <levelwidgets/presenter/xlib.h>
 
 namespace levelwidgets::presenter {
 
@@ -14,10 +14,7 @@ constexpr int kLongestBlindWait = 250;
 int ConnectionOf([[maybe_unused]] SDL_Window* window) {
 #ifdef SDL_VIDEO_DRIVER_X11
   SDL_SysWMinfo info{};
-  SDL_VERSION(&info.version);
-  if (window && SDL_GetWindowWMInfo(window, &info) && info.subsystem == SDL_SYSWM_X11) {
-    return ConnectionNumber(info.info.x11.display);
-  }
+  if (IsOnX11(window, info)) return ConnectionNumber(info.info.x11.display);
 #endif
   return -1;
 }

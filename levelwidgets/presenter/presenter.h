@@ -73,6 +73,7 @@ class Presenter {
   std::size_t HandleKey(const std::vector<SDL_Event>& events, std::size_t at);
   void HandleEvent(const SDL_Event& event);
   void HandlePointer(const SDL_Event& event);
+  void PressIn(std::uint32_t native_id, int button);
   void HandleWindow(const SDL_WindowEvent& event);
   void PointTo(std::uint32_t native_id, PixelPoint place);
   void NativeState(Shown& shown, std::uint32_t state);
@@ -80,7 +81,9 @@ class Presenter {
   void MovePopups(WindowHandle form, PixelPoint by);
   void NativeMoved(Shown& shown, PixelPoint place);
   void NativeResized(Shown& shown, PixelSize size);
+  void AskForFocus();
   void TakeFocus();
+  bool HasOpenPopup(WindowHandle form);
   void TakeClipboard();
   void LeaveIfOutside();
 
@@ -94,9 +97,12 @@ class Presenter {
   std::uint64_t started_tick_;
 
   WindowHandle active_;             // as of the last Sync
+  WindowHandle pressed_popup_;      // has become active by a press, in
+  WindowHandle pressed_form_;       // this form
   std::uint32_t focus_ = 0;         // the native window with the keyboard
   std::uint32_t native_focus_ = 0;  // the same as of the last event, inside a turn
   std::string clipboard_;           // the same on both sides
+  bool asks_for_focus_ = false;     // until SDL knows what the system has said about it
   bool pointer_left_ = false;
   bool quiet_ = false;  // nothing has come in the last turn
 };

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include <levelwidgets/platform/hand.h>
+#include <levelwidgets/presenter/native_focus.h>
 #include <levelwidgets/presenter/native_keys.h>
 #include <levelwidgets/presenter/native_text.h>
 #include <levelwidgets/presenter/presenter.h>
@@ -42,6 +43,7 @@ void Presenter::Handle(const std::vector<SDL_Event>& events) {
     }
   }
   LeaveIfOutside();
+  AskForFocus();
   TakeFocus();
 }
 
@@ -89,7 +91,7 @@ void Presenter::HandlePointer(const SDL_Event& event) {
     case SDL_MOUSEMOTION: PointTo(event.motion.windowID, {event.motion.x, event.motion.y}); break;
     case SDL_MOUSEBUTTONDOWN:
       PointTo(event.button.windowID, {event.button.x, event.button.y});
-      desktop_.Press(ButtonOf(event.button.button));
+      PressIn(event.button.windowID, ButtonOf(event.button.button));
       if (event.button.button == SDL_BUTTON_MIDDLE) selection_.Insert();
       break;
     case SDL_MOUSEBUTTONUP:
@@ -100,6 +102,16 @@ void Presenter::HandlePointer(const SDL_Event& event) {
       if (event.wheel.y != 0) desktop_.Wheel(event.wheel.y);
       break;
   }
+}
+
+void Presenter::PressIn(std::uint32_t native_id, int button) {
+  const WindowHandle former = desktop_.Windows().GetActiveWindow();
+  desktop_.Press(button);
+  const WindowHandle active = desktop_.Windows().GetActiveWindow();
+  const Shown* pressed = FindNative(native_id);
+  if (active == former || !pressed || active == pressed->window) return;
+  pressed_popup_ = active;
+  pressed_form_ = pressed->window;
 }
 
 // The native order of the windows decides which of several that overlap is under the pointer.
@@ -142,6 +154,7 @@ void Presenter::HandleWindow(const SDL_WindowEvent& event) {
     case SDL_WINDOWEVENT_LEAVE: pointer_left_ = true; break;
     case SDL_WINDOWEVENT_FOCUS_GAINED:
       native_focus_ = event.windowID;
+      asks_for_focus_ = false;
       RaisePopups();
       break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
@@ -236,6 +249,20 @@ void Presenter::NativeResized(Shown& shown, PixelSize size) {
 
 // --- Focus and clipboard -----------------------------------------------------------------------
 
+// An open popup closes when the user turns elsewhere, which is to be seen at once. What SDL reports later is
+// the same, or nothing when the user has come back by then.
+void Presenter::AskForFocus() {
+  const Shown* active = Find(desktop_.Windows().GetActiveWindow());
+  const bool in_popup = active && active->native->Kind() == WindowKind::kPopup;
+  if (focus_ != 0 ? !in_popup : !asks_for_focus_) return;
+  std::vector<SDL_Window*> windows;
+  for (const Shown& shown : shown_) windows.push_back(SDL_GetWindowFromID(shown.native->Id()));
+  const std::optional<std::uint32_t> owner = KeyboardOwner(windows);
+  if (!owner) return;
+  native_focus_ = *owner;
+  asks_for_focus_ = *owner == 0;
+}
+
 // Looked at once all events of a turn are done: between the windows of this program nobody has the keyboard
 // for a moment.
 void Presenter::TakeFocus() {
@@ -246,10 +273,27 @@ void Presenter::TakeFocus() {
     desktop_.Windows().Deactivate();
   } else if (shown && shown->native->Kind() != WindowKind::kPopup) {
     TakeClipboard();
-    desktop_.Windows().SetActiveWindow(shown->window);
+    if (!HasOpenPopup(shown->window)) desktop_.Windows().SetActiveWindow(shown->window);
   }
   active_ = desktop_.Windows().GetActiveWindow();
   desktop_.Settle();
+}
+
+// Whether the active window is a popup that has opened from `form`. A press in a form arrives before the form
+// has the keyboard, and may have opened one; the form need not be active on the desktop for that. Otherwise
+// it was the form in front.
+bool Presenter::HasOpenPopup(WindowHandle form) {
+  memory::WindowTree& tree = desktop_.Windows().Tree();
+  const WindowHandle active = desktop_.Windows().GetActiveWindow();
+  const auto is_form = [](const memory::Window* window) {
+    return window->Shown() && window->Has(kWsCaption);
+  };
+  const auto& windows = tree.Desktop().children;
+  const auto found = std::ranges::find(windows, active, &memory::Window::handle);
+  if (found == windows.end() || is_form(*found)) return false;
+  if (active == pressed_popup_) return form == pressed_form_;
+  const auto front = std::ranges::find_if(windows, is_form);
+  return front != windows.end() && (*front)->handle == form;
 }
 
 void Presenter::TakeClipboard() {

@@ -220,6 +220,40 @@ TEST_F(PresenterTest, AnOpenPopupStaysActiveUntilAnotherProgramIs) {
   EXPECT_FALSE(windows.GetActiveWindow());
 }
 
+// A press in a form without the keyboard comes first, and opens the popup.
+TEST_F(PresenterTest, AFormThatGetsTheKeyboardLeavesItsOpenPopupActive) {
+  const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  windows.SetActiveWindow(form);
+  const WindowHandle popup = MakePopup({120, 130, 220, 190});
+  windows.SetFocus(popup);
+  presenter.Sync();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_LOST), WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_EQ(windows.GetActiveWindow(), popup);
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_LOST), WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+}
+
+// What has the capture opens a popup without its form becoming active.
+TEST_F(PresenterTest, APopupOfAPressStaysActiveWhenItsFormGetsTheKeyboardBehindAnother) {
+  const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  const WindowHandle popup = MakePopup({120, 130, 220, 190});
+  client.On(kWmLButtonDown, [&](WindowHandle, WParam, LParam) -> LResult {
+    windows.SetFocus(popup);
+    return 0;
+  });
+  windows.SetCapture(left);
+  Handle({Button(form, SDL_MOUSEBUTTONDOWN, 15, 15), Button(form, SDL_MOUSEBUTTONUP, 15, 15)});
+  ASSERT_EQ(windows.GetActiveWindow(), popup);
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_LOST), WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_EQ(windows.GetActiveWindow(), popup);
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_LOST), WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_EQ(windows.GetActiveWindow(), other);
+}
+
 TEST_F(PresenterTest, AFormThatClosesHandsTheKeyboardToTheNextWithoutADetour) {
   const WindowHandle dialog = MakeForm("dialog", {600, 100, 700, 200});
   presenter.Sync();

@@ -4,143 +4,12 @@
 
 #ifndef _WIN32
 
-#include <signal.h>
-
-#include <fstream>
-
-#include <levelwidgets/testing/virtual_screen.h>
+#include <tools/levelwidgets/show_fixture.h>
 
 namespace levelwidgets {
 namespace {
 
 using ::testing::HasSubstr;
-
-constexpr ColorRef kForm{0x00604020};
-constexpr ColorRef kButton{0x00112233};
-constexpr ColorRef kOther{0x00332211};
-constexpr ColorRef kBefore{0x00FF0000};
-constexpr ColorRef kAfter{0x0000FF00};
-constexpr ColorRef kLast{0x000000FF};
-
-// A form of 300 by 200 pixels with a button, a label that the script colours, and a text box and a bar.
-constexpr char kFormFile[] = R"([form]
-Name = "frmOrder"
-Caption = "Order"
-Width = 4500
-Height = 3000
-BackColor = 0x00604020
-Script = "order.lua"
-
-[[control]]
-Class = "FlatButton"
-Name = "cmdSave"
-Left = 300
-Top = 300
-Width = 1200
-Height = 450
-TabIndex = 1
-Properties = { BackColor = 0x00112233, BackColorMouseOver = 0x00112233, BackColorPushed = 0x00112233, Caption = "&Save" }
-
-[[control]]
-Class = "FlatLabel"
-Name = "lblState"
-Left = 1800
-Top = 300
-Width = 1200
-Height = 450
-Properties = { BackColor = 0x00FF0000, BackColorMouseOver = 0x00FF0000, Caption = "" }
-
-[[control]]
-Class = "FlatTextBox"
-Name = "txtNote"
-Left = 300
-Top = 1050
-Width = 2700
-Height = 1500
-TabIndex = 0
-Properties = { MultiLine = true, BackColor = 0x00C0FFFF }
-
-[[control]]
-Class = "FlatScroll"
-Name = "scrCount"
-Left = 3600
-Top = 300
-Width = 255
-Height = 2250
-Properties = { ButtonColor = 0x00332211, ButtonColorMouseOver = 0x00332211, ButtonColorPushed = 0x00332211 }
-)";
-
-// What each script begins with.
-constexpr char kScriptHead[] = R"(
-local function state(color) lblState.BackColor, lblState.BackColorMouseOver = color, color end
-local kAfter, kLast = 0x0000FF00, 0x000000FF
-)";
-
-class ShowCommand : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() { screen_ = new VirtualScreen; }
-  static void TearDownTestSuite() { delete std::exchange(screen_, nullptr); }
-
-  ShowCommand() { std::filesystem::create_directories(folder_); }
-  ~ShowCommand() override {
-    program_.reset();
-    std::filesystem::remove_all(folder_);
-  }
-
-  static VirtualScreen& Screen() { return *screen_; }
-
-  // Written beside it and renamed, as editors save.
-  void File(const std::string& name, const std::string& text) {
-    std::ofstream(folder_ / "new") << text;
-    std::filesystem::rename(folder_ / "new", folder_ / name);
-  }
-  void Script(const std::string& text) { File("order.lua", kScriptHead + text); }
-
-  void Start(std::vector<std::string> options = {}) {
-    const auto built =
-        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "levelwidgets";  // runtime path
-    std::vector<std::string> command{built.string(), "show", "order.form.toml"};
-    command.insert(command.end(), options.begin(), options.end());
-    program_ = std::make_unique<ChildProcess>(
-        command, ChildProcess::Options{.environment = {{"DISPLAY", Screen().Name()}, {"LC_ALL", "C"}},
-                                       .folder = folder_,
-                                       .errors = folder_ / "errors.txt"});
-  }
-  // Starts with a script and waits until the form is there.
-  void Show(const std::string& script, std::vector<std::string> options = {}) {
-    File("order.form.toml", kFormFile);
-    Script(script);
-    Start(std::move(options));
-    button_ = Screen().WaitFor(kButton);
-    ASSERT_FALSE(button_.empty()) << Errors();
-    ASSERT_TRUE(WaitUntil([] { return Screen().Find(kForm).width() >= 300; }));
-    Screen().DoAtLast("search --name Order windowactivate --sync");  // has the keyboard
-  }
-
-  std::string Errors() {
-    std::ifstream file(folder_ / "errors.txt");
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  bool WaitForError(const std::string& text) {
-    return WaitUntil([&] { return Errors().find(text) != std::string::npos; });
-  }
-  static std::string Middle(const PixelRect& rect) {
-    return std::to_string((rect.left + rect.right) / 2) + " " + std::to_string((rect.top + rect.bottom) / 2);
-  }
-  static void Click(const PixelRect& rect) { Screen().Do("mousemove " + Middle(rect) + " click 1"); }
-  static bool Shows(ColorRef color) { return !Screen().WaitFor(color).empty(); }
-
-  std::filesystem::path folder_ =
-      std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_show_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-  std::unique_ptr<ChildProcess> program_;
-  PixelRect button_;
-
- private:
-  static VirtualScreen* screen_;
-};
-
-VirtualScreen* ShowCommand::screen_ = nullptr;
 
 // --- The form and its script -------------------------------------------------------------------
 
@@ -180,41 +49,6 @@ TEST_F(ShowCommand, KeysMoveTheFocusAndAccessKeysPressButtons) {
   EXPECT_TRUE(Shows(kLast)) << Errors();
   Screen().Do("key alt+s");
   EXPECT_TRUE(Shows(kAfter));
-}
-
-// The list goes over the form's lower edge. Another window that is clicked closes it.
-TEST_F(ShowCommand, AListDropsDownInAWindowOfItsOwnUntilARowOrAnotherWindowIsClicked) {
-  constexpr ColorRef kStrip{0x00445566};
-  constexpr ColorRef kAnother{0x00556644};
-  constexpr ColorRef kHighlighted{0x00D77800};  // of the palette
-  Show(
-      "local cbo = form:add('FlatDropDown', 'cbo', { Left=300, Top=2600, Width=1800, Height=315,\n"
-      "  DropDownBackColor=0x00445566, DropDownBackColorMouseOver=0x00445566 })\n"
-      "for i = 1, 5 do cbo:AddItem('Item ' .. i) end\n"
-      "cbo:on('Change', function() state(cbo.Text == 'Item 4' and kAfter or kLast) end)\n"
-      "form.Left, form.Top = 600, 600\n"
-      "local other = lw.form{ Name='frmOther', Caption='Other', Width=1500, Height=1500, "
-      "BackColor=0x00556644,\n"
-      "  Left=7500, Top=600 }\n"
-      "function form_Load() other:show() form:show() end");
-  const PixelRect form = Screen().Find(kForm);
-  const PixelRect strip = Screen().WaitFor(kStrip);
-  ASSERT_FALSE(strip.empty()) << Errors();
-  ASSERT_FALSE(Screen().WaitFor(kAnother).empty()) << Errors();
-  const std::string fourth_row =
-      std::to_string(strip.left - 40) + " " + std::to_string(strip.bottom + 3 * 13 + 8);
-  Click(strip);
-  Screen().Do("mousemove " + fourth_row);
-  EXPECT_GT(Screen().WaitFor(kHighlighted).bottom, form.bottom);
-  Screen().Do("click 1");
-  EXPECT_TRUE(Shows(kAfter)) << Errors();
-  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
-
-  Screen().Do("key F4");
-  EXPECT_TRUE(Shows(kHighlighted));
-  Click(Screen().Find(kAnother));
-  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
-  EXPECT_EQ(Errors(), "");
 }
 
 // Outside, the bar goes back to the value before the drag.

@@ -1,0 +1,153 @@
+// Panels that controls drop down, in native windows of their own.
+#include <gtest/gtest.h>
+
+#ifndef _WIN32
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
+
+#include <tools/levelwidgets/show_fixture.h>
+
+namespace levelwidgets {
+namespace {
+
+class ShowPanels : public ShowCommand {
+ protected:
+  static constexpr ColorRef kStrip{0x00445566};
+  static constexpr ColorRef kAnother{0x00556644};
+  static constexpr ColorRef kHighlighted{0x00D77800};  // of the palette
+  static constexpr ColorRef kKeys{0x00123456};         // of the keypad's digits
+  static constexpr ColorRef kDays{0x00654321};         // behind the days of the month view
+  // Milliseconds: twice what a panel waits before it looks again.
+  static constexpr long kClosingTime = 200;
+  static constexpr int kBelowTheFrame = 20;  // further than the native frame's lower border
+
+  // A control of each class stands at the form's lower edge, and another form beside it.
+  static constexpr char kPanels[] = R"(
+local at = { FlatDropDown = 300, FlatCalculator = 1650, FlatCalendar = 3000 }
+function strip(class)
+  return form:add(class, 'ctl' .. class, { Left = at[class], Top = 2600, Width = 1300, Height = 315,
+    DropDownBackColor = 0x00445566, DropDownBackColorMouseOver = 0x00445566,
+    DropDownBackColorPushed = 0x00445566 })
+end
+form.Left, form.Top = 600, 600
+local other = lw.form{ Name = 'frmOther', Caption = 'Other', Width = 1500, Height = 1500, BackColor = 0x00556644,
+  Left = 7500, Top = 600 }
+function form_Load() other:show() form:show() end
+)";
+
+  static constexpr char kList[] = R"(
+cbo = strip('FlatDropDown')
+for i = 1, 5 do cbo:AddItem('Item ' .. i) end
+cbo:on('Change', function() state(cbo.Text == 'Item 4' and kAfter or kLast) end)
+)";
+
+  // An item that is chosen stays so when the control is left.
+  static constexpr char kChosen[] = "cbo.Text, cbo.ListIndex = 'Item 4', 4";
+
+  // `script` makes the control whose panel opens.
+  void ShowWith(const std::string& script) {
+    Show(kPanels + script);
+    form_ = Screen().Find(kForm);
+    strip_ = Screen().WaitFor(kStrip);
+    ASSERT_FALSE(strip_.empty()) << Errors();
+    ASSERT_FALSE(Screen().WaitFor(kAnother).empty()) << Errors();
+  }
+
+  // Where a row of the open list is, from 1; at the left of the strip.
+  std::string Row(int number) const {
+    constexpr int kRowHeight = 13;
+    return std::to_string(strip_.left - 40) + " " +
+           std::to_string(strip_.bottom + (number - 1) * kRowHeight + 8);
+  }
+
+  // Milliseconds from a click at `place` until nothing on the screen has the colour of the panel.
+  static long ClosingTime(const PixelRect& place, ColorRef panel) {
+    Screen().Do("mousemove " + Middle(place));
+    EXPECT_FALSE(Screen().WaitFor(panel).empty());
+    const auto begun = std::chrono::steady_clock::now();
+    Screen().Do("click 1");
+    EXPECT_TRUE(Screen().WaitWithout(panel));  // looks every 5 ms
+    const auto took = std::chrono::steady_clock::now() - begun;
+    return std::chrono::duration_cast<std::chrono::milliseconds>(took).count();
+  }
+
+  // The usual time of several: what else the machine does may hold up a single one. The strip opens the
+  // panel again each time.
+  long UsualClosingTime(const PixelRect& place, ColorRef panel) {
+    std::array<long, 3> times;
+    for (long& time : times) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(600));  // no double click
+      Click(strip_);
+      time = ClosingTime(place, panel);
+    }
+    std::ranges::sort(times);
+    return times[times.size() / 2];
+  }
+
+  PixelRect form_;
+  PixelRect strip_;
+};
+
+TEST_F(ShowPanels, AListReachesBelowTheFormAndARowThatIsClickedGivesTheText) {
+  ShowWith(kList);
+  Click(strip_);
+  Screen().Do("mousemove " + Row(4));
+  const PixelRect row = Screen().WaitFor(kHighlighted);
+  EXPECT_GT(row.top, form_.bottom + kBelowTheFrame);
+  Screen().Do("click 1");
+  EXPECT_TRUE(Shows(kAfter)) << Errors();
+  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
+
+  Screen().Do("key F4");
+  EXPECT_TRUE(Shows(kHighlighted));
+  Screen().Do("key Escape");
+  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
+  EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ShowPanels, AListIsGoneWithin200MillisecondsOfAClickOnAnotherForm) {
+  ShowWith(std::string(kList) + kChosen);
+  EXPECT_LT(UsualClosingTime(Screen().Find(kAnother), kHighlighted), kClosingTime);
+  EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ShowPanels, AListIsGoneWithin200MillisecondsOfAClickOnAnotherProgram) {
+  constexpr ColorRef kForeign{0x00334411};
+  ShowWith(std::string(kList) + kChosen);
+  File("foreign.form.toml",
+       "[form]\nName = \"frmForeign\"\nCaption = \"Foreign\"\nWidth = 1500\nHeight = 1500\n"
+       "Left = 9000\nTop = 4500\nBackColor = 0x00334411\n");
+  const auto foreign = Launch("foreign.form.toml", "foreign.txt");
+  const PixelRect place = Screen().WaitFor(kForeign);
+  ASSERT_FALSE(place.empty());
+  EXPECT_LT(UsualClosingTime(place, kHighlighted), kClosingTime);
+  EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ShowPanels, AKeypadIsGoneWithin200MillisecondsOfAClickOnAnotherForm) {
+  ShowWith("strip('FlatCalculator').CalcDigitColor = 0x00123456");
+  Click(strip_);
+  EXPECT_GT(Screen().WaitFor(kKeys).bottom, form_.bottom + kBelowTheFrame);
+  Screen().Do("key Escape");
+  ASSERT_TRUE(Screen().WaitWithout(kKeys));
+  EXPECT_LT(UsualClosingTime(Screen().Find(kAnother), kKeys), kClosingTime);
+  EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(ShowPanels, AMonthViewIsGoneWithin200MillisecondsOfAClickOnAnotherForm) {
+  ShowWith("strip('FlatCalendar').CalBackColor = 0x00654321");
+  Click(strip_);
+  EXPECT_GT(Screen().WaitFor(kDays).bottom, form_.bottom + kBelowTheFrame);
+  Screen().Do("key Escape");
+  ASSERT_TRUE(Screen().WaitWithout(kDays));
+  EXPECT_LT(UsualClosingTime(Screen().Find(kAnother), kDays), kClosingTime);
+  EXPECT_EQ(Errors(), "");
+}
+
+}  // namespace
+}  // namespace levelwidgets
+
+#endif
