@@ -1,17 +1,12 @@
 #include <levelwidgets/controls/tabstrip/flat_tab_strip_layout.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace levelwidgets {
 
 namespace {
 
 constexpr int kGap = 5;  // pixels between tabs
-
-int Within(std::int64_t pixel) {
-  return static_cast<int>(std::clamp<std::int64_t>(pixel, -kFarthestPixel, kFarthestPixel));
-}
 
 }  // namespace
 
@@ -28,7 +23,7 @@ PixelRect TabStripLayout::Frame() const {
 PixelRect TabStripLayout::Tab(int tab) const {
   const std::int64_t step = std::int64_t{of_.tab_width} + kGap;
   const std::int64_t left = step * (tab - 1) + of_.surface.left;
-  PixelRect rect{Within(left), of_.surface.top, Within(left + of_.tab_width), of_.band_height};
+  PixelRect rect{WithinReach(left), of_.surface.top, WithinReach(left + of_.tab_width), of_.band_height};
   if (of_.tabs_at_bottom) {
     rect.top = of_.surface.bottom - of_.band_height;
     rect.bottom = of_.surface.bottom;
@@ -48,7 +43,7 @@ PixelRect TabStripLayout::Interior(int tab, bool selected) const {
 PixelRect TabStripLayout::FocusFrame(PixelRect interior, int caption_width) {
   const double middle = (interior.right - interior.left) / 2.0 + interior.left;
   const int left = RoundToWhole(middle - caption_width / 2.0 - 1);
-  return {left, interior.top + 1, Within(std::int64_t{left} + caption_width + 2), interior.bottom};
+  return {left, interior.top + 1, WithinReach(std::int64_t{left} + caption_width + 2), interior.bottom};
 }
 
 bool TabStripLayout::CanSee(int tab) const {
@@ -57,13 +52,6 @@ bool TabStripLayout::CanSee(int tab) const {
   const int first = std::min(rect.left, rect.right - 1);
   const int end = std::max(rect.left + 1, rect.right);
   return first < of_.surface.right && end > of_.surface.left;
-}
-
-int TabWidthInPixels(Twips tab_width, float twips_per_pixel) {
-  constexpr double kMost = 2e9;  // twips that the division takes
-  if (std::isnan(tab_width.value)) return 0;
-  const double twips = std::clamp<double>(tab_width.value, -kMost, kMost);
-  return Within(IntegerDivide(twips, twips_per_pixel));
 }
 
 int TabPressed(TwipPoint at, const TabPressMeasures& measures) {

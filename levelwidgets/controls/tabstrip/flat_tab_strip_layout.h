@@ -1,14 +1,10 @@
 // Where the parts of a tab strip are: pure geometry, without window or state.
 #pragma once
 
-#include <levelwidgets/frame/units.h>
+#include <levelwidgets/frame/reach.h>
 #include <levelwidgets/platform/types.h>
 
 namespace levelwidgets {
-
-// What drawing operations can address. Places beyond are moved here, so that no length, however large,
-// overflows; nothing so far out can be seen.
-inline constexpr int kFarthestPixel = 1 << 26;
 
 // All in pixels. Tabs are numbered from 1. A tab width may be negative: tabs then run to the left, their
 // edges swapped, and the drawing operations make of that what they make of it.
@@ -36,9 +32,6 @@ class TabStripLayout {
  private:
   Measures of_;
 };
-
-// The integer division, with a quotient beyond kFarthestPixel (or of no number) brought within it.
-int TabWidthInPixels(Twips tab_width, float twips_per_pixel);
 
 // What a press looks at, in the units in which it does.
 struct TabPressMeasures {

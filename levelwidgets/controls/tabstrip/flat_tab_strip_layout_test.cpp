@@ -99,25 +99,6 @@ TEST(TabStripLayout, PlacesBeyondWhatDrawingReachesAreMovedWithinIt) {
   EXPECT_EQ(TabStripLayout::FocusFrame({1, 1, 9, 9}, std::numeric_limits<int>::max()).right, kFarthestPixel);
 }
 
-struct WidthCase {
-  float twips;
-  float twips_per_pixel;
-  int pixels;
-};
-class TabStripWidthTest : public ::testing::TestWithParam<WidthCase> {};
-
-TEST_P(TabStripWidthTest, IsTheIntegerDivisionWithinReach) {
-  EXPECT_EQ(TabWidthInPixels(Twips(GetParam().twips), GetParam().twips_per_pixel), GetParam().pixels);
-}
-
-INSTANTIATE_TEST_SUITE_P(Widths, TabStripWidthTest,
-                         ::testing::Values(WidthCase{1440, 15, 96}, WidthCase{1454.4f, 15, 96},
-                                           WidthCase{1454.6f, 15, 97}, WidthCase{22.5f, 15, 1},
-                                           WidthCase{1440, 12.4f, 120}, WidthCase{-1454, 15, -96},
-                                           WidthCase{0, 15, 0}, WidthCase{1e30f, 15, kFarthestPixel},
-                                           WidthCase{-1e30f, 15, -kFarthestPixel},
-                                           WidthCase{INFINITY, 15, kFarthestPixel}, WidthCase{NAN, 15, 0}));
-
 struct PressCase {
   const char* name;
   float x;

@@ -72,7 +72,7 @@ TabStripLayout FlatTabStrip::Layout() const {
   ScreenApi& screen = GetSurface().GetPlatform().Screen();
   return TabStripLayout({.surface = surface_,
                          .band_height = band_height_,
-                         .tab_width = TabWidthInPixels(tab_width_, screen.TwipsPerPixelX()),
+                         .tab_width = PixelsWithinReach(tab_width_, screen.TwipsPerPixelX()),
                          .tabs_at_bottom = orientation_ != ksxTabOrientationTop});
 }
 

@@ -10,12 +10,11 @@
 #include <string>
 #include <string_view>
 
+#include <levelwidgets/frame/out_of_memory.h>
+
 namespace levelwidgets {
 
 class ScriptWatchdog;
-
-// The number of the error of a script that takes more than it may.
-inline constexpr std::int32_t kOutOfMemory = 7;
 
 inline constexpr std::size_t kMostPrinted = std::size_t{1} << 20;  // bytes
 
