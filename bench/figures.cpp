@@ -158,6 +158,7 @@ std::vector<Figure> MeasureFigures(const std::string& folder) {
   MeasureForm(figures, Mix::kWithTextBoxes, with_text_boxes);
   MeasureDropDowns(figures);
   MeasurePanels(figures);
+  MeasureGrids(figures);
   MeasureStartups(figures, folder);
   return figures;
 }

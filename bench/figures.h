@@ -34,6 +34,8 @@ double MedianFill(PixelSize size);
 // What one value is as samples.
 Samples One(double value);
 
+// Those of the cells of grids.
+void MeasureGrids(std::vector<Figure>& figures);
 // Those of the controls with panels.
 void MeasureDropDowns(std::vector<Figure>& figures);
 void MeasurePanels(std::vector<Figure>& figures);
