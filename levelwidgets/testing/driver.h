@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include <levelwidgets/platform/driver.h>
 
@@ -16,5 +17,10 @@ std::string_view PlatformName();
 
 // A desktop with another code page; null where the system's is the only one.
 std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int number);
+
+// A desktop in another locale, one of TestLocales(); null where the user's is the only one.
+std::shared_ptr<DesktopDriver> TestDriverInLocale(std::string_view name);
+// "" alone where the user's is the only one.
+std::vector<std::string_view> TestLocales();
 
 }  // namespace levelwidgets::testing

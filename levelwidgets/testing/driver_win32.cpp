@@ -14,4 +14,8 @@ std::string_view PlatformName() { return "system"; }
 
 std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int) { return nullptr; }
 
+std::shared_ptr<DesktopDriver> TestDriverInLocale(std::string_view) { return nullptr; }
+
+std::vector<std::string_view> TestLocales() { return {""}; }
+
 }  // namespace levelwidgets::testing

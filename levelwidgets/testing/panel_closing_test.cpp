@@ -128,6 +128,7 @@ TYPED_TEST(PanelClosing, AControlThatIsHiddenOrDisabledClosesItsPanel) {
   ASSERT_TRUE(this->IsOpen());
   this->Subject().SetEnabled(false);
   EXPECT_FALSE(this->IsOpen());
+  EXPECT_FALSE(this->Subject().Holds(this->Windows().GetFocus()));
 }
 
 TYPED_TEST(PanelClosing, NothingIsLeftOfAnOpenPanelWhoseControlIsRemoved) {

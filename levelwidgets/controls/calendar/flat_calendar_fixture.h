@@ -9,11 +9,32 @@ namespace levelwidgets::testing {
 
 inline constexpr Date kMay31{45443};  // 31 May 2024
 
-class FlatCalendarTest : public PanelTest<FlatCalendar> {
+class CalendarTest : public PanelTest<FlatCalendar> {
  protected:
   FlatCalendar& Calendar() { return Subject(); }
-  const MonthPanel& Months() { return *Subject().Months(); }
   std::string TextShown() { return Subject().ActiveEdit().Text(); }
+  std::string Formatted(Date date, std::string_view format) {
+    return Tracer().Conversions().Format(date, format).value;
+  }
+
+  std::shared_ptr<DesktopDriver> DriverInLocale(std::string_view name) {
+    const auto driver = TestDriverInLocale(name);
+    return driver ? driver : TestDriver();
+  }
+};
+
+// Tests of the month view, which reads its month in the order of the locale: all of them are in en-US.
+class FlatCalendarTest : public CalendarTest {
+ protected:
+  std::shared_ptr<DesktopDriver> MakeDriver() override { return DriverInLocale("en-US"); }
+  void SetUp() override {
+    CalendarTest::SetUp();
+    if (Formatted(kMay31, "") != "5/31/2024" || Formatted(kMay31, "mmmm") != "May") {
+      GTEST_SKIP() << "the user's locale is not en-US, and there is no other";
+    }
+  }
+
+  const MonthPanel& Months() { return *Subject().Months(); }
 
   // Opens the month of `value`.
   void OpenAt(const Variant& value) {

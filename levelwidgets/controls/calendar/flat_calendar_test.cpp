@@ -8,6 +8,24 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+// What holds in any locale.
+class AnyLocaleCalendarTest : public CalendarTest, public ::testing::WithParamInterface<std::string_view> {
+ protected:
+  std::shared_ptr<DesktopDriver> MakeDriver() override { return DriverInLocale(GetParam()); }
+
+  // As the locale writes it in general.
+  std::string GeneralForm(Date date) { return Formatted(date, ""); }
+  // A text of the date that is not its general form.
+  std::string OtherForm(Date date) { return Formatted(date, "d mmmm yyyy"); }
+};
+
+std::string LocaleOf(const ::testing::TestParamInfo<std::string_view>& tested) {
+  std::string name(tested.param.empty() ? "user" : tested.param);
+  std::ranges::replace(name, '-', '_');
+  return name;
+}
+INSTANTIATE_TEST_SUITE_P(Locales, AnyLocaleCalendarTest, ::testing::ValuesIn(TestLocales()), LocaleOf);
+
 TEST_F(FlatCalendarTest, SavesUnderItsNamesWithTheFormatBeforeTheValue) {
   std::vector<std::string_view> names;
   for (const auto& property : FlatCalendar::Table().Persisted()) names.push_back(property->name);
@@ -55,10 +73,10 @@ TEST_F(FlatCalendarTest, ColoursAndFormatNotifyWhetherThePanelHasOpenedOrNot) {
 
 // --- Value -------------------------------------------------------------------------------------------
 
-TEST_F(FlatCalendarTest, AnAssignmentNotifiesThenRaisesChangeOnce) {
+TEST_P(AnyLocaleCalendarTest, AnAssignmentNotifiesThenRaisesChangeOnce) {
   EXPECT_THAT(EventsOf([this] { Calendar().SetValue(kMay31); }),
               ElementsAre("PropertyChanged(Value)", "Change()"));
-  EXPECT_EQ(TextShown(), "5/31/2024");
+  EXPECT_EQ(TextShown(), GeneralForm(kMay31));
   // The same again, although the text stays.
   EXPECT_THAT(EventsOf([this] { Calendar().SetValue(kMay31); }),
               ElementsAre("PropertyChanged(Value)", "Change()"));
@@ -66,15 +84,17 @@ TEST_F(FlatCalendarTest, AnAssignmentNotifiesThenRaisesChangeOnce) {
               ElementsAre("PropertyChanged(Value)", "Change()"));
 }
 
-TEST_F(FlatCalendarTest, TakesNullTheEmptyStringDatesAndTheirTexts) {
+TEST_P(AnyLocaleCalendarTest, TakesNullTheEmptyStringDatesAndTheirTexts) {
   const struct {
     Variant given;
     Variant value;
     std::string text;
   } rows[] = {
-      {kMay31, kMay31, "2024-05-31"},        {Null{}, Null{}, ""},
-      {"5/31/2024", kMay31, "2024-05-31"},   {"", "", ""},
-      {"31 May 2024", kMay31, "2024-05-31"},
+      {kMay31, kMay31, "2024-05-31"},
+      {Null{}, Null{}, ""},
+      {GeneralForm(kMay31), kMay31, "2024-05-31"},
+      {"", "", ""},
+      {OtherForm(kMay31), kMay31, "2024-05-31"},
   };
   Calendar().SetDateFormat("yyyy-mm-dd");
   for (const auto& row : rows) {
@@ -84,7 +104,7 @@ TEST_F(FlatCalendarTest, TakesNullTheEmptyStringDatesAndTheirTexts) {
   }
 }
 
-TEST_F(FlatCalendarTest, RefusesWhatIsNoDateWith13AndChangesNothing) {
+TEST_P(AnyLocaleCalendarTest, RefusesWhatIsNoDateWith13AndChangesNothing) {
   Calendar().SetValue(kMay31);
   EXPECT_THAT(EventsOf([this] {
                 EXPECT_EQ(ErrorOf([this] { Calendar().SetValue("abc"); }), kTypeMismatch);
@@ -92,18 +112,18 @@ TEST_F(FlatCalendarTest, RefusesWhatIsNoDateWith13AndChangesNothing) {
               }),
               IsEmpty());
   EXPECT_EQ(Calendar().Value(), Variant(kMay31));
-  EXPECT_EQ(TextShown(), "5/31/2024");
+  EXPECT_EQ(TextShown(), GeneralForm(kMay31));
 }
 
-TEST_F(FlatCalendarTest, ANewFormatWaitsForTheNextDate) {
+TEST_P(AnyLocaleCalendarTest, ANewFormatWaitsForTheNextDate) {
   Calendar().SetValue(kMay31);
   Calendar().SetDateFormat("yyyy");
-  EXPECT_EQ(TextShown(), "5/31/2024");
+  EXPECT_EQ(TextShown(), GeneralForm(kMay31));
   Calendar().SetValue(kMay31);
   EXPECT_EQ(TextShown(), "2024");
 }
 
-TEST_F(FlatCalendarTest, AFormatIsReadBeforeTheValue) {
+TEST_P(AnyLocaleCalendarTest, AFormatIsReadBeforeTheValue) {
   for (const Variant& value : {Variant(kMay31), Variant(Null{})}) {
     PropertyBag saved;
     saved.WriteProperty("Value", value, {});
@@ -120,21 +140,26 @@ TEST_F(FlatCalendarTest, AFormatIsReadBeforeTheValue) {
 
 // --- Typing ------------------------------------------------------------------------------------------
 
-TEST_F(FlatCalendarTest, TypingHoldsTheTextOfADateAndNullOtherwise) {
+TEST_P(AnyLocaleCalendarTest, TypingHoldsTheTextOfADateAndNullOtherwise) {
   Calendar();
-  Driver().Type("5/31/202");
-  EXPECT_EQ(Calendar().Value(), Variant("5/31/202"));
-  EXPECT_THAT(EventsOf([this] { Driver().Type("4"); }),
-              ElementsAre("KeyDown(52, 0)", "KeyPress(52)", "Change()", "KeyUp(52, 0)"));
-  EXPECT_EQ(Calendar().Value(), Variant("5/31/2024"));
+  const std::string whole = GeneralForm(kMay31);
+  const std::string last = whole.substr(whole.size() - 1);
+  const std::string code = std::to_string(int{last[0]});
+  const std::string rest = whole.substr(0, whole.size() - 1);
+  Driver().Type(rest);
+  EXPECT_EQ(Calendar().Value(), Variant(rest));
+  EXPECT_THAT(EventsOf([&] { Driver().Type(last); }),
+              ElementsAre("KeyDown(" + code + ", 0)", "KeyPress(" + code + ")", "Change()",
+                          "KeyUp(" + code + ", 0)"));
+  EXPECT_EQ(Calendar().Value(), Variant(whole));
   Driver().Type("x");
   EXPECT_TRUE(Calendar().Value().IsNull());
 }
 
-class LeftCalendarTest : public FlatCalendarTest {
+class LeftCalendarTest : public AnyLocaleCalendarTest {
  protected:
   void SetUp() override {
-    FlatCalendarTest::SetUp();
+    AnyLocaleCalendarTest::SetUp();
     Calendar();
   }
   // What happens when the focus goes to the other control.
@@ -147,10 +172,11 @@ class LeftCalendarTest : public FlatCalendarTest {
  private:
   FlatCalendar* other_ = nullptr;
 };
+INSTANTIATE_TEST_SUITE_P(Locales, LeftCalendarTest, ::testing::ValuesIn(TestLocales()), LocaleOf);
 
-TEST_F(LeftCalendarTest, LeavingTakesATypedDateOverOnce) {
+TEST_P(LeftCalendarTest, LeavingTakesATypedDateOverOnce) {
   Calendar().SetDateFormat("yyyy-mm-dd");
-  Driver().Type("5/31/2024");
+  Driver().Type(GeneralForm(kMay31));
   EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
   EXPECT_EQ(Calendar().Value(), Variant(kMay31));
   EXPECT_EQ(TextShown(), "2024-05-31");
@@ -158,63 +184,63 @@ TEST_F(LeftCalendarTest, LeavingTakesATypedDateOverOnce) {
   EXPECT_THAT(Leave(), IsEmpty());
 }
 
-TEST_F(LeftCalendarTest, AfterLeavingTheValueIsADateAlsoWithoutAFormat) {
-  Driver().Type("5/31/2024");
+TEST_P(LeftCalendarTest, AfterLeavingTheValueIsADateAlsoWithoutAFormat) {
+  Driver().Type(GeneralForm(kMay31));
   EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
   EXPECT_EQ(Calendar().Value(), Variant(kMay31));
 }
 
 // A text has no other general form, so that of the date differs from it each time.
-TEST_F(LeftCalendarTest, ATextThatIsNotTheGeneralFormIsTakenOverAtEachLeaving) {
-  Driver().Type("May 31, 2024");
+TEST_P(LeftCalendarTest, ATextThatIsNotTheGeneralFormIsTakenOverAtEachLeaving) {
+  Driver().Type(OtherForm(kMay31));
   EXPECT_THAT(Leave(),
               ElementsAre("PropertyChanged(Value)", "Change()", "PropertyChanged(Value)", "Change()"));
-  EXPECT_EQ(TextShown(), "May 31, 2024");
+  EXPECT_EQ(TextShown(), OtherForm(kMay31));
   Return();
   EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
 }
 
-TEST_F(LeftCalendarTest, ASpoiltDateLeavesNullAndTheTextAsTyped) {
-  Driver().Type("5/31/2024z");
+TEST_P(LeftCalendarTest, ASpoiltDateLeavesNullAndTheTextAsTyped) {
+  Driver().Type(GeneralForm(kMay31) + "z");
   EXPECT_THAT(Leave(), IsEmpty());
   EXPECT_TRUE(Calendar().Value().IsNull());
-  EXPECT_EQ(TextShown(), "5/31/2024z");
+  EXPECT_EQ(TextShown(), GeneralForm(kMay31) + "z");
 }
 
-TEST_F(LeftCalendarTest, ADateShownInAnOldFormatIsTakenOverAnew) {
+TEST_P(LeftCalendarTest, ADateShownInAnOldFormatIsTakenOverAnew) {
   Calendar().SetValue(kMay31);
-  Calendar().SetDateFormat("yyyy-mm-dd");
+  Calendar().SetDateFormat("d mmm yyyy");
   EXPECT_THAT(Leave(), ElementsAre("PropertyChanged(Value)", "Change()"));
-  EXPECT_EQ(TextShown(), "2024-05-31");
+  EXPECT_EQ(TextShown(), Formatted(kMay31, "d mmm yyyy"));
 }
 
-TEST_F(LeftCalendarTest, OpeningThePanelIsNoLeaving) {
+TEST_P(LeftCalendarTest, OpeningThePanelIsNoLeaving) {
   Calendar().SetDateFormat("yyyy-mm-dd");
-  Driver().Type("5/31/2024");
+  Driver().Type(GeneralForm(kMay31));
   EXPECT_THAT(EventsOf([this] {
                 Driver().Key(kKeyF4);
                 Driver().Key(kKeyEscape);
               }),
               ElementsAre("KeyUp(27, 0)"));
-  EXPECT_EQ(Calendar().Value(), Variant("5/31/2024"));
-  EXPECT_EQ(TextShown(), "5/31/2024");
+  EXPECT_EQ(Calendar().Value(), Variant(GeneralForm(kMay31)));
+  EXPECT_EQ(TextShown(), GeneralForm(kMay31));
   Leave();
   EXPECT_EQ(Calendar().Value(), Variant(kMay31));
 }
 
-// Read again, the text would be the 4th of May.
-TEST_F(LeftCalendarTest, ADateThatReplacesWhatWasTypedIsNotReadAgain) {
+// Read again, the text would be the 4th of May where the month comes first.
+TEST_P(LeftCalendarTest, ADateThatReplacesWhatWasTypedIsNotReadAgain) {
   Calendar().SetDateFormat("dd/mm/yyyy");
-  Driver().Type("5/31/2024");
+  Driver().Type(GeneralForm(kMay31));
   const Date april5{45387};
   Calendar().SetValue(april5);
-  ASSERT_EQ(TextShown(), "05/04/2024");
+  ASSERT_EQ(TextShown(), Formatted(april5, "dd/mm/yyyy"));
   EXPECT_THAT(Leave(), IsEmpty());
   EXPECT_EQ(Calendar().Value(), Variant(april5));
 }
 
-TEST_F(LeftCalendarTest, AHandlerMayRemoveTheControlWhileItIsLeft) {
-  Driver().Type("5/31/2024");
+TEST_P(LeftCalendarTest, AHandlerMayRemoveTheControlWhileItIsLeft) {
+  Driver().Type(GeneralForm(kMay31));
   Calendar().Change += [this] { TheForm().Remove("edt"); };
   auto& other = AddLoaded<FlatCalendar>("other", {}, {Twips(600), Twips(1500)});
   Hosted(other).SetFocus();
@@ -222,8 +248,8 @@ TEST_F(LeftCalendarTest, AHandlerMayRemoveTheControlWhileItIsLeft) {
   EXPECT_FALSE(TheForm().Find("edt"));
 }
 
-TEST_F(LeftCalendarTest, AHandlerMayAssignAnotherValueWhileItIsLeft) {
-  Driver().Type("5/31/2024");
+TEST_P(LeftCalendarTest, AHandlerMayAssignAnotherValueWhileItIsLeft) {
+  Driver().Type(GeneralForm(kMay31));
   bool assigned = false;
   Calendar().Change += [&] {
     if (!std::exchange(assigned, true)) Calendar().SetValue(Null{});

@@ -1,7 +1,5 @@
 #include <levelwidgets/controls/dropdown/completion.h>
 
-#include <algorithm>
-
 #include <levelwidgets/platform/text/letter_case.h>
 #include <levelwidgets/platform/text/utf8.h>
 
@@ -9,12 +7,11 @@ namespace levelwidgets {
 
 namespace {
 
-std::size_t Place(std::int32_t characters) { return static_cast<std::size_t>(std::max(characters, 0)); }
-
 std::string WithTyped(const EditedText& before, std::string_view typed) {
   const std::string_view text = before.text;
-  const std::size_t start = text::ByteOfCharacter(text, Place(before.start));
-  const std::size_t end = start + text::ByteOfCharacter(text.substr(start), Place(before.length));
+  const std::size_t start = text::ByteOfCharacter(text, static_cast<std::size_t>(before.start));
+  const std::size_t end =
+      start + text::ByteOfCharacter(text.substr(start), static_cast<std::size_t>(before.length));
   return std::string(text.substr(0, start)).append(typed).append(text.substr(end));
 }
 

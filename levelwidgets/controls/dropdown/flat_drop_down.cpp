@@ -86,7 +86,6 @@ void FlatDropDown::PrepareList() {
   picPopup_.MouseDown += [this](std::int16_t, std::int16_t, Twips x, Twips y) { PressList({x, y}); };
   picPopup_.MouseMove += [this](std::int16_t, std::int16_t, Twips x, Twips y) { HighlightUnder({x, y}); };
   picPopup_.Wheel += [this](int notches) { ScrollRows(-notches * kRowsPerNotch); };
-  fsMain_->SetMin(1);
   // As the strip's arrow: its buttons are as light as the strip, whatever the colour of the desktop's texts.
   fsMain_->SetForeColor(Color(0));
   fsMain_->SetLargeChange(kListRows - 1);

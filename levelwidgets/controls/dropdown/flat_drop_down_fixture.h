@@ -37,6 +37,17 @@ class FlatDropDownTest : public PanelTest<FlatDropDown> {
     const PixelRect panel = PanelRect();
     return {panel.right - 1 - 8, panel.bottom - 1 - 4};
   }
+  // The names of the calls that draw on the panel while `action` runs.
+  std::vector<std::string> DrawnIn(const PopupPanel& panel, const std::function<void()>& action) {
+    std::vector<std::string> names;
+    for (const TracedCall& call : CallsNamed({"FillRect", "DrawTextA"}, action)) {
+      const bool is_on_it = std::get<std::int64_t>(call.arguments[0]) == panel.GetSurface().hDC().value;
+      if (is_on_it)
+        names.push_back(call.name == "FillRect" ? call.name : std::get<std::string>(call.arguments[1]));
+    }
+    return names;
+  }
+
   // Without those of the pointer.
   Journal EventsOf(const std::function<void()>& action) {
     Journal events = PanelTest::EventsOf(action);

@@ -24,7 +24,6 @@ void FlatDropDown::SyncListScroll() {
   if (scrolls) {
     fsMain_->SetMax(Count() - (kListRows - 1));
   } else {
-    fsMain_->SetValue(1);
     SetTopIndex(1);
   }
   if (fsMain_.Visible() != scrolls) fsMain_.SetVisible(scrolls);

@@ -274,6 +274,52 @@ TEST_F(FlatDropDownTest, TheBarOfAnOpenListScrollsItAndKeepsItOpen) {
   EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(FlatDropDownTest, APressInTheTrackOfTheBarScrollsBySevenRows) {
+  Make(40);
+  Open();
+  Driver().Click({BottomOfBar().x, BottomOfBar().y - 20});
+  EXPECT_EQ(Drop().TopIndex(), 8);
+}
+
+TEST_F(FlatDropDownTest, TheWheelAtTheEndOfAListPaintsNothing) {
+  Make(20);
+  Open();
+  Driver().MovePointer(Row(4));
+  Driver().Settle();
+  EXPECT_THAT(DrawnIn(*Drop().Panel(), [&] { Driver().Wheel(1); }), IsEmpty());
+  EXPECT_THAT(DrawnIn(*Drop().Panel(), [&] { Driver().Wheel(-1); }), ::testing::Not(IsEmpty()));
+}
+
+// The pointer may be captured.
+TEST_F(FlatDropDownTest, APressOnTheRightOrTheLowerEdgeOfThePanelTakesNothing) {
+  Make(3);
+  const auto press = [&](int x, int y) {
+    Open();
+    Drop().SetText("");
+    Drop().SetListIndex(1);
+    const auto at = static_cast<LParam>(y << 16 | x);
+    Windows().SendMessageA(Drop().Panel()->hWnd(), kWmLButtonDown, kMkLButton, at);
+    EXPECT_FALSE(IsOpen());
+    return Drop().Text();
+  };
+  Open();
+  const int width = PanelRect().width();
+  const int height = PanelRect().height();
+  Driver().Key(kKeyEscape);
+  EXPECT_EQ(press(width - 1, 5), "1");
+  EXPECT_EQ(press(width, 5), "");
+  EXPECT_EQ(press(5, height - 1), "1");
+  EXPECT_EQ(press(5, height), "");
+}
+
+TEST_F(FlatDropDownTest, TheStripBeginsWhereTheTextEnds) {
+  FlatDropDown& drop = Make(3);
+  drop.OnMouseMove({0, 0, {Twips(1600), Twips(10)}});
+  EXPECT_EQ(StripPixel(), Concrete(drop.DropDownBackColorMouseOver()));
+  drop.OnMouseMove({0, 0, {Twips(1599), Twips(10)}});
+  EXPECT_EQ(StripPixel(), Concrete(drop.DropDownBackColor()));
+}
+
 TEST_F(FlatDropDownTest, TheStripEndsBeforeTheRightAndTheLowerEdge) {
   Make(3);
   const PixelRect rect = ControlRect();

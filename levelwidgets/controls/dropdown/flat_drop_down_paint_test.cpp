@@ -57,6 +57,13 @@ TEST_F(FlatDropDownPaintTest, ANewColourAtRestIsTheFillWhateverTheStripShows) {
   EXPECT_EQ(StripPixel(), ColorRef{0x00445566});
 }
 
+TEST_F(FlatDropDownPaintTest, APressPaintsTheStripEvenWhereItHasItsColourAtRest) {
+  FlatDropDown& drop = Make(0);
+  Watch(drop);
+  drop.OnMouseDown({kLeftButton, 0, {Twips(1700), Twips(10)}});
+  EXPECT_THAT(TakeJournal(), ElementsAre("paint"));
+}
+
 TEST_F(FlatDropDownPaintTest, ColoursOfTheStripThatAreNotSeenRepaintNothing) {
   FlatDropDown& drop = Make(1);
   EXPECT_TRUE(DrawingCallsOf(drop, [&] {
@@ -73,6 +80,66 @@ TEST_F(FlatDropDownPaintTest, OfNoSizeItPaintsNothingAndRaisesNothing) {
   EXPECT_NO_THROW(drop.OnPaint());
   EXPECT_EQ(PixelAt(drop, PixelPoint{3, 0}), Concrete(drop.DropDownBackColor()));
 }
+
+TEST_F(FlatDropDownPaintTest, TheFocusFrameComesAndGoesWithTheFocus) {
+  FlatDropDown& drop = Make(1);
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  drop.SetStyle(1);
+  const auto frame = ::testing::Contains(::testing::StartsWith("DrawFocusRect"));
+  EXPECT_THAT(DrawingCallsOf(drop, [&] { Driver().Key(kKeyTab); }), ::testing::Not(frame));
+  EXPECT_THAT(DrawingCallsOf(drop, [&] { Hosted(drop).SetFocus(); }), frame);
+  EXPECT_EQ(Windows().GetFocus(), drop.hWnd());
+}
+
+TEST_F(FlatDropDownPaintTest, EachChangeBetweenTheStylesPaints) {
+  FlatDropDown& drop = Make(1);
+  Watch(drop);
+  drop.SetStyle(1);
+  drop.SetStyle(2);
+  drop.SetStyle(0);
+  drop.SetStyle(0);
+  EXPECT_THAT(TakeJournal(), ElementsAre("paint", "PropertyChanged(Style)", "paint", "PropertyChanged(Style)",
+                                         "paint", "PropertyChanged(Style)", "PropertyChanged(Style)"));
+}
+
+TEST_F(FlatDropDownPaintTest, WithoutAnEditBoxANewTextIsSeenBeforeItIsNotified) {
+  FlatDropDown& drop = Make(1);
+  drop.SetStyle(1);
+  Watch(drop);
+  drop.SetText("kg");
+  EXPECT_THAT(TakeJournal(),
+              ElementsAre("paint", "PropertyChanged(Text)", "Change()", "PropertyChanged(Text)"));
+}
+
+TEST_F(FlatDropDownPaintTest, WithoutAnEditBoxTheTextIsInTheFontOfTheControl) {
+  FlatDropDown& drop = Make(1);
+  EXPECT_EQ(drop.GetSurface().GetFont(), drop.GetFont());
+  drop.SetStyle(1);
+  drop.SetFont(MakeFont({.name = "Tahoma", .size = 12}));
+  EXPECT_EQ(drop.GetSurface().GetFont(), drop.GetFont());
+}
+
+TEST_F(FlatDropDownPaintTest, ANewHighlightIsSeenBeforeItIsNotified) {
+  Make(3);
+  Open();
+  std::size_t drawn_before_notice = 0;
+  TheForm().PropertyChanged.Add([&](std::string_view, std::string_view name) {
+    if (name == "ListIndex") drawn_before_notice = Tracer().TakeCalls().size();
+  });
+  EXPECT_THAT(DrawnIn(*Drop().Panel(), [&] { Drop().SetListIndex(2); }), ::testing::IsEmpty());
+  EXPECT_GT(drawn_before_notice, 0u);
+}
+
+TEST_F(FlatDropDownPaintTest, TheBarPaintsTheListFromItsNewFirstRow) {
+  Make(20);
+  Open();
+  const auto drawn = DrawnIn(*Drop().Panel(), [&] { Drop().Bar()->SetValue(5); });
+  EXPECT_THAT(drawn, ::testing::Contains("5"));
+  EXPECT_THAT(drawn, ::testing::Not(::testing::Contains("4")));
+}
+
+// Whatever the colour of the desktop's texts.
+TEST_F(FlatDropDownPaintTest, TheBarIsDrawnInBlack) { EXPECT_EQ(Make(20).Bar()->ForeColor(), Color(0)); }
 
 TEST_F(FlatDropDownPaintTest, TheHighlightedRowIsInTheColoursOfTheSystem) {
   Make(3);

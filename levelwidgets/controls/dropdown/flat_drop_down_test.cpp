@@ -138,6 +138,26 @@ TEST_F(FlatDropDownTest, TheBarIsThereForMoreThanEightItems) {
   EXPECT_EQ(drop.Bar()->Value(), 1);
 }
 
+TEST_F(FlatDropDownTest, AnEmptiedListHasNoBarAndBeginsAtItsFirstRow) {
+  FlatDropDown& drop = Make(20);
+  drop.SetTopIndex(5);
+  EXPECT_THAT(EventsOf([&] { drop.Clear(); }), ElementsAre("PropertyChanged(TopIndex)"));
+  EXPECT_FALSE(drop.Bar().Visible());
+  EXPECT_EQ(drop.TopIndex(), 1);
+  EXPECT_EQ(drop.Bar()->Value(), 1);
+}
+
+TEST_F(FlatDropDownTest, AnItemNotifiesOfTheFirstRowUntilTheListScrolls) {
+  Make(7);
+  EXPECT_THAT(EventsOf([&] { Add("8"); }), ElementsAre("PropertyChanged(TopIndex)"));
+  EXPECT_TRUE(EventsOf([&] { Add("9"); }).empty());
+}
+
+TEST_F(FlatDropDownTest, ABarThatIsThereIsNotShownAgain) {
+  Make(9);
+  EXPECT_TRUE(CallsNamed({"ShowWindow"}, [&] { Add("10"); }).empty());
+}
+
 TEST_F(FlatDropDownTest, TheBarScrollsWithoutANotice) {
   FlatDropDown& drop = Make(20);
   EXPECT_TRUE(EventsOf([&] { drop.Bar()->SetValue(5); }).empty());

@@ -47,6 +47,38 @@ TEST_F(FlatDropDownTest, ControlCharactersAreTypedAsWithoutCompletion) {
   EXPECT_EQ(Drop().Text(), "abc");
 }
 
+TEST_F(FlatDropDownTest, EnterAndTheCharacterOfDeletionRaiseKeyPressOnce) {
+  Make(0);
+  for (const bool complete : {false, true}) {
+    Drop().SetAutoComplete(complete);
+    for (const int character : {13, 127}) {
+      EXPECT_THAT(EventsOf([&] {
+                    Windows().SendMessageA(Drop().ActiveEdit().hWnd(), kWmChar,
+                                           static_cast<WParam>(character), 0);
+                  }),
+                  ::testing::Contains("KeyPress(" + std::to_string(character) + ")").Times(1));
+    }
+  }
+}
+
+TEST_F(FlatDropDownTest, ABlankIsCompleted) {
+  MakeOf({" first"});
+  Drop().SetAutoComplete(true);
+  Driver().Type(" ");
+  EXPECT_EQ(Drop().Text(), " first");
+}
+
+TEST_F(FlatDropDownTest, TheHighlightIsGoneWhenTheFirstRowIsNotified) {
+  Make(20);
+  Drop().SetListIndex(15);
+  int highlight = -1;
+  TheForm().PropertyChanged.Add([&](std::string_view, std::string_view name) {
+    if (name == "TopIndex") highlight = Drop().ListIndex();
+  });
+  Driver().Type("a");
+  EXPECT_EQ(highlight, 0);
+}
+
 TEST_F(FlatDropDownTest, TypingTakesTheHighlightAwayWithoutANotice) {
   Make(20);
   Drop().SetListIndex(15);
@@ -98,6 +130,24 @@ TEST_F(FlatDropDownTest, LeavingTakesTheItemThatTheTextIsWhateverItsCase) {
   Driver().Key(kKeyTab);
   EXPECT_EQ(Drop().Text(), "APPLE");
   EXPECT_EQ(Drop().ListIndex(), 2);
+}
+
+TEST_F(FlatDropDownTest, TheItemThatIsTakenOnLeavingIsTheTextBeforeItIsHighlighted) {
+  MakeOf({"Banana", "APPLE"});
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  Drop().SetText("apple");
+  EXPECT_THAT(EventsOf([&] { Driver().KeyDown(kKeyTab, 0); }),
+              ElementsAre("PropertyChanged(Text)", "Change()", "PropertyChanged(ListIndex)"));
+  Driver().KeyUp(kKeyTab, 0);
+}
+
+TEST_F(FlatDropDownTest, LeavingWithAnotherTextNotifiesAlsoWhereNothingWasHighlighted) {
+  Make(3);
+  AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  Drop().SetText("pear");
+  EXPECT_THAT(EventsOf([&] { Driver().KeyDown(kKeyTab, 0); }),
+              ElementsAre("PropertyChanged(TopIndex)", "PropertyChanged(ListIndex)"));
+  Driver().KeyUp(kKeyTab, 0);
 }
 
 TEST_F(FlatDropDownTest, LeavingWithAnotherTextTakesTheHighlightAway) {

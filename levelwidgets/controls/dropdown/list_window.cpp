@@ -22,12 +22,9 @@ std::optional<std::int32_t> HighlightAfterKey(std::int16_t key, std::int16_t hig
   switch (key) {
     case kKeyUp: return highlighted >= 2 ? std::optional(highlighted - 1) : std::nullopt;
     case kKeyDown: return highlighted < count ? std::optional(highlighted + 1) : std::nullopt;
-    case kKeyPageUp:
-      if (highlighted >= kPage + 2) return highlighted - kPage;
-      return highlighted > 1 ? std::optional(1) : std::nullopt;
+    case kKeyPageUp: return highlighted > 1 ? std::optional(std::max(highlighted - kPage, 1)) : std::nullopt;
     case kKeyPageDown:
-      if (highlighted < count - kPage) return highlighted + kPage;
-      return highlighted < count ? std::optional(count) : std::nullopt;
+      return highlighted < count ? std::optional(std::min(highlighted + kPage, count)) : std::nullopt;
     case kKeyHome: return 0;
     case kKeyEnd: return count;
     default: return {};
