@@ -41,7 +41,10 @@ void Control::Show(bool visible) {
   const auto keep = Reference();
   WindowApi& windows = GetSurface().Windows();
   GetSurface().SetVisible(visible);
-  if (!visible && Holds(windows.GetFocus())) windows.SetFocus(windows.GetParent(GetSurface().hWnd()));
+  if (visible || !Holds(windows.GetFocus())) return;
+  // A panel that is open has the focus while its form is hidden, too.
+  const WindowHandle parent = windows.GetParent(GetSurface().hWnd());
+  windows.SetFocus(windows.IsWindowVisible(parent) ? parent : WindowHandle{});
 }
 
 // The system takes the focus only from the window that is disabled, not from one inside it.

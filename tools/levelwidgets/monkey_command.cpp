@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <iostream>
+#include <numeric>
 
 #include <levelwidgets/host/files/atomic_file.h>
 #include <levelwidgets/host/monkey/run.h>
@@ -113,8 +114,11 @@ int Monkey(const MonkeyArguments& arguments) {
     WriteFailure(arguments, *result.failure, stage);
     return 1;
   }
-  std::cout << result.tally.events << " events, " << result.tally.refused << " refused by documented errors, "
-            << result.tally.thrown << " thrown on purpose, " << result.tally.void_events
+  const auto& panels = result.tally.panels;
+  std::cout << result.tally.events << " events, "
+            << std::accumulate(panels.begin(), panels.end(), std::size_t{0}) << " panels opened, "
+            << result.tally.refused << " refused by documented errors, " << result.tally.thrown
+            << " thrown on purpose, " << result.tally.void_events
             << " for controls that no longer existed: nothing is broken\n";
   return 0;
 }

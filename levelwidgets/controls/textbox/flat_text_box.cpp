@@ -37,9 +37,10 @@ const ClassInfo& FlatTextBox::Table() {
               11, "ScrollButtonColor", Always(kScrollButtonColor), "Fill of the bar's buttons and thumb."),
           Row::Property<&T::ScrollMouseOverColor, &T::SetScrollMouseOverColor>(
               12, "ScrollMouseOverColor", Always(kScrollMouseOverColor),
-              "Fill of a button of the bar under the pointer."),
+              "Fill of a button of the bar under the pointer.", {.flags = MemberFlags::kShownLater}),
           Row::Property<&T::ScrollPushedColor, &T::SetScrollPushedColor>(
-              13, "ScrollPushedColor", Always(kScrollPushedColor), "Fill of a button of the bar held down."),
+              13, "ScrollPushedColor", Always(kScrollPushedColor), "Fill of a button of the bar held down.",
+              {.flags = MemberFlags::kShownLater}),
           Edit::Handle(14)),
       table::Persisted("MultiLine", "BackColor", "ForeColor", "Enabled", "Font", "Alignment", "MaxLength",
                        "PasswordChar", "Text", "ScrollBackColor", "ScrollButtonColor", "ScrollMouseOverColor",

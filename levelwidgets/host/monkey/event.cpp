@@ -137,6 +137,7 @@ std::string ToLua(const Event& event) {
   switch (event.kind) {
     case EventKind::kMove: return "d:move(" + numbers + ")";
     case EventKind::kMoveTo: return "d:move_to(" + Owner(event.control) + ", " + numbers + ")";
+    case EventKind::kMoveToPanel: return "move_to_panel(" + Owner(event.control) + ", " + numbers + ")";
     case EventKind::kPress: return "d:press(" + numbers + ")";
     case EventKind::kRelease: return "d:release(" + numbers + ")";
     case EventKind::kDoubleClick: return "d:doubleclick()";

@@ -12,9 +12,10 @@ namespace levelwidgets::monkey {
 
 enum class EventKind {
   // The pointer and the keys
-  kMove,    // numbers: screen x, y
-  kMoveTo,  // control, or the form's inner area when ""; numbers: x, y in twips
-  kPress,   // numbers: button
+  kMove,         // numbers: screen x, y
+  kMoveTo,       // control, or the form's inner area when ""; numbers: x, y in twips
+  kMoveToPanel,  // control; numbers: x, y in thousandths of the panel that it has open
+  kPress,        // numbers: button
   kRelease,
   kDoubleClick,
   kWheel,  // numbers: notches

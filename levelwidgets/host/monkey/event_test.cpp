@@ -19,6 +19,11 @@ TEST(MonkeyEvent, IsPrintedAsALineOfAScript) {
   EXPECT_EQ(ToLua(Event{.kind = EventKind::kRemove, .control = "lbl"}), "f:remove(\"lbl\")");
 }
 
+TEST(MonkeyEvent, APanelIsReachedByTheControlThatHasItOpen) {
+  EXPECT_EQ(ToLua(Event{.kind = EventKind::kMoveToPanel, .control = "cbo", .numbers = {500, 30}}),
+            "move_to_panel(f.cbo, 500, 30)");
+}
+
 TEST(MonkeyEvent, ReachesObjectsThatPropertiesHold) {
   const Event event{.kind = EventKind::kSet,
                     .control = "grd",

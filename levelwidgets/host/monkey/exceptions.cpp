@@ -75,6 +75,8 @@ bool InputMayRaise(const Error& error, const Form& form) {
 
 bool IsShownLater(const PropertyInfo& property) { return Has(property.flags, MemberFlags::kShownLater); }
 
+bool LooksLate(const Control& control) { return FontThatChanges(control) != nullptr; }
+
 bool MayLookLate(const Control& control, const std::vector<std::shared_ptr<HostedControl>>& all) {
   return std::ranges::any_of(all, [&](const auto& hosted) {
     const auto other = hosted->GetControl();

@@ -26,4 +26,7 @@ bool IsShownLater(const PropertyInfo& property);
 // without a repaint.
 bool MayLookLate(const Control& control, const std::vector<std::shared_ptr<HostedControl>>& all);
 
+// The same of a control inside a panel.
+bool LooksLate(const Control& control);
+
 }  // namespace levelwidgets::monkey

@@ -53,7 +53,18 @@ const Generator::Weighted Generator::kEvents[] = {
     {5, &Generator::Place},    {2, &Generator::ChangeFont}, {1, &Generator::ShareFont},
     {2, &Generator::Add},      {2, &Generator::Remove},     {2, &Generator::Show},
     {1, &Generator::Hide},     {5, &Generator::Once},       {3, &Generator::Throw},
-    {3, &Generator::Check},
+    {3, &Generator::Check},    {4, &Generator::Open},       {1, &Generator::Fill},
+};
+
+// What happens while a panel is open, if it has opened: mostly to the panel.
+const Generator::Weighted Generator::kPanelEvents[] = {
+    {24, &Generator::MoveToPanel},  {16, &Generator::Click},  {2, &Generator::DoubleClick},
+    {2, &Generator::Press},         {2, &Generator::Release}, {3, &Generator::Wheel},
+    {16, &Generator::Key},          {4, &Generator::Type},    {6, &Generator::Advance},
+    {2, &Generator::MoveTo},        {4, &Generator::Set},     {1, &Generator::SetPlacement},
+    {1, &Generator::CallPlacement}, {1, &Generator::Call},    {1, &Generator::Place},
+    {2, &Generator::Once},          {1, &Generator::Throw},   {1, &Generator::Check},
+    {1, &Generator::Show},          {1, &Generator::Open},
 };
 
 const Generator::Weighted Generator::kReactions[] = {
@@ -77,8 +88,16 @@ Event Generator::Pick(const Weighted (&table)[count]) {
 }
 
 Event Generator::Next() {
-  if (next_) return *std::exchange(next_, {});
+  if (!next_.empty()) {
+    Event event = std::move(next_.front());
+    next_.pop_front();
+    return event;
+  }
   if (model_.controls.empty()) return Add();
+  if (panel_events_ > 0) {
+    --panel_events_;
+    return Pick(kPanelEvents);
+  }
   return Pick(kEvents);
 }
 
@@ -118,13 +137,81 @@ Event Generator::Release() {
 // A press, and its release as the next event.
 Event Generator::Click() {
   const int button = dice_.One(kButtons);
-  next_ = {.kind = EventKind::kRelease, .numbers = {button}};
+  next_.push_back({.kind = EventKind::kRelease, .numbers = {button}});
   return {.kind = EventKind::kPress, .numbers = {button}};
 }
 
 Event Generator::DoubleClick() { return {.kind = EventKind::kDoubleClick}; }
 
 Event Generator::Wheel() { return {.kind = EventKind::kWheel, .numbers = {dice_.Between(-3, 3)}}; }
+
+// --- Panels ----------------------------------------------------------------------------------------
+
+// Opens the panel of a control that has one, if it can be opened. The next events are mostly for the panel.
+Event Generator::Open() {
+  const auto openers = Pointers(model_.controls, [](const FormModel::Control& control) {
+    return control.info->FindProperty("DropDownBackColor") != nullptr;
+  });
+  if (openers.empty()) return MoveTo();
+  const FormModel::Control& control = *dice_.One(openers);
+  opened_ = control.name;
+  panel_events_ = dice_.Between(0, 20);
+  next_.push_back({.kind = EventKind::kAdvance, .numbers = {1000}});  // no double click
+  if (dice_.Once(2)) {
+    OpenByKeys(control);
+  } else {
+    OpenByPointer(control);
+  }
+  Event first = std::move(next_.front());
+  next_.pop_front();
+  return first;
+}
+
+void Generator::OpenByKeys(const FormModel::Control& control) {
+  next_.push_back({.kind = EventKind::kCall, .control = control.name, .member = "SetFocus"});
+  const bool alt = dice_.Once(2);
+  next_.push_back({.kind = EventKind::kKey, .numbers = {alt ? kKeyDown : kKeyF4, alt ? kAltMask : 0}});
+}
+
+void Generator::OpenByPointer(const FormModel::Control& control) {
+  constexpr int kIntoTheStrip = 100;
+  next_.push_back({.kind = EventKind::kMoveTo,
+                   .control = control.name,
+                   .numbers = {static_cast<int>(std::min(control.size.width.value, 30000.0F)) - kIntoTheStrip,
+                               static_cast<int>(std::min(control.size.height.value, 30000.0F)) / 2}});
+  next_.push_back({.kind = EventKind::kPress, .numbers = {kLeftButton}});
+  next_.push_back({.kind = EventKind::kRelease, .numbers = {kLeftButton}});
+}
+
+Event Generator::MoveToPanel() {
+  constexpr int kJustOutside = 1050;
+  return {.kind = EventKind::kMoveToPanel,
+          .control = opened_,
+          .numbers = {dice_.Between(0, kJustOutside), dice_.Between(0, kJustOutside)}};
+}
+
+std::string Generator::SomeItem() {
+  std::string text = RandomText(dice_);
+  constexpr std::size_t kMost = 40;
+  return text.size() > kMost ? "item" : text;
+}
+
+// Fills a list, so that there is something to open.
+Event Generator::Fill() {
+  const auto lists = Pointers(model_.controls, [](const FormModel::Control& control) {
+    return control.info->FindMethod("AddItem") != nullptr;
+  });
+  if (lists.empty()) return MoveTo();
+  const FormModel::Control& control = *dice_.One(lists);
+  const int count = dice_.Between(1, 20);
+  for (int i = 0; i < count; ++i) {
+    next_.push_back({.kind = EventKind::kCall,
+                     .control = control.name,
+                     .member = "AddItem",
+                     .values = {Variant(SomeItem())}});
+  }
+  return Advance();
+}
 
 // --- Keys and time ---------------------------------------------------------------------------------
 
@@ -313,7 +400,9 @@ Event Generator::Show() { return {.kind = EventKind::kShow, .numbers = {dice_.On
 
 Event Generator::Hide() {
   const int which = dice_.Once(3) ? 0 : 1;
-  if (which == 0 && subject_.empty()) next_ = {.kind = EventKind::kShow, .numbers = {0}};
+  if (which == 0 && subject_.empty()) {
+    next_.push_back({.kind = EventKind::kShow, .numbers = {0}});
+  }
   return {.kind = EventKind::kHide, .numbers = {which}};
 }
 
@@ -326,9 +415,9 @@ Event Generator::Once() {
               .control = control.name,
               .member = std::string(dice_.One(control.info->Events()).name)};
   subject_ = control.name;
-  const std::optional<Event> after = std::exchange(next_, {});
+  std::deque<Event> after = std::exchange(next_, {});
   event.nested = std::make_shared<Event>(Pick(kReactions));
-  next_ = after;
+  next_ = std::move(after);
   subject_.clear();
   return event;
 }

@@ -1,7 +1,7 @@
 // Random events for a form.
 #pragma once
 
-#include <optional>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -41,6 +41,7 @@ class Generator {
     Make make;
   };
   static const Weighted kEvents[];
+  static const Weighted kPanelEvents[];
   static const Weighted kReactions[];
   template <std::size_t count>
   Event Pick(const Weighted (&table)[count]);
@@ -48,11 +49,15 @@ class Generator {
   // The pointer
   Event Move();
   Event MoveTo();
+  Event MoveToPanel();
   Event Press();
   Event Release();
   Event Click();
   Event DoubleClick();
   Event Wheel();
+  // Panels
+  Event Open();
+  Event Fill();
   // Keys and time
   Event Key();
   Event KeyDown();
@@ -87,11 +92,16 @@ class Generator {
   bool CallMember(Event& event, const ClassInfo& info, int depth);
   const ClassInfo* StepInto(Event& event, const ClassInfo& info);
   int SomeLength();
+  std::string SomeItem();
+  void OpenByKeys(const FormModel::Control& control);
+  void OpenByPointer(const FormModel::Control& control);
 
   FormModel model_;
   Dice dice_;
   std::string subject_;  // of reactions: the control whose event it is
-  std::optional<Event> next_;
+  std::deque<Event> next_;
+  std::string opened_;    // the control whose panel was last to open
+  int panel_events_ = 0;  // so many are still for its panel
   int added_ = 0;
   int button_ = 0;  // the one that is down
 };

@@ -62,19 +62,30 @@ std::string Difference(const Subject& subject, const std::vector<WindowPixels>& 
   return "";
 }
 
-void InvalidateTree(memory::MemoryWindows& windows, const memory::Window& window) {
+// The window and what is in it, however deep.
+std::vector<WindowHandle> TreeOf(memory::MemoryWindows& windows, const memory::Window& window) {
   std::vector<WindowHandle> all{window.handle};
   for (std::size_t i = 0; i < all.size(); ++i) {
     for (const memory::Window* child : windows.Tree().Find(all[i])->children) all.push_back(child->handle);
   }
-  for (const WindowHandle one : all) windows.InvalidateRect(one);
+  return all;
 }
 
-// The checks ignore what is late on purpose.
+void PaintLateParts(memory::Desktop& desktop, const memory::Window& window) {
+  for (const WindowHandle one : TreeOf(desktop.Windows(), window)) {
+    auto* control = dynamic_cast<Control*>(desktop.Windows().Tree().Find(one)->client);
+    if (control && LooksLate(*control)) control->OnPaint();
+  }
+}
+
+// The checks ignore what is late on purpose, in panels as well.
 void PaintLate(const Subject& subject) {
   const auto& controls = subject.form.Controls();
   for (const auto& hosted : controls) {
     if (MayLookLate(*hosted->GetControl(), controls)) hosted->GetControl()->OnPaint();
+  }
+  for (const memory::Window* top : subject.desktop.Windows().Tree().Desktop().children) {
+    if ((top->ex_style & kWsExToolWindow) != 0) PaintLateParts(subject.desktop, *top);
   }
 }
 
@@ -82,7 +93,9 @@ void PaintLate(const Subject& subject) {
 
 void PaintEverything(memory::Desktop& desktop) {
   memory::MemoryWindows& windows = desktop.Windows();
-  for (const memory::Window* top : windows.Tree().Desktop().children) InvalidateTree(windows, *top);
+  for (const memory::Window* top : windows.Tree().Desktop().children) {
+    for (const WindowHandle one : TreeOf(windows, *top)) windows.InvalidateRect(one);
+  }
   desktop.Settle();
 }
 

@@ -109,6 +109,8 @@ void Accumulate(Tally& sum, const Tally& more) {
   sum.refused += more.refused;
   sum.thrown += more.thrown;
   sum.void_events += more.void_events;
+  sum.panel_events += more.panel_events;
+  for (std::size_t i = 0; i < sum.panels.size(); ++i) sum.panels[i] += more.panels[i];
 }
 
 // The events on a stage, then its end. Returns what is broken.

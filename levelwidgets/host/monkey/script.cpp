@@ -17,6 +17,14 @@ local function control(name)
 end
 )";
 
+constexpr char kMoveToPanel[] = R"(
+local function move_to_panel(control, x, y)
+  local _, _, _, _, panel = d:rect(control)
+  if not panel then return end
+  d:move(panel.left + (panel.right - panel.left) * x // 1000, panel.top + (panel.bottom - panel.top) * y // 1000)
+end
+)";
+
 constexpr char kOnce[] = R"(
 local function once(control, event, act)
   local done = false
@@ -72,6 +80,7 @@ std::string Opening(const std::string& form) {
 std::string Functions(const std::string& lines) {
   std::string functions;
   if (lines.find("control(\"") != std::string::npos) functions += kControl;
+  if (lines.find("move_to_panel(") != std::string::npos) functions += kMoveToPanel;
   if (lines.find("once(") != std::string::npos) functions += kOnce;
   if (lines.find("check(\"") != std::string::npos) functions += kCheck;
   if (lines.find("watch(") != std::string::npos) functions += kWatch;

@@ -114,6 +114,7 @@ Outcome Session::Perform(const Event& event) {
   }
   if (outcome.broken.empty()) outcome.broken = std::exchange(broken_, {});
   if (outcome.broken.empty()) outcome.broken = CheckRemoved();
+  CountPanels();
   if (outcome.broken.empty()) {
     const std::string complaint = stage_->Complaint();
     if (!complaint.empty()) outcome.broken = "handler: " + complaint;
@@ -157,20 +158,8 @@ bool Session::DoPointer(const Event& event) {
     case EventKind::kMove:
       MoveByHand(desktop_, desktop_.Windows(), {Whole(event, 0), Whole(event, 1)});
       break;
-    case EventKind::kMoveTo: {
-      const FormScale scale(desktop_.Screen());
-      WindowHandle window = form_->hWnd();
-      PixelPoint point = scale.OnForm(PlaceOf(event));
-      if (!event.control.empty()) {
-        const auto hosted = form_->Find(event.control);
-        if (!hosted) return false;
-        window = hosted->GetControl()->GetSurface().hWnd();
-        point = scale.InControl(PlaceOf(event));
-      }
-      desktop_.Windows().ClientToScreen(window, point);
-      MoveByHand(desktop_, desktop_.Windows(), point);
-      break;
-    }
+    case EventKind::kMoveTo: return MoveTo(event);
+    case EventKind::kMoveToPanel: return MoveToPanel(event);
     case EventKind::kPress: desktop_.Press(Whole(event, 0)); break;
     case EventKind::kRelease: desktop_.Release(Whole(event, 0)); break;
     case EventKind::kDoubleClick: {
@@ -186,6 +175,36 @@ bool Session::DoPointer(const Event& event) {
     case EventKind::kType: desktop_.Type(std::get<std::string>(event.values[0].Get())); break;
     default: desktop_.Advance(static_cast<std::uint32_t>(event.numbers[0]));
   }
+  return true;
+}
+
+bool Session::MoveTo(const Event& event) {
+  const FormScale scale(desktop_.Screen());
+  WindowHandle window = form_->hWnd();
+  PixelPoint point = scale.OnForm(PlaceOf(event));
+  if (!event.control.empty()) {
+    const auto hosted = form_->Find(event.control);
+    if (!hosted) return false;
+    window = hosted->GetControl()->GetSurface().hWnd();
+    point = scale.InControl(PlaceOf(event));
+  }
+  desktop_.Windows().ClientToScreen(window, point);
+  MoveByHand(desktop_, desktop_.Windows(), point);
+  return true;
+}
+
+bool Session::MoveToPanel(const Event& event) {
+  constexpr int kWhole = 1000;
+  const auto hosted = form_->Find(event.control);
+  if (!hosted) return false;
+  const std::vector<TopLevelWindow> windows = desktop_.TopLevelWindows();
+  const auto panel = std::ranges::find_if(
+      windows, [&](const TopLevelWindow& window) { return hosted->GetControl()->Holds(window.handle); });
+  if (panel == windows.end()) return true;
+  const PixelRect& rect = panel->rect;
+  MoveByHand(desktop_, desktop_.Windows(),
+             {rect.left + rect.width() * Whole(event, 0) / kWhole,
+              rect.top + rect.height() * Whole(event, 1) / kWhole});
   return true;
 }
 
@@ -301,6 +320,21 @@ void Session::Watch(HostedControl& hosted) {
       broken_ =
           "removed: " + found->name + " raised " + std::string(raised.info.name) + " after it was removed";
     });
+  }
+}
+
+// A panel that is open is the active window.
+void Session::CountPanels() {
+  const WindowHandle former = panel_;
+  const memory::Window* active = desktop_.Windows().Tree().Find(desktop_.Windows().GetActiveWindow());
+  panel_ = active && (active->ex_style & kWsExToolWindow) != 0 ? active->handle : WindowHandle{};
+  if (!panel_) return;
+  ++tally_.panel_events;
+  if (panel_ == former) return;
+  for (const auto& hosted : form_->Controls()) {
+    if (!hosted->GetControl()->Holds(panel_)) continue;
+    const auto of_class = std::ranges::find(ControlClasses(), &hosted->ControlClass());
+    ++tally_.panels[static_cast<std::size_t>(of_class - ControlClasses().begin())];
   }
 }
 

@@ -1,6 +1,7 @@
 // Events happening to a form.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -27,10 +28,15 @@ using StageFactory = std::function<std::unique_ptr<Stage>()>;
 void ThrowOnce(Object& object, const std::string& event);
 
 struct Tally {
+  static constexpr std::size_t kMostClasses = 32;
+
   std::size_t events = 0;
-  std::size_t refused = 0;      // documented errors
-  std::size_t thrown = 0;       // on purpose
-  std::size_t void_events = 0;  // for controls that no longer exist
+  std::size_t refused = 0;       // documented errors
+  std::size_t thrown = 0;        // on purpose
+  std::size_t void_events = 0;   // for controls that no longer exist
+  std::size_t panel_events = 0;  // after which a panel was open
+  // How often controls of a class have opened a panel, in the order of ControlClasses().
+  std::array<std::size_t, kMostClasses> panels = {};
 };
 
 // What one event did.
@@ -61,6 +67,8 @@ class Session {
 
   bool Do(const Event& event);
   bool DoPointer(const Event& event);
+  bool MoveTo(const Event& event);
+  bool MoveToPanel(const Event& event);
   bool DoMember(const Event& event);
   bool DoForm(const Event& event);
   void Add(const Event& event);
@@ -69,6 +77,7 @@ class Session {
   void ChangeFont(Object& object, const Event& event);
   void Watch(HostedControl& hosted);
   std::string CheckRemoved();
+  void CountPanels();
   void Settle();
 
   // Null when it no longer exists.
@@ -81,6 +90,7 @@ class Session {
   std::shared_ptr<Form> other_;
   bool finishing_ = false;
   bool shown_later_ = false;
+  WindowHandle panel_;  // that was open after the last event
   Tally tally_;
   std::vector<Removed> removed_;
   std::string broken_;  // found inside an event
