@@ -1,0 +1,187 @@
+// A table of text cells with a header, a selected row and two flat scroll bars.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <levelwidgets/controls/grid/flat_columns.h>
+#include <levelwidgets/controls/grid/ksx_appearance.h>
+#include <levelwidgets/frame/control_with.h>
+
+namespace levelwidgets {
+
+class PictureBox;
+class FlatScroll;
+struct GridCell;
+enum class GridMove;
+
+// Rows and columns count from 1. The grid keeps the texts of its cells; a change of the columns' number or
+// order empties all of them. Only what is in view is formatted and painted, off the screen, and copied in one
+// operation; a written cell and a selected row are painted straight onto the picture, each with its row
+// alone.
+//
+// Where no other is named, an error of a row or a column is 1003 "Invalid Row" or 1004 "Invalid Column".
+class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, PointerEvents> {
+ public:
+  static const ClassInfo& Table();
+  explicit FlatGrid(std::shared_ptr<ControlSite> site);
+  ~FlatGrid() override;
+
+  // --- Properties -------------------------------------------------------------------------------
+  // Setters repaint, then notify, unless they say otherwise.
+
+  // Notifies; no repaint.
+  bool AllowEdits() const { return allow_edits_; }
+  void SetAllowEdits(bool allow);
+  bool Enabled() const { return GetSurface().Enabled(); }
+  void SetEnabled(bool enabled);
+  FontRef GetFont() const { return GetSurface().GetFont(); }
+  // Shares the font.
+  void SetFont(FontRef font);
+  // Fills of the header and of rows; the lines around them.
+  Color BackColorHeader() const { return colors_.back_header; }
+  void SetBackColorHeader(Color color);
+  Color BackColorSelected() const { return colors_.back_selected; }
+  void SetBackColorSelected(Color color);
+  Color BackColorRowOdd() const { return colors_.back_row_odd; }
+  void SetBackColorRowOdd(Color color);
+  Color BackColorRowEven() const { return colors_.back_row_even; }
+  void SetBackColorRowEven(Color color);
+  Color BorderColor() const { return colors_.border; }
+  void SetBorderColor(Color color);
+  // Kept and saved; all texts are drawn in the container's text colour.
+  Color ForeColorHeader() const { return colors_.fore_header; }
+  void SetForeColorHeader(Color color);
+  Color ForeColorSelected() const { return colors_.fore_selected; }
+  void SetForeColorSelected(Color color);
+  Color ForeColorRowEven() const { return colors_.fore_row_even; }
+  void SetForeColorRowEven(Color color);
+  Color ForeColorRowOdd() const { return colors_.fore_row_odd; }
+  void SetForeColorRowOdd(Color color);
+  // Whether the selected row looks like any other while the grid has no focus.
+  bool HideSelection() const { return hide_selection_; }
+  void SetHideSelection(bool hide);
+  // Of every row and of the header, in twips. Any value; less than a pixel counts as one.
+  Twips RowHeight() const { return row_height_; }
+  void SetRowHeight(Twips height);
+  // Raises 1005 "Invalid RowCount" below 0. Selects the first row without an event (none where there are no
+  // rows or no columns), keeps the texts of the rows that remain, and notifies. Where rows are added only
+  // they are repainted.
+  std::int32_t RowCount() const { return row_count_; }
+  void SetRowCount(std::int32_t count);
+  // Whether the current cell has a focus frame while the grid has the focus.
+  bool ShowCellFocus() const { return show_cell_focus_; }
+  void SetShowCellFocus(bool show);
+  bool ShowColumnHeaders() const { return show_column_headers_; }
+  void SetShowColumnHeaders(bool show);
+  bool ShowGridLines() const { return show_grid_lines_; }
+  void SetShowGridLines(bool show);
+  // The first row shown. Takes any number; painting brings it back so that the last page stays full.
+  std::int32_t TopIndex() const { return top_index_; }
+  void SetTopIndex(std::int32_t index);
+  // The selected row. Raises 1004 "Invalid RowIndex" unless 1 <= index <= RowCount. Another row is scrolled
+  // into view; then the grid notifies and raises RowColChange.
+  std::int32_t RowIndex() const { return row_index_; }
+  void SetRowIndex(std::int32_t index);
+  // Kept; the grid is flat. Notifies; no repaint.
+  ksxAppearanceConstants Appearance() const { return appearance_; }
+  void SetAppearance(ksxAppearanceConstants appearance);
+  const std::shared_ptr<FlatColumns>& Columns() const { return columns_; }
+  // The text of a cell. A written cell in view is repainted at once; nobody is notified. Writing raises 7
+  // (out of memory), and then nothing has changed.
+  std::string RowData(std::int32_t row, std::int32_t column) const;
+  void SetRowData(std::int32_t row, std::int32_t column, std::string_view text);
+  WindowHandle hWnd() const { return GetSurface().hWnd(); }
+
+  // --- Methods ----------------------------------------------------------------------------------
+
+  // The row under a point of the picture: 0 for the header, -1 below the last one. `column` becomes the
+  // column under it as if the grid were not scrolled, and the number of columns plus 1 right of all.
+  std::int32_t HitTest(Twips x, Twips y, std::int32_t& column) const;
+
+  // --- Events -----------------------------------------------------------------------------------
+
+  Event<std::int32_t, std::int32_t> AfterCellEdit;                        // row, column
+  Event<std::int32_t> AfterRowEdit;                                       // row
+  Event<std::int32_t, std::int32_t, std::string&, bool&> BeforeCellEdit;  // row, column, new value, cancel
+  Event<std::int32_t> ColumnHeaderClick;                                  // column
+  Event<std::int32_t, std::int32_t> RowColChange;                         // the last row, and the column
+
+  // --- Notifications ----------------------------------------------------------------------------
+
+  const ClassInfo& Class() const override { return Table(); }
+  void OnInitProperties() override;
+  void OnReadProperties(const PropertyBag& bag) override;
+  void OnResize() override;
+  void OnPaint() override;
+  void OnEnterFocus() override;
+  void OnExitFocus() override;
+  void OnKeyDown(std::int16_t code, std::int16_t shift) override;
+
+  // The parts, for tests.
+  const PictureBox& Picture() const;
+  const FlatScroll* RowBar() const;     // null while it is hidden
+  const FlatScroll* ColumnBar() const;  // null while it is hidden
+
+ protected:
+  WindowHandle FocusWindow() const override;
+
+ private:
+  struct Inside;
+  struct Colors {
+    Color back_header{14608367u};
+    Color back_selected{0xC6F3FFu};
+    Color back_row_odd{0xFFFFFFu};
+    Color back_row_even{0xEFF7F7u};
+    Color border{11910854u};
+    Color fore_header;
+    Color fore_selected;
+    Color fore_row_even;
+    Color fore_row_odd;
+  };
+
+  void Wire();
+  void WireBars();
+  void MakeReady();
+  // Keeps one of the colours and makes what is drawn with it anew.
+  void AssignColor(std::string_view name, Color Colors::*kept, Color color);
+  void ColumnsChanged();
+  void KeepColumns();
+
+  // --- Geometry and painting: flat_grid_paint.cpp -------------------------------------------------
+
+  void MakeTools();
+  void PaintAll();
+  // Brings the top row, the bars and the picture's size in step with the rows.
+  void ArrangeRows();
+  void UpdateRowBarMax();
+  void DrawAll();
+  void RepaintRow(std::int64_t row);
+  bool IsShownSelected(std::int64_t row) const;
+
+  // --- Moves: flat_grid_input.cpp -----------------------------------------------------------------
+
+  void Move(GridMove move, const GridCell& target);
+  void PressPicture(const PointerInput& input);
+
+  // --- State --------------------------------------------------------------------------------------
+
+  Colors colors_;
+  bool allow_edits_ = false;
+  bool hide_selection_ = true;
+  bool show_cell_focus_ = false;
+  bool show_column_headers_ = true;
+  bool show_grid_lines_ = true;
+  Twips row_height_{225};
+  std::int32_t row_count_ = 10;
+  std::int32_t top_index_ = 1;
+  std::int32_t row_index_ = 1;
+  std::int32_t current_column_ = 0;
+  ksxAppearanceConstants appearance_ = ksxFlat;
+  bool has_focus_ = false;
+  bool ready_ = false;  // it has its properties, and paints
+  std::shared_ptr<FlatColumns> columns_ = FlatColumns::Create();
+  std::unique_ptr<Inside> inside_;
+};
+
+}  // namespace levelwidgets

@@ -1,0 +1,72 @@
+// What a grid is made of; for its own sources.
+#pragma once
+
+#include <vector>
+
+#include <levelwidgets/controls/grid/cell_store.h>
+#include <levelwidgets/controls/grid/flat_grid.h>
+#include <levelwidgets/controls/grid/grid_bars.h>
+#include <levelwidgets/controls/grid/grid_layout.h>
+#include <levelwidgets/controls/grid/grid_move.h>
+#include <levelwidgets/controls/scroll/flat_scroll.h>
+#include <levelwidgets/frame/parts/child_control.h>
+#include <levelwidgets/frame/parts/picture_box.h>
+
+namespace levelwidgets {
+
+// Brushes and a pen, each made anew with its colour only.
+struct GridTools {
+  DrawingObject back;
+  DrawingObject header;
+  DrawingObject selected;
+  DrawingObject odd;
+  DrawingObject even;
+  DrawingObject pen;
+};
+
+// What the steps of a paint share.
+struct GridCanvas {
+  DrawingApi& drawing;
+  DcHandle dc;
+  const GridLayout& layout;
+  const std::vector<GridLayout::Place>& places;
+  const std::vector<std::shared_ptr<FlatColumn>>& columns;
+
+  const FlatColumn& Column(const GridLayout::Place& place) const {
+    return *columns[static_cast<std::size_t>(place.column) - 1];
+  }
+};
+
+struct FlatGrid::Inside {
+  explicit Inside(FlatGrid& grid) : picGrid(grid), fsbarV(grid, "fsbarV", {}), fsbarH(grid, "fsbarH", {}) {}
+  ~Inside() {
+    column_added.End();
+    column_changed.End();
+  }
+  Inside(const Inside&) = delete;
+  Inside& operator=(const Inside&) = delete;
+
+  GridMeasures Measures(const FlatGrid& grid) const;
+  GridPosition Position(const FlatGrid& grid) const;
+  // Puts the parts where they belong; what is there already is left alone.
+  void Place(TwipSize grid, bool row_bar);
+  // Into any context that has the text's font and colour.
+  void DrawRow(const FlatGrid& grid, const GridCanvas& canvas, std::int64_t row) const;
+  // A new off-screen context for a picture of another size.
+  void RenewOffScreen();
+
+  CellStore store;
+  std::vector<std::shared_ptr<FlatColumn>> columns;  // by their positions
+  std::vector<GridColumn> sizes;                     // of the same
+  PictureBox picGrid;
+  ChildControl<FlatScroll> fsbarV;
+  ChildControl<FlatScroll> fsbarH;
+  GridTools tools;
+  MemoryContext off_screen;       // of the picture's size; null until there is one
+  std::int32_t visible_rows = 0;  // V of the last full paint
+  bool arranging = false;         // what the bars report is the grid's own doing
+  Subscription column_added;
+  Subscription column_changed;
+};
+
+}  // namespace levelwidgets
