@@ -147,9 +147,14 @@ void PanelEditControl::ShowPanel() {
   const auto keep = Reference();
   if (!PreparePanel() || !CanOpen()) return;  // a listener may have seen to the second
   PopupPanel& panel = NeedPanel();
-  panel.Detach();
-  SizePanel();
-  panel.Open(PlaceFor(panel.TakeOwnerRect()));
+  try {
+    panel.Detach();
+    SizePanel();
+    panel.Open(PlaceFor(panel.TakeOwnerRect()));
+  } catch (...) {  // of a control that is left; the panel may have the focus already
+    AfterPanel(panel.Close());
+    throw;
+  }
 }
 
 void PanelEditControl::HidePanel() {
