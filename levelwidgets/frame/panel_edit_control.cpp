@@ -124,9 +124,9 @@ void PanelEditControl::OnMouseUp(const PointerInput&) {
   hover_.Capture();
 }
 
+// The window that is disabled loses its capture by that.
 void PanelEditControl::EndInput() {
   HidePanel();
-  hover_.Release();
   ChangeFill(button_.colors.rest);
 }
 
