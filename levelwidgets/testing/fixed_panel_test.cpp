@@ -62,6 +62,16 @@ TYPED_TEST(FixedPanel, TheTextIsOutsideTheStripAndTheRightEdgeInside) {
   }
 }
 
+TYPED_TEST(FixedPanel, TheStripBeginsWhereTheTextEnds) {
+  TypeParam& control = this->Subject();
+  for (int turn = 0; turn < 2; ++turn) {
+    control.OnMouseMove({0, 0, {Twips(1600), Twips(10)}});
+    EXPECT_EQ(this->StripPixel(), this->Concrete(control.DropDownBackColorMouseOver()));
+  }
+  control.OnMouseMove({0, 0, {Twips(1599), Twips(10)}});
+  EXPECT_EQ(this->StripPixel(), this->Concrete(control.DropDownBackColor()));
+}
+
 TYPED_TEST(FixedPanel, APressIsPushedAndItsReleaseHoversAgain) {
   TypeParam& control = this->Subject();
   this->Driver().MovePointer(this->Strip());

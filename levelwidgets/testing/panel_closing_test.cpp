@@ -126,7 +126,13 @@ TYPED_TEST(PanelClosing, AControlThatIsHiddenOrDisabledClosesItsPanel) {
   this->Hosted(this->Subject()).SetFocus();
   this->Open();
   ASSERT_TRUE(this->IsOpen());
-  this->Subject().SetEnabled(false);
+  // First the panel closes, so that whoever hears of it finds the control as it was.
+  std::vector<std::string> names;
+  for (const TracedCall& call :
+       this->CallsNamed({"ShowWindow", "EnableWindow"}, [this] { this->Subject().SetEnabled(false); })) {
+    names.push_back(call.name);
+  }
+  EXPECT_THAT(names, ::testing::ElementsAre("ShowWindow", "EnableWindow"));
   EXPECT_FALSE(this->IsOpen());
   EXPECT_FALSE(this->Subject().Holds(this->Windows().GetFocus()));
 }

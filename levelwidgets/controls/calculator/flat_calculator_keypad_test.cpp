@@ -308,10 +308,13 @@ TEST_F(FlatCalculatorTest, AFormThatAHandlerOfCalcUpOpensKeepsTheFocus) {
 }
 
 TEST_F(FlatCalculatorTest, AnErrorOfAHandlerOfCalcUpLeavesTheKeypadClosed) {
+  Calculator().SetText("123");
   Calculator().CalcUp += [] { throw Error(kOverflow); };
   Open();
+  Calculator().SetSelStart(0);
   EXPECT_THROW(Driver().Key(kKeyEscape), Error);
   EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Calculator().SelStart(), 3);
   Watched();
   EXPECT_FALSE(IsOpen());
 }
