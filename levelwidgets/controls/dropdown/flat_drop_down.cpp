@@ -16,7 +16,6 @@ constexpr PanelEditRules kRules{
     .panel = {kWsPopup | kWsBorder, DetachOrder::kExtendedStyleParentStyle, true},
     .strip = {.has_brush = true, .pressed = &DropButton::Colors::rest, .rest_is_fill_at_once = true}};
 constexpr TwipSize kBarSize{Twips(255), Twips(1200)};
-constexpr int kRowsPerNotch = 3;  // of the wheel
 constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
 
 }  // namespace

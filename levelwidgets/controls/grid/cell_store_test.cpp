@@ -297,6 +297,7 @@ TEST_F(CellStoreTest, ShorterTextsAndNumbersOfRowsNeedNoMemory) {
   store_.SetText(1, 1, "fifteen bytes..");
   EXPECT_EQ(store_.Text(1, 1), "fifteen bytes..");
   store_.SetText(1, 2, "short");
+  store_.SetText(2, 1, "");  // a row that is empty already
   store_.Resize(3000, 2);
   store_.Resize(kMostRows, 2);
   EXPECT_EQ(store_.Text(1, 2), "short");

@@ -117,6 +117,7 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Poin
   void OnEnterFocus() override;
   void OnExitFocus() override;
   void OnKeyDown(std::int16_t code, std::int16_t shift) override;
+  LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
 
   // The parts, for tests.
   const PictureBox& Picture() const;
@@ -162,6 +163,7 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Poin
   // --- Moves: flat_grid_input.cpp -----------------------------------------------------------------
 
   void Move(GridMove move, const GridCell& target);
+  void ScrollRows(int rows);
   void PressPicture(const PointerInput& input);
 
   // --- State --------------------------------------------------------------------------------------

@@ -132,6 +132,34 @@ TEST_F(FlatGridInputTest, APressGivesTheGridTheFocus) {
   EXPECT_EQ(Driver().GetPlatform().Windows().GetFocus(), grid.Picture().hWnd());
 }
 
+// --- Wheel -----------------------------------------------------------------------------------------------
+
+TEST_F(FlatGridInputTest, TheWheelScrollsByThreeRowsAsFarAsTheBarGoes) {
+  FlatGrid& grid = Watched();
+  grid.SetRowCount(20);
+  grid.OnPaint();
+  Driver().MovePointer(ScreenPoint(grid, PixelPoint{70, 35}));
+  Driver().Wheel(-1);
+  EXPECT_EQ(grid.TopIndex(), 4);
+  Driver().Wheel(-2);
+  EXPECT_EQ(grid.TopIndex(), 10);
+  Driver().Wheel(1);
+  EXPECT_EQ(grid.TopIndex(), 7);
+  Driver().Wheel(-10);
+  EXPECT_EQ(grid.TopIndex(), 15);
+  Driver().Wheel(10);
+  EXPECT_EQ(grid.TopIndex(), 1);
+  EXPECT_EQ(grid.RowIndex(), 1) << "scrolling selects nothing";
+}
+
+TEST_F(FlatGridInputTest, TheWheelDoesNothingWhereAllRowsAreInView) {
+  FlatGrid& grid = Watched();
+  grid.SetRowCount(3);
+  Driver().MovePointer(ScreenPoint(grid, PixelPoint{70, 35}));
+  Driver().Wheel(-1);
+  EXPECT_EQ(grid.TopIndex(), 1);
+}
+
 // --- Handlers that do anything -------------------------------------------------------------------------
 
 // What handlers do, at each event that a click on a cell, a key and a header raise.

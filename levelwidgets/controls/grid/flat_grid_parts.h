@@ -11,6 +11,7 @@
 #include <levelwidgets/controls/scroll/flat_scroll.h>
 #include <levelwidgets/frame/parts/child_control.h>
 #include <levelwidgets/frame/parts/picture_box.h>
+#include <levelwidgets/frame/parts/wheel.h>
 
 namespace levelwidgets {
 
@@ -65,6 +66,7 @@ struct FlatGrid::Inside {
   MemoryContext off_screen;       // of the picture's size; null until there is one
   std::int32_t visible_rows = 0;  // V of the last full paint
   bool arranging = false;         // what the bars report is the grid's own doing
+  WheelNotches wheel;
   Subscription column_added;
   Subscription column_changed;
 };

@@ -107,6 +107,14 @@ TEST(GridMoveTest, LeftAndRightGoRoundOverTheVisibleColumnsOfTheRow) {
   }
 }
 
+TEST(GridMoveTest, FromAColumnThatNoLongerExistsTheLastOneCounts) {
+  constexpr GridColumn kThree[] = {{900, true}, {900, true}, {900, true}};
+  GridPosition position = At(3, kMost32);
+  position.columns = kThree;
+  EXPECT_EQ(StepFor(GridMove::kLeft, position), (GridStep{{3, 2}, Then::kRepaintRow}));
+  EXPECT_EQ(StepFor(GridMove::kRight, position), (GridStep{{3, 1}, Then::kRepaintRow}));
+}
+
 TEST(GridMoveTest, WithOneVisibleColumnItIsRepainted) {
   constexpr GridColumn kOne[] = {{900, true}, {900, false}};
   GridPosition position = At(3, 1);

@@ -6,7 +6,6 @@ namespace levelwidgets {
 
 namespace {
 constexpr std::int32_t kWatchInterval = 100;  // milliseconds
-constexpr int kWheelDelta = 120;              // of a notch
 }  // namespace
 
 PopupPanel::PopupPanel(PartHost& owner, PopupLook look, std::function<void()> left)
@@ -81,18 +80,11 @@ LResult PopupPanel::OnMessage(WindowHandle window, std::uint32_t message, WParam
     if (!keep || !IsOpen()) return 0;
     if (message == kWmClose) {
       left_();
-    } else {
-      TurnWheel(static_cast<std::int16_t>(wparam >> 16));
+    } else if (const int notches = wheel_.Take(wparam)) {
+      Wheel.Raise(notches);
     }
     return 0;
   });
-}
-
-void PopupPanel::TurnWheel(int delta) {
-  wheel_rest_ += delta;
-  const int notches = wheel_rest_ / kWheelDelta;
-  wheel_rest_ -= notches * kWheelDelta;
-  if (notches != 0) Wheel.Raise(notches);
 }
 
 PixelRect MonitorArea(const PixelRect& rect, ScreenApi& screen) {

@@ -6,6 +6,7 @@
 
 #include <levelwidgets/frame/parts/picture_box.h>
 #include <levelwidgets/frame/parts/timer.h>
+#include <levelwidgets/frame/parts/wheel.h>
 #include <levelwidgets/frame/popup_placement.h>
 
 namespace levelwidgets {
@@ -56,12 +57,11 @@ class PopupPanel : public PictureBox {
 
  private:
   bool IsLeft() const;
-  void TurnWheel(int delta);
 
   PartHost& owner_;
   PopupLook look_;
   PixelRect owner_rect_;
-  int wheel_rest_ = 0;
+  WheelNotches wheel_;
   std::function<void()> left_;
   Timer timStatus_;
 };
