@@ -146,27 +146,38 @@ void PanelEditControl::ShowPanel() {
   if (!CanOpen()) return;
   const auto keep = Reference();
   if (!PreparePanel() || !CanOpen()) return;  // a listener may have seen to the second
-  PopupPanel& panel = NeedPanel();
   try {
-    panel.Detach();
-    SizePanel();
-    panel.Open(PlaceFor(panel.TakeOwnerRect()));
-  } catch (...) {  // of a control that is left; the panel may have the focus already
-    AfterPanel(panel.Close());
+    OpenDetached();
+  } catch (...) {
+    ClosePanel([] {});
     throw;
   }
+  if (!PanelIsOpen()) ClosePanel([] {});
+}
+
+// The panel is the active window once it is detached: listeners hear that the focus has moved, and may see to
+// it that nothing can open any more.
+void PanelEditControl::OpenDetached() {
+  PopupPanel& panel = NeedPanel();
+  panel.Detach();
+  if (CanOpen() && SizePanel()) panel.Open(PlaceFor(panel.TakeOwnerRect()));
 }
 
 void PanelEditControl::HidePanel() {
   if (!PanelIsOpen()) return;
   const auto keep = Reference();
+  ClosePanel([this] { PanelClosed(); });
+}
+
+template <typename Closed>
+void PanelEditControl::ClosePanel(Closed closed) {
   WindowApi& windows = GetSurface().Windows();
   const bool returns_focus = picPopup_->Close();
   const WindowHandle active = windows.GetActiveWindow();
   // A listener may have turned to another form, which keeps the focus, too.
   const auto finish = [&] { AfterPanel(returns_focus && windows.GetActiveWindow() == active); };
   try {
-    PanelClosed();
+    closed();
   } catch (...) {
     finish();
     throw;

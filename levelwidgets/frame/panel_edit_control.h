@@ -73,8 +73,9 @@ class PanelEditControl : public EditControl {
   // Makes the panel what it is to show when it opens; false when there is nothing to show. A listener may
   // destroy the control meanwhile.
   virtual bool PreparePanel() = 0;
-  // The panel has been detached. One whose size depends on what it shows gets it here.
-  virtual void SizePanel() {}
+  // The panel has been detached. One whose size depends on what it shows gets it here; false when there is
+  // nothing left to show.
+  virtual bool SizePanel() { return true; }
   // Where the panel opens; `owner` is the control's window in screen pixels.
   virtual TwipPoint PlaceFor(const PixelRect& owner) const = 0;
   // The panel has been hidden; the focus is not back yet.
@@ -108,6 +109,10 @@ class PanelEditControl : public EditControl {
 
  private:
   bool CanOpen() const;
+  void OpenDetached();
+  // Hides the panel, lets `closed` hear of it, and gives the focus back.
+  template <typename Closed>
+  void ClosePanel(Closed closed);
   void AfterPanel(bool takes_focus);
   // What a control that takes no input any more has begun.
   void EndInput();

@@ -80,6 +80,10 @@ TEST(PlacePanel, GoesByTheAreaThatItIsGiven) {
   EXPECT_EQ(PlacePanel({2250, 200, 2300, 221}, kKeypad, right_monitor, kSquare), Pixels(2183, 221));
   EXPECT_EQ(PlacePanel({1500, 800, 1600, 821}, kKeypad, right_monitor, kSquare), Pixels(1500, 821));
   EXPECT_EQ(PlacePanel({1500, 1000, 1600, 1021}, kKeypad, right_monitor, kSquare), Pixels(1479, 847));
+  const PixelRect left_monitor{-1280, -200, 0, 824};
+  EXPECT_EQ(PlacePanel({-1300, 200, -1200, 221}, kKeypad, left_monitor, kSquare), Pixels(-1280, 221));
+  EXPECT_EQ(PlacePanel({-60, 200, 10, 221}, kKeypad, left_monitor, kSquare), Pixels(-121, 221));
+  EXPECT_EQ(PlacePanel({-1300, 800, -1200, 821}, kKeypad, left_monitor, kSquare), Pixels(-1280, 647));
 }
 
 // --- The rules written down once more ------------------------------------------------------------------
@@ -89,6 +93,7 @@ struct Situation {
   int left, top, right, bottom;  // owner, pixels
   int width, height;             // panel, twips
   int screen_width, screen_height;
+  int area_left, area_top;  // of the panel's monitor, pixels; the owner of a panel is as far from them
   int tx, ty;
 };
 
@@ -111,15 +116,19 @@ std::pair<int, int> ListByTheRules(const Situation& s) {
 
 std::pair<int, int> PanelByTheRules(const Situation& s) {
   const int height = Div(s.height, s.ty);
+  const int first = s.area_left * s.tx;
+  const int end = first + s.screen_width;
+  const int owner_left = s.area_left + s.left;
+  const int owner_right = s.area_left + s.right;
   if (s.bottom + height > Div(s.screen_height, s.ty)) {
-    int left = s.right * s.tx - s.width;
-    if (s.right > Div(s.screen_width, s.tx)) left = s.screen_width - s.width;
-    if (left < 0) left = 0;
-    return {left, (s.top - height) * s.ty};
+    int left = owner_right * s.tx - s.width;
+    if (owner_right * s.tx > end) left = end - s.width;
+    if (left < first) left = first;
+    return {left, (s.area_top + s.top - height) * s.ty};
   }
-  int left = s.left < 0 ? 0 : s.left * s.tx;
-  if (left + s.width >= s.screen_width) left = s.screen_width - s.width;
-  return {left, s.bottom * s.ty};
+  int left = owner_left < s.area_left ? first : owner_left * s.tx;
+  if (left + s.width >= end) left = end - s.width;
+  return {left, (s.area_top + s.bottom) * s.ty};
 }
 
 class Situations {
@@ -139,6 +148,8 @@ class Situations {
     s.bottom = s.top + Below(60);
     s.width = Below(6000);
     s.height = Below(6000);
+    s.area_left = Below(3) == 0 ? 0 : Below(5000) - 2500;
+    s.area_top = Below(3) == 0 ? 0 : Below(3000) - 1500;
     return s;
   }
 
@@ -158,12 +169,13 @@ TEST(Placement, IsThatOfTheRulesForFiveMillionOwnersPanelsAndScreens) {
     const auto [list_left, list_top] = ListByTheRules(s);
     const TwipPoint list = PlaceDropDown(owner, panel, screen, twips);
     const auto [panel_left, panel_top] = PanelByTheRules(s);
-    const PixelRect area{0, 0, s.screen_width / s.tx, s.screen_height / s.ty};
-    const TwipPoint keypad = PlacePanel(owner, panel, area, twips);
+    const PixelRect area =
+        PixelRect{0, 0, s.screen_width / s.tx, s.screen_height / s.ty}.Offset(s.area_left, s.area_top);
+    const TwipPoint keypad = PlacePanel(owner.Offset(s.area_left, s.area_top), panel, area, twips);
     ASSERT_TRUE(list == (TwipPoint{Twips(list_left), Twips(list_top)}) &&
                 keypad == (TwipPoint{Twips(panel_left), Twips(panel_top)}))
         << "owner " << s.left << ", " << s.top << ", " << s.right << ", " << s.bottom << "; panel " << s.width
-        << " by " << s.height << "; screen " << s.screen_width << " by " << s.screen_height << "; twips "
+        << " by " << s.height << "; screen " << s.screen_width << " by " << s.screen_height << "; area from " << s.area_left << ", " << s.area_top << "; twips "
         << s.tx << " by " << s.ty;
   }
 }

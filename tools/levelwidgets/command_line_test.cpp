@@ -283,6 +283,19 @@ TEST_F(CommandLine, RenderRefusesMissingFilesAndControls) {
   EXPECT_THAT(folder.err, HasSubstr("nowhere/p.png"));
 }
 
+TEST_F(CommandLine, RenderDrawsTheOpenPanelOfAControlBelowTheForm) {
+  for (const std::string type : {"FlatDropDown", "FlatCalculator", "FlatCalendar"}) {
+    File("open.form.toml", "[form]\nName = \"frm\"\nHeight = 900\nScript = \"open.lua\"\n[[control]]\nClass = \"" + type +
+                               "\"\nName = \"edt\"\nLeft = 150\nTop = 150\nWidth = 1800\nHeight = 315\n");
+    File("open.lua", "if edt.AddItem then edt:AddItem('apple') edt:AddItem('pear') end\n");
+    ASSERT_EQ(Run("render open.form.toml -o closed.png").status, 0);
+    const Outcome open = Run("render open.form.toml -o open.png --open edt");
+    ASSERT_EQ(open.status, 0) << open.err;
+    EXPECT_GT(PngHeight("open.png"), PngHeight("closed.png") + 20) << type;
+    EXPECT_EQ(PngWidth("open.png"), PngWidth("closed.png")) << type;
+  }
+}
+
 TEST_F(CommandLine, CheckPrintsEveryErrorAndWarning) {
   OrderForm();
   EXPECT_EQ(Run("check order.form.toml").status, 0);

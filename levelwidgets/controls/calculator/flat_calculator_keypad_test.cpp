@@ -1,5 +1,6 @@
 // FlatCalculator: the keypad, its keys and what closes it.
 #include <levelwidgets/controls/calculator/flat_calculator_fixture.h>
+#include <levelwidgets/testing/error_of.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -142,6 +143,17 @@ TEST_F(FlatCalculatorTest, ADigitPutsTheCaretToTheLengthOfTheSelection) {
   EXPECT_EQ(in_handler, 1);
 }
 
+TEST_F(FlatCalculatorTest, ADigitThatChangesNothingPutsTheCaretThereToo) {
+  Open();
+  ClickKeys("1 .");
+  Calculator().SetSelStart(0);
+  Calculator().SetSelLength(2);
+  EXPECT_THAT(EventsOf([this] { Driver().Key(110); }), IsEmpty());
+  EXPECT_EQ(Calculator().Text(), "1.");
+  EXPECT_EQ(Calculator().SelStart(), 2);
+  EXPECT_EQ(Calculator().SelLength(), 0);
+}
+
 // --- Keys of the keyboard ------------------------------------------------------------------------------
 
 TEST_F(FlatCalculatorTest, TheKeyboardDrivesTheOpenKeypad) {
@@ -179,6 +191,14 @@ TEST_F(FlatCalculatorTest, ShiftStatesMakeNoDifferenceAndOtherKeysDoNothing) {
   EXPECT_TRUE(IsOpen());
   EXPECT_EQ(Calculator().Text(), "5");
   EXPECT_EQ(Windows().GetFocus(), Calculator().Panel()->hWnd());
+  Driver().Key(kKeyEscape, kShiftMask);
+  EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FlatCalculatorTest, KeysThatTheKeypadUsesRaiseNoKeyEventBeforeTheirEnd) {
+  Open();
+  EXPECT_THAT(EventsOf([this] { Driver().Key('7'); }), ElementsAre("Change()"));
+  EXPECT_THAT(EventsOf([this] { Driver().Key(kKeyEnter); }), ElementsAre("CalcUp()", "KeyUp(13, 0)"));
 }
 
 // --- Closing -----------------------------------------------------------------------------------------
@@ -190,6 +210,16 @@ TEST_F(FlatCalculatorTest, EqualsLeavesTheResultAndRaisesCalcUpOnce) {
   EXPECT_THAT(EventsOf([this] { ClickKeys("="); }), ElementsAre("Change()", "CalcUp()"));
   EXPECT_EQ(Calculator().Text(), "0.33");
   EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FlatCalculatorTest, TheKeypadIsClosedWhenCalcUpIsRaised) {
+  std::vector<bool> open;
+  Calculator().CalcUp += [&] { open.push_back(IsOpen()); };
+  Open();
+  Driver().Key(kKeyEscape);
+  Open();
+  ClickKeys("=");
+  EXPECT_THAT(open, ElementsAre(false, false));
 }
 
 TEST_F(FlatCalculatorTest, EscapeKeepsWhatIsShown) {
@@ -206,13 +236,19 @@ TEST_F(FlatCalculatorTest, FailedArithmeticShowsErrorAndCloses) {
   EXPECT_EQ(After("Error", "5"), "5");
 }
 
+TEST_F(FlatCalculatorTest, AFailureRaisesChangeAndThenCalcUp) {
+  Open();
+  ClickKeys("9 / 0");
+  EXPECT_THAT(EventsOf([this] { ClickKeys("="); }), ElementsAre("Change()", "CalcUp()"));
+}
+
 TEST_F(FlatCalculatorTest, ALonePointIsTheConversionsErrorOfTheControl) {
   Open();
-  EXPECT_THROW(Driver().Click(OnKey(".")), Error);
+  EXPECT_EQ(ErrorOf([this] { Driver().Click(OnKey(".")); }), kTypeMismatch);
   Driver().Settle();
   EXPECT_EQ(Calculator().Text(), ".");
   EXPECT_TRUE(IsOpen());
-  EXPECT_THROW(Driver().Key(110), Error);
+  EXPECT_EQ(ErrorOf([this] { Driver().Key(110); }), kTypeMismatch);
 }
 
 TEST_F(FlatCalculatorTest, ASecondPressOnTheDropButtonRaisesCalcUpOnce) {
@@ -310,11 +346,13 @@ TEST_F(FlatCalculatorTest, AFormThatAHandlerOfCalcUpOpensKeepsTheFocus) {
 TEST_F(FlatCalculatorTest, AnErrorOfAHandlerOfCalcUpLeavesTheKeypadClosed) {
   Calculator().SetText("123");
   Calculator().CalcUp += [] { throw Error(kOverflow); };
-  Open();
+  Driver().Click(Strip());
   Calculator().SetSelStart(0);
-  EXPECT_THROW(Driver().Key(kKeyEscape), Error);
+  Driver().MovePointer({5, 5});
+  EXPECT_EQ(ErrorOf([this] { Driver().Key(kKeyEscape); }), kOverflow);
   EXPECT_FALSE(IsOpen());
   EXPECT_EQ(Calculator().SelStart(), 3);
+  EXPECT_EQ(StripPixel(), Concrete(Calculator().DropDownBackColor()));
   Watched();
   EXPECT_FALSE(IsOpen());
 }

@@ -44,18 +44,19 @@ TEST(KeypadLayout, HasAFrameWithADoubleUpperEdge) {
   }
 }
 
-TEST_F(FlatCalculatorTest, TheOpenKeypadShowsKeysGapsAndLinesInTheirColours) {
-  FlatCalculator& calculator = Calculator();
-  calculator.SetCalcBackColor(Color(0x00101112));
-  Open();
-  // The second time the keypad is open already, and repaints.
-  for (int turn = 0; turn < 2; ++turn) {
-    const std::uint32_t shade = turn == 0 ? 0x10 : 0x80;
-    calculator.SetCalcBackColor(Color(0x00101112 + shade));
-    calculator.SetCalcBorderColor(Color(0x00202122 + shade));
-    calculator.SetCalcDigitColor(Color(0x00303132 + shade));
-    calculator.SetCalcFunctionColor(Color(0x00404142 + shade));
-    calculator.SetCalcClearColor(Color(0x00505152 + shade));
+class KeypadColors : public FlatCalculatorTest {
+ protected:
+  void Set(std::uint32_t shade) {
+    Calculator().SetCalcBackColor(Color(0x00101112 + shade));
+    Calculator().SetCalcBorderColor(Color(0x00202122 + shade));
+    Calculator().SetCalcDigitColor(Color(0x00303132 + shade));
+    Calculator().SetCalcFunctionColor(Color(0x00404142 + shade));
+    Calculator().SetCalcClearColor(Color(0x00505152 + shade));
+    Calculator().SetCalcForeColor(Color(0x00606162 + shade));
+  }
+  // On the open keypad: keys, gaps, lines and captions.
+  void ExpectShown() {
+    const FlatCalculator& calculator = Calculator();
     for (const KeyRow& row : kRows) {
       const KeypadKey& key = KeyCalled(row.caption);
       const Color fill = key.key.array == CalculatorKeys::kNum         ? calculator.CalcDigitColor()
@@ -78,11 +79,40 @@ TEST_F(FlatCalculatorTest, TheOpenKeypadShowsKeysGapsAndLinesInTheirColours) {
       EXPECT_EQ(at(line.start), Concrete(calculator.CalcBorderColor()));
       EXPECT_EQ(at(line.end), Concrete(calculator.CalcBorderColor()));
     }
+    std::int64_t color = -1;
+    int captions = 0;
+    for (const TracedCall& call : CallsNamed({"DrawTextA", "SetTextColor"}, [this] {
+           Calculator().Panel()->Refresh();
+         })) {
+      if (call.name == "SetTextColor") color = std::get<std::int64_t>(call.arguments[1]);
+      if (call.name != "DrawTextA") continue;
+      EXPECT_EQ(color, std::int64_t{Concrete(calculator.CalcForeColor()).value}) << call.ToString();
+      ++captions;
+    }
+    EXPECT_EQ(captions, 19);
+  }
+};
+
+TEST_F(KeypadColors, ThoseOfANewControlAreShown) {
+  Open();
+  ExpectShown();
+}
+
+TEST_F(KeypadColors, ThoseSetBeforeTheFirstOpeningAreShown) {
+  Set(0x10);
+  Open();
+  ExpectShown();
+}
+
+TEST_F(KeypadColors, ThoseSetWhileTheKeypadIsOpenAreShownAtOnce) {
+  Open();
+  for (const std::uint32_t shade : {0x10u, 0x80u}) {
+    Set(shade);
+    ExpectShown();
   }
 }
 
 TEST_F(FlatCalculatorTest, CaptionsAreCentredInBoldTahomaOf12Points) {
-  Calculator().SetCalcForeColor(Color(0x00123456));
   Open();
   const FontDescription font = Calculator().Panel()->GetFont()->Description();
   EXPECT_EQ(font.name, "Tahoma");
@@ -90,12 +120,9 @@ TEST_F(FlatCalculatorTest, CaptionsAreCentredInBoldTahomaOf12Points) {
   EXPECT_TRUE(font.bold);
   std::vector<std::string> captions;
   for (const TracedCall& call :
-       CallsNamed({"DrawTextA", "SetTextColor"}, [this] { Calculator().Panel()->Refresh(); })) {
-    const std::string text = call.ToString();
-    if (call.name == "DrawTextA") {
-      captions.push_back(std::get<std::string>(call.arguments[1]));
-      EXPECT_EQ(std::get<std::int64_t>(call.arguments.back()) & 3, 1) << text;
-    }
+       CallsNamed({"DrawTextA"}, [this] { Calculator().Panel()->Refresh(); })) {
+    captions.push_back(std::get<std::string>(call.arguments[1]));
+    EXPECT_EQ(std::get<std::int64_t>(call.arguments.back()) & 3, 1) << call.ToString();
   }
   EXPECT_THAT(captions, ElementsAre("7", "8", "9", "/", "4", "5", "6", "*", "1", "2", "3", "-", "0", ".",
                                     "+-", "+", "C", "<-", "="));

@@ -38,6 +38,7 @@ TEST(MonthLayout, HasItsPartsInTheirPlaces) {
     EXPECT_EQ(MonthLabel(i).position, (TwipPoint{Twips(lefts[i % 4]), Twips(tops[i / 4])})) << i;
     EXPECT_EQ(MonthLabel(i).size, (TwipSize{Twips(495), Twips(495)})) << i;
   }
+  EXPECT_EQ(kMonthsTitle.position, TwipPoint{});
   EXPECT_EQ(kMonthsTitle.size, (TwipSize{Twips(1935), Twips(210)}));
 }
 
@@ -109,14 +110,18 @@ TEST_F(FlatCalendarTest, TheSelectedDayIsMarkedAmongThoseOfTheMonthBefore) {
   EXPECT_EQ(Months().Day(0).BackColor(), Calendar().CalSelectBackColor());
 }
 
-TEST_F(FlatCalendarTest, TheOpenPanelShowsItsLinesAndHeads) {
-  FlatCalendar& calendar = Calendar();
-  OpenAt(kMay31);
-  for (int turn = 0; turn < 2; ++turn) {
-    const std::uint32_t shade = turn == 0 ? 0x10 : 0x80;
-    calendar.SetCalBackColor(Color(0x00101112 + shade));
-    calendar.SetCalBorderColor(Color(0x00202122 + shade));
-    calendar.SetCalHeaderBackColor(Color(0x00303132 + shade));
+class MonthViewColors : public FlatCalendarTest {
+ protected:
+  void Set(std::uint32_t shade) {
+    Calendar().SetCalBackColor(Color(0x00101112 + shade));
+    Calendar().SetCalBorderColor(Color(0x00202122 + shade));
+    Calendar().SetCalHeaderBackColor(Color(0x00303132 + shade));
+    Calendar().SetCalForeColor(Color(0x00F0E1D2 + shade));
+    Calendar().SetCalMouseOverColor(Color(0x00505152 + shade));
+  }
+  // On the open panel, in the view of days.
+  void ExpectShown() {
+    const FlatCalendar& calendar = Calendar();
     for (const MonthLine& line : kMonthBorder) {
       EXPECT_EQ(PixelOnPanel(static_cast<int>(line.start.x.value), static_cast<int>(line.start.y.value)),
                 Concrete(calendar.CalBorderColor()));
@@ -131,6 +136,75 @@ TEST_F(FlatCalendarTest, TheOpenPanelShowsItsLinesAndHeads) {
       EXPECT_EQ(PixelOnPanel(240, 360 + static_cast<int>(rule.start.y.value)), ColorRef{0x004A5052});
       EXPECT_EQ(PixelOnPanel(240 + 1800, 360 + static_cast<int>(rule.start.y.value)), ColorRef{0x004A5052});
     }
+    ExpectFrame();
+    for (const int direction : {kMoveBack, kMoveForward}) {
+      EXPECT_EQ(Months().Arrow(direction).BackColorMouseOver(), calendar.CalMouseOverColor());
+    }
+    EXPECT_EQ(Months().Month(0).BackColorMouseOver(), calendar.CalMouseOverColor());
+    Driver().MovePointer(OnArrow(kMoveBack));
+    EXPECT_EQ(PixelOnPanel(240 + 15, 120 + 15), Concrete(calendar.CalMouseOverColor()));
+    Driver().MovePointer({5, 5});
+    Watched();
+  }
+  // Right of the cells and below the months nothing covers the frame of the view.
+  void ExpectFrame() {
+    EXPECT_EQ(PixelOnPanel(240 + 1890, 360 + 900), Concrete(Calendar().CalBackColor()));
+    EXPECT_EQ(PixelOnPanel(240 + 1890, 360 + 1680), Concrete(Calendar().CalBackColor()));
+  }
+  // On the open panel, in the view of months.
+  void ExpectMonthsShown() {
+    const FlatCalendar& calendar = Calendar();
+    ExpectFrame();
+    EXPECT_EQ(PixelOnPanel(240 + 15, 360 + 15), Concrete(calendar.CalBackColor()));
+    std::int64_t color = -1;
+    std::vector<std::string> titles;
+    for (const TracedCall& call : CallsNamed({"DrawTextA", "SetTextColor"}, [this] {
+           Windows().InvalidateRect(Months().MonthsFrame().hWnd());
+           Driver().Settle();
+         })) {
+      if (call.name == "SetTextColor") color = std::get<std::int64_t>(call.arguments[1]);
+      if (call.name != "DrawTextA") continue;
+      titles.push_back(std::get<std::string>(call.arguments[1]));
+      EXPECT_EQ(color, std::int64_t{Concrete(calendar.CalForeColor()).value}) << call.ToString();
+    }
+    EXPECT_THAT(titles, ::testing::ElementsAre("Select a Month"));
+  }
+};
+
+TEST_F(MonthViewColors, ThoseOfANewControlAreShown) {
+  OpenAt("5/31/2019");
+  ExpectShown();
+  ClickOn(OnHead());
+  ExpectMonthsShown();
+}
+
+TEST_F(MonthViewColors, ThoseSetBeforeTheFirstOpeningAreShown) {
+  Set(0x08);
+  OpenAt("5/31/2019");
+  ExpectShown();
+  ClickOn(OnHead());
+  ExpectMonthsShown();
+}
+
+TEST_F(MonthViewColors, ThoseSetWhileThePanelIsOpenAreShownAtOnce) {
+  OpenAt("5/31/2019");
+  for (const std::uint32_t shade : {0x04u, 0x0Cu}) {
+    Set(shade);
+    ExpectShown();
+  }
+  ClickOn(OnHead());
+  Set(0x02);
+  ExpectMonthsShown();
+}
+
+TEST_F(FlatCalendarTest, TheArrowsAreTheSymbolsOfTheSystem) {
+  Open();
+  EXPECT_EQ(Months().Arrow(kMoveBack).Caption(), "3");
+  EXPECT_EQ(Months().Arrow(kMoveForward).Caption(), "4");
+  for (const int direction : {kMoveBack, kMoveForward}) {
+    const FontDescription font = Months().Arrow(direction).GetFont()->Description();
+    EXPECT_EQ(font.name, "Marlett");
+    EXPECT_EQ(font.charset, 2);
   }
 }
 

@@ -227,6 +227,13 @@ TEST_F(FlatCalendarTest, ThePanelIsClosedWhenTheDayIsTakenOver) {
   EXPECT_FALSE(open);
 }
 
+TEST_F(FlatCalendarTest, TheCaretIsAtTheBeginningOfADayThatWasPicked) {
+  OpenAt("5/15/2024");
+  ClickOn(OnDay(33));
+  EXPECT_EQ(Calendar().SelStart(), 0);
+  EXPECT_EQ(Calendar().SelLength(), 0);
+}
+
 TEST_F(FlatCalendarTest, ADayOfTheMonthBeforeIsTakenOverAtOnce) {
   OpenAt(kMay31);
   ClickOn(OnDay(0));
@@ -259,6 +266,41 @@ TEST_F(FlatCalendarTest, EscapeChangesNothingAndRaisesNoEventOfItsOwn) {
   EXPECT_THAT(EventsOf([this] { Driver().Key(kKeyEscape); }), ElementsAre("KeyUp(27, 0)"));
   EXPECT_EQ(Calendar().Value(), Variant(kMay31));
   EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(FlatCalendarTest, OtherButtonsDoNothingInTheMonthView) {
+  OpenAt(kMay31);
+  for (const PixelPoint at : {OnDay(10), OnArrow(kMoveForward), OnHead()}) {
+    Driver().MovePointer(at);
+    for (const int button : {kRightButton, kMiddleButton}) {
+      Driver().Press(button);
+      Driver().Release(button);
+    }
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(Header(), "M A Y   2 0 2 4 ");
+    EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+  }
+  ClickOn(OnHead());
+  Driver().MovePointer(OnMonth(0));
+  Driver().Press(kRightButton);
+  Driver().Release(kRightButton);
+  EXPECT_EQ(Header(), "2 0 2 4 ");
+}
+
+TEST_F(FlatCalendarTest, APressThatLeavesAnArrowStepsNothing) {
+  OpenAt(kMay31);
+  Driver().MovePointer(OnArrow(kMoveForward));
+  Driver().Press(kLeftButton);
+  Driver().MovePointer(OnHead());
+  Driver().Release(kLeftButton);
+  EXPECT_EQ(Header(), "M A Y   2 0 2 4 ");
+  EXPECT_TRUE(Months().DaysFrame().Visible());
+}
+
+TEST_F(FlatCalendarTest, ADoubleClickOnTheHeaderChangesTheViewOnce) {
+  OpenAt(kMay31);
+  Driver().DoubleClick(OnHead());
+  EXPECT_TRUE(Months().MonthsFrame().Visible());
 }
 
 TEST_F(FlatCalendarTest, TheTabKeyGoesOnFromTheOpenPanelWhichCloses) {

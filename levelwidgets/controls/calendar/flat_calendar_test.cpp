@@ -259,5 +259,24 @@ TEST_P(LeftCalendarTest, AHandlerMayAssignAnotherValueWhileItIsLeft) {
   EXPECT_EQ(TextShown(), "");
 }
 
+TEST_F(FlatCalendarTest, ATypedDateIsTakenOverOnceWhenAnotherProgramBecomesActive) {
+  Calendar();
+  Driver().Type("5/31/2024");
+  EXPECT_EQ(Calendar().Value(), Variant("5/31/2024"));
+  EXPECT_THAT(EventsOf([this] { Driver().Leave(); }),
+              ::testing::ElementsAre("PropertyChanged(Value)", "Change()"));
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+  Driver().Enter();
+}
+
+TEST_F(FlatCalendarTest, WithAnInvalidFormatItIsLeftWithoutAnError) {
+  Calendar().SetDateFormat("0;0;0;0;0");
+  Calendar().SetValue(kMay31);
+  EXPECT_EQ(TextShown(), "5/31/2024");
+  Driver().Leave();
+  Driver().Enter();
+  EXPECT_EQ(Calendar().Value(), Variant(kMay31));
+}
+
 }  // namespace
 }  // namespace levelwidgets::testing

@@ -31,7 +31,8 @@ void FlatDropDown::SyncListScroll() {
 
 bool FlatDropDown::PreparePanel() { return !items_.empty(); }
 
-void FlatDropDown::SizePanel() {
+bool FlatDropDown::SizePanel() {
+  if (items_.empty()) return false;
   picPopup_.SetFont(GetFont());
   const Surface& list = picPopup_.GetSurface();
   PixelRect measured;
@@ -40,6 +41,7 @@ void FlatDropDown::SizePanel() {
   const Twips border = picPopup_.Size().height - picPopup_.ScaleHeight();
   const Twips height = ToTwips(rows * row_height_, picPopup_.Twips().y) + border;
   picPopup_.Move(picPopup_.Position(), {Twips(drop_down_width_), height});
+  return true;
 }
 
 TwipPoint FlatDropDown::PlaceFor(const PixelRect& owner) const {
@@ -90,7 +92,8 @@ void FlatDropDown::ScrollRows(int rows) {
 void FlatDropDown::HighlightUnder(TwipPoint at) {
   const float row = static_cast<float>(row_height_) * picPopup_.Twips().y;
   if (const auto index = HighlightAt(at, picPopup_.Size(), row, top_index_, Count())) {
-    SetListIndex(static_cast<std::int16_t>(*index));
+    // Beyond the last item is the last one.
+    SetListIndex(static_cast<std::int16_t>(std::min(*index, Count())));
   }
 }
 
@@ -100,7 +103,12 @@ void FlatDropDown::PressList(TwipPoint at) {
   const TwipSize size = picPopup_.Size();
   const bool picks = at.x > Twips() && at.x < size.width && at.y > Twips() && at.y < size.height;
   const bool can_pick = list_index_ >= 1 && list_index_ <= Count();
-  if (picks && can_pick) PickHighlighted();
+  try {
+    if (picks && can_pick) PickHighlighted();
+  } catch (...) {
+    HidePanel();
+    throw;
+  }
   HidePanel();
   if (picks && !can_pick) PickHighlighted();
 }
