@@ -50,6 +50,7 @@ class MarkedConversions : public ConversionApi {
   std::string UpperCase(std::string_view text) override { return std::string(text); }
   std::string ToCodePage(std::string_view text) override { return std::string(text); }
   std::string FromCodePage(std::string_view bytes) override { return std::string(bytes); }
+  bool IsDBCSLeadByte(char) override { return false; }
 };
 
 TEST(FrameConversions, TextsAreConvertedByThePlatform) {

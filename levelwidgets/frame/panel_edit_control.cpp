@@ -11,8 +11,8 @@ constexpr Color kWindow{0x80000005u};
 constexpr Color kInk{0x00000000u};
 
 bool HasAlt(const KeyMessage& key) { return (key.shift & kAltMask) != 0; }
-// Alt+F4 is the window's.
-bool Opens(const KeyMessage& key) { return key.code == (HasAlt(key) ? kKeyDown : kKeyF4); }
+// F4 with whatever is held.
+bool Opens(const KeyMessage& key) { return key.code == kKeyF4 || (HasAlt(key) && key.code == kKeyDown); }
 bool ClosesWindow(const KeyMessage& key) { return HasAlt(key) && key.code == kKeyF4; }
 
 }  // namespace
@@ -95,7 +95,7 @@ bool PanelEditControl::OnKeyPreview(KeyMessage& key) {
   if (PanelIsOpen()) return !ClosesWindow(key) && PanelKey(key.code);
   const bool opens = Opens(key);
   if (opens) ShowPanel();
-  return opens;
+  return opens && !ClosesWindow(key);
 }
 
 // --- Pointer -----------------------------------------------------------------------------------------
@@ -149,10 +149,10 @@ void PanelEditControl::ShowPanel() {
   try {
     OpenDetached();
   } catch (...) {
-    ClosePanel([] {});
+    AbandonPanel();
     throw;
   }
-  if (!PanelIsOpen()) ClosePanel([] {});
+  if (!PanelIsOpen()) AbandonPanel();
 }
 
 // The panel is the active window once it is detached: listeners hear that the focus has moved, and may see to
@@ -167,6 +167,12 @@ void PanelEditControl::HidePanel() {
   if (!PanelIsOpen()) return;
   const auto keep = Reference();
   ClosePanel([this] { PanelClosed(); });
+}
+
+// The system turns from a hidden window to the next one only if it was seen before.
+void PanelEditControl::AbandonPanel() {
+  if (GetSurface().Windows().GetActiveWindow() == picPopup_->hWnd()) picPopup_->SetVisible(true);
+  ClosePanel([] {});
 }
 
 template <typename Closed>

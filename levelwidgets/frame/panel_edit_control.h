@@ -110,6 +110,8 @@ class PanelEditControl : public EditControl {
  private:
   bool CanOpen() const;
   void OpenDetached();
+  // What is detached and cannot open gives the keyboard back.
+  void AbandonPanel();
   // Hides the panel, lets `closed` hear of it, and gives the focus back.
   template <typename Closed>
   void ClosePanel(Closed closed);

@@ -118,6 +118,8 @@ class ConversionApi {
   // code page becomes "?".
   virtual std::string ToCodePage(std::string_view text) = 0;
   virtual std::string FromCodePage(std::string_view bytes) = 0;
+  // Whether `byte` at the beginning of a character is the first of two.
+  virtual bool IsDBCSLeadByte(char byte) = 0;
 
   // --- Made of the above ---------------------------------------------------------------------
 

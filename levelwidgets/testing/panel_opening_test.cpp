@@ -69,8 +69,19 @@ TYPED_TEST(PanelOpening, TheKeysThatOpenTypeNothingAndRaiseNoKeyDown) {
   EXPECT_TRUE(this->IsOpen());
 }
 
-TYPED_TEST(PanelOpening, AltF4IsTheWindows) {
+TYPED_TEST(PanelOpening, AltF4OpensThePanelAndClosesTheForm) {
   this->Subject();
+  bool keep = true;
+  bool was_open = false;
+  this->TheForm().Unload += [&](bool& cancel) {
+    cancel = keep;
+    was_open = this->IsOpen();
+  };
+  this->Driver().Key(kKeyF4, kAltMask);
+  EXPECT_TRUE(was_open);
+  EXPECT_TRUE(this->IsOpen());
+  this->Driver().Key(kKeyEscape);
+  keep = false;
   this->Driver().Key(kKeyF4, kAltMask);
   EXPECT_FALSE(this->TheForm().Find("edt"));
   EXPECT_TRUE(this->TheForm().Closed());
@@ -109,6 +120,45 @@ TYPED_TEST(PanelOpening, BeyondTheLeftEdgeThePanelBeginsAtTheScreens) {
   this->TheForm().MoveTo({-100, 100});
   this->Open();
   EXPECT_EQ(this->PanelRect().left, 0);
+}
+
+// The panel takes the focus before it is shown: that is when listeners hear of it.
+TYPED_TEST(PanelOpening, AListenerThatHearsOfTheFocusMayKeepThePanelFromOpening) {
+  const struct {
+    const char* deed;
+    std::function<void()> act;
+  } rows[] = {
+      {"disables", [this] { this->Subject().SetEnabled(false); }},
+      {"hides", [this] { this->Hosted(this->Subject()).SetVisible(false); }},
+      {"hides the form", [this] { this->TheForm().Hide(); }},
+      {"removes", [this] { this->TheForm().Remove("edt"); }},
+      {"closes the form", [this] { this->TheForm().Close(); }},
+      {"raises an error", [] { throw Error(kOverflow); }},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.deed);
+    this->MakeForm({});
+    this->Load({});
+    auto& next = this->template AddNew<FlatButton>("next", {Twips(4600), Twips(3600)});
+    this->Hosted(next).SetFocus();
+    this->Driver().Settle();
+    this->Hosted(this->Subject()).GotFocus += [&] { row.act(); };
+    const PixelPoint strip = this->Strip();
+    try {
+      this->Driver().Click(strip);
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Number(), kOverflow);
+      this->Driver().Release(kLeftButton);
+    }
+    this->Driver().Settle();
+    if (this->TheForm().Closed()) continue;
+    if (this->TheForm().Find("edt")) {
+      EXPECT_FALSE(this->IsOpen());
+      EXPECT_NE(this->Windows().GetActiveWindow(), this->Subject().Panel()->hWnd());
+      EXPECT_NE(this->Windows().GetFocus(), this->Subject().Panel()->hWnd());
+    }
+    this->TheForm().Close();
+  }
 }
 
 TYPED_TEST(PanelOpening, NothingOpensInDesignMode) {

@@ -78,7 +78,7 @@ class FlatDropDown : public PanelEditControl {
   WindowHandle FocusWindow() const override;
   void LookChanged() override;
   bool PreparePanel() override;
-  void SizePanel() override;
+  bool SizePanel() override;
   TwipPoint PlaceFor(const PixelRect& owner) const override;
   bool PanelKey(std::int16_t code) override;
   void Hover(TwipPoint at) override;
@@ -112,6 +112,7 @@ class FlatDropDown : public PanelEditControl {
   std::int16_t list_index_ = 0;
   std::int16_t top_index_ = 1;
   bool auto_complete_ = false;
+  std::string typed_bytes_;  // the half of a character that waits for the other one
   std::int16_t drop_down_width_ = 2880;
   std::int32_t style_ = 0;
   int row_height_ = 0;  // pixels, measured when the list opens

@@ -1,5 +1,6 @@
 // FlatDropDown: what closes its list, and what is left then.
 #include <levelwidgets/controls/dropdown/flat_drop_down_fixture.h>
+#include <levelwidgets/testing/error_of.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -24,6 +25,39 @@ TEST_F(FlatDropDownTest, NothingIsLeftOfAListWhoseControlIsRemovedByItsOwnHandle
   Driver().Key(kKeyEnter);
   Driver().Advance(300);
   EXPECT_TRUE(TheForm().Controls().empty());
+}
+
+TEST_F(FlatDropDownTest, AnErrorOfAListenerOfChangeLeavesTheListClosedWhateverPickedTheRow) {
+  for (const bool by_pointer : {true, false}) {
+    MakeForm({});
+    Make(5);
+    Drop().Change += [] { throw Error(kOverflow); };
+    Open();
+    Driver().MovePointer(Row(1));
+    Drop().SetListIndex(2);
+    EXPECT_EQ(ErrorOf([&] {
+                if (by_pointer) {
+                  Driver().Press(kLeftButton);
+                } else {
+                  Driver().Key(kKeyEnter);
+                }
+              }),
+              kOverflow);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Drop().Text(), "2");
+    Driver().Release(kLeftButton);
+    TheForm().Close();
+  }
+}
+
+TEST_F(FlatDropDownTest, AListThatIsEmptiedWhenTheFocusComesToItDoesNotOpen) {
+  Make(5);
+  auto& next = AddNew<FlatButton>("next", {Twips(4600), Twips(3600)});
+  Hosted(next).SetFocus();
+  Hosted(Drop()).GotFocus += [&] { Drop().Clear(); };
+  Driver().Click(Strip());
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Windows().GetFocus(), Drop().ActiveEdit().hWnd());
 }
 
 TEST_F(FlatDropDownTest, TabInAnOpenListGoesToTheNextControlAndClosesIt) {

@@ -5,6 +5,7 @@
 #include <levelwidgets/platform/text/letter_case.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace levelwidgets {
 
@@ -59,10 +60,15 @@ void FlatDropDown::TypeCharacter(std::int16_t& key_ascii) {
   KeyPress.Raise(key_ascii);
 }
 
-// A key message carries a character as a byte of the system's code page.
+// A key message carries a byte of the system's code page: a character, or one half of it. The first half
+// waits for the second one.
 void FlatDropDown::CompleteTyped(std::int16_t key_ascii) {
+  ConversionApi& conversions = GetSurface().GetPlatform().Conversions();
   const char byte = static_cast<char>(key_ascii);
-  const std::string typed = GetSurface().GetPlatform().Conversions().FromCodePage({&byte, 1});
+  const bool waits = typed_bytes_.empty() && conversions.IsDBCSLeadByte(byte);
+  typed_bytes_ += byte;
+  if (waits) return;
+  const std::string typed = conversions.FromCodePage(std::exchange(typed_bytes_, {}));
   const EditedText after = Complete({Text(), SelStart(), SelLength()}, typed, items_);
   Edit().SetText(after.text);
   Edit().Select(after.start, after.length);
@@ -77,6 +83,7 @@ void FlatDropDown::OnEnterFocus() {
 
 void FlatDropDown::OnExitFocus() {
   has_focus_ = false;
+  typed_bytes_.clear();
   if (HasEdit()) {
     NormaliseText();
   } else {

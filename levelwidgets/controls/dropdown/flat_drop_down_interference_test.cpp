@@ -81,7 +81,7 @@ class FlatDropDownInterferenceTest : public FlatDropDownTest,
     Try([&] { Drop().SetEnabled(true); });
     Try([&] { Drop().SetStyle(1); });
     Try([&] { Driver().Key(kKeyTab); });
-    Try([&] { Driver().Advance(300); });
+    Try([&] { Driver().Advance(110); });
   }
 
   int until_ = 0;
@@ -99,7 +99,7 @@ TEST_P(FlatDropDownInterferenceTest, LeavesTheControlWholeOrGone) {
     Listen(drop);
     until_ = nth;
     UseEverything();
-    Driver().Advance(300);
+    Driver().Advance(110);
     if (until_ > 0) break;  // the event came less often than that
     ++times;
     EXPECT_TRUE(GetParam().deed == Deed::kRaise || !IsThere());

@@ -190,6 +190,17 @@ TEST_F(FlatDropDownTest, ThePointerHighlightsAndAPressTakesTheRow) {
   Driver().Release(kLeftButton);
 }
 
+TEST_F(FlatDropDownTest, ThePointerOverRowsBeyondTheListHighlightsTheLastItem) {
+  Make(20);
+  Open();
+  for (const int first : {17, 32767}) {
+    Drop().SetTopIndex(static_cast<std::int16_t>(first));
+    Driver().MovePointer(Row(first % 4));
+    Driver().MovePointer(Row(5));
+    EXPECT_EQ(Drop().ListIndex(), 20) << first;
+  }
+}
+
 TEST_F(FlatDropDownTest, APressOnTheFirstPixelsOfThePanelTakesNothingAndCloses) {
   Make(3);
   for (const PixelPoint inside : {PixelPoint{0, 5}, PixelPoint{5, 0}}) {

@@ -17,7 +17,7 @@ struct EditEvents {
   Event<> DblClick;
   Event<std::int16_t&, std::int16_t&> KeyDown;
   Event<std::int16_t&> KeyPress;
-  Event<std::int16_t, std::int16_t> KeyUp;
+  Event<std::int16_t&, std::int16_t&> KeyUp;
   Event<std::int16_t&, std::int16_t&, Twips&, Twips&> MouseDown;
   Event<std::int16_t&, std::int16_t&, Twips&, Twips&> MouseMove;
   Event<std::int16_t&, std::int16_t&, Twips&, Twips&> MouseUp;

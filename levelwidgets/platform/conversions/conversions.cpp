@@ -226,4 +226,6 @@ std::string Conversions::FromCodePage(std::string_view bytes) {
   return code_page_ ? code_page_->FromCodePage(bytes) : std::string(bytes);
 }
 
+bool Conversions::IsDBCSLeadByte(char byte) { return code_page_ && code_page_->IsLeadByte(byte); }
+
 }  // namespace levelwidgets::conversions

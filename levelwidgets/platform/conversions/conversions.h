@@ -20,6 +20,7 @@ class CodePageCoder {
   virtual ~CodePageCoder() = default;
   virtual std::string ToCodePage(std::string_view text) const = 0;
   virtual std::string FromCodePage(std::string_view bytes) const = 0;
+  virtual bool IsLeadByte(char byte) const = 0;
 };
 
 // Keeps the formats it has taken apart, so one thread at a time.
@@ -47,6 +48,7 @@ class Conversions final : public ConversionApi {
   std::string UpperCase(std::string_view text) override;
   std::string ToCodePage(std::string_view text) override;
   std::string FromCodePage(std::string_view bytes) override;
+  bool IsDBCSLeadByte(char byte) override;
 
  private:
   struct KnownFormat {

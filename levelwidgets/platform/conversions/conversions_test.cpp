@@ -273,6 +273,7 @@ TEST_F(ConversionsTest, EachBuiltInLocaleIsComplete) {
 // A code page of the characters below U+0100.
 class Latin1 final : public CodePageCoder {
  public:
+  bool IsLeadByte(char) const override { return false; }
   std::string ToCodePage(std::string_view text) const override {
     std::string bytes;
     while (!text.empty()) {

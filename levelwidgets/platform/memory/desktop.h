@@ -49,6 +49,7 @@ class DesktopCodePage final : public conversions::CodePageCoder {
   explicit DesktopCodePage(const MemoryDrawing& drawing) : drawing_(drawing) {}
   std::string ToCodePage(std::string_view text) const override { return drawing_.ToCodePage(text); }
   std::string FromCodePage(std::string_view bytes) const override { return drawing_.FromCodePage(bytes); }
+  bool IsLeadByte(char byte) const override { return drawing_.CodePage().IsFirst(byte); }
 
  private:
   const MemoryDrawing& drawing_;

@@ -54,6 +54,9 @@ class TracingConversions final : public ConversionApi {
   std::string FromCodePage(std::string_view bytes) override {
     return log_.Pass("FromCodePage", target_, &ConversionApi::FromCodePage, bytes);
   }
+  bool IsDBCSLeadByte(char byte) override {
+    return log_.Pass("IsDBCSLeadByte", target_, &ConversionApi::IsDBCSLeadByte, byte);
+  }
 
  private:
   ConversionApi& target_;

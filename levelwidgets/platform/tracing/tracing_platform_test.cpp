@@ -132,6 +132,7 @@ class FakeConversions : public ConversionApi {
   MOCK_METHOD(std::string, UpperCase, (std::string_view), (override));
   MOCK_METHOD(std::string, ToCodePage, (std::string_view), (override));
   MOCK_METHOD(std::string, FromCodePage, (std::string_view), (override));
+  MOCK_METHOD(bool, IsDBCSLeadByte, (char), (override));
 };
 
 class FakePlatform : public Platform {

@@ -230,4 +230,8 @@ std::string Win32Conversions::ToCodePage(std::string_view text) { return win32::
 
 std::string Win32Conversions::FromCodePage(std::string_view bytes) { return win32::FromCodePage(bytes); }
 
+bool Win32Conversions::IsDBCSLeadByte(char byte) {
+  return ::IsDBCSLeadByte(static_cast<BYTE>(byte)) != FALSE;
+}
+
 }  // namespace levelwidgets::win32

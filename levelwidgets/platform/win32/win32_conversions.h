@@ -31,6 +31,7 @@ class Win32Conversions final : public ConversionApi {
   std::string UpperCase(std::string_view text) override;
   std::string ToCodePage(std::string_view text) override;
   std::string FromCodePage(std::string_view bytes) override;
+  bool IsDBCSLeadByte(char byte) override;
 
  private:
   Converted<Date> TextToDate(std::string_view text);
