@@ -16,7 +16,11 @@ using ::testing::StartsWith;
 class CommandLine : public ProgramTest {
  protected:
   // As its first chunk has it.
-  PixelSize SizeOfPng(const std::string& name) {
+  struct PngSize {
+    int width = 0;
+    int height = 0;
+  };
+  PngSize SizeOfPng(const std::string& name) {
     const std::string png = TextOf(folder_ / name);
     const auto number = [&](std::size_t at) {
       int value = 0;
@@ -296,9 +300,9 @@ TEST_F(CommandLine, RenderRefusesMissingFilesAndControls) {
 TEST_F(CommandLine, RenderDrawsTheOpenPanelOfAControlBelowTheForm) {
   for (const std::string type : {"FlatDropDown", "FlatCalculator", "FlatCalendar"}) {
     File("open.form.toml",
-         "[form]\nName = \"frm\"\nHeight = 900\nScript = \"open.lua\"\n[[control]]\nClass = \"" + type +
+         "[form]\nName = \"frm\"\nHeight = 500\nScript = \"open.lua\"\n[[control]]\nClass = \"" + type +
              "\"\nName = \"edt\"\nLeft = 150\nTop = 150\nWidth = 1800\nHeight = 315\n");
-    File("open.lua", "if edt.AddItem then edt:AddItem('apple') edt:AddItem('pear') end\n");
+    File("open.lua", type == "FlatDropDown" ? "for i = 1, 8 do edt:AddItem('Item ' .. i) end\n" : "");
     ASSERT_EQ(Run("render open.form.toml -o closed.png").status, 0);
     const Outcome open = Run("render open.form.toml -o open.png --open edt");
     ASSERT_EQ(open.status, 0) << open.err;

@@ -154,18 +154,41 @@ std::int32_t TextBox::SelStart() const {
   std::uint32_t start = 0;
   std::uint32_t end = 0;
   Send(kEmGetSel, reinterpret_cast<WParam>(&start), reinterpret_cast<LParam>(&end));
-  return static_cast<std::int32_t>(start);
+  return CharactersBefore(start);
 }
 
 std::int32_t TextBox::SelLength() const {
   std::uint32_t start = 0;
   std::uint32_t end = 0;
   Send(kEmGetSel, reinterpret_cast<WParam>(&start), reinterpret_cast<LParam>(&end));
-  return static_cast<std::int32_t>(end - start);
+  return CharactersBefore(end) - CharactersBefore(start);
 }
 
 void TextBox::Select(std::int32_t start, std::int32_t length) {
-  Send(kEmSetSel, static_cast<WParam>(start), static_cast<LParam>(start) + length);
+  Send(kEmSetSel, static_cast<WParam>(BytesBefore(start)), BytesBefore(start + length));
+}
+
+// --- Places in the text ------------------------------------------------------------------------------
+
+// The edit box counts bytes of the code page. Where no character has two they are its characters.
+bool TextBox::HasPairs() const {
+  constexpr char kFirstInEveryCodePageWithPairs = '\x81';
+  return owner_.GetSurface().GetPlatform().Conversions().IsDBCSLeadByte(kFirstInEveryCodePageWithPairs);
+}
+
+std::int32_t TextBox::CharactersBefore(std::uint32_t byte) const {
+  if (!HasPairs()) return static_cast<std::int32_t>(byte);
+  ConversionApi& conversions = owner_.GetSurface().GetPlatform().Conversions();
+  const std::string bytes = conversions.ToCodePage(Text()).substr(0, byte);
+  return static_cast<std::int32_t>(text::CharacterCount(conversions.FromCodePage(bytes)));
+}
+
+std::int32_t TextBox::BytesBefore(std::int32_t character) const {
+  if (character <= 0 || !HasPairs()) return character;
+  const std::string all = Text();
+  const std::size_t before = text::ByteOfCharacter(all, static_cast<std::size_t>(character));
+  return static_cast<std::int32_t>(
+      owner_.GetSurface().GetPlatform().Conversions().ToCodePage(all.substr(0, before)).size());
 }
 
 std::string TextBox::SelText() const {

@@ -87,6 +87,9 @@ class TextBox : public WindowPart, public EditEvents {
   LResult KeyPressed(KeyMessage key, std::uint32_t message, WParam wparam, LParam lparam);
   LResult ColorBrush(DcHandle dc);
   void ApplyFont();
+  bool HasPairs() const;
+  std::int32_t CharactersBefore(std::uint32_t byte) const;
+  std::int32_t BytesBefore(std::int32_t character) const;
   WindowApi& Windows() const { return owner_.GetSurface().Windows(); }
 
   PartHost& owner_;

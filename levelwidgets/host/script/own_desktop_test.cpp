@@ -103,7 +103,7 @@ TEST_P(OwnDesktopScript, EndsWithoutAFailedCheck) {
 
 INSTANTIATE_TEST_SUITE_P(Files, OwnDesktopScript,
                          ::testing::Values("default_desktop", "desktop", "invariants", "jumps",
-                                           "locale_values", "panels", "timers", "windows"),
+                                           "locale_values", "pairs_of_bytes", "panels", "timers", "windows"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace

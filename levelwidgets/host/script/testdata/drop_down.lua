@@ -54,21 +54,3 @@ expect.fails(5, "lw.place_panel: twips is { x, y: twips of a pixel }",
              function() lw.place_panel{ owner = { 0, 0, 1, 1 }, panel = { 1, 1 }, twips = { 0, 15 } } end)
 expect.fails(5, "lw.place_panel: panel is { width, height: twips }",
              function() lw.place_panel{ owner = { 0, 0, 1, 1 }, panel = { "wide", 1 } } end)
-
--- Characters of two bytes are completed, too.
-local eastern = lw.desktop{ locale = "ja-JP" }
-local orders = lw.form{ Name = "frmOrders", Width = 6000, Height = 4500 }
-local article = orders:add("FlatDropDown", "article", { Left = 600, Top = 600, Properties = { AutoComplete = true } })
-article:AddItem("日本語")
-article:AddItem("xyz")
-orders:show()
-article:SetFocus()
-eastern:type("日")
-expect.equal(article.Text, "日本語")
-expect.equal(article.SelStart, 1)
-expect.equal(article.SelLength, 2)
-eastern:type("本x")
-expect.equal(article.Text, "日本x")
-article.Text = ""
-eastern:type("x日")
-expect.equal(article.Text, "x日")
