@@ -1,6 +1,7 @@
 // Text put together without allocating until it is taken.
 #pragma once
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <cstring>
@@ -15,7 +16,7 @@ class TextBuilder {
  public:
   void Append(std::string_view text) {
     if (text.size() > kInlineSize - size_) return AppendLong(text);
-    std::memcpy(inline_ + size_, text.data(), text.size());
+    std::ranges::copy(text, inline_ + size_);
     size_ += text.size();
   }
   void Append(char c) {
