@@ -68,7 +68,8 @@ const ClassInfo& FlatGrid::Table() {
           Row::Property<&Grid::TopIndex, &Grid::SetTopIndex>(19, "TopIndex", Always(1),
                                                              "The first row shown, from 1.", kShortCount),
           Row::Property<&Grid::RowIndex, &Grid::SetRowIndex>(
-              20, "RowIndex", Always(1), "The selected row, from 1; 0 for none.", kShortCount),
+              20, "RowIndex", Always(1), "The selected row, from 1; 0 for none.",
+              {.stored_as = VariantType::kInt16, .flags = MemberFlags::kRefusesItsOwn}),
           Row::Property<&Grid::Appearance, &Grid::SetAppearance>(21, "Appearance", kNoDefault,
                                                                  "Kept; the grid is flat."),
           Row::Collection<&Grid::Columns>(22, "Columns", "The columns."),

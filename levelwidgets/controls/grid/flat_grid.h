@@ -21,7 +21,7 @@ enum class GridMove;
 // alone.
 //
 // Where no other is named, an error of a row or a column is 1003 "Invalid Row" or 1004 "Invalid Column".
-class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, PointerEvents> {
+class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> {
  public:
   static const ClassInfo& Table();
   explicit FlatGrid(std::shared_ptr<ControlSite> site);
@@ -105,7 +105,11 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Poin
   Event<std::int32_t> AfterRowEdit;                                       // row
   Event<std::int32_t, std::int32_t, std::string&, bool&> BeforeCellEdit;  // row, column, new value, cancel
   Event<std::int32_t> ColumnHeaderClick;                                  // column
-  Event<std::int32_t, std::int32_t> RowColChange;                         // the last row, and the column
+  // After the grid has acted on the key: a listener that changes the code changes nothing.
+  Event<std::int16_t&, std::int16_t> KeyDown;  // code, shift
+  Event<std::int16_t&> KeyPress;               // the character
+  Event<std::int16_t, std::int16_t> KeyUp;
+  Event<std::int32_t, std::int32_t> RowColChange;  // the last row, and the column
 
   // --- Notifications ----------------------------------------------------------------------------
 
@@ -117,6 +121,8 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Poin
   void OnEnterFocus() override;
   void OnExitFocus() override;
   void OnKeyDown(std::int16_t code, std::int16_t shift) override;
+  void OnKeyPress(std::int16_t& key_ascii) override { KeyPress.Raise(key_ascii); }
+  void OnKeyUp(std::int16_t code, std::int16_t shift) override { KeyUp.Raise(code, shift); }
   LResult OnMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override;
 
   // The parts, for tests.
