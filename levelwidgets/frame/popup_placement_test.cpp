@@ -175,8 +175,8 @@ TEST(Placement, IsThatOfTheRulesForFiveMillionOwnersPanelsAndScreens) {
     ASSERT_TRUE(list == (TwipPoint{Twips(list_left), Twips(list_top)}) &&
                 keypad == (TwipPoint{Twips(panel_left), Twips(panel_top)}))
         << "owner " << s.left << ", " << s.top << ", " << s.right << ", " << s.bottom << "; panel " << s.width
-        << " by " << s.height << "; screen " << s.screen_width << " by " << s.screen_height << "; area from " << s.area_left << ", " << s.area_top << "; twips "
-        << s.tx << " by " << s.ty;
+        << " by " << s.height << "; screen " << s.screen_width << " by " << s.screen_height << "; area from "
+        << s.area_left << ", " << s.area_top << "; twips " << s.tx << " by " << s.ty;
   }
 }
 
