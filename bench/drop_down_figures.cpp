@@ -3,14 +3,18 @@
 #include <bench/subjects.h>
 
 #include <stdexcept>
+#include <string>
 
 #include <levelwidgets/controls/dropdown/flat_drop_down.h>
+#include <levelwidgets/frame/paint.h>
 
 namespace levelwidgets::bench {
 
 namespace {
 
 constexpr int kItems = 10000;
+constexpr Color kWindow{0x80000005u};
+constexpr Color kHighlight{0x8000000Du};
 constexpr PixelSize kFieldSize{120, 21};
 
 // A form with one drop-down list, which has the focus.
@@ -37,6 +41,16 @@ class OneDropDown {
     GetDesktop().KeyDown(kKeyF4, 0);
     GetDesktop().Settle();
     if (!drop_.Panel()->IsOpen()) throw std::logic_error("the list has not opened");
+  }
+  // What is measured must have been drawn: at the right end of a row, from 1, of the open list.
+  void CheckRow(int row, Color expected) {
+    PixelRect rect;
+    GetDesktop().Windows().GetWindowRect(drop_.Panel()->hWnd(), rect);
+    const int height = (rect.height() - 2) / 8;
+    const PixelPoint at{rect.left + 1 + rect.width() / 2, rect.top + 1 + height * (row - 1) + height / 2};
+    if (GetDesktop().PixelAt(at) != TranslateColor(GetDesktop().Drawing(), expected)) {
+      throw std::logic_error("row " + std::to_string(row) + " is not drawn");
+    }
   }
   void Close() {
     GetDesktop().KeyUp(kKeyF4, 0);
@@ -71,6 +85,7 @@ void MeasureOpening(std::vector<Figure>& figures, OneDropDown& drop) {
     const auto start = Clock::now();
     drop.Open();
     opening.Add(SecondsSince(start));
+    drop.CheckRow(8, kWindow);
     drop.Close();
   }
   figures.push_back(LowerIsBetter("List of 10,000 items opened to its first pixels", "us", opening, kMicro,
@@ -85,6 +100,8 @@ void MeasureHighlight(std::vector<Figure>& figures, OneDropDown& drop) {
     control.SetListIndex(control.ListIndex() == 1 ? std::int16_t{2} : std::int16_t{1});
     drop.GetDesktop().Settle();
   });
+  drop.CheckRow(control.ListIndex(), kHighlight);
+  drop.CheckRow(3 - control.ListIndex(), kWindow);
   drop.Close();
   figures.push_back(LowerIsBetter("Highlight of a list moved by a row", "us", moving, kMicro,
                                   "fill of the list's pixels", MedianFill(drop.PanelSize()) * kMicro, 15));

@@ -1,10 +1,12 @@
 // What keypads and month views take.
 #include <stdexcept>
+#include <string>
 
 #include <bench/figures.h>
 #include <bench/subjects.h>
 #include <levelwidgets/controls/calculator/flat_calculator.h>
 #include <levelwidgets/controls/calendar/flat_calendar.h>
+#include <levelwidgets/frame/paint.h>
 
 namespace levelwidgets::bench {
 
@@ -34,6 +36,13 @@ class OnePanel {
     if (!Control().PanelIsOpen()) throw std::logic_error("the panel has not opened");
   }
   void Close() { GetDesktop().KeyDown(kKeyEscape, 0); }
+  // What is measured must have been drawn; `x` and `y` in the panel's pixels.
+  void CheckColor(int x, int y, Color expected) {
+    const ColorRef drawn = GetDesktop().PixelAt(OnPanel(x, y));
+    if (drawn != TranslateColor(GetDesktop().Drawing(), expected)) {
+      throw std::logic_error("the panel is not drawn at " + std::to_string(x) + ", " + std::to_string(y));
+    }
+  }
   PixelPoint OnPanel(int x, int y) {
     PixelPoint point{x, y};
     GetDesktop().Windows().ClientToScreen(Control().Panel()->hWnd(), point);
@@ -45,6 +54,27 @@ class OnePanel {
   HostedControl& control_ = form_.AddHosted(T::Table(), "edt", kPlace, nullptr);
 };
 
+// Its border, a weekday's head and the background between them.
+void CheckMonthView(OnePanel<FlatCalendar>& calendar) {
+  calendar.CheckColor(4, 4, calendar.Control().CalBorderColor());
+  calendar.CheckColor(16, 24, calendar.Control().CalHeaderBackColor());
+  calendar.CheckColor(8, 8, calendar.Control().CalBackColor());
+}
+
+// The first time its parts are made.
+Figure MeasureFirstOpening() {
+  Samples opening;
+  for (int run = 0; run < 51; ++run) {
+    OnePanel<FlatCalendar> calendar;
+    const auto start = Clock::now();
+    calendar.Open();
+    opening.Add(SecondsSince(start));
+    CheckMonthView(calendar);
+  }
+  return InMicroseconds("Month view opened for the first time, to its first pixels", opening, 1, kMonthPixels,
+                        1000);
+}
+
 Figure MeasureOpening() {
   OnePanel<FlatCalendar> calendar;
   calendar.Open();
@@ -54,6 +84,7 @@ Figure MeasureOpening() {
     const auto start = Clock::now();
     calendar.Open();
     opening.Add(SecondsSince(start));
+    CheckMonthView(calendar);
   }
   return InMicroseconds("Month view opened, to its first pixels", opening, 1, kMonthPixels, 1000);
 }
@@ -128,6 +159,7 @@ Figure MeasureForm(double& heap) {
 }  // namespace
 
 void MeasurePanels(std::vector<Figure>& figures) {
+  figures.push_back(MeasureFirstOpening());
   figures.push_back(MeasureOpening());
   figures.push_back(MeasureNextMonth());
   figures.push_back(MeasureDigit());
