@@ -1,4 +1,5 @@
 // What a calculator and a calendar have in common beside what they share with a drop-down list.
+#include <levelwidgets/testing/error_of.h>
 #include <levelwidgets/testing/panel_classes.h>
 
 namespace levelwidgets::testing {
@@ -32,6 +33,27 @@ TYPED_TEST(FixedPanel, ANewColourAtRestWaitsWhileThePointerIsOverTheStrip) {
   this->Driver().MovePointer(this->Strip());
   control.SetDropDownBackColor(Color(0x00445566));
   EXPECT_EQ(this->StripPixel(), this->Concrete(control.DropDownBackColorMouseOver()));
+}
+
+TYPED_TEST(FixedPanel, APlaceOfTheSelectionBeyond16BitsOverflows) {
+  TypeParam& control = this->Subject();
+  control.ActiveEdit().SetMaxLength(40000);
+  control.ActiveEdit().SetText(std::string(33000, '1'));
+  this->Driver().Key(kKeyEnd);
+  EXPECT_EQ(ErrorOf([&] { control.SelStart(); }), kOverflow);
+  this->Driver().Key('A', kCtrlMask);
+  EXPECT_EQ(ErrorOf([&] { control.SelLength(); }), kOverflow);
+}
+
+TYPED_TEST(FixedPanel, TheWheelChangesNothingOverAnOpenPanel) {
+  this->Open();
+  this->Driver().MovePointer(this->OnPanel(600, 900));
+  EXPECT_THAT(this->EventsOf([this] {
+    this->Driver().Wheel(1);
+    this->Driver().Wheel(-1);
+  }),
+              ::testing::IsEmpty());
+  EXPECT_TRUE(this->IsOpen());
 }
 
 // --- The strip under the pointer -----------------------------------------------------------------------

@@ -55,6 +55,22 @@ TYPED_TEST(PanelControls, TheFontIsAtFirstTheContainersAndThenTheEditBoxs) {
   EXPECT_EQ(control.ActiveEdit().GetFont(), font);
 }
 
+TYPED_TEST(PanelControls, TheFontOfANewOneIsThatOfItsContainer) {
+  TypeParam& control = this->template AddNew<TypeParam>("new");
+  EXPECT_EQ(control.GetFont()->Description().name, this->TheForm().GetFont()->Description().name);
+  EXPECT_EQ(control.GetFont()->Description().size, this->TheForm().GetFont()->Description().size);
+}
+
+TYPED_TEST(PanelControls, TextIsCopiedAndPastedAsInAnyEditBox) {
+  TypeParam& control = this->Subject();
+  this->Driver().Type("12");
+  this->Driver().Key('A', kCtrlMask);
+  this->Driver().Key('C', kCtrlMask);
+  this->Driver().Key(kKeyEnd);
+  this->Driver().Key('V', kCtrlMask);
+  EXPECT_EQ(control.ActiveEdit().Text(), "1212");
+}
+
 TYPED_TEST(PanelControls, SharedSettersRepaintThenNotify) {
   TypeParam& control = this->Subject();
   this->Watch(control);

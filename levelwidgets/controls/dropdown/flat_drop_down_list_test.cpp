@@ -190,6 +190,64 @@ TEST_F(FlatDropDownTest, ThePointerHighlightsAndAPressTakesTheRow) {
   Driver().Release(kLeftButton);
 }
 
+TEST_F(FlatDropDownTest, APressTakesTheHighlightedItemWhateverRowIsUnderThePointer) {
+  Make(8);
+  Open();
+  Driver().MovePointer(Row(1));
+  Drop().SetListIndex(3);
+  Driver().Press(kLeftButton);
+  EXPECT_EQ(Drop().Text(), "3");
+  Driver().Release(kLeftButton);
+}
+
+TEST_F(FlatDropDownTest, ARowIsTakenByThePointerBeforeTheListClosesAndByEnterAfterwards) {
+  Make(8);
+  std::vector<bool> open;
+  Drop().Change += [&] { open.push_back(IsOpen()); };
+  Open();
+  Driver().MovePointer(Row(1));
+  Driver().Press(kLeftButton);
+  Driver().Release(kLeftButton);
+  Open();
+  Drop().SetListIndex(3);
+  Driver().Key(kKeyEnter);
+  EXPECT_THAT(open, ElementsAre(true, false));
+}
+
+TEST_F(FlatDropDownTest, AnOpenListFollowsItsItems) {
+  Make(8);
+  Open();
+  Drop().SetListIndex(5);
+  Add("9");
+  EXPECT_TRUE(Drop().Bar().Visible());
+  std::int16_t last = 9;
+  Drop().RemoveItem(last);
+  EXPECT_FALSE(Drop().Bar().Visible());
+  EXPECT_EQ(Drop().ListIndex(), 5);
+  Drop().SetText("kept");
+  Drop().Clear();
+  EXPECT_EQ(ErrorOf([&] { Driver().Key(kKeyEnter); }), kSubscriptOutOfRange);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Drop().Text(), "kept");
+}
+
+TEST_F(FlatDropDownTest, TheStripOfAnotherListClosesTheOneAndOpensTheOther) {
+  Make(5);
+  auto& other = AddLoaded<FlatDropDown>("other", {}, {Twips(3600), Twips(600)}, {Twips(1800), Twips(315)});
+  for (std::string item : {"x", "y"}) other.AddItem(item);
+  Open();
+  const PixelRect rect = RectOf(other.hWnd());
+  Driver().Click({rect.right - 6, (rect.top + rect.bottom) / 2});
+  Watched();
+  EXPECT_FALSE(IsOpen());
+  EXPECT_TRUE(other.PanelIsOpen());
+  EXPECT_EQ(Windows().GetFocus(), other.Panel()->hWnd());
+  Driver().Key(kKeyDown);
+  Driver().Key(kKeyEnter);
+  EXPECT_EQ(other.Text(), "x");
+  EXPECT_EQ(Drop().Text(), "");
+}
+
 TEST_F(FlatDropDownTest, ThePointerOverRowsBeyondTheListHighlightsTheLastItem) {
   Make(20);
   Open();

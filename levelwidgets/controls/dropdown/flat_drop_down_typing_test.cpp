@@ -132,6 +132,19 @@ TEST_F(FlatDropDownTest, LeavingTakesTheItemThatTheTextIsWhateverItsCase) {
   EXPECT_EQ(Drop().ListIndex(), 2);
 }
 
+TEST_F(FlatDropDownTest, LeavingTakesTheFirstOfSeveralItemsAlsoWhereALaterOneIsHighlighted) {
+  MakeOf({"same", "Same", "SAME"});
+  auto& next = AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
+  for (const std::int16_t highlighted : {0, 3}) {
+    Hosted(Drop()).SetFocus();
+    Drop().SetText("saMe");
+    Drop().SetListIndex(highlighted);
+    Hosted(next).SetFocus();
+    EXPECT_EQ(Drop().Text(), "same") << highlighted;
+    EXPECT_EQ(Drop().ListIndex(), 1) << highlighted;
+  }
+}
+
 TEST_F(FlatDropDownTest, TheItemThatIsTakenOnLeavingIsTheTextBeforeItIsHighlighted) {
   MakeOf({"Banana", "APPLE"});
   AddNew<FlatButton>("next", {Twips(600), Twips(1500)});

@@ -58,3 +58,23 @@ expect.equal(moved(940, 100).left, 1024 - 121)
 expect.equal(moved(1500, 900).top, 900 - 153)
 expect.equal(moved(1500, 800).top, 800 + 21)
 expect.equal(moved(2250, 100).left, 2304 - 121)
+
+-- After a panel has closed the caret blinks in the edit box.
+calc.Text = ""
+calc:SetFocus()
+desktop:key(f4)
+desktop:key(escape)
+local function edit_pixels()
+  local edit_left, edit_top = desktop:rect(calc)
+  local colors = {}
+  for x = edit_left + 1, edit_left + 40 do colors[#colors + 1] = desktop:pixel(x, edit_top + 10) end
+  return table.concat(colors, " ")
+end
+local blinks, last = 0, edit_pixels()
+for _ = 1, 20 do
+  desktop:advance(100)
+  local now = edit_pixels()
+  if now ~= last then blinks = blinks + 1 end
+  last = now
+end
+expect.equal(blinks >= 3, true)
