@@ -81,9 +81,8 @@ class KeypadColors : public FlatCalculatorTest {
     }
     std::int64_t color = -1;
     int captions = 0;
-    for (const TracedCall& call : CallsNamed({"DrawTextA", "SetTextColor"}, [this] {
-           Calculator().Panel()->Refresh();
-         })) {
+    for (const TracedCall& call :
+         CallsNamed({"DrawTextA", "SetTextColor"}, [this] { Calculator().Panel()->Refresh(); })) {
       if (call.name == "SetTextColor") color = std::get<std::int64_t>(call.arguments[1]);
       if (call.name != "DrawTextA") continue;
       EXPECT_EQ(color, std::int64_t{Concrete(calculator.CalcForeColor()).value}) << call.ToString();
@@ -119,8 +118,7 @@ TEST_F(FlatCalculatorTest, CaptionsAreCentredInBoldTahomaOf12Points) {
   EXPECT_EQ(font.size, 12);
   EXPECT_TRUE(font.bold);
   std::vector<std::string> captions;
-  for (const TracedCall& call :
-       CallsNamed({"DrawTextA"}, [this] { Calculator().Panel()->Refresh(); })) {
+  for (const TracedCall& call : CallsNamed({"DrawTextA"}, [this] { Calculator().Panel()->Refresh(); })) {
     captions.push_back(std::get<std::string>(call.arguments[1]));
     EXPECT_EQ(std::get<std::int64_t>(call.arguments.back()) & 3, 1) << call.ToString();
   }
