@@ -14,6 +14,17 @@ enum class Deed { kRemove, kClose, kDropForm, kHide, kDisable, kMoveFocus, kAddA
 constexpr Deed kDeeds[] = {Deed::kRemove,  Deed::kClose,     Deed::kDropForm,   Deed::kHide,
                            Deed::kDisable, Deed::kMoveFocus, Deed::kAddAnother, Deed::kRaise};
 
+// In each round the moments have the deeds in turn, beginning with another one: as many rounds as deeds do
+// all at every moment. Forms take their time on Windows, where one round must do.
+#ifdef _WIN32
+constexpr int kRounds = 1;
+#else
+constexpr int kRounds = static_cast<int>(std::size(kDeeds));
+#endif
+Deed DeedOf(int round, int moment) {
+  return kDeeds[static_cast<std::size_t>(round + moment) % std::size(kDeeds)];
+}
+
 class InterferenceTest : public DesktopTest {
  protected:
   // A shown form with a button beside the control that is to be added.
@@ -134,23 +145,26 @@ TEST_F(InterferenceTest, AListenerMayDoAnythingAtEveryNoticeOfAControlThatIsBein
   int tried = 0;
   for (const ClassInfo* control_class : ControlClasses()) {
     for (const bool loaded : {false, true}) {
-      for (const Deed deed : kDeeds) {
-        SCOPED_TRACE(std::string(control_class->Name()) + (loaded ? " loaded, deed " : " new, deed ") +
-                     std::to_string(static_cast<int>(deed)));
-        for (int at = 0; AddWith(*control_class, loaded, at, deed); ++at) ++tried;
+      for (int round = 0; round < kRounds; ++round) {
+        SCOPED_TRACE(std::string(control_class->Name()) + (loaded ? " loaded, round " : " new, round ") +
+                     std::to_string(round));
+        for (int at = 0; AddWith(*control_class, loaded, at, DeedOf(round, at)); ++at) ++tried;
       }
     }
   }
   // Each class notifies of each property that it reads.
-  EXPECT_GE(tried, 5 * 10 * 8);
+  EXPECT_GE(tried, 5 * 10 * kRounds);
 }
 
 TEST_F(InterferenceTest, AListenerMayDoAnythingWhenAPropertyIsSet) {
   int tried = 0;
+  int moment = 0;
   for (const ClassInfo* control_class : ControlClasses()) {
     for (const PropertyInfo* property : control_class->Persisted()) {
       if (property->Indexed()) continue;
-      for (const Deed deed : kDeeds) {
+      ++moment;
+      for (int round = 0; round < kRounds; ++round) {
+        const Deed deed = DeedOf(round, moment);
         SCOPED_TRACE(std::string(control_class->Name()) + "." + std::string(property->name) + ", deed " +
                      std::to_string(static_cast<int>(deed)));
         Begin();
@@ -168,7 +182,7 @@ TEST_F(InterferenceTest, AListenerMayDoAnythingWhenAPropertyIsSet) {
       }
     }
   }
-  EXPECT_GE(tried, 5 * 8 * 8);
+  EXPECT_GE(tried, 5 * 8 * kRounds);
 }
 
 TEST_F(InterferenceTest, AListenerOfTheFormMayDoAnythingAtEachOfItsEvents) {
@@ -192,9 +206,12 @@ TEST_F(InterferenceTest, AListenerOfTheFormMayDoAnythingAtEachOfItsEvents) {
       {"Unload", [](Form& f, std::function<void()> l) { f.Unload += [l = std::move(l)](bool&) { l(); }; },
        [](Form& f) { f.Close(); }},
   };
+  int moment = 0;
   for (const ClassInfo* control_class : ControlClasses()) {
     for (const auto& event : kEvents) {
-      for (const Deed deed : kDeeds) {
+      ++moment;
+      for (int round = 0; round < kRounds; ++round) {
+        const Deed deed = DeedOf(round, moment);
         SCOPED_TRACE(std::string(control_class->Name()) + " at " + std::string(event.name) + ", deed " +
                      std::to_string(static_cast<int>(deed)));
         Begin();
