@@ -95,7 +95,7 @@ function(levelwidgets_library name)
     add_library(${target} STATIC ${sources} ${arg_SOURCES})
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:levelwidgets_options>)
     target_precompile_headers(${target} REUSE_FROM levelwidgets_pch)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ${LEVELWIDGETS_JOIN_SOURCES} UNITY_BUILD_BATCH_SIZE 16)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${LEVELWIDGETS_JOIN_SOURCES} UNITY_BUILD_BATCH_SIZE 10)
   else()  # a folder of headers
     set(scope INTERFACE)
     add_library(${target} INTERFACE)
@@ -211,7 +211,7 @@ endfunction()
 # Sources that say what `sources` do, several in each. Those of a library are joined by CMake (UNITY_BUILD); tests are full of
 # local names that other tests have, too.
 function(levelwidgets_join_tests sources result)
-  set(batch_size 14)
+  set(batch_size 10)
   set(joined_sources)
   set(folders ${sources})
   list(TRANSFORM folders REPLACE "/[^/]*$" "")

@@ -11,8 +11,6 @@ namespace levelwidgets::presenter {
 
 namespace {
 
-constexpr double kStandardDpi = 96;
-
 // What suits a program of forms, where the defaults are those of games.
 void SetHints() {
   SDL_SetHint(SDL_HINT_APP_NAME, "LevelWidgets");

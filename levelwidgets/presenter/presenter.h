@@ -102,6 +102,7 @@ class Presenter {
   std::uint32_t focus_ = 0;         // the native window with the keyboard
   std::uint32_t native_focus_ = 0;  // the same as of the last event, inside a turn
   std::string clipboard_;           // the same on both sides
+  bool left_ = false;               // another program has it: no window of ours comes in front
   bool asks_for_focus_ = false;     // until SDL knows what the system has said about it
   bool pointer_left_ = false;
   bool quiet_ = false;  // nothing has come in the last turn

@@ -268,8 +268,9 @@ void Presenter::AskForFocus() {
 void Presenter::TakeFocus() {
   if (native_focus_ == focus_) return;
   focus_ = native_focus_;
+  left_ = focus_ == 0;
   const Shown* shown = FindNative(focus_);
-  if (focus_ == 0) {
+  if (left_) {
     desktop_.Windows().Deactivate();
   } else if (shown && shown->native->Kind() != WindowKind::kPopup) {
     TakeClipboard();

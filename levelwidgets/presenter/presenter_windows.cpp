@@ -144,7 +144,7 @@ void Presenter::SyncActivation() {
   if (active == active_) return;
   active_ = active;
   const Shown* shown = Find(active);
-  if (shown && shown->native->Kind() != WindowKind::kPopup && shown->native->Id() != focus_) {
+  if (!left_ && shown && shown->native->Kind() != WindowKind::kPopup && shown->native->Id() != focus_) {
     shown->native->Raise();
     RaisePopups();
   }

@@ -7,7 +7,6 @@ namespace levelwidgets::presenter {
 
 namespace {
 
-constexpr double kStandardDpi = 96;
 // Displays that report a wrong size (0 by 0 millimetres, or those of a postcard) are no reason for more.
 constexpr double kLargestOwnScale = 4;
 constexpr double kSteps = 4;  // for each time as large

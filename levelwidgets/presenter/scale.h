@@ -5,6 +5,9 @@
 
 namespace levelwidgets::presenter {
 
+// Dots per inch at which a native pixel is one of the desktop.
+inline constexpr double kStandardDpi = 96;
+
 // A desktop pixel is a screen pixel. Windows are placed and pointed at in native units, each of `density`
 // screen pixels: 1 on most systems, more where the system itself scales.
 class Scale {

@@ -126,6 +126,29 @@ TEST_F(ShowPanels, AListIsGoneWithin200MillisecondsOfAClickOnAnotherProgram) {
   EXPECT_EQ(Errors(), "");
 }
 
+// A panel that closes gives the focus back, which brings no form in front of the program that the user turned
+// to.
+TEST_F(ShowPanels, AnotherProgramStaysInFrontOfTheFormWhoseListWasOpen) {
+  constexpr ColorRef kForeign{0x00334411};
+  constexpr int kWidth = 150;
+  ShowWith(std::string(kList) + kChosen);
+  File("foreign.form.toml",
+       "[form]\nName = \"frmForeign\"\nCaption = \"Foreign\"\nWidth = 2250\nHeight = 1500\n"
+       "BackColor = 0x00334411\nLeft = " +
+           std::to_string((form_.right - 40) * 15) + "\nTop = " + std::to_string((form_.top + 20) * 15) +
+           "\n");
+  const auto foreign = Launch("foreign.form.toml", "foreign.txt");
+  ASSERT_FALSE(Screen().WaitFor(kForeign).empty());
+  Click(strip_);
+  ASSERT_FALSE(Screen().WaitFor(kHighlighted).empty());
+  const PixelRect seen = Screen().WaitFor(kForeign);
+  Screen().Do("mousemove " + std::to_string(seen.right - 10) + " " + std::to_string(seen.bottom - 10) +
+              " click 1");
+  EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
+  for (int look = 0; look < 100; ++look) ASSERT_EQ(Screen().Find(kForeign).width(), kWidth) << look;
+  EXPECT_EQ(Errors(), "");
+}
+
 TEST_F(ShowPanels, AKeypadIsGoneWithin200MillisecondsOfAClickOnAnotherForm) {
   ShowWith("strip('FlatCalculator').CalcDigitColor = 0x00123456");
   EXPECT_LT(ShortestClosingTime(Screen().Find(kAnother), kKeys), kClosingTime);

@@ -135,10 +135,10 @@ TEST_F(FlatDropDownTest, LeavingTakesTheItemThatTheTextIsWhateverItsCase) {
 TEST_F(FlatDropDownTest, LeavingTakesTheFirstOfSeveralItemsAlsoWhereALaterOneIsHighlighted) {
   MakeOf({"same", "Same", "SAME"});
   auto& next = AddNew<FlatButton>("next", {Twips(600), Twips(1500)});
-  for (const std::int16_t highlighted : {0, 3}) {
+  for (const int highlighted : {0, 3}) {
     Hosted(Drop()).SetFocus();
     Drop().SetText("saMe");
-    Drop().SetListIndex(highlighted);
+    Drop().SetListIndex(static_cast<std::int16_t>(highlighted));
     Hosted(next).SetFocus();
     EXPECT_EQ(Drop().Text(), "same") << highlighted;
     EXPECT_EQ(Drop().ListIndex(), 1) << highlighted;

@@ -13,11 +13,13 @@ namespace levelwidgets {
 
 namespace {
 
-constexpr double kMostPixels = 1e6;
+constexpr double kFarthestPixel = 1e6;
 constexpr double kMostTwips = 1e8;
 constexpr double kMostTwipsOfAPixel = 1440;
 
-[[noreturn]] void Refuse(const std::string& text) { throw Error(kInvalidCall, "LevelWidgets", text); }
+[[noreturn]] void RefusePlacement(const std::string& text) {
+  throw Error(kInvalidCall, "LevelWidgets", text);
+}
 
 // The lists of numbers in the table at index 1.
 class Lists {
@@ -35,7 +37,7 @@ class Lists {
       return IsNumber(value) && ToDouble(value) >= least && ToDouble(value) <= most;
     };
     if (values.size() != N || !std::ranges::all_of(values, is_good)) {
-      Refuse("lw." + function_ + ": " + std::string(name) + " is { " + what + " }");
+      RefusePlacement("lw." + function_ + ": " + std::string(name) + " is { " + what + " }");
     }
     std::array<double, N> numbers{};
     std::ranges::transform(values, numbers.begin(), [](const Variant& value) { return ToDouble(value); });
@@ -45,7 +47,7 @@ class Lists {
   template <std::size_t N>
   std::array<double, N> Need(std::string_view name, const char* what, double least, double most) const {
     if (const auto found = Find<N>(name, what, least, most)) return *found;
-    Refuse("lw." + function_ + " needs " + std::string(name) + " = { " + what + " }");
+    RefusePlacement("lw." + function_ + " needs " + std::string(name) + " = { " + what + " }");
   }
 
  private:
@@ -68,7 +70,7 @@ Twips Length(double number) { return Twips(static_cast<float>(number)); }
 
 PixelRect Owner(const Lists& lists) {
   const auto [left, top, right, bottom] =
-      lists.Need<4>("owner", "left, top, right, bottom: pixels", -kMostPixels, kMostPixels);
+      lists.Need<4>("owner", "left, top, right, bottom: pixels", -kFarthestPixel, kFarthestPixel);
   return {Pixels(left), Pixels(top), Pixels(right), Pixels(bottom)};
 }
 
@@ -90,7 +92,8 @@ PixelTwips TwipsOfAPixel(const Lists& lists, ScreenApi& screen) {
 }
 
 PixelRect Area(const Lists& lists, ScreenApi& screen, PixelTwips twips) {
-  const auto given = lists.Find<4>("monitor", "left, top, width, height: pixels", -kMostPixels, kMostPixels);
+  const auto given =
+      lists.Find<4>("monitor", "left, top, width, height: pixels", -kFarthestPixel, kFarthestPixel);
   if (given) {
     const auto [left, top, width, height] = *given;
     return {Pixels(left), Pixels(top), Pixels(left + width), Pixels(top + height)};
