@@ -64,10 +64,11 @@ TYPED_TEST(PanelControls, TheFontOfANewOneIsThatOfItsContainer) {
 TYPED_TEST(PanelControls, TextIsCopiedAndPastedAsInAnyEditBox) {
   TypeParam& control = this->Subject();
   this->Driver().Type("12");
-  this->Driver().Key('A', kCtrlMask);
-  this->Driver().Key('C', kCtrlMask);
-  this->Driver().Key(kKeyEnd);
-  this->Driver().Key('V', kCtrlMask);
+  control.SetSelStart(0);
+  control.SetSelLength(2);
+  control.ActiveEdit().Send(kWmCopy);
+  control.SetSelStart(2);
+  control.ActiveEdit().Send(kWmPaste);
   EXPECT_EQ(control.ActiveEdit().Text(), "1212");
 }
 
