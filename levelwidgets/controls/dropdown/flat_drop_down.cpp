@@ -151,6 +151,8 @@ void FlatDropDown::SetStyle(std::int32_t style) {
     style_ = style;
     Edit().SetVisible(HasEdit());
     LookChanged();
+    // What is typed goes to the edit box that has come.
+    if (HasEdit() && GetSurface().Windows().GetFocus() == hWnd()) Edit().SetFocus();
   });
 }
 

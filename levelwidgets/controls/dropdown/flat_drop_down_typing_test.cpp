@@ -18,6 +18,18 @@ TEST_F(FlatDropDownTest, EachCharacterRaisesKeyPressTwiceAndBackspaceOnce) {
       ElementsAre("KeyDown(8, 0)", "KeyPress(8)", "PropertyChanged(Text)", "Change()", "KeyUp(8, 0)"));
 }
 
+TEST_F(FlatDropDownTest, TypingReachesAnEditBoxThatComesWhileTheControlHasTheFocus) {
+  Make(3);
+  int left = 0;
+  Hosted(Drop()).LostFocus += [&] { ++left; };
+  Drop().SetStyle(1);
+  EXPECT_EQ(Windows().GetFocus(), Drop().hWnd());
+  Drop().SetStyle(0);
+  Driver().Type("a");
+  EXPECT_EQ(Drop().Text(), "a");
+  EXPECT_EQ(left, 0);
+}
+
 TEST_F(FlatDropDownTest, TypingCompletesFromTheListAndTheSecondKeyPressIsZero) {
   MakeOf({"Banana", "APPLE", "Apricot"});
   Drop().SetAutoComplete(true);
