@@ -291,6 +291,8 @@ inline constexpr std::int16_t kKeyRight = 39;
 inline constexpr std::int16_t kKeyDown = 40;
 inline constexpr std::int16_t kKeyInsert = 45;
 inline constexpr std::int16_t kKeyDelete = 46;
+inline constexpr std::int16_t kKeyC = 67;
+inline constexpr std::int16_t kKeyF2 = 113;
 inline constexpr std::int16_t kKeyF4 = 115;
 
 // Answers to kWmMouseActivate: whether the press activates the window, and whether it is lost.

@@ -133,7 +133,10 @@ void FlatGrid::MakeReady() {
   ready_ = true;
 }
 
-WindowHandle FlatGrid::FocusWindow() const { return inside_->picGrid.hWnd(); }
+WindowHandle FlatGrid::FocusWindow() const {
+  const CellEditor* editor = Editor();
+  return editor ? editor->Edit().hWnd() : inside_->picGrid.hWnd();
+}
 
 // --- Columns -----------------------------------------------------------------------------------------
 
@@ -149,6 +152,7 @@ void FlatGrid::ColumnsChanged() {
   const std::int32_t count = columns_->Count();
   inside_->store.Recreate(row_count_, count);
   current_column_ = count > 0 ? 1 : 0;
+  DropEdit();
   const bool arranging = std::exchange(inside_->arranging, true);
   inside_->fsbarH->SetMax(std::max(count, 1));
   inside_->arranging = arranging;
@@ -164,6 +168,7 @@ void FlatGrid::SetRowCount(std::int32_t count) {
     if (!ready_) return;  // the loaded RowIndex comes later
     inside_->store.Resize(count, columns_->Count());
     row_index_ = columns_->Count() > 0 && count > 0 ? 1 : 0;
+    if (inside_->edit.cell != Current()) DropEdit();
     if (row_index_ == 0 || count <= before) {
       OnPaint();
       return;
@@ -194,6 +199,8 @@ void FlatGrid::SetRowIndex(std::int32_t index) {
   }
   if (index == row_index_) return;
   const auto keep = Reference();
+  // Of the editors this one alone; all others go along with the selection.
+  if (inside_->edit.editor == inside_->edit.editors[ksxEditCalculator].get()) HideEditor();
   const std::int32_t before = std::exchange(row_index_, index);
   if (const FlatScroll* bar = RowBar()) {
     const auto value = BarValueToShow(index, top_index_, inside_->visible_rows, bar->Max());
@@ -222,7 +229,12 @@ std::int32_t FlatGrid::HitTest(Twips x, Twips y, std::int32_t& column) const {
 
 // --- Looks ---------------------------------------------------------------------------------------------
 
-void FlatGrid::SetAllowEdits(bool allow) { Store("AllowEdits", Then::kNotify, allow_edits_, allow); }
+void FlatGrid::SetAllowEdits(bool allow) {
+  Assign("AllowEdits", Then::kNotify, [&] {
+    allow_edits_ = allow;
+    if (!allow) DropEdit();
+  });
+}
 
 void FlatGrid::SetEnabled(bool enabled) {
   Assign("Enabled", Then::kRepaintThenNotify, [&] { Enable(enabled); });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <levelwidgets/controls/grid/flat_columns.h>
@@ -10,6 +11,7 @@
 
 namespace levelwidgets {
 
+class CellEditor;
 class PictureBox;
 class FlatScroll;
 struct GridCell;
@@ -19,6 +21,10 @@ enum class GridMove;
 // order empties all of them. Only what is in view is formatted and painted, off the screen, and copied in one
 // operation; a written cell and a selected row are painted straight onto the picture, each with its row
 // alone.
+//
+// With AllowEdits the current cell is edited in place: Space, F2 or a click on it open the editor of its
+// column. Enter, a move or a click stores what was typed once BeforeCellEdit has approved it; Escape and the
+// loss of the focus do not. Arrows take the open editor along.
 //
 // Where no other is named, an error of a row or a column is 1003 "Invalid Row" or 1004 "Invalid Column".
 class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> {
@@ -30,7 +36,7 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   // --- Properties -------------------------------------------------------------------------------
   // Setters repaint, then notify, unless they say otherwise.
 
-  // Notifies; no repaint.
+  // Notifies; no repaint. Without it an open editor closes, and what was typed is not stored.
   bool AllowEdits() const { return allow_edits_; }
   void SetAllowEdits(bool allow);
   bool Enabled() const { return GetSurface().Enabled(); }
@@ -101,8 +107,13 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
 
   // --- Events -----------------------------------------------------------------------------------
 
-  Event<std::int32_t, std::int32_t> AfterCellEdit;                        // row, column
-  Event<std::int32_t> AfterRowEdit;                                       // row
+  // The value is stored.
+  Event<std::int32_t, std::int32_t> AfterCellEdit;  // row, column
+  // After a move from a row of which a cell was changed in an editor, also when the change was not stored. Any
+  // key that could move does it, within the row and where it is blocked, too.
+  Event<std::int32_t> AfterRowEdit;  // row
+  // What was typed is about to be stored. A listener may change the value, and refuse it by the last argument:
+  // then the editor stays, with the cell's text.
   Event<std::int32_t, std::int32_t, std::string&, bool&> BeforeCellEdit;  // row, column, new value, cancel
   Event<std::int32_t> ColumnHeaderClick;                                  // column
   // After the grid has acted on the key: a listener that changes the code changes nothing.
@@ -120,6 +131,7 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   void OnPaint() override;
   void OnEnterFocus() override;
   void OnExitFocus() override;
+  bool OnKeyPreview(KeyMessage& key) override;
   void OnKeyDown(std::int16_t code, std::int16_t shift) override;
   void OnKeyPress(std::int16_t& key_ascii) override { KeyPress.Raise(key_ascii); }
   void OnKeyUp(std::int16_t code, std::int16_t shift) override { KeyUp.Raise(code, shift); }
@@ -129,12 +141,14 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   const PictureBox& Picture() const;
   const FlatScroll* RowBar() const;     // null while it is hidden
   const FlatScroll* ColumnBar() const;  // null while it is hidden
+  const CellEditor* Editor() const;     // null while none is shown
 
  protected:
   WindowHandle FocusWindow() const override;
 
  private:
   struct Inside;
+  struct CellEdit;
   struct Colors {
     Color back_header{14608367u};
     Color back_selected{0xC6F3FFu};
@@ -163,14 +177,45 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   void ArrangeRows();
   void UpdateRowBarMax();
   void DrawAll();
-  void RepaintRow(std::int64_t row);
+  enum class Editors { kMayOpen, kStay };
+  void RepaintRow(std::int64_t row, Editors editors = Editors::kMayOpen);
   bool IsShownSelected(std::int64_t row) const;
 
   // --- Moves: flat_grid_input.cpp -----------------------------------------------------------------
 
   void Move(GridMove move, const GridCell& target);
+  void Go(GridMove move, const GridCell& target);
   void ScrollRows(int rows);
   void PressPicture(const PointerInput& input);
+  // Whether the press goes on as one: not below the rows, not when a value was refused, not without columns.
+  bool PressRow(const PointerInput& input, const GridCell& cell);
+  bool PressHeader(Twips x);
+  void CopyRow();
+
+  // --- Editing: flat_grid_edit.cpp ----------------------------------------------------------------
+
+  GridCell Current() const;
+  // Whether an editor stands on the current cell, or opens there as soon as the cell is painted.
+  bool EditsCurrentCell() const;
+  // Opens, moves and closes the editor as the current cell asks for it: the last step of painting the cell.
+  void ArrangeEditor();
+  CellEditor* EditorFor(const FlatColumn& column);
+  // Shows the text of the cell that the editor is on.
+  void LoadEditor();
+  // Where the editor of the current cell stands: out of sight while the cell is not in view.
+  PixelRect EditedCell(bool& in_view) const;
+  void ShowFrame(std::optional<PixelRect> frame);
+  void EditorChanged(const CellEditor& editor);
+  // What Space and F2 do.
+  void ToggleEdit();
+  bool EditorKey(std::int16_t code, std::int16_t shift);
+  // Stores what was typed once it is approved. False when it was refused.
+  bool FinishEdit();
+  bool StoreTyped();
+  void HideEditor();
+  void EndEdit();
+  // What was typed is not of the current cell any more, or nobody may edit it.
+  void DropEdit();
 
   // --- State --------------------------------------------------------------------------------------
 

@@ -8,7 +8,6 @@ namespace levelwidgets {
 
 void FlatGrid::Wire() {
   PictureBox& picture = inside_->picGrid;
-  picture.SetFocusByPress(Site().FocusByPress());
   picture.Paint += [this] { PaintAll(); };
   picture.Resize += [this] { inside_->RenewOffScreen(); };
   picture.Click.RelayTo(Click);
@@ -73,9 +72,11 @@ void FlatGrid::OnEnterFocus() {
   OnPaint();
 }
 
-// The selected row keeps its look until the next paint.
+// The selected row keeps its look until the next paint. What was typed is neither stored nor forgotten yet.
 void FlatGrid::OnExitFocus() {
+  const auto keep = Reference();
   has_focus_ = false;
+  EndEdit();
   if (show_cell_focus_) OnPaint();
 }
 
@@ -105,13 +106,37 @@ void FlatGrid::ScrollRows(int rows) {
 
 void FlatGrid::OnKeyDown(std::int16_t code, std::int16_t shift) {
   const auto keep = Reference();
+  const bool copies = code == kKeyC && shift == kCtrlMask;
   if (const auto move = MoveOfKey(code)) Move(*move, {});
+  if (code == kKeySpace || code == kKeyF2) ToggleEdit();
   KeyDown.Raise(code, shift);
+  if (copies) CopyRow();
+}
+
+bool FlatGrid::OnKeyPreview(KeyMessage& key) {
+  const CellEditor* editor = Editor();
+  // The focus may be on the picture for a moment, and in a panel of the editor for long.
+  const bool is_editors = editor && !editor->PanelIsOpen() && editor->Holds(GetSurface().Windows().GetFocus());
+  if (!is_editors || key.kind != KeyMessage::Kind::kDown || (key.shift & kAltMask) != 0) return false;
+  return EditorKey(key.code, key.shift);
 }
 
 void FlatGrid::Move(GridMove move, const GridCell& target) {
+  const auto keep = Reference();
+  const GridCell before = Current();
+  if (StepFor(move, inside_->Position(*this), target)) {
+    if (!FinishEdit()) return;
+    // A listener that has moved keeps its choice.
+    if (Current() == before) Go(move, target);
+  }
+  if (!EndsRowEdit(inside_->edit.row_edited, target.row, before.row)) return;
+  inside_->edit.row_edited = false;
+  AfterRowEdit.Raise(before.row);
+}
+
+void FlatGrid::Go(GridMove move, const GridCell& target) {
   const auto step = StepFor(move, inside_->Position(*this), target);
-  if (!step) return;
+  if (!step) return;  // the listeners have taken rows or columns away
   current_column_ = step->cell.column;
   switch (step->then) {
     case GridStep::Then::kSelectRow: SetRowIndex(step->cell.row); break;
@@ -122,17 +147,40 @@ void FlatGrid::Move(GridMove move, const GridCell& target) {
 
 void FlatGrid::PressPicture(const PointerInput& input) {
   const auto keep = Reference();
+  inside_->picGrid.SetFocusByPress(Site().FocusByPress());
+  HideEditor();
   const GridHit hit = HitTestGrid(input.at, inside_->Measures(*this));
   if (hit.row == 0) {
-    if (columns_->Count() == 0) return;
-    // Counted with columns that are not visible and as if the grid were not scrolled, on purpose.
-    if (const std::int32_t column = HeaderColumnAt(input.at.x, inside_->sizes))
-      ColumnHeaderClick.Raise(column);
-  } else {
-    if (hit.row < 1 || hit.row > row_count_ || hit.column < 1) return;
-    if (hit.column <= columns_->Count()) Move(GridMove::kGoToCell, {hit.row, hit.column});
+    if (!PressHeader(input.at.x)) return;
+  } else if (!PressRow(input, {hit.row, hit.column})) {
+    return;
   }
   Raise(MouseDown, input);
+}
+
+bool FlatGrid::PressRow(const PointerInput& input, const GridCell& cell) {
+  if (cell.row < 1 || cell.row > row_count_ || cell.column < 1) return false;
+  if (!FinishEdit()) {
+    ArrangeEditor();
+    if (Editor()) inside_->picGrid.SetFocusByPress(false);  // the editor has got it back
+    return false;
+  }
+  if (input.button == kLeftButton && cell == Current()) {
+    inside_->edit.requested = true;
+    OnPaint();
+  } else {
+    EndEdit();
+  }
+  if (cell.column <= columns_->Count()) Move(GridMove::kGoToCell, cell);
+  return true;
+}
+
+bool FlatGrid::PressHeader(Twips x) {
+  const bool has_columns = columns_->Count() > 0;
+  // Counted with columns that are not visible and as if the grid were not scrolled, on purpose.
+  if (const std::int32_t column = HeaderColumnAt(x, inside_->sizes)) ColumnHeaderClick.Raise(column);
+  EndEdit();
+  return has_columns;
 }
 
 }  // namespace levelwidgets

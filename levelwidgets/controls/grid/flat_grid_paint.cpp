@@ -145,6 +145,7 @@ void FlatGrid::PaintAll() {
   ArrangeRows();
   if (!inside_->off_screen.Handle()) return;
   DrawAll();
+  ArrangeEditor();
 }
 
 void FlatGrid::DrawAll() {
@@ -165,6 +166,7 @@ void FlatGrid::DrawAll() {
     for (std::int64_t row = top_index_; layout.IsShown(row); ++row) inside_->DrawRow(*this, canvas, row);
   }
   drawing.BitBlt(picture.hDC(), measures.client, dc, {0, 0}, kSrcCopy);
+  inside_->edit.frame.reset();
 }
 
 bool FlatGrid::IsShownSelected(std::int64_t row) const {
@@ -190,22 +192,29 @@ void FlatGrid::Inside::DrawRow(const FlatGrid& grid, const GridCanvas& canvas, s
                    store.Text(static_cast<std::int32_t>(row), place.column),
                    grid.GetSurface().GetPlatform().Conversions());
     }
-    if (grid.show_cell_focus_ && grid.has_focus_ && row == grid.row_index_ &&
-        place.column == grid.current_column_) {
+    const bool is_current = row == grid.row_index_ && place.column == grid.current_column_;
+    if (grid.show_cell_focus_ && grid.has_focus_ && is_current && !grid.EditsCurrentCell()) {
       drawing.DrawFocusRect(canvas.dc, CellFocusFrame(cell));
     }
   }
 }
 
 // Straight onto the picture; rows that are out of view are never painted alone.
-void FlatGrid::RepaintRow(std::int64_t row) {
+void FlatGrid::RepaintRow(std::int64_t row, Editors editors) {
   Surface& picture = inside_->picGrid.GetSurface();
   const bool shown = row >= top_index_ && row <= std::int64_t{top_index_} + inside_->visible_rows;
   if (!ready_ || !picture.hWnd() || !shown) return;
   const GridMeasures measures = inside_->Measures(*this);
   const GridLayout layout(measures);
   const auto places = layout.Columns();
+  const auto frame = inside_->edit.frame;
+  ShowFrame({});  // drawn over, it would not come off any more
   inside_->DrawRow(*this, {GetSurface().Drawing(), picture.hDC(), layout, places, inside_->columns}, row);
+  if (row == row_index_ && editors == Editors::kMayOpen) {
+    ArrangeEditor();
+  } else {
+    ShowFrame(frame);
+  }
 }
 
 }  // namespace levelwidgets

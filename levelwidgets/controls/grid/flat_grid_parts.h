@@ -1,8 +1,13 @@
 // What a grid is made of; for its own sources.
 #pragma once
 
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
+#include <levelwidgets/controls/grid/cell_editor.h>
 #include <levelwidgets/controls/grid/cell_store.h>
 #include <levelwidgets/controls/grid/flat_grid.h>
 #include <levelwidgets/controls/grid/grid_bars.h>
@@ -38,6 +43,23 @@ struct GridCanvas {
   }
 };
 
+// The editing of cells: from the first repaint after it was asked for, an editor is on `cell` until it ends.
+struct FlatGrid::CellEdit {
+  std::array<std::unique_ptr<CellEditor>, 5> editors;  // by the type of the column, made when they are needed
+  CellEditor* editor = nullptr;                        // the last one that was opened
+  GridCell cell;                                       // where
+  std::string loaded;                                  // the text of the cell that it was given
+  std::optional<PixelRect> frame;                      // around it, as the picture shows it; drawn by inversion
+
+  bool requested = false;   // the user asked for the editor of the current cell
+  bool open = false;        // it is there, though it may be hidden for a while
+  bool dirty = false;       // it was changed since then, and what was typed is not stored
+  bool row_edited = false;  // some cell of the row was
+  bool loading = false;     // its changes are the grid's own
+  bool finishing = false;   // listeners are asked
+  bool arranging = false;
+};
+
 struct FlatGrid::Inside {
   explicit Inside(FlatGrid& grid) : picGrid(grid), fsbarV(grid, "fsbarV", {}), fsbarH(grid, "fsbarH", {}) {}
   ~Inside() {
@@ -66,6 +88,7 @@ struct FlatGrid::Inside {
   MemoryContext off_screen;       // of the picture's size; null until there is one
   std::int32_t visible_rows = 0;  // V of the last full paint
   bool arranging = false;         // what the bars report is the grid's own doing
+  CellEdit edit;
   WheelNotches wheel;
   Subscription column_added;
   Subscription column_changed;

@@ -65,6 +65,10 @@ class TextBox : public WindowPart, public EditEvents {
 
   // --- Methods ----------------------------------------------------------------------------------
 
+  // Makes the window now, hidden, for whoever places it by its handle.
+  void NeedWindow() {
+    if (!window_) CreateWindow();
+  }
   // In twips of the owner's surface.
   void Move(TwipPoint position, TwipSize size);
   void Refresh();
@@ -76,9 +80,6 @@ class TextBox : public WindowPart, public EditEvents {
 
   // With all the properties, hidden and without text.
   void CreateWindow();
-  void NeedWindow() {
-    if (!window_) CreateWindow();
-  }
   void DestroyWindow();
   PixelRect PlaceInPixels() const;
   LResult OnMessage(std::uint32_t message, WParam wparam, LParam lparam);
