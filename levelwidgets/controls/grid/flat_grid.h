@@ -109,11 +109,11 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
 
   // The value is stored.
   Event<std::int32_t, std::int32_t> AfterCellEdit;  // row, column
-  // After a move from a row of which a cell was changed in an editor, also when the change was not stored. Any
-  // key that could move does it, within the row and where it is blocked, too.
+  // After a move from a row of which a cell was changed in an editor, also when the change was not stored.
+  // Any key that could move does it, within the row and where it is blocked, too.
   Event<std::int32_t> AfterRowEdit;  // row
-  // What was typed is about to be stored. A listener may change the value, and refuse it by the last argument:
-  // then the editor stays, with the cell's text.
+  // What was typed is about to be stored. A listener may change the value, and refuse it by the last
+  // argument: then the editor stays, with the cell's text.
   Event<std::int32_t, std::int32_t, std::string&, bool&> BeforeCellEdit;  // row, column, new value, cancel
   Event<std::int32_t> ColumnHeaderClick;                                  // column
   // After the grid has acted on the key: a listener that changes the code changes nothing.

@@ -70,8 +70,9 @@ void FlatGrid::ArrangeEditor() {
     edit.open = true;
     edit.dirty = false;
   }
-  if (!edit.dirty && (!stays || edit.loaded != inside_->store.Text(row_index_, current_column_))) LoadEditor();
-  editor->ShowBehind(inside_->fsbarH.hWnd());
+  if (!edit.dirty && (!stays || edit.loaded != inside_->store.Text(row_index_, current_column_)))
+    LoadEditor();
+  editor->ShowBehind(inside_->fsbarH.hWnd());  // the lower one of the two
   WindowApi& windows = GetSurface().Windows();
   if (!editor->Holds(windows.GetFocus())) editor->Edit().SetFocus();
   ShowFrame(in_view ? std::optional(place.Inset(-1)) : std::nullopt);
@@ -91,7 +92,8 @@ void FlatGrid::LoadEditor() {
   CellEdit& edit = inside_->edit;
   const During loading(edit.loading);
   edit.loaded = inside_->store.Text(edit.cell.row, edit.cell.column);
-  edit.editor->Load(*inside_->columns[static_cast<std::size_t>(edit.cell.column) - 1], edit.loaded, GetFont());
+  edit.editor->Load(*inside_->columns[static_cast<std::size_t>(edit.cell.column) - 1], edit.loaded,
+                    GetFont());
 }
 
 // Out of sight the editor stays what it is, with the focus: what is typed is not lost by scrolling.
@@ -214,7 +216,8 @@ bool FlatGrid::EditorKey(std::int16_t code, std::int16_t shift) {
       Move(GridMove::kLeft, {});
       return true;
     case kKeyRight:
-      if (selects || box.SelStart() != static_cast<std::int32_t>(text::CharacterCount(box.Text()))) return false;
+      if (selects || box.SelStart() != static_cast<std::int32_t>(text::CharacterCount(box.Text())))
+        return false;
       Move(GridMove::kRight, {});
       return true;
     case kKeyUp: Move(GridMove::kUp, {}); return true;
@@ -236,7 +239,8 @@ void FlatGrid::CopyRow() {
     if (!column->Visible()) continue;
     if (!std::exchange(first, false)) line += '\t';
     std::string text = ShownText(conversions, inside_->store.Text(row_index_, number), column->Format());
-    std::ranges::replace_if(text, [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
     line += text;
   }
   TextBox copier(*this, false);

@@ -56,6 +56,14 @@ class GridEditTest : public GridTest {
     Windows().GetWindowRect(Grid().hWnd(), grid);
     return {rect.left - grid.left, rect.top - grid.top, rect.right - grid.left, rect.bottom - grid.top};
   }
+  // Of the open panel of the editor, in screen pixels.
+  PixelRect PanelRect() {
+    for (const TopLevelWindow& window : Driver().TopLevelWindows()) {
+      if (Grid().Editor()->Holds(window.handle)) return window.rect;
+    }
+    ADD_FAILURE() << "no panel is open";
+    return {};
+  }
   bool PictureHasFocus() { return Windows().GetFocus() == Grid().Picture().hWnd(); }
   bool EditorHasFocus() { return IsOpen() && Grid().Editor()->Holds(Windows().GetFocus()); }
   void ClickAt(int x, int y) { Driver().Click(ScreenPoint(Grid(), PixelPoint{x, y})); }

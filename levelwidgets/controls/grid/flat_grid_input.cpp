@@ -39,6 +39,10 @@ void FlatGrid::WireBars() {
     bar->SetSmallChange(1);
     bar->SetLargeChange(1);
   }
+  // In front of the editors, which are in front of the picture.
+  for (const WindowHandle bar : {inside_->fsbarH.hWnd(), inside_->fsbarV.hWnd()}) {
+    GetSurface().Windows().SetWindowPos(bar, {kHwndTop}, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);
+  }
   // What the grid sets the bars to while it arranges them is no scrolling.
   rows.Change += [this] {
     if (!inside_->arranging) SetTopIndex(inside_->fsbarV->Value());
@@ -116,7 +120,8 @@ void FlatGrid::OnKeyDown(std::int16_t code, std::int16_t shift) {
 bool FlatGrid::OnKeyPreview(KeyMessage& key) {
   const CellEditor* editor = Editor();
   // The focus may be on the picture for a moment, and in a panel of the editor for long.
-  const bool is_editors = editor && !editor->PanelIsOpen() && editor->Holds(GetSurface().Windows().GetFocus());
+  const bool is_editors =
+      editor && !editor->PanelIsOpen() && editor->Holds(GetSurface().Windows().GetFocus());
   if (!is_editors || key.kind != KeyMessage::Kind::kDown || (key.shift & kAltMask) != 0) return false;
   return EditorKey(key.code, key.shift);
 }

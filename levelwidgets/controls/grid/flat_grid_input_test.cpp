@@ -1,4 +1,4 @@
-// FlatGrid: the keyboard, the pointer, and handlers that do anything.
+// FlatGrid: the keyboard and the pointer.
 #include <levelwidgets/controls/grid/flat_grid_fixture.h>
 
 namespace levelwidgets::testing {
@@ -159,61 +159,6 @@ TEST_F(FlatGridInputTest, TheWheelDoesNothingWhereAllRowsAreInView) {
   Driver().Wheel(-1);
   EXPECT_EQ(grid.TopIndex(), 1);
 }
-
-// --- Handlers that do anything -------------------------------------------------------------------------
-
-// What handlers do, at each event that a click on a cell, a key and a header raise.
-class FlatGridHandlerTest : public GridTest, public ::testing::WithParamInterface<int> {
- protected:
-  void Interfere() {
-    if (done_) return;
-    done_ = true;
-    switch (GetParam()) {
-      case 0: TheForm().Remove("grdMain"); break;
-      case 1: Grid().SetRowCount(0); break;
-      case 2: Grid().SetRowCount(1000000); break;
-      case 3: Grid().Columns()->Clear(); break;
-      case 4: TheForm().Close(); break;
-      default: throw Error(kInvalidCall);
-    }
-  }
-  void Act(int event) {
-    const PixelPoint cell = ScreenPoint(Grid(), PixelPoint{70, 35});
-    const PixelPoint header = ScreenPoint(Grid(), PixelPoint{70, 5});
-    switch (event) {
-      case 0: Grid().RowColChange += [this](auto...) { Interfere(); }; break;
-      case 1: Grid().MouseDown += [this](auto...) { Interfere(); }; break;
-      case 2: Grid().KeyDown += [this](auto...) { Interfere(); }; break;
-      case 3: Grid().ColumnHeaderClick += [this](auto...) { Interfere(); }; break;
-      case 4: Grid().Click += [this] { Interfere(); }; break;
-      default: Grid().MouseMove += [this](auto...) { Interfere(); }; break;
-    }
-    Hosted(Grid()).SetFocus();
-    const auto attempt = [](auto action) {
-      try {
-        action();
-      } catch (const Error&) {
-      }
-    };
-    attempt([&] { Driver().Key(kKeyDown); });
-    attempt([&] { Driver().Click(cell); });
-    attempt([&] { Driver().Click(header); });
-    attempt([&] { Driver().Key(kKeyPageDown); });
-    EXPECT_TRUE(done_) << event;
-  }
-
- private:
-  bool done_ = false;
-};
-
-TEST_P(FlatGridHandlerTest, AtRowColChange) { GridOf({900, 900}), Act(0); }
-TEST_P(FlatGridHandlerTest, AtMouseDown) { GridOf({900, 900}), Act(1); }
-TEST_P(FlatGridHandlerTest, AtKeyDown) { GridOf({900, 900}), Act(2); }
-TEST_P(FlatGridHandlerTest, AtColumnHeaderClick) { GridOf({900, 900}), Act(3); }
-TEST_P(FlatGridHandlerTest, AtClick) { GridOf({900, 900}), Act(4); }
-TEST_P(FlatGridHandlerTest, AtMouseMove) { GridOf({900, 900}), Act(5); }
-
-INSTANTIATE_TEST_SUITE_P(RemoveShortenGrowClearCloseRaise, FlatGridHandlerTest, ::testing::Range(0, 6));
 
 }  // namespace
 }  // namespace levelwidgets::testing

@@ -49,7 +49,7 @@ struct FlatGrid::CellEdit {
   CellEditor* editor = nullptr;                        // the last one that was opened
   GridCell cell;                                       // where
   std::string loaded;                                  // the text of the cell that it was given
-  std::optional<PixelRect> frame;                      // around it, as the picture shows it; drawn by inversion
+  std::optional<PixelRect> frame;  // around it, as the picture shows it; drawn by inversion
 
   bool requested = false;   // the user asked for the editor of the current cell
   bool open = false;        // it is there, though it may be hidden for a while
