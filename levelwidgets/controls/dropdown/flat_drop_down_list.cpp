@@ -84,9 +84,7 @@ void FlatDropDown::PaintList() {
 
 // The highlight stays where it is.
 void FlatDropDown::ScrollRows(int rows) {
-  if (!fsMain_.Visible()) return;
-  const std::int32_t value = std::clamp(fsMain_->Value() + rows, fsMain_->Min(), fsMain_->Max());
-  if (value != fsMain_->Value()) fsMain_->SetValue(value);
+  if (fsMain_.Visible()) fsMain_->ScrollBy(rows);
 }
 
 void FlatDropDown::HighlightUnder(TwipPoint at) {

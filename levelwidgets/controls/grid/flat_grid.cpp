@@ -9,9 +9,6 @@ namespace levelwidgets {
 
 namespace {
 
-constexpr std::int32_t kRowCountAtFirst = 10;
-constexpr Twips kRowHeightAtFirst{225};
-
 SurfaceLook GridLook(ControlSite& site) {
   return {.back_color = site.AmbientBackColor(), .fore_color = site.AmbientForeColor(), .font = {}};
 }
@@ -22,7 +19,7 @@ const ClassInfo& FlatGrid::Table() {
   using Grid = FlatGrid;
   using Row = table::Row<Grid>;
   static constexpr PropertyOptions kShortCount{.stored_as = VariantType::kInt16};
-  static constexpr Color kBlack;
+  static constexpr Colors kColors{};
   static constexpr auto data = ClassTable(
       ControlClass<Grid>("FlatGrid", "A table of text cells with a header and a selected row.",
                          {Twips(4800), Twips(3000)}),
@@ -34,23 +31,23 @@ const ClassInfo& FlatGrid::Table() {
           Row::Property<&Grid::GetFont, &Grid::SetFont>(3, "Font", Always(kAmbientFont),
                                                         "Font of the captions and the cells."),
           Row::Property<&Grid::BackColorHeader, &Grid::SetBackColorHeader>(
-              4, "BackColorHeader", Always(Color(14608367u)), "Fill of the header."),
+              4, "BackColorHeader", Always(kColors.back_header), "Fill of the header."),
           Row::Property<&Grid::BackColorSelected, &Grid::SetBackColorSelected>(
-              5, "BackColorSelected", Always(Color(0xC6F3FFu)), "Fill of the selected row."),
+              5, "BackColorSelected", Always(kColors.back_selected), "Fill of the selected row."),
           Row::Property<&Grid::BackColorRowOdd, &Grid::SetBackColorRowOdd>(
-              6, "BackColorRowOdd", Always(Color(0xFFFFFFu)), "Fill of rows with odd numbers."),
+              6, "BackColorRowOdd", Always(kColors.back_row_odd), "Fill of rows with odd numbers."),
           Row::Property<&Grid::BackColorRowEven, &Grid::SetBackColorRowEven>(
-              7, "BackColorRowEven", Always(Color(0xEFF7F7u)), "Fill of rows with even numbers."),
+              7, "BackColorRowEven", Always(kColors.back_row_even), "Fill of rows with even numbers."),
           Row::Property<&Grid::BorderColor, &Grid::SetBorderColor>(
-              8, "BorderColor", Always(Color(11910854u)), "Colour of the lines around header and cells."),
+              8, "BorderColor", Always(kColors.border), "Colour of the lines around header and cells."),
           Row::Property<&Grid::ForeColorHeader, &Grid::SetForeColorHeader>(
-              9, "ForeColorHeader", Always(kBlack), "Kept; the drawing does not use it."),
+              9, "ForeColorHeader", Always(kColors.fore_header), "Kept; the drawing does not use it."),
           Row::Property<&Grid::ForeColorSelected, &Grid::SetForeColorSelected>(
-              10, "ForeColorSelected", Always(kBlack), "Kept; the drawing does not use it."),
+              10, "ForeColorSelected", Always(kColors.fore_selected), "Kept; the drawing does not use it."),
           Row::Property<&Grid::ForeColorRowEven, &Grid::SetForeColorRowEven>(
-              11, "ForeColorRowEven", Always(kBlack), "Kept; the drawing does not use it."),
+              11, "ForeColorRowEven", Always(kColors.fore_row_even), "Kept; the drawing does not use it."),
           Row::Property<&Grid::ForeColorRowOdd, &Grid::SetForeColorRowOdd>(
-              12, "ForeColorRowOdd", Always(kBlack), "Kept; the drawing does not use it."),
+              12, "ForeColorRowOdd", Always(kColors.fore_row_odd), "Kept; the drawing does not use it."),
           Row::Property<&Grid::HideSelection, &Grid::SetHideSelection>(
               13, "HideSelection", Always(true),
               "Whether the selected row looks like any other while the grid has no focus."),
@@ -153,9 +150,10 @@ void FlatGrid::ColumnsChanged() {
   inside_->store.Recreate(row_count_, count);
   current_column_ = count > 0 ? 1 : 0;
   DropEdit();
-  const bool arranging = std::exchange(inside_->arranging, true);
-  inside_->fsbarH->SetMax(std::max(count, 1));
-  inside_->arranging = arranging;
+  {
+    const During arranging(inside_->arranging);
+    inside_->fsbarH->SetMax(std::max(count, 1));
+  }
   OnPaint();
 }
 

@@ -149,6 +149,8 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
  private:
   struct Inside;
   struct CellEdit;
+  static constexpr std::int32_t kRowCountAtFirst = 10;
+  static constexpr Twips kRowHeightAtFirst{225};
   struct Colors {
     Color back_header{14608367u};
     Color back_selected{0xC6F3FFu};
@@ -185,7 +187,6 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
 
   void Move(GridMove move, const GridCell& target);
   void Go(GridMove move, const GridCell& target);
-  void ScrollRows(int rows);
   void PressPicture(const PointerInput& input);
   // Whether the press goes on as one: not below the rows, not when a value was refused, not without columns.
   bool PressRow(const PointerInput& input, const GridCell& cell);
@@ -225,8 +226,8 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   bool show_cell_focus_ = false;
   bool show_column_headers_ = true;
   bool show_grid_lines_ = true;
-  Twips row_height_{225};
-  std::int32_t row_count_ = 10;
+  Twips row_height_ = kRowHeightAtFirst;
+  std::int32_t row_count_ = kRowCountAtFirst;
   std::int32_t top_index_ = 1;
   std::int32_t row_index_ = 1;
   std::int32_t current_column_ = 0;

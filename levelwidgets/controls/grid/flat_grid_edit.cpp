@@ -10,18 +10,6 @@ namespace levelwidgets {
 
 namespace {
 
-// Until the end of the scope, also by an error.
-class During {
- public:
-  explicit During(bool& flag) : flag_(flag) { flag_ = true; }
-  ~During() { flag_ = false; }
-  During(const During&) = delete;
-  During& operator=(const During&) = delete;
-
- private:
-  bool& flag_;
-};
-
 // Each type that the enumeration does not name is an edit box.
 ksxEditTypeConstants KindOf(ksxEditTypeConstants type) {
   return type >= ksxEditNone && type <= ksxEditDropDown ? type : ksxEditText;

@@ -1,6 +1,4 @@
 // What comes from the parts of a grid: keys, pointer, focus, scrolling.
-#include <algorithm>
-
 #include <levelwidgets/controls/grid/flat_grid_parts.h>
 #include <levelwidgets/controls/grid/grid_hit.h>
 
@@ -93,17 +91,9 @@ LResult FlatGrid::OnMessage(WindowHandle window, std::uint32_t message, WParam w
   if (!turned || !Enabled() || !RowBar()) return Control::OnMessage(window, message, wparam, lparam);
   const auto site = SharedSite();
   return Reporting(*site, EventOf(message), [&]() -> LResult {
-    if (const int notches = inside_->wheel.Take(wparam)) ScrollRows(-notches * kRowsPerNotch);
+    if (const int notches = inside_->wheel.Take(wparam)) inside_->fsbarV->ScrollBy(-notches * kRowsPerNotch);
     return 0;
   });
-}
-
-void FlatGrid::ScrollRows(int rows) {
-  FlatScroll& bar = *inside_->fsbarV;
-  const std::int64_t wanted = std::int64_t{bar.Value()} + rows;
-  if (bar.Max() < bar.Min()) return;
-  const auto value = static_cast<std::int32_t>(std::clamp<std::int64_t>(wanted, bar.Min(), bar.Max()));
-  if (value != bar.Value()) bar.SetValue(value);
 }
 
 // --- Keys and pointer ----------------------------------------------------------------------------------

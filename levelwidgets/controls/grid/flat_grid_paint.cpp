@@ -81,18 +81,19 @@ void FlatGrid::Inside::Place(TwipSize grid, bool row_bar) {
 void FlatGrid::OnResize() {
   const auto keep = Reference();
   const TwipSize size{GetSurface().ScaleWidth(), GetSurface().ScaleHeight()};
-  const bool arranging = std::exchange(inside_->arranging, true);
-  inside_->Place(size, inside_->fsbarV.Visible());
-  const bool needed = NeedsColumnBar(inside_->sizes, inside_->picGrid.ScaleWidth());
-  inside_->fsbarH.SetVisible(needed);
-  if (!needed) inside_->fsbarH->SetValue(1);
-  inside_->arranging = arranging;
+  {
+    const During arranging(inside_->arranging);
+    inside_->Place(size, inside_->fsbarV.Visible());
+    const bool needed = NeedsColumnBar(inside_->sizes, inside_->picGrid.ScaleWidth());
+    inside_->fsbarH.SetVisible(needed);
+    if (!needed) inside_->fsbarH->SetValue(1);
+  }
   OnPaint();
 }
 
 void FlatGrid::ArrangeRows() {
   const TwipSize size{GetSurface().ScaleWidth(), GetSurface().ScaleHeight()};
-  const bool arranging = std::exchange(inside_->arranging, true);
+  const During arranging(inside_->arranging);
   inside_->Place(size, inside_->fsbarV.Visible());  // the rows in view depend on the picture's height
   inside_->visible_rows = GridLayout(inside_->Measures(*this)).VisibleRows();
   top_index_ = TopOfFullPage(top_index_, row_count_, inside_->visible_rows);
@@ -106,15 +107,13 @@ void FlatGrid::ArrangeRows() {
     // The thumb's place depends on both.
     if (bar->HasValue() && (stretched || rows.Value() != bar->value)) rows.SetValue(bar->value);
   }
-  inside_->arranging = arranging;
 }
 
 void FlatGrid::UpdateRowBarMax() {
   const auto bar = RowBarFor(top_index_, row_count_, inside_->visible_rows, show_column_headers_);
   if (!bar) return;
-  const bool arranging = std::exchange(inside_->arranging, true);
+  const During arranging(inside_->arranging);
   inside_->fsbarV->SetMax(bar->max);
-  inside_->arranging = arranging;
 }
 
 // --- Painting ------------------------------------------------------------------------------------------

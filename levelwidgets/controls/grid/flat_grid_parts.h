@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <levelwidgets/controls/grid/cell_editor.h>
@@ -16,9 +17,22 @@
 #include <levelwidgets/controls/scroll/flat_scroll.h>
 #include <levelwidgets/frame/parts/child_control.h>
 #include <levelwidgets/frame/parts/picture_box.h>
-#include <levelwidgets/frame/parts/wheel.h>
+#include <levelwidgets/platform/wheel.h>
 
 namespace levelwidgets {
+
+// Sets a flag until the end of the scope, also by an error. Inside another one it stays set.
+class During {
+ public:
+  explicit During(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~During() { flag_ = before_; }
+  During(const During&) = delete;
+  During& operator=(const During&) = delete;
+
+ private:
+  bool& flag_;
+  const bool before_;
+};
 
 // Brushes and a pen, each made anew with its colour only.
 struct GridTools {

@@ -73,6 +73,9 @@ class FlatScroll : public ControlWith<ClickEvents, DblClickEvents, KeyEvents, Po
 
   // Repaints at once. Returns an empty value.
   Variant Refresh();
+  // Moves Value by `change`, at most to the end of the range. A Value that stays, and an inverted range,
+  // raise nothing.
+  void ScrollBy(std::int32_t change);
 
   // --- Events -----------------------------------------------------------------------------------
 

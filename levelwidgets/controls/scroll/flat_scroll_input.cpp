@@ -1,5 +1,7 @@
 #include <levelwidgets/controls/scroll/flat_scroll.h>
 
+#include <algorithm>
+
 namespace levelwidgets {
 
 namespace {
@@ -113,6 +115,12 @@ void FlatScroll::Drag(const PointerInput& input) {
 
 void FlatScroll::WriteWhenDifferent(std::int32_t value) {
   if (value != value_) SetValue(value);
+}
+
+void FlatScroll::ScrollBy(std::int32_t change) {
+  if (range_.max < range_.min) return;
+  const std::int64_t wanted = std::int64_t{value_} + change;
+  WriteWhenDifferent(static_cast<std::int32_t>(std::clamp<std::int64_t>(wanted, range_.min, range_.max)));
 }
 
 void FlatScroll::Hover(TwipPoint at) {

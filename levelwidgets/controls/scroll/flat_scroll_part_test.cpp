@@ -7,6 +7,7 @@ namespace levelwidgets::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 // A list of lines with a bar at its right edge, as long as itself.
 class Lines : public Control {
@@ -73,6 +74,30 @@ TEST_F(FlatScrollPartTest, NotifiesItsOwnerOfEveryChange) {
   EXPECT_THAT(TheLines().first_lines, ElementsAre(2, 5));
   Bar().SetValue(5);
   EXPECT_THAT(TheLines().first_lines, ElementsAre(2, 5, 5));
+}
+
+TEST_F(FlatScrollPartTest, ScrollByStopsAtTheEndsOfTheRange) {
+  Bar().ScrollBy(4);
+  Bar().ScrollBy(-2);
+  Bar().ScrollBy(2147483647);
+  Bar().ScrollBy(-2147483647 - 1);
+  EXPECT_THAT(TheLines().first_lines, ElementsAre(5, 3, 50, 1));
+}
+
+TEST_F(FlatScrollPartTest, ScrollByNotifiesNobodyOfAValueThatStays) {
+  Bar().ScrollBy(0);
+  Bar().ScrollBy(-1);
+  EXPECT_EQ(Bar().Value(), 1);
+  EXPECT_THAT(TheLines().first_lines, IsEmpty());
+}
+
+TEST_F(FlatScrollPartTest, ScrollByLeavesAnInvertedRangeAlone) {
+  Bar().SetMax(-5);
+  const std::int32_t before = Bar().Value();
+  Bar().ScrollBy(1);
+  Bar().ScrollBy(-1);
+  EXPECT_EQ(Bar().Value(), before);
+  EXPECT_THAT(TheLines().first_lines, IsEmpty());
 }
 
 TEST_F(FlatScrollPartTest, RepeatsWhileHeld) {

@@ -6,8 +6,8 @@
 
 #include <levelwidgets/frame/parts/picture_box.h>
 #include <levelwidgets/frame/parts/timer.h>
-#include <levelwidgets/frame/parts/wheel.h>
 #include <levelwidgets/frame/popup_placement.h>
+#include <levelwidgets/platform/wheel.h>
 
 namespace levelwidgets {
 

@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include <levelwidgets/host/files/atomic_file.h>
-#include <levelwidgets/host/files/errno.h>
+#include <levelwidgets/host/files/throw_errno.h>
 
 #ifdef _WIN32
 #include <io.h>

@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include <levelwidgets/host/files/errno.h>
+#include <levelwidgets/host/files/throw_errno.h>
 #include <levelwidgets/host/files/whole_file.h>
 
 #ifdef _WIN32

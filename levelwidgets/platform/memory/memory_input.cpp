@@ -5,12 +5,11 @@
 
 #include <levelwidgets/platform/memory/edit/edit_host.h>
 #include <levelwidgets/platform/memory/memory_keys.h>
+#include <levelwidgets/platform/wheel.h>
 
 namespace levelwidgets::memory {
 
 namespace {
-
-constexpr int kWheelDelta = 120;
 
 struct ShiftKey {
   int bit;

@@ -12,6 +12,7 @@
 #include <levelwidgets/platform/memory/edit/edit_menu.h>
 #include <levelwidgets/platform/memory/edit/edit_view.h>
 #include <levelwidgets/platform/memory/edit/words.h>
+#include <levelwidgets/platform/wheel.h>
 #include <levelwidgets/platform/window.h>
 
 namespace levelwidgets::memory {
@@ -178,7 +179,7 @@ class EditBox final : public WindowClient {
     std::uint64_t time = 0;
     bool any = false;
   } double_click_;
-  int wheel_rest_ = 0;
+  WheelNotches wheel_;
   std::unique_ptr<EditMenu> menu_;
 };
 

@@ -10,8 +10,6 @@ namespace levelwidgets::memory {
 namespace {
 
 constexpr std::uint32_t kDragScrollMs = 100;
-constexpr int kWheelDelta = 120;
-constexpr int kLinesPerNotch = 3;
 
 }  // namespace
 
@@ -111,12 +109,6 @@ void EditBox::StopDrag() {
   if (window_ && windows.GetCapture() == window_) windows.ReleaseCapture();
 }
 
-// Parts of a notch add up.
-void EditBox::Wheel(int delta) {
-  wheel_rest_ += delta;
-  const int notches = wheel_rest_ / kWheelDelta;
-  wheel_rest_ -= notches * kWheelDelta;
-  ScrollBy(0, -notches * kLinesPerNotch, true);
-}
+void EditBox::Wheel(int delta) { ScrollBy(0, -wheel_.Add(delta) * kRowsPerNotch, true); }
 
 }  // namespace levelwidgets::memory
