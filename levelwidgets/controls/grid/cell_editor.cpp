@@ -12,7 +12,20 @@ namespace levelwidgets {
 
 namespace {
 
+constexpr int kAroundText = 2;  // pixels
+// Of the controls, where the row does not decide it.
 constexpr Twips kOwnHeight{315};
+
+// As wide as its cell and centred on its row, with the editor's own height.
+struct Centred {
+  TwipPoint position;
+  TwipSize size;
+};
+Centred CentredOn(const EditorPlace& place, Twips own_height) {
+  const auto& [cell, row_height, text_height, twips_x, twips_y] = place;
+  const Twips top(ToTwips(cell.top, twips_y).value - (own_height.value - row_height.value) / 2);
+  return {{ToTwips(cell.left, twips_x), top}, {ToTwips(cell.right - cell.left, twips_x), own_height}};
+}
 
 // --- Edit box ------------------------------------------------------------------------------------------
 
@@ -41,7 +54,7 @@ class TextEditor final : public CellEditor {
 
 // --- Controls ------------------------------------------------------------------------------------------
 
-// As wide as its cell and centred on its row.
+// One that opens a panel.
 template <typename T>
 class ControlEditor : public CellEditor {
  public:
@@ -55,20 +68,25 @@ class ControlEditor : public CellEditor {
   bool PanelIsOpen() const override { return control_->PanelIsOpen(); }
 
   PixelRect Place(const EditorPlace& place) override {
-    const auto& [cell, row, twips_x, twips_y] = place;
-    const Twips height = HeightIn(row);
-    const Twips top(ToTwips(cell.top, twips_y).value - (height.value - row.value) / 2);
-    control_.Move({ToTwips(cell.left, twips_x), top}, {ToTwips(cell.right - cell.left, twips_x), height});
-    const int top_pixels = ToPixels(top, twips_y);
-    return {cell.left, top_pixels, cell.right, top_pixels + ToPixels(height, twips_y)};
+    const auto [position, size] = PlaceOf(place);
+    control_.Move(position, size);
+    const int top = ToPixels(position.y, place.twips_per_pixel_y);
+    return {place.cell.left, top, place.cell.right, top + ToPixels(size.height, place.twips_per_pixel_y)};
   }
 
  protected:
   T& Inner() const { return *control_; }
 
  private:
-  // One that is higher than the row stands out of it; a higher row is filled.
-  virtual Twips HeightIn(Twips row) const { return std::max(kOwnHeight, row); }
+  // It covers its cell, unless a line of text does not fit in there or would be far above the cell's own.
+  virtual Centred PlaceOf(const EditorPlace& place) const {
+    const Twips cell_height = ToTwips(place.cell.height(), place.twips_per_pixel_y);
+    const bool fits = place.cell.height() >= place.text_height + kAroundText && cell_height <= kOwnHeight;
+    if (!fits) return CentredOn(place, kOwnHeight);
+    Centred covering = CentredOn(place, cell_height);
+    covering.position.y = ToTwips(place.cell.top, place.twips_per_pixel_y);
+    return covering;
+  }
   void SetFont(const FontRef& font) override { control_->SetFont(font); }
   void SetVisible(bool visible) override { control_.SetVisible(visible); }
 
@@ -81,7 +99,7 @@ class CalculatorEditor final : public ControlEditor<FlatCalculator> {
   explicit CalculatorEditor(PartHost& grid) : ControlEditor(grid, "fcalcEdit") {}
 
  private:
-  Twips HeightIn(Twips row) const override { return row; }
+  Centred PlaceOf(const EditorPlace& place) const override { return CentredOn(place, place.row_height); }
   void Show(const FlatColumn& column, std::string_view text) override {
     Inner().SetAlignment(column.Alignment());
     Inner().SetFormatString(column.Format());

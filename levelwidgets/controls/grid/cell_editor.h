@@ -10,10 +10,11 @@
 
 namespace levelwidgets {
 
-// Where an editor stands. Its cell is in pixels of the picture, which is in the corner of the grid.
+// Where an editor is to stand. Its cell is in pixels of the picture, which is in the corner of the grid.
 struct EditorPlace {
   PixelRect cell;
   Twips row_height;
+  int text_height = 0;  // pixels of a line
   float twips_per_pixel_x = 15;
   float twips_per_pixel_y = 15;
 };

@@ -50,8 +50,11 @@ void FlatGrid::ArrangeEditor() {
   CellEditor* editor = stays ? edit.editor : EditorFor(column);
   if (editor != edit.editor) HideEditor();
   const GridMeasures measures = inside_->Measures(*this);
+  const Surface& picture = inside_->picGrid.GetSurface();
+  PixelRect line;
+  const int text_height = picture.Drawing().DrawTextA(picture.hDC(), "X", line, kDtCalcRect);
   const PixelRect place =
-      editor->Place({cell, row_height_, measures.twips_per_pixel_x, measures.twips_per_pixel_y});
+      editor->Place({cell, row_height_, text_height, measures.twips_per_pixel_x, measures.twips_per_pixel_y});
   if (!stays) {
     edit.editor = editor;
     edit.cell = Current();

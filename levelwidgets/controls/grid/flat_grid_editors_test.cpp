@@ -192,19 +192,21 @@ TEST_F(FlatGridEditorPlaceTest, TheCalculatorIsAsHighAsTheRow) {
   EXPECT_EQ(EditorRect(), (PixelRect{0, 40, 61, 80}));
 }
 
-TEST_F(FlatGridEditorPlaceTest, CalendarAndDropDownStandOutOfALowRowEvenly) {
-  for (const ksxEditTypeConstants type : {ksxEditCalendar, ksxEditDropDown}) {
-    FlatGrid& grid = type == ksxEditCalendar ? Opened(type, ksxEditDropDown) : Grid();
-    if (type == ksxEditDropDown) {
-      Driver().Key(kKeyLeft);
-      EXPECT_EQ(EditorRect(), (PixelRect{60, 12, 121, 33}));
-    } else {
-      EXPECT_EQ(EditorRect(), (PixelRect{0, 12, 61, 33}));
-    }
+TEST_F(FlatGridEditorPlaceTest, CalendarAndDropDownCoverTheirCellWhereALineFits) {
+  FlatGrid& grid = Opened(ksxEditCalendar, ksxEditDropDown);
+  for (const int left : {0, 60}) {
+    const int right = left + 61;
+    EXPECT_EQ(EditorRect(), (PixelRect{left, 15, right, 31}));
+    grid.SetRowHeight(Twips(300));
+    EXPECT_EQ(EditorRect(), (PixelRect{left, 20, right, 41})) << "as high as can be";
+    grid.SetRowHeight(Twips(315));
+    EXPECT_EQ(EditorRect(), (PixelRect{left, 21, right, 42})) << "centred in a higher row";
     grid.SetRowHeight(Twips(600));
-    EXPECT_EQ(EditorRect().bottom - EditorRect().top, 40) << "a high row is filled";
-    EXPECT_EQ(EditorRect().top, 40);
+    EXPECT_EQ(EditorRect(), (PixelRect{left, 49, right, 70}));
+    grid.SetRowHeight(Twips(120));
+    EXPECT_EQ(EditorRect(), (PixelRect{left, 1, right, 22})) << "centred on a row that is too low";
     grid.SetRowHeight(Twips(225));
+    Driver().Key(kKeyLeft);
   }
 }
 
