@@ -159,6 +159,7 @@ std::vector<Figure> MeasureFigures(const std::string& folder) {
   MeasureDropDowns(figures);
   MeasurePanels(figures);
   MeasureGrids(figures);
+  MeasureGridPainting(figures);
   MeasureStartups(figures, folder);
   return figures;
 }

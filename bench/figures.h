@@ -36,6 +36,8 @@ Samples One(double value);
 
 // Those of the cells of grids.
 void MeasureGrids(std::vector<Figure>& figures);
+// Those of their painting.
+void MeasureGridPainting(std::vector<Figure>& figures);
 // Those of the controls with panels.
 void MeasureDropDowns(std::vector<Figure>& figures);
 void MeasurePanels(std::vector<Figure>& figures);

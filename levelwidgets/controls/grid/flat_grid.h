@@ -174,6 +174,7 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   // --- Geometry and painting: flat_grid_paint.cpp -------------------------------------------------
 
   void MakeTools();
+  void ClearCorner();
   void PaintAll();
   // Brings the top row, the bars and the picture's size in step with the rows.
   void ArrangeRows();

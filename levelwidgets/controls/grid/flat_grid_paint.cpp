@@ -134,8 +134,19 @@ void FlatGrid::MakeTools() {
 
 void FlatGrid::OnPaint() {
   if (!ready_ || !hWnd()) return;
-  GetSurface().Cls();  // the corner between the bars
+  ClearCorner();
   PaintAll();
+}
+
+// Between the bars; the rest of the surface is under the parts.
+void FlatGrid::ClearCorner() {
+  if (!inside_->fsbarV.Visible() || !inside_->fsbarH.Visible()) return;
+  const Surface& surface = GetSurface();
+  ScreenApi& screen = surface.GetPlatform().Screen();
+  PixelRect corner = surface.ClientPixels();
+  corner.left = ToPixels(inside_->fsbarV.Position().x, screen.TwipsPerPixelX());
+  corner.top = ToPixels(inside_->fsbarH.Position().y, screen.TwipsPerPixelY());
+  surface.Drawing().FillRect(surface.hDC(), corner, inside_->tools.back.Handle());
 }
 
 void FlatGrid::PaintAll() {
@@ -157,7 +168,8 @@ void FlatGrid::DrawAll() {
   {
     const Selection font(drawing, dc, picture.FontObject());
     drawing.SetTextColor(dc, TranslateColor(drawing, GetSurface().ForeColor()));
-    drawing.FillRect(dc, measures.client, inside_->tools.back.Handle());
+    const PixelRect bare = layout.Uncovered(places);
+    if (!bare.empty()) drawing.FillRect(dc, bare, inside_->tools.back.Handle());
     const GridCanvas canvas{drawing, dc, layout, places, inside_->columns};
     if (show_column_headers_) {
       DrawHeader(canvas, inside_->tools, TranslateColor(drawing, colors_.back_header));

@@ -213,7 +213,7 @@ TEST_F(FlatGridPaintTest, EverythingIsDrawnOffTheScreenAndCopiedOnce) {
   EXPECT_THAT(
       calls,
       ElementsAre("SetTextColor " + std::to_string(Concrete(grid.GetSurface().ForeColor()).value),
-                  "FillRect 0 0 300 100", Back(kHeader), "FillRect 0 0 300 41", "Rectangle 0 0 300 41",
+                  "FillRect 61 0 300 100", Back(kHeader), "FillRect 0 0 300 41", "Rectangle 0 0 300 41",
                   "DrawTextA A -1 2 0 58 41 36", Back(kOdd), "Rectangle 0 40 61 81", "FillRect 1 41 61 80",
                   "DrawTextA x -1 3 41 58 80 38", Back(kEven), "Rectangle 0 80 61 121",
                   "FillRect 1 81 61 120", Back(kOdd), "Rectangle 0 120 61 161", "FillRect 1 121 61 160",

@@ -70,6 +70,18 @@ std::vector<GridLayout::Place> GridLayout::Columns() const {
   return places;
 }
 
+PixelRect GridLayout::Uncovered(const std::vector<Place>& columns) const {
+  const std::int64_t last_row = std::int64_t{of_.top_index} + VisibleRows();
+  if (columns.empty() || Row(last_row).bottom < of_.client.bottom) return of_.client;
+  PixelRect beside = of_.client;
+  for (const Place& place : columns) {
+    if (place.left != beside.left || place.width < 0) return of_.client;
+    beside.left = WithinReach(std::int64_t{place.left} + place.width);
+  }
+  beside.left = std::min(beside.left + 1, beside.right);
+  return beside;
+}
+
 PixelRect GridLayout::Cell(std::int64_t row, const Place& place) const {
   PixelRect cell = Row(row);
   cell.left = place.left;

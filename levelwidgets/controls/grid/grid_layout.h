@@ -59,6 +59,8 @@ class GridLayout {
   PixelRect Row(std::int64_t row) const;
   // Those from the first one shown on of which any pixel is on the picture.
   std::vector<Place> Columns() const;
+  // Around what no cell covers when these columns are painted; empty where they cover the picture.
+  PixelRect Uncovered(const std::vector<Place>& columns) const;
   PixelRect Cell(std::int64_t row, const Place& place) const;
 
  private:

@@ -204,6 +204,29 @@ TEST(GridLayout, ACaptionKeepsTwoPixelsFromBothSides) {
   EXPECT_EQ(GridLayout(Measures()).Caption({1, 20, 30}), (PixelRect{22, 0, 48, 16}));
 }
 
+TEST(GridLayout, WhatNoCellCoversIsRightOfTheColumnsUnlessRowsOrColumnsLeaveMore) {
+  const std::vector<GridColumn> two{{900, true}, {450, true}};
+  GridMeasures measures{
+      .client = {0, 0, 200, 100}, .height = Twips(1500), .row_height = Twips(225), .columns = two};
+  const auto uncovered = [&] {
+    const GridLayout layout(measures);
+    return layout.Uncovered(layout.Columns());
+  };
+  EXPECT_EQ(uncovered(), (PixelRect{91, 0, 200, 100}));
+  measures.client.right = 91;
+  EXPECT_TRUE(uncovered().empty());
+  measures.row_height = Twips(239);  // 15 pixels, but 38 rows are counted
+  measures.client.bottom = 600;
+  measures.height = Twips(9000);
+  EXPECT_EQ(uncovered(), measures.client);
+  measures.row_height = Twips(225);
+  const std::vector<GridColumn> backward{{900, true}, {-450, true}, {450, true}};
+  measures.columns = backward;
+  EXPECT_EQ(uncovered(), measures.client);
+  measures.columns = {};
+  EXPECT_EQ(uncovered(), measures.client);
+}
+
 TEST(GridLayout, InsideACellItsLeftTopAndBottomLinesStay) {
   constexpr PixelRect kCell{20, 30, 51, 46};
   EXPECT_EQ(CellInterior(kCell), (PixelRect{21, 31, 51, 45}));
@@ -293,6 +316,16 @@ TEST(GridLayout, AgreesWithARulerOverAMillionRandomGrids) {
     const PixelRect expected{measures.client.left, tops[static_cast<std::size_t>(nth)], measures.client.right,
                              tops[static_cast<std::size_t>(nth) + 1] + 1};
     ASSERT_EQ(layout.Row(row), expected) << grid.Text() << Text(layout.Row(row));
+    // One pixel of each picture.
+    const PixelRect& client = measures.client;
+    if (!client.empty()) {
+      const PixelPoint pixel{client.left + i % client.width(), client.top + i / 7 % client.height()};
+      const bool in_rows = pixel.y < tops.back() + 1;
+      const bool in_cell = std::ranges::any_of(places, [&](const Place& place) {
+        return pixel.x >= place.left && pixel.x <= place.left + place.width;
+      });
+      ASSERT_TRUE((in_rows && in_cell) || layout.Uncovered(places).Contains(pixel)) << grid.Text();
+    }
     for (const Place& place : places) {
       const PixelRect cell{place.left, expected.top, place.left + place.width + 1, expected.bottom};
       ASSERT_EQ(layout.Cell(row, place), cell) << grid.Text();

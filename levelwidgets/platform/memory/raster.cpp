@@ -113,19 +113,16 @@ __m128i BlendedPair(__m128i old, __m128i color, __m128i share) {
   return _mm_srli_epi16(sum, 8);
 }
 
-// The same as Blended of each of four pixels, whose coverages are the bytes of `coverages`. `color` is a
-// pair.
-void BlendFour(std::uint32_t* pixels, std::uint32_t coverages, __m128i color) {
-  if (coverages == 0) return;  // around the glyphs
+// The same as Blended of each of the four pixels `old`, whose coverages are the bytes of `coverages`.
+// `color` is a pair.
+__m128i BlendedFour(__m128i old, std::uint32_t coverages, __m128i color) {
   const __m128i zero = _mm_setzero_si128();
   const __m128i covered = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(coverages)), zero);
   const __m128i shares = _mm_add_epi16(covered, _mm_srli_epi16(covered, 7));
   const __m128i twice = _mm_unpacklo_epi16(shares, shares);  // s0 s0 s1 s1 s2 s2 s3 s3
-  auto* const place = reinterpret_cast<__m128i*>(pixels);
-  const __m128i old = _mm_loadu_si128(place);
   const __m128i low = BlendedPair(_mm_unpacklo_epi8(old, zero), color, _mm_unpacklo_epi32(twice, twice));
   const __m128i high = BlendedPair(_mm_unpackhi_epi8(old, zero), color, _mm_unpackhi_epi32(twice, twice));
-  _mm_storeu_si128(place, _mm_packus_epi16(low, high));
+  return _mm_packus_epi16(low, high);
 }
 
 std::uint32_t FourOf(const std::uint8_t* coverage) {
@@ -134,15 +131,21 @@ std::uint32_t FourOf(const std::uint8_t* coverage) {
   return four;
 }
 
-// At least four pixels: by fours, and then the last four, of which those are left alone that have been
-// blended.
+// At least four pixels: by fours, and the last four, which some of the others may be among. Those are read
+// before any is written: they become the same twice, and no read waits for a write that it overlaps.
 void BlendRow(std::uint32_t* pixels, const std::uint8_t* coverage, int count, __m128i color) {
-  int i = 0;
-  for (; i + kBlendedAtOnce <= count; i += kBlendedAtOnce) BlendFour(pixels + i, FourOf(coverage + i), color);
-  if (i == count) return;
   const int last = count - kBlendedAtOnce;
-  const std::uint32_t not_blended = ~0u << 8 * (i - last);
-  BlendFour(pixels + last, FourOf(coverage + last) & not_blended, color);
+  auto* const end = reinterpret_cast<__m128i*>(pixels + last);
+  const __m128i old_end = _mm_loadu_si128(end);
+  for (int i = 0; i < last; i += kBlendedAtOnce) {
+    const std::uint32_t coverages = FourOf(coverage + i);
+    if (coverages == 0) continue;  // around the glyphs
+    auto* const place = reinterpret_cast<__m128i*>(pixels + i);
+    _mm_storeu_si128(place, BlendedFour(_mm_loadu_si128(place), coverages, color));
+  }
+  if (const std::uint32_t coverages = FourOf(coverage + last)) {
+    _mm_storeu_si128(end, BlendedFour(old_end, coverages, color));
+  }
 }
 #endif
 
