@@ -11,6 +11,7 @@
 #include <levelwidgets/frame/alignment.h>
 #include <levelwidgets/frame/edit_control.h>
 #include <levelwidgets/frame/parts/drop_button.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets::table {
 
@@ -59,9 +60,7 @@ struct EditRows {
   }
   // BackColor, ForeColor, Enabled.
   static constexpr std::array<PropertyInfo, 3> Look(int first) {
-    constexpr Color kWindow{0x80000005u};
-    constexpr Color kWindowText{0x80000008u};
-    return {Own::template Property<&T::BackColor, &T::SetBackColor>(first, "BackColor", Always(kWindow),
+    return {Own::template Property<&T::BackColor, &T::SetBackColor>(first, "BackColor", Always(kWindowBack),
                                                                     "Background colour of the text."),
             Own::template Property<&T::ForeColor, &T::SetForeColor>(
                 first + 1, "ForeColor", Always(kWindowText), "Colour of the text."),

@@ -8,15 +8,13 @@
 
 namespace levelwidgets {
 
-inline constexpr std::int32_t kOutOfMemory = 7;
-
 // What `work` returns. Raises 7 (out of memory) where it finds none left.
 template <typename Work>
 decltype(auto) OrOutOfMemory(Work&& work) {
   try {
     return std::forward<Work>(work)();
   } catch (const std::bad_alloc&) {
-    throw Error(kOutOfMemory, "LevelWidgets", "Out of memory");
+    throw Error(kOutOfMemory);
   }
 }
 

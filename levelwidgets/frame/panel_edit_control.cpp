@@ -1,12 +1,12 @@
 #include <levelwidgets/frame/panel_edit_control.h>
 
+#include <levelwidgets/platform/system_colors.h>
 #include <levelwidgets/platform/text/utf8.h>
 
 namespace levelwidgets {
 
 namespace {
 
-constexpr Color kWindow{0x80000005u};
 // Of the arrow and of the line between edit box and strip.
 constexpr Color kInk{0x00000000u};
 
@@ -18,7 +18,7 @@ bool ClosesWindow(const KeyMessage& key) { return HasAlt(key) && key.code == kKe
 }  // namespace
 
 PanelEditControl::PanelEditControl(std::shared_ptr<ControlSite> site, const PanelEditRules& rules)
-    : EditControl(std::move(site), {.back_color = kWindow, .fore_color = kInk, .font = {}}, txtMain_),
+    : EditControl(std::move(site), {.back_color = kWindowBack, .fore_color = kInk, .font = {}}, txtMain_),
       rules_(rules) {
   txtMain_.SetVisible(true);
 }
@@ -146,19 +146,19 @@ void PanelEditControl::ShowPanel() {
   if (!CanOpen()) return;
   const auto keep = Reference();
   if (!PreparePanel() || !CanOpen()) return;  // a listener may have seen to the second
+  PopupPanel& panel = NeedPanel();
   try {
-    OpenDetached();
+    OpenDetached(panel);
   } catch (...) {
-    AbandonPanel();
+    AbandonPanel(panel);
     throw;
   }
-  if (!PanelIsOpen()) AbandonPanel();
+  if (!panel.IsOpen()) AbandonPanel(panel);
 }
 
 // The panel is the active window once it is detached: listeners hear that the focus has moved, and may see to
 // it that nothing can open any more.
-void PanelEditControl::OpenDetached() {
-  PopupPanel& panel = NeedPanel();
+void PanelEditControl::OpenDetached(PopupPanel& panel) {
   panel.Detach();
   if (CanOpen() && SizePanel()) panel.Open(PlaceFor(panel.TakeOwnerRect()));
 }
@@ -166,19 +166,19 @@ void PanelEditControl::OpenDetached() {
 void PanelEditControl::HidePanel() {
   if (!PanelIsOpen()) return;
   const auto keep = Reference();
-  ClosePanel([this] { PanelClosed(); });
+  ClosePanel(*picPopup_, [this] { PanelClosed(); });
 }
 
 // The system turns from a hidden window to the next one only if it was seen before.
-void PanelEditControl::AbandonPanel() {
-  if (GetSurface().Windows().GetActiveWindow() == picPopup_->hWnd()) picPopup_->SetVisible(true);
-  ClosePanel([] {});
+void PanelEditControl::AbandonPanel(PopupPanel& panel) {
+  if (GetSurface().Windows().GetActiveWindow() == panel.hWnd()) panel.SetVisible(true);
+  ClosePanel(panel, [] {});
 }
 
 template <typename Closed>
-void PanelEditControl::ClosePanel(Closed closed) {
+void PanelEditControl::ClosePanel(PopupPanel& panel, Closed closed) {
   WindowApi& windows = GetSurface().Windows();
-  const bool returns_focus = picPopup_->Close();
+  const bool returns_focus = panel.Close();
   const WindowHandle active = windows.GetActiveWindow();
   // A listener may have turned to another form, which keeps the focus, too.
   const auto finish = [&] { AfterPanel(returns_focus && windows.GetActiveWindow() == active); };

@@ -87,7 +87,7 @@ class PanelEditControl : public EditControl {
   // The edit box has another background or another font.
   virtual void LookChanged() {}
 
-  // Makes the panel when there is none yet.
+  // Makes the panel unless it exists.
   PopupPanel& NeedPanel();
   // Opens the panel below the control, or above it where there is no room.
   void ShowPanel();
@@ -109,12 +109,12 @@ class PanelEditControl : public EditControl {
 
  private:
   bool CanOpen() const;
-  void OpenDetached();
+  void OpenDetached(PopupPanel& panel);
   // What is detached and cannot open gives the keyboard back.
-  void AbandonPanel();
+  void AbandonPanel(PopupPanel& panel);
   // Hides the panel, lets `closed` hear of it, and gives the focus back.
   template <typename Closed>
-  void ClosePanel(Closed closed);
+  void ClosePanel(PopupPanel& panel, Closed closed);
   void AfterPanel(bool takes_focus);
   // What a control that takes no input any more has begun.
   void EndInput();

@@ -15,7 +15,7 @@ class Xlib {
   Xlib& operator=(const Xlib&) = delete;
   ~Xlib() { SDL_UnloadObject(library_); }
 
-  // Null where there is none of that name.
+  // Null when the library has no function of that name.
   template <typename Function>
   Function Load(const char* name) const {
     return library_ ? reinterpret_cast<Function>(SDL_LoadFunction(library_, name)) : nullptr;

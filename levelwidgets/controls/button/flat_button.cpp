@@ -1,12 +1,13 @@
 #include <levelwidgets/controls/button/flat_button.h>
 
 #include <levelwidgets/frame/access_key.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
 namespace {
 constexpr Color kBackColor{0x00CDD9DDu};
-constexpr Color kForeColor{0x80000012u};  // button text
+constexpr Color kForeColor = kButtonText;
 constexpr Color kBackColorMouseOver{0x00D9E5E9u};
 constexpr Color kBackColorPushed{0x00CDD9DDu};
 constexpr Color kForeColorDisabled{0x008C969Cu};

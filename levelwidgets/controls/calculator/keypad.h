@@ -7,13 +7,14 @@
 #include <levelwidgets/frame/parts/line_shape.h>
 #include <levelwidgets/frame/parts/popup_panel.h>
 #include <levelwidgets/frame/parts/text_label.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
 struct KeypadColors {
   Color back{0x00000000u};
   Color border{0x008C969Cu};  // of the lines
-  Color fore{0x80000012u};    // of all captions
+  Color fore = kButtonText;   // of all captions
   Color digit{0x00FFFFFFu};
   Color function{0x00CEDBDEu};
   Color clear{0x00008000u};

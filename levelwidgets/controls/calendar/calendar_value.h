@@ -20,7 +20,7 @@ class CalendarValue {
   // The value as a date, when it is one or the text of one.
   std::optional<Date> SelectedDate() const;
 
-  // Format in which a date is committed; the general form when it is empty or no format.
+  // Format in which a date is committed; the general form when it is empty or invalid.
   const std::string& DateFormat() const { return date_format_; }
   void SetDateFormat(std::string format) { date_format_ = std::move(format); }
 

@@ -10,13 +10,14 @@
 #include <levelwidgets/frame/parts/line_shape.h>
 #include <levelwidgets/frame/parts/popup_panel.h>
 #include <levelwidgets/frame/parts/text_label.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
 struct CalendarColors {
   Color back{0x00000000u};
   Color fore{0x00FFFFFFu};
-  Color disabled{0x80000011u};  // grey text: days of the adjacent months
+  Color disabled = kGrayText;  // days of the adjacent months
   Color border{0x004A5052u};
   Color header_back{0x004A5052u};  // of the weekday heads
   Color mouse_over{0x009CDFF7u};

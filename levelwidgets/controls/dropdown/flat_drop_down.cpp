@@ -4,12 +4,12 @@
 
 #include <levelwidgets/controls/dropdown/list_window.h>
 #include <levelwidgets/frame/edit_rows.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
 namespace {
 
-constexpr Color kBackColor{0x80000005u};  // window background
 constexpr std::int16_t kDropDownWidth = 2880;
 
 constexpr PanelEditRules kRules{
@@ -79,7 +79,7 @@ FlatDropDown::FlatDropDown(std::shared_ptr<ControlSite> site)
 
 void FlatDropDown::PrepareList() {
   picPopup_.Move({}, {Twips(kDropDownWidth), Twips(1200)});
-  picPopup_.SetBackColor(kBackColor);
+  picPopup_.SetBackColor(kWindowBack);
   picPopup_.Paint += [this] { PaintList(); };
   picPopup_.Resize += [this] { PlaceBar(); };
   picPopup_.MouseDown += [this](std::int16_t, std::int16_t, Twips x, Twips y) { PressList({x, y}); };

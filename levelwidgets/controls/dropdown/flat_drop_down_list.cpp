@@ -5,15 +5,11 @@
 
 #include <levelwidgets/controls/dropdown/list_window.h>
 #include <levelwidgets/frame/paint.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
 namespace {
-
-constexpr Color kWindow{0x80000005u};
-constexpr Color kWindowText{0x80000008u};
-constexpr Color kHighlight{0x8000000Du};
-constexpr Color kHighlightText{0x8000000Eu};
 
 constexpr std::string_view kMeasuredText = "abcABC";
 
@@ -62,7 +58,7 @@ void FlatDropDown::PaintList() {
   Surface& surface = picPopup_.GetSurface();
   DrawingApi& drawing = surface.Drawing();
   const DcHandle dc = surface.hDC();
-  const DrawingObject window(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, kWindow)));
+  const DrawingObject window(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, kWindowBack)));
   const DrawingObject highlight(drawing, drawing.CreateSolidBrush(TranslateColor(drawing, kHighlight)));
   const Twips bar = fsMain_.Visible() ? fsMain_.Size().width : Twips();
   const int width = ToPixels(picPopup_.ScaleWidth() - bar, picPopup_.Twips().x);

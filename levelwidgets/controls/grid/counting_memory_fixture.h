@@ -1,4 +1,4 @@
-// Memory for tests: counts what is in use, and runs out when it is told to.
+// Memory for tests: counts what is in use, and runs out when a test wants it to.
 #pragma once
 
 #include <memory_resource>

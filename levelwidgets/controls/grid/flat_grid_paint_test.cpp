@@ -1,5 +1,6 @@
 // FlatGrid: what it draws, in which order, and what can be seen of it.
 #include <levelwidgets/controls/grid/flat_grid_fixture.h>
+#include <levelwidgets/testing/trace_text.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -16,12 +17,6 @@ constexpr ColorRef kSelected{0xC6F3FF};
 constexpr ColorRef kOdd{0xFFFFFF};
 constexpr ColorRef kEven{0xEFF7F7};
 constexpr ColorRef kBorder{0xB5BEC6};
-
-std::string ArgumentText(const TraceArgument& argument) {
-  if (const auto* number = std::get_if<std::int64_t>(&argument)) return std::to_string(*number);
-  const auto* text = std::get_if<std::string>(&argument);
-  return text ? *text : "?";
-}
 
 class FlatGridPaintTest : public GridTest {
  protected:

@@ -53,7 +53,7 @@ TEST(GridBars, TheRowBarIsThereWhenRowsAreOutOfView) {
   EXPECT_TRUE(RowBarFor(1, 9, 10, true));
   EXPECT_TRUE(RowBarFor(2, 8, 10, true)) << "the first row is out of view";
   EXPECT_FALSE(RowBarFor(1, 0, 10, true));
-  EXPECT_TRUE(RowBarFor(-2, 8, 10, true)) << "rows below the first page of a top row that is none";
+  EXPECT_TRUE(RowBarFor(-2, 8, 10, true)) << "rows below the first page, with a top row that does not exist";
 }
 
 TEST(GridBars, ItGoesOneRowFurtherWithAHeader) {

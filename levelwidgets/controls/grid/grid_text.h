@@ -9,7 +9,7 @@
 
 namespace levelwidgets {
 
-// `text` by a column's format, and as it is by a format that is none.
+// `text` in a column's format; unchanged when the format is invalid.
 std::string ShownText(ConversionApi& conversions, std::string_view text, std::string_view format);
 
 // The DrawTextA flags of captions and cells: one line, in the middle of the height. Any alignment but

@@ -1,6 +1,7 @@
 #include <levelwidgets/controls/label/flat_label.h>
 
 #include <levelwidgets/frame/access_key.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
@@ -10,7 +11,7 @@ namespace {
 constexpr Color kNewBackColor{0x00000000u};
 constexpr Color kNewForeColor{0x00FFFFFFu};
 constexpr Color kBackColor{0x00CEDBDEu};
-constexpr Color kForeColor{0x80000012u};  // button text
+constexpr Color kForeColor = kButtonText;
 constexpr Color kNewBackColorMouseOver{0x00000000u};
 constexpr Color kBackColorMouseOver{0x00EFF7F7u};
 constexpr Color kNewBackColorPushed{0x00000000u};

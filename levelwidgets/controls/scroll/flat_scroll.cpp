@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include <levelwidgets/platform/system_colors.h>
+
 namespace levelwidgets {
 
 namespace {
 
 constexpr Color kBackColor{0x00EFF7F7u};
-constexpr Color kForeColor{0x80000012u};  // button text
+constexpr Color kForeColor = kButtonText;
 constexpr Color kButtonColor{0x00CEDBDEu};
 constexpr Color kButtonColorMouseOver{0x00DEE7EFu};
 constexpr Color kButtonColorPushed{0x00CEDBDEu};

@@ -1,6 +1,7 @@
 // FlatTabStrip: what it draws, in which order, and what can be seen of it.
 #include <levelwidgets/controls/tabstrip/flat_tab_strip.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/trace_text.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -15,12 +16,6 @@ constexpr int kHeight = 200;
 constexpr ColorRef kSelected{0x00EFF7F7};
 constexpr ColorRef kInactive{0x00CEDBDE};
 constexpr ColorRef kBorder{0x008C969C};
-
-std::string Text(const TraceArgument& argument) {
-  if (const auto* number = std::get_if<std::int64_t>(&argument)) return std::to_string(*number);
-  const auto* text = std::get_if<std::string>(&argument);
-  return text ? *text : "?";
-}
 
 std::string Number(int number) { return std::to_string(number); }
 
@@ -68,7 +63,7 @@ class FlatTabStripPaintTest : public DesktopTest {
       const std::size_t count = call.arguments.size() - (call.name == "FillRect" ? 1 : 0);
       for (std::size_t i = has_context ? 1 : 0; i < count; ++i) {
         if (call.name == "BitBlt" && i == 5) continue;
-        entry += " " + Text(call.arguments[i]);
+        entry += " " + ArgumentText(call.arguments[i]);
       }
       if (has_context && call.arguments[0] == TraceArgument(surface)) entry += " to the surface";
       journal.push_back(entry);

@@ -1,12 +1,11 @@
 #include <levelwidgets/controls/textbox/flat_text_box.h>
 
 #include <levelwidgets/frame/edit_rows.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
 namespace {
-constexpr Color kBackColor{0x80000005u};  // window background
-constexpr Color kForeColor{0x80000008u};  // window text
 constexpr Color kScrollBackColor{0x00EFF7F7u};
 constexpr Color kScrollButtonColor{0x00CEDBDEu};
 constexpr Color kScrollMouseOverColor{0x00DEE7EFu};
@@ -51,7 +50,7 @@ const ClassInfo& FlatTextBox::Table() {
 }
 
 FlatTextBox::FlatTextBox(std::shared_ptr<ControlSite> site)
-    : EditControl(std::move(site), {.back_color = kBackColor, .fore_color = kForeColor, .font = {}},
+    : EditControl(std::move(site), {.back_color = kWindowBack, .fore_color = kWindowText, .font = {}},
                   txtSingle_),
       bar_colors_{kScrollBackColor, kScrollButtonColor, kScrollMouseOverColor, kScrollPushedColor} {
   Relay(txtSingle_);

@@ -1,14 +1,8 @@
 // How the bar and the text are kept in step.
 #include <levelwidgets/controls/textbox/flat_text_box.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
-
-namespace {
-
-constexpr Color kScrollable{0x80000012u};     // button text
-constexpr Color kNotScrollable{0x80000011u};  // grey text
-
-}  // namespace
 
 // --- Window procedure --------------------------------------------------------------------------------
 
@@ -71,7 +65,7 @@ void FlatTextBox::SynchroniseBar() {
     if (bar.Max() != 1) bar.SetMax(1);
   }
   if (scrV_->TabStop() != scrollable) scrV_->SetTabStop(scrollable);
-  const Color arrows = scrollable ? kScrollable : kNotScrollable;
+  const Color arrows = scrollable ? kButtonText : kGrayText;
   if (bar.ForeColor() != arrows) bar.SetForeColor(arrows);
 }
 

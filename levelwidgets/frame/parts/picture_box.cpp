@@ -4,13 +4,9 @@
 #include <ranges>
 
 #include <levelwidgets/frame/parts/windowless_part.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
-
-namespace {
-constexpr Color kButtonFace{0x8000000Fu};
-constexpr Color kButtonText{0x80000012u};
-}  // namespace
 
 PictureBox::PictureBox(PartHost& owner)
     : SurfaceWindow(owner.GetSurface().GetPlatform(), owner.GetSurface().hWnd(),

@@ -2,6 +2,7 @@
 #include <levelwidgets/platform/text/utf8.h>
 
 #include <algorithm>
+#include <limits>
 
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/frame/input.h>
@@ -138,7 +139,7 @@ void TextBox::SetMaxLength(std::int32_t length) {
 }
 
 void TextBox::SetPasswordChar(std::string_view character) {
-  password_code_ = PasswordCode(character, owner_.GetSurface().GetPlatform().Conversions());
+  password_code_ = PasswordCode(character, Conversions());
   password_char_ = character;
   if (!multi_line_) Send(kEmSetPasswordChar, password_code_);
   Refresh();
@@ -165,7 +166,10 @@ std::int32_t TextBox::SelLength() const {
 }
 
 void TextBox::Select(std::int32_t start, std::int32_t length) {
-  Send(kEmSetSel, static_cast<WParam>(BytesBefore(start)), BytesBefore(start + length));
+  using Limits = std::numeric_limits<std::int32_t>;
+  const std::int64_t end =
+      std::clamp<std::int64_t>(std::int64_t{start} + length, Limits::min(), Limits::max());
+  Send(kEmSetSel, static_cast<WParam>(BytesBefore(start)), BytesBefore(static_cast<std::int32_t>(end)));
 }
 
 // --- Places in the text ------------------------------------------------------------------------------
@@ -173,22 +177,20 @@ void TextBox::Select(std::int32_t start, std::int32_t length) {
 // The edit box counts bytes of the code page. Where no character has two they are its characters.
 bool TextBox::HasPairs() const {
   constexpr char kFirstInEveryCodePageWithPairs = '\x81';
-  return owner_.GetSurface().GetPlatform().Conversions().IsDBCSLeadByte(kFirstInEveryCodePageWithPairs);
+  return Conversions().IsDBCSLeadByte(kFirstInEveryCodePageWithPairs);
 }
 
 std::int32_t TextBox::CharactersBefore(std::uint32_t byte) const {
   if (!HasPairs()) return static_cast<std::int32_t>(byte);
-  ConversionApi& conversions = owner_.GetSurface().GetPlatform().Conversions();
-  const std::string bytes = conversions.ToCodePage(Text()).substr(0, byte);
-  return static_cast<std::int32_t>(text::CharacterCount(conversions.FromCodePage(bytes)));
+  const std::string bytes = Conversions().ToCodePage(Text()).substr(0, byte);
+  return static_cast<std::int32_t>(text::CharacterCount(Conversions().FromCodePage(bytes)));
 }
 
 std::int32_t TextBox::BytesBefore(std::int32_t character) const {
   if (character <= 0 || !HasPairs()) return character;
   const std::string all = Text();
   const std::size_t before = text::ByteOfCharacter(all, static_cast<std::size_t>(character));
-  return static_cast<std::int32_t>(
-      owner_.GetSurface().GetPlatform().Conversions().ToCodePage(all.substr(0, before)).size());
+  return static_cast<std::int32_t>(Conversions().ToCodePage(all.substr(0, before)).size());
 }
 
 std::string TextBox::SelText() const {

@@ -11,6 +11,7 @@
 #include <levelwidgets/frame/parts/edit_events.h>
 #include <levelwidgets/frame/parts/subclass.h>
 #include <levelwidgets/frame/surface.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
@@ -92,13 +93,14 @@ class TextBox : public WindowPart, public EditEvents {
   std::int32_t CharactersBefore(std::uint32_t byte) const;
   std::int32_t BytesBefore(std::int32_t character) const;
   WindowApi& Windows() const { return owner_.GetSurface().Windows(); }
+  ConversionApi& Conversions() const { return owner_.GetSurface().GetPlatform().Conversions(); }
 
   PartHost& owner_;
   const bool multi_line_;
   WindowHandle window_;
   std::optional<Subclass> subclass_;
-  Color back_color_{0x80000005u};
-  Color fore_color_{0x80000008u};
+  Color back_color_ = kWindowBack;
+  Color fore_color_ = kWindowText;
   FontRef font_;
   Font::Token font_token_ = 0;
   ksxAlignmentConstants alignment_ = ksxLeft;

@@ -36,7 +36,7 @@ const ClassInfo& Form::Table() {
                                                          {.flags = MemberFlags::kHeight}),
           Row::Property<&Form::GetFont, &Form::SetFont>(5, "Font", Always(Literal::NewFont()),
                                                         "Default font of the controls."),
-          Row::Property<&Form::BackColor, &Form::SetBackColor>(6, "BackColor", Always(Color(0x8000000Fu)),
+          Row::Property<&Form::BackColor, &Form::SetBackColor>(6, "BackColor", Always(kButtonFace),
                                                                "Background colour."),
           Row::ReadOnly<&Form::Design>(7, "Design",
                                        "Whether the form is being designed: controls get no input."),

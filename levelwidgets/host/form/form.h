@@ -12,6 +12,7 @@
 
 #include <levelwidgets/host/form/hosted_control.h>
 #include <levelwidgets/host/form/tool_tip.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
@@ -24,7 +25,7 @@ struct FormOptions {
   std::optional<Twips> left = {};
   std::optional<Twips> top = {};
   FontDescription font = {};
-  Color back_color{0x8000000Fu};
+  Color back_color = kButtonFace;
   bool key_preview = false;
   bool design = false;  // design mode: the controls get no input
 };

@@ -4,6 +4,7 @@
 
 #include <levelwidgets/host/form/form.h>
 #include <levelwidgets/host/form/form_scale.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
@@ -228,7 +229,7 @@ FontRef HostedControl::AmbientFont() {
 
 Color HostedControl::AmbientBackColor() { return form_ ? form_->BackColor() : FormOptions{}.back_color; }
 
-Color HostedControl::AmbientForeColor() { return Color(0x80000012u); }
+Color HostedControl::AmbientForeColor() { return kButtonText; }
 
 void HostedControl::PropertyChanged(std::string_view name) {
   if (!form_) return;

@@ -7,6 +7,7 @@
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/controls/label/flat_label.h>
 #include <levelwidgets/host/form/form.h>
+#include <levelwidgets/platform/system_colors.h>
 
 namespace levelwidgets {
 
@@ -14,11 +15,6 @@ inline constexpr Twips kQuestionMargin(225);
 inline constexpr Twips kQuestionGap(120);
 inline constexpr Twips kQuestionLine(240);
 inline constexpr TwipSize kQuestionButton{Twips(1200), Twips(375)};
-
-// The system's.
-inline constexpr Color kScrollTrack(0x80000000u), kWindowBack(0x80000005u), kWindowFrame(0x80000006u),
-    kWindowText(0x80000008u), kHighlight(0x8000000Du), kHighlightText(0x8000000Eu), kButtonFace(0x8000000Fu),
-    kButtonText(0x80000012u), kButtonHighlight(0x80000014u);
 
 // As a caption that shows the text: there "&" marks the access key.
 std::string CaptionOf(std::string_view text);

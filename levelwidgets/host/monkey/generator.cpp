@@ -3,29 +3,13 @@
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/monkey/invariants.h>
+#include <levelwidgets/host/monkey/wanted.h>
 
 namespace levelwidgets::monkey {
 
 namespace {
 
-constexpr int kButtons[] = {kLeftButton, kLeftButton, kLeftButton, kRightButton, kMiddleButton};
-constexpr int kShifts[] = {0, 0, 0, 0, kShiftMask, kCtrlMask, kAltMask, kShiftMask | kCtrlMask};
-constexpr int kKeys[] = {kKeyBackspace, kKeyTab,    kKeyTab,  kKeyEnter, kKeyEscape,  kKeySpace, kKeyPageUp,
-                         kKeyPageDown,  kKeyEnd,    kKeyHome, kKeyLeft,  kKeyUp,      kKeyRight, kKeyDown,
-                         kKeyInsert,    kKeyDelete, kKeyF4,   'A',       'C',         'V',       'X',
-                         'Z',           '0',        '9',      kKeyShift, kKeyControl, kKeyAlt,   112};
-// Of a label's poll, a scroll bar's first delay and its repeats, the caret.
-constexpr int kTimes[] = {0, 1, 10, 50, 99, 100, 101, 250, 260, 500, 1000, 5000};
 constexpr std::size_t kMostControls = 80;
-
-template <typename List, typename Predicate>
-auto Pointers(const List& list, Predicate wanted) {
-  std::vector<const typename List::value_type*> found;
-  for (const auto& one : list) {
-    if (wanted(one)) found.push_back(&one);
-  }
-  return found;
-}
 
 // Whether scripts can get at objects of the class.
 bool IsKnown(const ClassInfo& info) {
@@ -88,11 +72,7 @@ Event Generator::Pick(const Weighted (&table)[count]) {
 }
 
 Event Generator::Next() {
-  if (!next_.empty()) {
-    Event event = std::move(next_.front());
-    next_.pop_front();
-    return event;
-  }
+  if (!next_.empty()) return TakeNext();
   if (model_.controls.empty()) return Add();
   if (panel_events_ > 0) {
     --panel_events_;
@@ -101,149 +81,11 @@ Event Generator::Next() {
   return Pick(kEvents);
 }
 
-// --- The pointer -----------------------------------------------------------------------------------
-
-Event Generator::Move() {
-  return {.kind = EventKind::kMove,
-          .numbers = {dice_.Between(-10, model_.screen.width + 10),
-                      dice_.Between(-10, model_.screen.height + 10)}};
-}
-
-Event Generator::MoveTo() {
-  Event event = On(EventKind::kMoveTo);
-  const FormModel::Control* control = FindControl(event.control);
-  const TwipSize size = control ? control->size : model_.size;
-  constexpr int kAround = 60;
-  const auto within = [this](Twips length) {
-    const int most = static_cast<int>(std::min(length.value, 30000.0F));
-    // The edges are where the arrows, frames and thumbs are.
-    return dice_.Once(3) ? (dice_.Once(2) ? dice_.Between(-kAround, 3 * kAround)
-                                          : dice_.Between(most - 3 * kAround, most + kAround))
-                         : dice_.Between(0, most);
-  };
-  event.numbers = {within(size.width), within(size.height)};
-  return event;
-}
-
-Event Generator::Press() {
-  button_ = dice_.One(kButtons);
-  return {.kind = EventKind::kPress, .numbers = {button_}};
-}
-
-Event Generator::Release() {
-  return {.kind = EventKind::kRelease, .numbers = {button_ != 0 ? button_ : dice_.One(kButtons)}};
-}
-
-// A press, and its release as the next event.
-Event Generator::Click() {
-  const int button = dice_.One(kButtons);
-  next_.push_back({.kind = EventKind::kRelease, .numbers = {button}});
-  return {.kind = EventKind::kPress, .numbers = {button}};
-}
-
-Event Generator::DoubleClick() { return {.kind = EventKind::kDoubleClick}; }
-
-Event Generator::Wheel() { return {.kind = EventKind::kWheel, .numbers = {dice_.Between(-3, 3)}}; }
-
-// --- Panels ----------------------------------------------------------------------------------------
-
-// Opens the panel of a control that has one, if it can be opened. The next events are mostly for the panel.
-Event Generator::Open() {
-  const auto openers = Pointers(model_.controls, [](const FormModel::Control& control) {
-    return control.info->FindProperty("DropDownBackColor") != nullptr;
-  });
-  if (openers.empty()) return MoveTo();
-  const FormModel::Control& control = *dice_.One(openers);
-  opened_ = control.name;
-  panel_events_ = dice_.Between(0, 20);
-  next_.push_back({.kind = EventKind::kAdvance, .numbers = {1000}});  // no double click
-  if (dice_.Once(2)) {
-    OpenByKeys(control);
-  } else {
-    OpenByPointer(control);
-  }
-  Event first = std::move(next_.front());
+Event Generator::TakeNext() {
+  Event event = std::move(next_.front());
   next_.pop_front();
-  return first;
-}
-
-void Generator::OpenByKeys(const FormModel::Control& control) {
-  next_.push_back({.kind = EventKind::kCall, .control = control.name, .member = "SetFocus"});
-  const bool alt = dice_.Once(2);
-  next_.push_back({.kind = EventKind::kKey, .numbers = {alt ? kKeyDown : kKeyF4, alt ? kAltMask : 0}});
-}
-
-void Generator::OpenByPointer(const FormModel::Control& control) {
-  constexpr int kIntoTheStrip = 100;
-  next_.push_back({.kind = EventKind::kMoveTo,
-                   .control = control.name,
-                   .numbers = {static_cast<int>(std::min(control.size.width.value, 30000.0F)) - kIntoTheStrip,
-                               static_cast<int>(std::min(control.size.height.value, 30000.0F)) / 2}});
-  next_.push_back({.kind = EventKind::kPress, .numbers = {kLeftButton}});
-  next_.push_back({.kind = EventKind::kRelease, .numbers = {kLeftButton}});
-}
-
-Event Generator::MoveToPanel() {
-  constexpr int kJustOutside = 1050;
-  return {.kind = EventKind::kMoveToPanel,
-          .control = opened_,
-          .numbers = {dice_.Between(0, kJustOutside), dice_.Between(0, kJustOutside)}};
-}
-
-std::string Generator::SomeItem() {
-  std::string text = RandomText(dice_);
-  constexpr std::size_t kMost = 40;
-  return text.size() > kMost ? "item" : text;
-}
-
-// Fills a list, so that there is something to open.
-Event Generator::Fill() {
-  const auto lists = Pointers(model_.controls, [](const FormModel::Control& control) {
-    return control.info->FindMethod("AddItem") != nullptr;
-  });
-  if (lists.empty()) return MoveTo();
-  const FormModel::Control& control = *dice_.One(lists);
-  const int count = dice_.Between(1, 20);
-  for (int i = 0; i < count; ++i) {
-    next_.push_back({.kind = EventKind::kCall,
-                     .control = control.name,
-                     .member = "AddItem",
-                     .values = {Variant(SomeItem())}});
-  }
-  return Advance();
-}
-
-// --- Keys and time ---------------------------------------------------------------------------------
-
-Event Generator::Key() {
-  const int code = dice_.Once(10) ? dice_.Between(1, 254) : dice_.One(kKeys);
-  return {.kind = EventKind::kKey, .numbers = {code, dice_.One(kShifts)}};
-}
-
-Event Generator::KeyDown() {
-  Event event = Key();
-  event.kind = EventKind::kKeyDown;
   return event;
 }
-
-Event Generator::KeyUp() {
-  Event event = Key();
-  event.kind = EventKind::kKeyUp;
-  return event;
-}
-
-Event Generator::AccessKey() {
-  return {.kind = EventKind::kKey, .numbers = {dice_.Between('A', 'Z'), kAltMask}};
-}
-
-Event Generator::Type() {
-  std::string text = RandomText(dice_);
-  constexpr std::size_t kMost = 200;
-  if (text.size() > kMost) text = "long typed text";
-  return {.kind = EventKind::kType, .values = {Variant(std::move(text))}};
-}
-
-Event Generator::Advance() { return {.kind = EventKind::kAdvance, .numbers = {dice_.One(kTimes)}}; }
 
 // --- Members ---------------------------------------------------------------------------------------
 
@@ -335,7 +177,7 @@ bool Generator::SetMember(Event& event, const ClassInfo& info, int depth) {
   if (depth < 3 && dice_.Once(2)) {
     if (const ClassInfo* held = StepInto(event, info)) return SetMember(event, *held, depth + 1);
   }
-  const auto writable = Pointers(info.Properties(), [](const PropertyInfo& p) { return !p.ReadOnly(); });
+  const auto writable = Wanted(info.Properties(), [](const PropertyInfo& p) { return !p.ReadOnly(); });
   if (writable.empty()) return false;
   const PropertyInfo& property = *dice_.One(writable);
   event.member = std::string(property.name);
@@ -366,7 +208,7 @@ bool Generator::CallMember(Event& event, const ClassInfo& info, int depth) {
 
 // Null when `info` has no property that is an object with a table.
 const ClassInfo* Generator::StepInto(Event& event, const ClassInfo& info) {
-  const auto objects = Pointers(info.Properties(), [](const PropertyInfo& p) {
+  const auto objects = Wanted(info.Properties(), [](const PropertyInfo& p) {
     return p.type.kind == TypeKind::kObject && p.type.object_class && IsKnown(p.type.object_class());
   });
   if (objects.empty()) return nullptr;
@@ -431,7 +273,7 @@ Event Generator::Throw() {
 }
 
 Event Generator::Check() {
-  const auto checks = Pointers(Invariants(), [](const Invariant& invariant) {
+  const auto checks = Wanted(Invariants(), [](const Invariant& invariant) {
     return invariant.when == Invariant::When::kNowAndThen;
   });
   Event event{.kind = EventKind::kCheck, .member = std::string(dice_.One(checks)->name)};

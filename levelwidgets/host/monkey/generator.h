@@ -84,6 +84,7 @@ class Generator {
   Event Throw();
   Event Check();
 
+  Event TakeNext();          // of those that are made already
   Event On(EventKind kind);  // an event for some control
   const FormModel::Control& SomeControl();
   const FormModel::Control* FindControl(const std::string& name) const;
@@ -92,7 +93,6 @@ class Generator {
   bool CallMember(Event& event, const ClassInfo& info, int depth);
   const ClassInfo* StepInto(Event& event, const ClassInfo& info);
   int SomeLength();
-  std::string SomeItem();
   void OpenByKeys(const FormModel::Control& control);
   void OpenByPointer(const FormModel::Control& control);
 

@@ -2,6 +2,7 @@
 
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/form/form_scale.h>
+#include <levelwidgets/host/form/open_panel.h>
 #include <levelwidgets/host/form_file/values.h>
 #include <levelwidgets/host/monkey/exceptions.h>
 #include <levelwidgets/platform/hand.h>
@@ -197,14 +198,11 @@ bool Session::MoveToPanel(const Event& event) {
   constexpr int kWhole = 1000;
   const auto hosted = form_->Find(event.control);
   if (!hosted) return false;
-  const std::vector<TopLevelWindow> windows = desktop_.TopLevelWindows();
-  const auto panel = std::ranges::find_if(
-      windows, [&](const TopLevelWindow& window) { return hosted->GetControl()->Holds(window.handle); });
-  if (panel == windows.end()) return true;
-  const PixelRect& rect = panel->rect;
+  const auto panel = OpenPanelRect(desktop_, *hosted->GetControl());
+  if (!panel) return true;
   MoveByHand(desktop_, desktop_.Windows(),
-             {rect.left + rect.width() * Whole(event, 0) / kWhole,
-              rect.top + rect.height() * Whole(event, 1) / kWhole});
+             {panel->left + panel->width() * Whole(event, 0) / kWhole,
+              panel->top + panel->height() * Whole(event, 1) / kWhole});
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include <levelwidgets/host/script/forms/desktop.h>
 
 #include <levelwidgets/host/form/form_scale.h>
+#include <levelwidgets/host/form/open_panel.h>
 #include <levelwidgets/host/script/forms/desktop_settings.h>
 #include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
@@ -144,17 +145,14 @@ int Pixel(lua_State* L) {
 // while no panel is open.
 int PushPanel(lua_State* L, int index) {
   if (FormAt(L, index)) return 0;
-  const Control& control = *CheckControl(L, index)->GetControl();
-  for (const TopLevelWindow& window : CheckDesktop(L).TopLevelWindows()) {
-    if (!control.Holds(window.handle)) continue;
-    lua_newtable(L);
-    SetField(L, "left", window.rect.left);
-    SetField(L, "top", window.rect.top);
-    SetField(L, "right", window.rect.right);
-    SetField(L, "bottom", window.rect.bottom);
-    return 1;
-  }
-  return 0;
+  const auto panel = OpenPanelRect(CheckDesktop(L), *CheckControl(L, index)->GetControl());
+  if (!panel) return 0;
+  lua_newtable(L);
+  SetField(L, "left", panel->left);
+  SetField(L, "top", panel->top);
+  SetField(L, "right", panel->right);
+  SetField(L, "bottom", panel->bottom);
+  return 1;
 }
 
 // left, top, right, bottom; panel
