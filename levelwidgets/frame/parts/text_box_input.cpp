@@ -40,6 +40,10 @@ LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) 
   if (const InputKind kind = InputKindOf(message); kind != InputKind::kNone) {
     owner_.Site().InputArrived(kind);
   }
+  // An edit box of one line has nothing to scroll: some systems pass the wheel on to what holds it, some do not.
+  if (message == kWmMouseWheel && !multi_line_) {
+    return Windows().SendMessageA(owner_.GetSurface().hWnd(), message, wparam, lparam);
+  }
   if (action != PointerAction::kNone) return PointerMessage(action, message, wparam, lparam);
   if (key) return KeyPressed(*key, message, wparam, lparam);
   return Pass(message, wparam, lparam);
