@@ -8,10 +8,11 @@ namespace {
 
 constexpr int kButtons[] = {kLeftButton, kLeftButton, kLeftButton, kRightButton, kMiddleButton};
 constexpr int kShifts[] = {0, 0, 0, 0, kShiftMask, kCtrlMask, kAltMask, kShiftMask | kCtrlMask};
-constexpr int kKeys[] = {kKeyBackspace, kKeyTab,    kKeyTab,  kKeyEnter, kKeyEscape,  kKeySpace, kKeyPageUp,
-                         kKeyPageDown,  kKeyEnd,    kKeyHome, kKeyLeft,  kKeyUp,      kKeyRight, kKeyDown,
-                         kKeyInsert,    kKeyDelete, kKeyF4,   'A',       'C',         'V',       'X',
-                         'Z',           '0',        '9',      kKeyShift, kKeyControl, kKeyAlt,   112};
+constexpr int kKeys[] = {kKeyBackspace, kKeyTab,      kKeyTab,     kKeyEnter,  kKeyEscape, kKeySpace,
+                         kKeyPageUp,    kKeyPageDown, kKeyEnd,     kKeyHome,   kKeyLeft,   kKeyUp,
+                         kKeyRight,     kKeyDown,     kKeyInsert,  kKeyDelete, kKeyF2,     kKeyF4,
+                         'A',           'C',          'V',         'X',        'Z',        '0',
+                         '9',           kKeyShift,    kKeyControl, kKeyAlt,    112};
 // Of a label's poll, a scroll bar's first delay and its repeats, the caret.
 constexpr int kTimes[] = {0, 1, 10, 50, 99, 100, 101, 250, 260, 500, 1000, 5000};
 
@@ -19,6 +20,10 @@ constexpr int kTimes[] = {0, 1, 10, 50, 99, 100, 101, 250, 260, 500, 1000, 5000}
 std::string ShortText(Dice& dice, std::size_t most, std::string_view otherwise) {
   std::string text = RandomText(dice);
   return text.size() > most ? std::string(otherwise) : text;
+}
+
+bool HasEditors(const FormModel::Control& control) {
+  return control.info->FindProperty("AllowEdits") != nullptr;
 }
 
 }  // namespace
@@ -69,17 +74,18 @@ Event Generator::Wheel() { return {.kind = EventKind::kWheel, .numbers = {dice_.
 
 // --- Panels ----------------------------------------------------------------------------------------
 
-// Opens the panel of a control that has one, if it can be opened. The next events are mostly for the panel.
+// Opens the panel of a control, or of an editor in it, if it can be opened. The next events are mostly for
+// the panel.
 Event Generator::Open() {
   const auto openers = Wanted(model_.controls, [](const FormModel::Control& control) {
-    return control.info->FindProperty("DropDownBackColor") != nullptr;
+    return control.info->FindProperty("DropDownBackColor") != nullptr || HasEditors(control);
   });
   if (openers.empty()) return MoveTo();
   const FormModel::Control& control = *dice_.One(openers);
   opened_ = control.name;
   panel_events_ = dice_.Between(0, 20);
   next_.push_back({.kind = EventKind::kAdvance, .numbers = {1000}});  // no double click
-  if (dice_.Once(2)) {
+  if (HasEditors(control) || dice_.Once(2)) {
     OpenByKeys(control);
   } else {
     OpenByPointer(control);
@@ -89,6 +95,12 @@ Event Generator::Open() {
 
 void Generator::OpenByKeys(const FormModel::Control& control) {
   next_.push_back({.kind = EventKind::kCall, .control = control.name, .member = "SetFocus"});
+  if (HasEditors(control)) {
+    for (int columns = dice_.Between(0, 3); columns > 0; --columns) {
+      next_.push_back({.kind = EventKind::kKey, .numbers = {kKeyRight, 0}});
+    }
+    next_.push_back({.kind = EventKind::kKey, .numbers = {kKeyF2, 0}});
+  }
   const bool alt = dice_.Once(2);
   next_.push_back({.kind = EventKind::kKey, .numbers = {alt ? kKeyDown : kKeyF4, alt ? kAltMask : 0}});
 }

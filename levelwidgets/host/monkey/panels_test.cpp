@@ -33,6 +33,7 @@ TEST(MonkeyPanels, EveryPanelOpensOftenAndIsUsed) {
   for (const char* class_name : {"FlatDropDown", "FlatCalculator", "FlatCalendar"}) {
     EXPECT_GT(Openings(result.tally, class_name), 40U) << class_name;
   }
+  EXPECT_GT(Openings(result.tally, "FlatGrid"), 10U) << "those of its editors";
   EXPECT_GT(result.tally.panel_events, 2000U);
 }
 
