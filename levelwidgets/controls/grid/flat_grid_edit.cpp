@@ -66,7 +66,7 @@ void FlatGrid::ArrangeEditor() {
   editor->ShowBehind(inside_->fsbarH.hWnd());  // the lower one of the two
   WindowApi& windows = GetSurface().Windows();
   if (!editor->Holds(windows.GetFocus())) editor->Edit().SetFocus();
-  ShowFrame(in_view ? std::optional(place.Inset(-1)) : std::nullopt);
+  ShowFrame(place.Inset(-1));
 }
 
 CellEditor* FlatGrid::EditorFor(const FlatColumn& column) {

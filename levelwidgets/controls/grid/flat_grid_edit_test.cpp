@@ -123,6 +123,24 @@ TEST_F(FlatGridEditTest, AGridWithoutRowsOrColumnsIsNotEdited) {
   EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(FlatGridEditTest, ASelectedRowThatWasLoadedAndDoesNotExistIsNotEdited) {
+  Grid();
+  PropertyBag bag;
+  bag.WriteProperty("AllowEdits", true, Variant());
+  bag.WriteProperty("RowIndex", std::int16_t{500}, Variant());
+  bag.WriteProperty("TopIndex", std::int16_t{495}, Variant());
+  bag.WriteProperty("ColumnCount", std::int16_t{1}, Variant());
+  bag.WriteProperty("Column1Width", 900, Variant());
+  bag.WriteProperty("Column1Visible", true, Variant());
+  auto& grid = AddLoaded<FlatGrid>("grdLoaded", bag, {Twips(600), Twips(2000)}, kGridSize);
+  Hosted(grid).SetFocus();
+  Driver().Settle();
+  Driver().Key(kKeyF2);
+  EXPECT_EQ(grid.Editor(), nullptr);
+  Driver().Key(kKeyUp);
+  EXPECT_EQ(grid.RowIndex(), 500) << "no row is above it";
+}
+
 // --- Typing and storing ------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, EnterStoresWhatWasTypedOnceItIsApproved) {
@@ -253,8 +271,7 @@ TEST_F(FlatGridEditTest, AnErrorInAfterCellEditLeavesTheValueStored) {
   EXPECT_EQ(asked, 1);
 }
 
-// --- Arrows
-// --------------------------------------------------------------------------------------------------
+// --- Arrows -------------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, ArrowsLeaveTheTextOnlyAtItsEnds) {
   FlatGrid& grid = Opened();
@@ -332,8 +349,7 @@ TEST_F(FlatGridEditTest, AMoveThatScrollsTakesTheEditAlong) {
   for (int i = 0; i < 20; ++i) EXPECT_EQ(grid.RowData(i + 1, 1), std::to_string(i));
 }
 
-// --- AfterRowEdit
-// ----------------------------------------------------------------------------------------------
+// --- AfterRowEdit -------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, AnyKeyThatCouldMoveRaisesAfterRowEditOnce) {
   Opened();
@@ -357,8 +373,7 @@ TEST_F(FlatGridEditTest, AClickRaisesAfterRowEditOnlyInAnotherRow) {
   EXPECT_THAT(Edits(), ElementsAre("RowColChange(1, 2)", "AfterRowEdit(1)"));
 }
 
-// --- Pointer
-// -----------------------------------------------------------------------------------------------------
+// --- Pointer ------------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, AClickOnAnotherCellStoresAndClosesTheEditor) {
   FlatGrid& grid = Opened();
@@ -425,8 +440,7 @@ TEST_F(FlatGridEditTest, AClickRightOfAllColumnsStoresAndRaisesMouseDown) {
   EXPECT_FALSE(IsOpen());
 }
 
-// --- Focus
-// -------------------------------------------------------------------------------------------------------
+// --- Focus --------------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, ClickingAnotherControlStoresNothing) {
   FlatGrid& grid = Opened();
@@ -502,8 +516,7 @@ TEST_F(FlatGridEditTest, LosingTheFocusRepaintsOnlyWithAFocusFrame) {
   EXPECT_EQ(paints(), other + 1);
 }
 
-// --- What else happens while an editor is open
-// -----------------------------------------------------------------
+// --- What else happens while an editor is open --------------------------------------------------------
 
 TEST_F(FlatGridEditTest, ARepaintDoesNotOverwriteWhatTheUserTypes) {
   FlatGrid& grid = Opened();
@@ -653,8 +666,20 @@ TEST_F(FlatGridEditTest, AListenerThatTakesTheRowAwayLeavesNothingToStore) {
   EXPECT_EQ(grid.RowData(1, 1), "");
 }
 
-// --- Copying
-// -----------------------------------------------------------------------------------------------------
+TEST_F(FlatGridEditTest, TheLastOfAMillionRowsIsEdited) {
+  FlatGrid& grid = Editable(ksxEditText);
+  grid.SetRowCount(1000000);
+  grid.OnPaint();
+  Driver().Key(kKeyEnd);
+  Driver().Key(kKeyF2);
+  Driver().Type("last");
+  Driver().Key(kKeyUp);
+  EXPECT_EQ(grid.RowData(1000000, 1), "last");
+  EXPECT_EQ(grid.RowIndex(), 999999);
+  EXPECT_TRUE(EditorHasFocus());
+}
+
+// --- Copying ------------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, CtrlCCopiesTheSelectedRowAsItIsShownBetweenTabs) {
   FlatGrid& grid = Editable(ksxEditText);

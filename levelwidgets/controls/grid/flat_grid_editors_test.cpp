@@ -10,8 +10,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// --- All four
-// --------------------------------------------------------------------------------------------------
+// --- All four -----------------------------------------------------------------------------------------
 
 class FlatGridEditorsTest : public GridEditTest, public ::testing::WithParamInterface<ksxEditTypeConstants> {
  protected:
@@ -162,8 +161,7 @@ INSTANTIATE_TEST_SUITE_P(Editors, FlatGridEditorsTest,
                          ::testing::Values(ksxEditText, ksxEditCalculator, ksxEditCalendar, ksxEditDropDown),
                          [](const auto& tested) { return NameOfEditType(tested.param); });
 
-// --- Places
-// ------------------------------------------------------------------------------------------------------
+// --- Places -------------------------------------------------------------------------------------------
 
 using FlatGridEditorPlaceTest = GridEditTest;
 
@@ -234,8 +232,7 @@ TEST_F(FlatGridEditorPlaceTest, TheScrollBarsAreInFrontOfTheEditor) {
   EXPECT_EQ(at_bar(), bar);
 }
 
-// --- Calculator
-// --------------------------------------------------------------------------------------------------
+// --- Calculator ---------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditorPlaceTest, TheCalculatorHasTheAlignmentAndTheFormatOfItsColumn) {
   FlatGrid& grid = Editable(ksxEditCalculator);
@@ -273,8 +270,24 @@ TEST_F(FlatGridPanelTest, TheKeypadIsUsedWithoutLeavingTheGrid) {
   EXPECT_EQ(grid.RowData(1, 1), "42");
 }
 
-// --- Calendar
-// ----------------------------------------------------------------------------------------------------
+TEST_F(FlatGridPanelTest, TheKeypadIsUsedByThePointerAlone) {
+  FlatGrid& grid = Editable(ksxEditCalculator);
+  ClickAt(20, 22);
+  ClickAt(55, 22);  // the strip
+  const PixelRect panel = PanelRect();
+  constexpr PixelPoint kSeven{25, 34};
+  constexpr PixelPoint kEquals{85, 128};
+  for (const PixelPoint key : {kSeven, kEquals}) {
+    Driver().MovePointer({panel.left + key.x - 1, panel.top + key.y});  // the strip lets go of the pointer
+    Driver().Click({panel.left + key.x, panel.top + key.y});
+  }
+  EXPECT_FALSE(grid.Editor()->PanelIsOpen());
+  EXPECT_EQ(Typed(), "7");
+  ClickAt(80, 50);
+  EXPECT_EQ(grid.RowData(1, 1), "7");
+}
+
+// --- Calendar -----------------------------------------------------------------------------------------
 
 TEST_F(FlatGridPanelTest, ACellThatIsNoDateOpensAnEmptyCalendarWhichIsNoChange) {
   FlatGrid& grid = Editable(ksxEditCalendar);
@@ -287,12 +300,11 @@ TEST_F(FlatGridPanelTest, ACellThatIsNoDateOpensAnEmptyCalendarWhichIsNoChange) 
   EXPECT_EQ(grid.RowData(1, 1), "soon");
 }
 
-TEST_F(FlatGridPanelTest, ADayPickedInTheMonthViewIsStoredByEnter) {
+TEST_F(FlatGridPanelTest, ADayIsPickedInTheMonthViewByThePointerAlone) {
   FlatGrid& grid = Editable(ksxEditCalendar);
   grid.SetRowData(1, 1, "5/15/2026");
-  Driver().Key(kKeyF2);
-  Watch(grid);
-  Driver().Key(kKeyF4);
+  ClickAt(20, 22);
+  ClickAt(55, 22);  // the strip
   ASSERT_TRUE(grid.Editor()->PanelIsOpen());
   EXPECT_TRUE(EditorHasFocus());
   const PixelRect panel = PanelRect();
@@ -300,12 +312,11 @@ TEST_F(FlatGridPanelTest, ADayPickedInTheMonthViewIsStoredByEnter) {
   EXPECT_FALSE(grid.Editor()->PanelIsOpen());
   const std::string picked = Typed();
   EXPECT_NE(picked, "5/15/2026");
-  Driver().Key(kKeyEnter);
+  ClickAt(80, 50);
   EXPECT_EQ(grid.RowData(1, 1), picked);
 }
 
-// --- List
-// --------------------------------------------------------------------------------------------------------
+// --- List ---------------------------------------------------------------------------------------------
 
 class FlatGridListTest : public GridEditTest {
  protected:
@@ -332,7 +343,7 @@ TEST_F(FlatGridListTest, TheListOfTheColumnIsOfferedWithTheCellsTextHighlighted)
 
 TEST_F(FlatGridListTest, ARowOfTheListIsPickedByThePointer) {
   FlatGrid& grid = Listing({"apple", "pear", "plum"});
-  Driver().Key(kKeyF2);
+  ClickAt(20, 22);
   ClickAt(52, 22);
   ASSERT_TRUE(grid.Editor()->PanelIsOpen());
   const PixelRect panel = PanelRect();
