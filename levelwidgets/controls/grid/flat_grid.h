@@ -201,11 +201,12 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   bool EditsCurrentCell() const;
   // Opens, moves and closes the editor as the current cell asks for it: the last step of painting the cell.
   void ArrangeEditor();
+  void OpenEditor();
+  void ShowEditor(const PixelRect& cell);
   CellEditor* EditorFor(const FlatColumn& column);
   // Shows the text of the cell that the editor is on.
   void LoadEditor();
-  // Where the editor of the current cell stands: out of sight while the cell is not in view.
-  PixelRect EditedCell(bool& in_view) const;
+  std::optional<PixelRect> CurrentCellInView() const;
   void ShowFrame(std::optional<PixelRect> frame);
   void EditorChanged(const CellEditor& editor);
   // What Space and F2 do.

@@ -36,36 +36,45 @@ bool FlatGrid::EditsCurrentCell() const {
   return columns[static_cast<std::size_t>(current_column_) - 1]->EditType() != ksxEditNone;
 }
 
-// While it is not arranged anew, what the user types stays, and so does the caret.
 void FlatGrid::ArrangeEditor() {
   CellEdit& edit = inside_->edit;
   if (edit.arranging) return;
   const During arranging(edit.arranging);
   if (!EditsCurrentCell()) return HideEditor();
-  const bool stays = edit.open && edit.cell == Current();
-  bool in_view = false;
-  const PixelRect cell = EditedCell(in_view);
-  if (!stays && !in_view) return HideEditor();
-  const FlatColumn& column = *inside_->columns[static_cast<std::size_t>(current_column_) - 1];
-  CellEditor* editor = stays ? edit.editor : EditorFor(column);
+  const std::optional<PixelRect> cell = CurrentCellInView();
+  if (!edit.open || edit.cell != Current()) {
+    if (!cell) return HideEditor();
+    OpenEditor();
+  }
+  // Out of sight it stays what it is, with the focus: what is typed is not lost by scrolling.
+  constexpr PixelRect kOutOfSight{0, -2000, 1, -1900};
+  ShowEditor(cell.value_or(kOutOfSight));
+}
+
+void FlatGrid::OpenEditor() {
+  CellEdit& edit = inside_->edit;
+  CellEditor* editor = EditorFor(*inside_->columns[static_cast<std::size_t>(current_column_) - 1]);
   if (editor != edit.editor) HideEditor();
-  const GridMeasures measures = inside_->Measures(*this);
+  edit.editor = editor;
+  edit.cell = Current();
+  edit.loaded.reset();
+  edit.open = true;
+  edit.dirty = false;
+}
+
+// What the user types stays, and so does the caret, unless the cell was written before anything was typed.
+void FlatGrid::ShowEditor(const PixelRect& cell) {
+  CellEdit& edit = inside_->edit;
   const Surface& picture = inside_->picGrid.GetSurface();
+  ScreenApi& screen = picture.GetPlatform().Screen();
   PixelRect line;
   const int text_height = picture.Drawing().DrawTextA(picture.hDC(), "X", line, kDtCalcRect);
   const PixelRect place =
-      editor->Place({cell, row_height_, text_height, measures.twips_per_pixel_x, measures.twips_per_pixel_y});
-  if (!stays) {
-    edit.editor = editor;
-    edit.cell = Current();
-    edit.open = true;
-    edit.dirty = false;
-  }
-  if (!edit.dirty && (!stays || edit.loaded != inside_->store.Text(row_index_, current_column_)))
-    LoadEditor();
-  editor->ShowBehind(inside_->fsbarH.hWnd());  // the lower one of the two
+      edit.editor->Place({cell, row_height_, text_height, screen.TwipsPerPixelX(), screen.TwipsPerPixelY()});
+  if (!edit.dirty && edit.loaded != inside_->store.Text(edit.cell.row, edit.cell.column)) LoadEditor();
+  edit.editor->ShowBehind(inside_->fsbarH.hWnd());  // the lower one of the two
   WindowApi& windows = GetSurface().Windows();
-  if (!editor->Holds(windows.GetFocus())) editor->Edit().SetFocus();
+  if (!edit.editor->Holds(windows.GetFocus())) edit.editor->Edit().SetFocus();
   ShowFrame(place.Inset(-1));
 }
 
@@ -83,20 +92,17 @@ void FlatGrid::LoadEditor() {
   CellEdit& edit = inside_->edit;
   const During loading(edit.loading);
   edit.loaded = inside_->store.Text(edit.cell.row, edit.cell.column);
-  edit.editor->Load(*inside_->columns[static_cast<std::size_t>(edit.cell.column) - 1], edit.loaded,
+  edit.editor->Load(*inside_->columns[static_cast<std::size_t>(edit.cell.column) - 1], *edit.loaded,
                     GetFont());
 }
 
-// Out of sight the editor stays what it is, with the focus: what is typed is not lost by scrolling.
-PixelRect FlatGrid::EditedCell(bool& in_view) const {
+std::optional<PixelRect> FlatGrid::CurrentCellInView() const {
   const GridMeasures measures = inside_->Measures(*this);
   const GridLayout layout(measures);
   const auto places = layout.Columns();
   const auto place = std::ranges::find(places, current_column_, &GridLayout::Place::column);
-  in_view = place != places.end() && layout.IsShown(row_index_);
-  if (in_view) return layout.Cell(row_index_, *place);
-  const int height = layout.RowHeight() + 1;
-  return {0, -4 * height, 1, -3 * height};
+  if (place == places.end() || !layout.IsShown(row_index_)) return {};
+  return layout.Cell(row_index_, *place);
 }
 
 // By inversion: drawn once more, it comes off.

@@ -271,6 +271,40 @@ TEST_F(FlatGridEditTest, AnErrorInAfterCellEditLeavesTheValueStored) {
   EXPECT_EQ(asked, 1);
 }
 
+TEST_F(FlatGridEditTest, TheRowIsRepaintedBeforeAfterCellEditAndOnceMoreWhenEnterHasClosedTheEditor) {
+  FlatGrid& grid = Opened();
+  const auto repaints = [&](const std::vector<TracedCall>& calls) {
+    return std::ranges::count_if(calls, [&](const TracedCall& call) {
+      return call.name == "DrawTextA" &&
+             std::get<std::int64_t>(call.arguments[0]) == grid.Picture().GetSurface().hDC().value &&
+             std::get<std::string>(call.arguments[1]) == "x";
+    });
+  };
+  std::ptrdiff_t before_event = 0;
+  grid.AfterCellEdit += [&](std::int32_t, std::int32_t) { before_event = repaints(Tracer().TakeCalls()); };
+  Driver().Type("x");
+  const auto after_event = CallsNamed({"DrawTextA"}, [&] { Driver().Key(kKeyEnter); });
+  EXPECT_EQ(before_event, 1);
+  EXPECT_EQ(repaints(after_event), 1);
+}
+
+TEST_F(FlatGridEditTest, F2OnTheGridItselfStoresAndClosesTheEditor) {
+  FlatGrid& grid = Opened();
+  bool refuse = true;
+  grid.BeforeCellEdit += [&](std::int32_t, std::int32_t, std::string&, bool& cancel) { cancel = refuse; };
+  Driver().Type("x");
+  grid.OnKeyDown(kKeyF2, 0);
+  EXPECT_TRUE(IsOpen()) << "refused";
+  refuse = false;
+  Driver().Type("y");
+  Edits();
+  grid.OnKeyDown(kKeyF2, 0);
+  EXPECT_THAT(Edits(), ElementsAre("BeforeCellEdit(1, 1, y, False)", "AfterCellEdit(1, 1)"));
+  EXPECT_EQ(grid.RowData(1, 1), "y");
+  EXPECT_FALSE(IsOpen());
+  EXPECT_TRUE(PictureHasFocus());
+}
+
 // --- Arrows -------------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, ArrowsLeaveTheTextOnlyAtItsEnds) {

@@ -62,7 +62,7 @@ struct FlatGrid::CellEdit {
   std::array<std::unique_ptr<CellEditor>, 5> editors;  // by the type of the column, made when they are needed
   CellEditor* editor = nullptr;                        // the last one that was opened
   GridCell cell;                                       // where
-  std::string loaded;                                  // the text of the cell that it was given
+  std::optional<std::string> loaded;                   // the text of the cell that it was given
   std::optional<PixelRect> frame;  // around it, as the picture shows it; drawn by inversion
 
   bool requested = false;   // the user asked for the editor of the current cell
