@@ -305,6 +305,38 @@ TEST_F(FlatGridEditTest, F2OnTheGridItselfStoresAndClosesTheEditor) {
   EXPECT_TRUE(PictureHasFocus());
 }
 
+TEST_F(FlatGridEditTest, TheRepaintOfAStoredValueOpensNoEditor) {
+  FlatGrid& grid = Opened();
+  std::string typed;
+  grid.BeforeCellEdit += [](std::int32_t, std::int32_t, std::string& value, bool&) { value = "changed"; };
+  grid.AfterCellEdit += [&](std::int32_t, std::int32_t) { typed = Typed(); };
+  Driver().Type("x");
+  Driver().Key(kKeyEnter);
+  EXPECT_EQ(typed, "x") << "it is loaded again with the next paint";
+}
+
+TEST_F(FlatGridEditTest, AGridThatItsListenerRemovesStoresNothing) {
+  FlatGrid& grid = Opened();
+  bool stored = false;
+  grid.BeforeCellEdit +=
+      [&](std::int32_t, std::int32_t, std::string&, bool&) { TheForm().Remove("grdMain"); };
+  grid.AfterCellEdit += [&](std::int32_t, std::int32_t) { stored = true; };
+  Driver().Type("x");
+  Driver().Key(kKeyEnter);
+  EXPECT_FALSE(stored);
+}
+
+TEST_F(FlatGridEditTest, AStoredValueMakesTheRowAnEditedOneOnceMore) {
+  Opened();
+  Driver().Type("x");
+  Driver().Key(kKeyUp);
+  EXPECT_THAT(Edits(), ElementsAre("AfterRowEdit(1)")) << "blocked, and not stored yet";
+  Driver().Key(kKeyEnter);
+  Edits();
+  Driver().Key(kKeyUp);
+  EXPECT_THAT(Edits(), ElementsAre("AfterRowEdit(1)"));
+}
+
 // --- Arrows -------------------------------------------------------------------------------------------
 
 TEST_F(FlatGridEditTest, ArrowsLeaveTheTextOnlyAtItsEnds) {
