@@ -370,6 +370,13 @@ TEST_F(FlatGridEditTest, ArrowsWithShiftSelectText) {
   EXPECT_EQ(EditorRect().left, 0);
 }
 
+TEST_F(FlatGridEditTest, KeysWithAltAreNotTheEditors) {
+  FlatGrid& grid = Opened();
+  Driver().Key(kKeyDown, kAltMask);
+  EXPECT_EQ(grid.RowIndex(), 1);
+  EXPECT_TRUE(EditorHasFocus());
+}
+
 TEST_F(FlatGridEditTest, TheEndOfATextIsCountedInCharacters) {
   Opened();
   Driver().Type("\xC3\xA4\xC3\xB6");
