@@ -22,7 +22,7 @@ inline std::string TextOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-class ProgramTest : public testing::Test {
+class ProgramTest : public ::testing::Test {
  protected:
   void SetUp() override { std::filesystem::create_directories(folder_); }
   void TearDown() override { std::filesystem::remove_all(folder_); }
@@ -54,7 +54,7 @@ class ProgramTest : public testing::Test {
 
   std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() /
-      (std::string("levelwidgets_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+      (std::string("levelwidgets_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 }  // namespace levelwidgets

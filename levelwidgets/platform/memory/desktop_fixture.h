@@ -88,7 +88,7 @@ class Recorder : public WindowClient {
   std::map<std::uint32_t, Handler> handlers_;
 };
 
-class DesktopTest : public testing::Test {
+class DesktopTest : public ::testing::Test {
  protected:
   static constexpr std::uint32_t kChild = kWsChild | kWsVisible | kWsClipSiblings | kWsClipChildren;
   static constexpr std::uint32_t kPopup = kWsPopup | kWsVisible | kWsClipChildren;

@@ -12,7 +12,7 @@
 
 namespace levelwidgets::memory {
 
-class EditHandTest : public testing::Test, public WindowClient {
+class EditHandTest : public ::testing::Test, public WindowClient {
  protected:
   explicit EditHandTest(const DesktopOptions& options = {}) : desktop(options) {
     parent = windows.CreateWindowExA({"", "", kWsPopup | kWsVisible, 0, {100, 100, 500, 400}, {}, this});

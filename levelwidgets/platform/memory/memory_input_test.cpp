@@ -186,7 +186,7 @@ TEST_F(MemoryInputTest, AWindowMayRefuseActivationOrEatThePress) {
     windows.SetActiveWindow(other);
     Begin();
     desktop.Press(kLeftButton);
-    const bool delivered = testing::Value(Take(), ::testing::Contains("left LButtonDown 1 5,5"));
+    const bool delivered = ::testing::Value(Take(), ::testing::Contains("left LButtonDown 1 5,5"));
     const bool activated = windows.GetActiveWindow() == form;
     desktop.Release(kLeftButton);
     desktop.Advance(1000);

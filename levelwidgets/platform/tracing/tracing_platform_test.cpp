@@ -3,136 +3,168 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace levelwidgets {
 namespace {
 
-using ::testing::_;
-using ::testing::DoAll;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Return;
-using ::testing::SetArgReferee;
 
+// A call that a test looks at: what it answers, and how often it came.
+template <typename Result, typename... Arguments>
+struct Watched {
+  Result operator()(Arguments... arguments) {
+    ++calls;
+    return answer ? answer(arguments...) : Result();
+  }
+
+  std::function<Result(Arguments...)> answer;
+  int calls = 0;
+};
+
+// A platform that does nothing except what a test says. Mocks of all these calls take a minute to compile.
 class FakeDrawing : public DrawingApi {
  public:
-  MOCK_METHOD(bool, Rectangle, (DcHandle, PixelRect), (override));
-  MOCK_METHOD(bool, FillRect, (DcHandle, PixelRect, ObjectHandle), (override));
-  MOCK_METHOD(bool, MoveTo, (DcHandle, PixelPoint), (override));
-  MOCK_METHOD(bool, LineTo, (DcHandle, PixelPoint), (override));
-  MOCK_METHOD(bool, DrawFocusRect, (DcHandle, PixelRect), (override));
-  MOCK_METHOD(int, DrawTextA, (DcHandle, std::string_view, PixelRect&, std::uint32_t), (override));
-  MOCK_METHOD(bool, BitBlt, (DcHandle, PixelRect, DcHandle, PixelPoint, std::uint32_t), (override));
-  MOCK_METHOD(ColorRef, GetPixel, (DcHandle, PixelPoint), (override));
-  MOCK_METHOD(ObjectHandle, CreateSolidBrush, (ColorRef), (override));
-  MOCK_METHOD(ObjectHandle, CreatePen, (int, int, ColorRef), (override));
-  MOCK_METHOD(ObjectHandle, CreateFontA, (const FontRequest&), (override));
-  MOCK_METHOD(ObjectHandle, CreateCompatibleBitmap, (DcHandle, PixelSize), (override));
-  MOCK_METHOD(ObjectHandle, GetStockObject, (int), (override));
-  MOCK_METHOD(ObjectHandle, SelectObject, (DcHandle, ObjectHandle), (override));
-  MOCK_METHOD(bool, DeleteObject, (ObjectHandle), (override));
-  MOCK_METHOD(DcHandle, CreateCompatibleDC, (DcHandle), (override));
-  MOCK_METHOD(bool, DeleteDC, (DcHandle), (override));
-  MOCK_METHOD(int, GetDeviceCaps, (DcHandle, int), (override));
-  MOCK_METHOD(ColorRef, SetTextColor, (DcHandle, ColorRef), (override));
-  MOCK_METHOD(ColorRef, SetBkColor, (DcHandle, ColorRef), (override));
-  MOCK_METHOD(int, SetBkMode, (DcHandle, int), (override));
-  MOCK_METHOD(bool, GetTextExtentPoint32A, (DcHandle, std::string_view, PixelSize&), (override));
-  MOCK_METHOD(bool, GetTextMetricsA, (DcHandle, TextMetrics&), (override));
-  MOCK_METHOD(bool, OleTranslateColor, (Color, std::uint32_t, ColorRef&), (override));
-  MOCK_METHOD(ColorRef, GetSysColor, (int), (override));
-  MOCK_METHOD(int, MulDiv, (int, int, int), (override));
+  bool Rectangle(DcHandle dc, PixelRect rect) override { return rectangle(dc, rect); }
+  bool FillRect(DcHandle, PixelRect, ObjectHandle) override { return {}; }
+  bool MoveTo(DcHandle, PixelPoint) override { return {}; }
+  bool LineTo(DcHandle, PixelPoint) override { return {}; }
+  bool DrawFocusRect(DcHandle, PixelRect) override { return {}; }
+  int DrawTextA(DcHandle dc, std::string_view text, PixelRect& rect, std::uint32_t format) override {
+    return draw_text(dc, text, rect, format);
+  }
+  bool BitBlt(DcHandle, PixelRect, DcHandle, PixelPoint, std::uint32_t) override { return {}; }
+  ColorRef GetPixel(DcHandle, PixelPoint) override { return {}; }
+  ObjectHandle CreateSolidBrush(ColorRef) override { return {}; }
+  ObjectHandle CreatePen(int, int, ColorRef) override { return {}; }
+  ObjectHandle CreateFontA(const FontRequest&) override { return {}; }
+  ObjectHandle CreateCompatibleBitmap(DcHandle, PixelSize) override { return {}; }
+  ObjectHandle GetStockObject(int) override { return {}; }
+  ObjectHandle SelectObject(DcHandle, ObjectHandle) override { return {}; }
+  bool DeleteObject(ObjectHandle) override { return {}; }
+  DcHandle CreateCompatibleDC(DcHandle) override { return {}; }
+  bool DeleteDC(DcHandle) override { return {}; }
+  int GetDeviceCaps(DcHandle, int) override { return {}; }
+  ColorRef SetTextColor(DcHandle, ColorRef) override { return {}; }
+  ColorRef SetBkColor(DcHandle, ColorRef) override { return {}; }
+  int SetBkMode(DcHandle, int) override { return {}; }
+  bool GetTextExtentPoint32A(DcHandle, std::string_view, PixelSize&) override { return {}; }
+  bool GetTextMetricsA(DcHandle, TextMetrics&) override { return {}; }
+  bool OleTranslateColor(Color, std::uint32_t, ColorRef&) override { return {}; }
+  ColorRef GetSysColor(int) override { return {}; }
+  int MulDiv(int, int, int) override { return {}; }
+
+  Watched<bool, DcHandle, PixelRect> rectangle;
+  Watched<int, DcHandle, std::string_view, PixelRect&, std::uint32_t> draw_text;
 };
 
 class FakeWindows : public WindowApi {
  public:
-  MOCK_METHOD(WindowHandle, CreateWindowExA, (const WindowRequest&), (override));
-  MOCK_METHOD(bool, DestroyWindow, (WindowHandle), (override));
-  MOCK_METHOD(bool, IsWindow, (WindowHandle), (override));
-  MOCK_METHOD(WindowHandle, SetParent, (WindowHandle, WindowHandle), (override));
-  MOCK_METHOD(WindowHandle, GetParent, (WindowHandle), (override));
-  MOCK_METHOD(bool, SetWindowPos, (WindowHandle, WindowHandle, PixelRect, std::uint32_t), (override));
-  MOCK_METHOD(bool, GetWindowRect, (WindowHandle, PixelRect&), (override));
-  MOCK_METHOD(bool, GetClientRect, (WindowHandle, PixelRect&), (override));
-  MOCK_METHOD(bool, ClientToScreen, (WindowHandle, PixelPoint&), (override));
-  MOCK_METHOD(bool, ScreenToClient, (WindowHandle, PixelPoint&), (override));
-  MOCK_METHOD(PixelRect, AdjustWindowRectEx, (PixelRect, std::uint32_t, std::uint32_t), (override));
-  MOCK_METHOD(std::intptr_t, SetWindowLongA, (WindowHandle, int, std::intptr_t), (override));
-  MOCK_METHOD(std::intptr_t, GetWindowLongA, (WindowHandle, int), (override));
-  MOCK_METHOD(bool, SetWindowTextA, (WindowHandle, std::string_view), (override));
-  MOCK_METHOD(std::string, GetWindowTextA, (WindowHandle), (override));
-  MOCK_METHOD(bool, ShowWindow, (WindowHandle, int), (override));
-  MOCK_METHOD(bool, IsWindowVisible, (WindowHandle), (override));
-  MOCK_METHOD(bool, EnableWindow, (WindowHandle, bool), (override));
-  MOCK_METHOD(bool, IsWindowEnabled, (WindowHandle), (override));
-  MOCK_METHOD(WindowHandle, SetFocus, (WindowHandle), (override));
-  MOCK_METHOD(WindowHandle, GetFocus, (), (override));
-  MOCK_METHOD(WindowHandle, SetActiveWindow, (WindowHandle), (override));
-  MOCK_METHOD(WindowHandle, GetActiveWindow, (), (override));
-  MOCK_METHOD(WindowHandle, SetCapture, (WindowHandle), (override));
-  MOCK_METHOD(bool, ReleaseCapture, (), (override));
-  MOCK_METHOD(WindowHandle, GetCapture, (), (override));
-  MOCK_METHOD(bool, GetCursorPos, (PixelPoint&), (override));
-  MOCK_METHOD(int, SetCursor, (int), (override));
-  MOCK_METHOD(std::int16_t, GetKeyState, (int), (override));
-  MOCK_METHOD(std::int16_t, GetAsyncKeyState, (int), (override));
-  MOCK_METHOD(LResult, SendMessageA, (WindowHandle, std::uint32_t, WParam, LParam), (override));
-  MOCK_METHOD(bool, PostMessageA, (WindowHandle, std::uint32_t, WParam, LParam), (override));
-  MOCK_METHOD(LResult, CallWindowProcA, (std::intptr_t, WindowHandle, std::uint32_t, WParam, LParam),
-              (override));
-  MOCK_METHOD(LResult, DefWindowProcA, (WindowHandle, std::uint32_t, WParam, LParam), (override));
-  MOCK_METHOD(DcHandle, GetDC, (WindowHandle), (override));
-  MOCK_METHOD(bool, ReleaseDC, (WindowHandle, DcHandle), (override));
-  MOCK_METHOD(bool, InvalidateRect, (WindowHandle), (override));
-  MOCK_METHOD(bool, InvalidateRect, (WindowHandle, const PixelRect&), (override));
-  MOCK_METHOD(bool, UpdateWindow, (WindowHandle), (override));
-  MOCK_METHOD(DcHandle, BeginPaint, (WindowHandle, PixelRect&), (override));
-  MOCK_METHOD(bool, EndPaint, (WindowHandle), (override));
+  WindowHandle CreateWindowExA(const WindowRequest&) override { return {}; }
+  bool DestroyWindow(WindowHandle) override { return {}; }
+  bool IsWindow(WindowHandle) override { return {}; }
+  WindowHandle SetParent(WindowHandle, WindowHandle) override { return {}; }
+  WindowHandle GetParent(WindowHandle) override { return {}; }
+  bool SetWindowPos(WindowHandle, WindowHandle, PixelRect, std::uint32_t) override { return {}; }
+  bool GetWindowRect(WindowHandle, PixelRect&) override { return {}; }
+  bool GetClientRect(WindowHandle, PixelRect&) override { return {}; }
+  bool ClientToScreen(WindowHandle, PixelPoint&) override { return {}; }
+  bool ScreenToClient(WindowHandle, PixelPoint&) override { return {}; }
+  PixelRect AdjustWindowRectEx(PixelRect, std::uint32_t, std::uint32_t) override { return {}; }
+  std::intptr_t SetWindowLongA(WindowHandle, int, std::intptr_t) override { return {}; }
+  std::intptr_t GetWindowLongA(WindowHandle, int) override { return {}; }
+  bool SetWindowTextA(WindowHandle, std::string_view) override { return {}; }
+  std::string GetWindowTextA(WindowHandle) override { return {}; }
+  bool ShowWindow(WindowHandle, int) override { return {}; }
+  bool IsWindowVisible(WindowHandle) override { return {}; }
+  bool EnableWindow(WindowHandle, bool) override { return {}; }
+  bool IsWindowEnabled(WindowHandle) override { return {}; }
+  WindowHandle SetFocus(WindowHandle) override { return {}; }
+  WindowHandle GetFocus() override { return get_focus(); }
+  WindowHandle SetActiveWindow(WindowHandle) override { return {}; }
+  WindowHandle GetActiveWindow() override { return {}; }
+  WindowHandle SetCapture(WindowHandle) override { return {}; }
+  bool ReleaseCapture() override { return {}; }
+  WindowHandle GetCapture() override { return {}; }
+  bool GetCursorPos(PixelPoint& point) override { return get_cursor_pos(point); }
+  int SetCursor(int) override { return {}; }
+  std::int16_t GetKeyState(int) override { return {}; }
+  std::int16_t GetAsyncKeyState(int) override { return {}; }
+  LResult SendMessageA(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam) override {
+    return send_message(window, message, wparam, lparam);
+  }
+  bool PostMessageA(WindowHandle, std::uint32_t, WParam, LParam) override { return {}; }
+  LResult CallWindowProcA(std::intptr_t, WindowHandle, std::uint32_t, WParam, LParam) override { return {}; }
+  LResult DefWindowProcA(WindowHandle, std::uint32_t, WParam, LParam) override { return {}; }
+  DcHandle GetDC(WindowHandle) override { return {}; }
+  bool ReleaseDC(WindowHandle, DcHandle) override { return {}; }
+  bool InvalidateRect(WindowHandle) override { return {}; }
+  bool InvalidateRect(WindowHandle, const PixelRect&) override { return {}; }
+  bool UpdateWindow(WindowHandle) override { return {}; }
+  DcHandle BeginPaint(WindowHandle, PixelRect&) override { return {}; }
+  bool EndPaint(WindowHandle) override { return {}; }
+
+  Watched<WindowHandle> get_focus;
+  Watched<bool, PixelPoint&> get_cursor_pos;
+  Watched<LResult, WindowHandle, std::uint32_t, WParam, LParam> send_message;
 };
 
 class FakeClock : public ClockApi {
  public:
-  MOCK_METHOD(TimerHandle, SetTimer, (std::uint32_t, std::function<void()>), (override));
-  MOCK_METHOD(bool, KillTimer, (TimerHandle), (override));
-  MOCK_METHOD(std::size_t, LiveTimers, (), (const, override));
-  MOCK_METHOD(std::uint64_t, GetTickCount, (), (override));
-  MOCK_METHOD(Date, Now, (), (override));
-  MOCK_METHOD(void, Post, (std::function<void()>), (override));
-  MOCK_METHOD(int, Run, (), (override));
-  MOCK_METHOD(void, Quit, (int), (override));
-  MOCK_METHOD(void, DoEvents, (), (override));
+  TimerHandle SetTimer(std::uint32_t milliseconds, std::function<void()> tick) override {
+    return set_timer(milliseconds, std::move(tick));
+  }
+  bool KillTimer(TimerHandle) override { return {}; }
+  std::size_t LiveTimers() const override { return {}; }
+  std::uint64_t GetTickCount() override { return get_tick_count(); }
+  Date Now() override { return {}; }
+  void Post(std::function<void()>) override {}
+  int Run() override { return {}; }
+  void Quit(int) override {}
+  void DoEvents() override {}
+
+  Watched<TimerHandle, std::uint32_t, std::function<void()>> set_timer;
+  Watched<std::uint64_t> get_tick_count;
 };
 
 class FakeScreen : public ScreenApi {
  public:
-  MOCK_METHOD(PixelSize, Size, (), (override));
-  MOCK_METHOD(float, Width, (), (override));
-  MOCK_METHOD(float, Height, (), (override));
-  MOCK_METHOD(std::vector<Monitor>, Monitors, (), (override));
-  MOCK_METHOD(float, TwipsPerPixelX, (), (override));
-  MOCK_METHOD(float, TwipsPerPixelY, (), (override));
-  MOCK_METHOD(PixelSize, DotsPerInch, (), (override));
+  PixelSize Size() override { return {}; }
+  float Width() override { return {}; }
+  float Height() override { return {}; }
+  std::vector<Monitor> Monitors() override { return {}; }
+  float TwipsPerPixelX() override { return twips_per_pixel_x(); }
+  float TwipsPerPixelY() override { return {}; }
+  PixelSize DotsPerInch() override { return {}; }
+
+  Watched<float> twips_per_pixel_x;
 };
 
 class FakeConversions : public ConversionApi {
  public:
-  MOCK_METHOD(std::string, LocaleName, (), (override));
-  MOCK_METHOD(Converted<double>, ToDouble, (const ConversionValue&), (override));
-  MOCK_METHOD(Converted<Date>, ToDate, (const ConversionValue&), (override));
-  MOCK_METHOD(Converted<std::string>, ToText, (const ConversionValue&), (override));
-  MOCK_METHOD(Converted<bool>, ToBoolean, (const ConversionValue&), (override));
-  MOCK_METHOD(bool, IsNumeric, (const ConversionValue&), (override));
-  MOCK_METHOD(bool, IsDate, (const ConversionValue&), (override));
-  MOCK_METHOD(Converted<std::string>, Format, (const ConversionValue&, std::string_view, int, int),
-              (override));
-  MOCK_METHOD(Converted<Date>, DateAdd, (std::string_view, double, Date), (override));
-  MOCK_METHOD(Converted<DateParts>, SplitDate, (Date), (override));
-  MOCK_METHOD(Converted<int>, Weekday, (Date, int), (override));
-  MOCK_METHOD(Converted<std::string>, MonthName, (int, bool), (override));
-  MOCK_METHOD(Converted<std::string>, WeekdayName, (int, bool, int), (override));
-  MOCK_METHOD(std::string, UpperCase, (std::string_view), (override));
-  MOCK_METHOD(std::string, ToCodePage, (std::string_view), (override));
-  MOCK_METHOD(std::string, FromCodePage, (std::string_view), (override));
-  MOCK_METHOD(bool, IsDBCSLeadByte, (char), (override));
+  std::string LocaleName() override { return {}; }
+  Converted<double> ToDouble(const ConversionValue&) override { return {}; }
+  Converted<Date> ToDate(const ConversionValue&) override { return {}; }
+  Converted<std::string> ToText(const ConversionValue&) override { return {}; }
+  Converted<bool> ToBoolean(const ConversionValue&) override { return {}; }
+  bool IsNumeric(const ConversionValue&) override { return {}; }
+  bool IsDate(const ConversionValue&) override { return {}; }
+  Converted<std::string> Format(const ConversionValue& value, std::string_view text, int first_day,
+                                int first_week) override {
+    return format(value, text, first_day, first_week);
+  }
+  Converted<Date> DateAdd(std::string_view, double, Date) override { return {}; }
+  Converted<DateParts> SplitDate(Date) override { return {}; }
+  Converted<int> Weekday(Date, int) override { return {}; }
+  Converted<std::string> MonthName(int, bool) override { return {}; }
+  Converted<std::string> WeekdayName(int, bool, int) override { return {}; }
+  std::string UpperCase(std::string_view) override { return {}; }
+  std::string ToCodePage(std::string_view) override { return {}; }
+  std::string FromCodePage(std::string_view) override { return {}; }
+  bool IsDBCSLeadByte(char) override { return {}; }
+
+  Watched<Converted<std::string>, const ConversionValue&, std::string_view, int, int> format;
 };
 
 class FakePlatform : public Platform {
@@ -143,11 +175,11 @@ class FakePlatform : public Platform {
   ScreenApi& Screen() override { return screen; }
   ConversionApi& Conversions() override { return conversions; }
 
-  ::testing::NiceMock<FakeDrawing> drawing;
-  ::testing::NiceMock<FakeWindows> windows;
-  ::testing::NiceMock<FakeClock> clock;
-  ::testing::NiceMock<FakeScreen> screen;
-  ::testing::NiceMock<FakeConversions> conversions;
+  FakeDrawing drawing;
+  FakeWindows windows;
+  FakeClock clock;
+  FakeScreen screen;
+  FakeConversions conversions;
 };
 
 class TracingPlatformTest : public ::testing::Test {
@@ -167,11 +199,17 @@ class TracingPlatformTest : public ::testing::Test {
 };
 
 TEST_F(TracingPlatformTest, ConversionsAreRecordedWithTheirValues) {
-  EXPECT_CALL(fake.conversions,
-              Format(ConversionValue(1.5), std::string_view("0.00"), kSunday, kWeekOfJanuary1))
-      .WillOnce(Return(Converted<std::string>("1.50")));
+  fake.conversions.format.answer = [](const ConversionValue& value, std::string_view format, int first_day,
+                                      int first_week) {
+    EXPECT_EQ(value, ConversionValue(1.5));
+    EXPECT_EQ(format, "0.00");
+    EXPECT_EQ(first_day, kSunday);
+    EXPECT_EQ(first_week, kWeekOfJanuary1);
+    return Converted<std::string>("1.50");
+  };
   ConversionApi& conversions = tracer.Conversions();
   EXPECT_EQ(conversions.Format(1.5, "0.00").value, "1.50");
+  EXPECT_EQ(fake.conversions.format.calls, 1);
   conversions.IsDate(std::string_view("today"));
   conversions.ToText(NullValue{});
   conversions.DateAdd("m", 1, Date{2.5});
@@ -180,15 +218,30 @@ TEST_F(TracingPlatformTest, ConversionsAreRecordedWithTheirValues) {
 }
 
 TEST_F(TracingPlatformTest, PassesArgumentsAndResultsThrough) {
-  EXPECT_CALL(fake.drawing, Rectangle(dc, PixelRect{0, 1, 80, 25})).WillOnce(Return(true));
-  EXPECT_CALL(fake.windows, SendMessageA(window, kWmSetText, WParam{1}, LParam{-2})).WillOnce(Return(42));
-  EXPECT_CALL(fake.clock, GetTickCount()).WillOnce(Return(1234u));
-  EXPECT_CALL(fake.screen, TwipsPerPixelX()).WillOnce(Return(15.0f));
+  fake.drawing.rectangle.answer = [this](DcHandle given, PixelRect rect) {
+    EXPECT_EQ(given, dc);
+    EXPECT_EQ(rect, (PixelRect{0, 1, 80, 25}));
+    return true;
+  };
+  fake.windows.send_message.answer = [this](WindowHandle given, std::uint32_t message, WParam wparam,
+                                            LParam lparam) {
+    EXPECT_EQ(given, window);
+    EXPECT_EQ(message, kWmSetText);
+    EXPECT_EQ(wparam, WParam{1});
+    EXPECT_EQ(lparam, LParam{-2});
+    return LResult{42};
+  };
+  fake.clock.get_tick_count.answer = [] { return 1234u; };
+  fake.screen.twips_per_pixel_x.answer = [] { return 15.0f; };
 
   EXPECT_TRUE(tracer.Drawing().Rectangle(dc, {0, 1, 80, 25}));
   EXPECT_EQ(tracer.Windows().SendMessageA(window, kWmSetText, 1, -2), 42);
   EXPECT_EQ(tracer.Clock().GetTickCount(), 1234u);
   EXPECT_EQ(tracer.Screen().TwipsPerPixelX(), 15.0f);
+  EXPECT_EQ(fake.drawing.rectangle.calls, 1);
+  EXPECT_EQ(fake.windows.send_message.calls, 1);
+  EXPECT_EQ(fake.clock.get_tick_count.calls, 1);
+  EXPECT_EQ(fake.screen.twips_per_pixel_x.calls, 1);
 }
 
 TEST_F(TracingPlatformTest, RecordsTheCallsOfAllPartsInOrder) {
@@ -209,7 +262,7 @@ TEST_F(TracingPlatformTest, HandsOutEachCallOnce) {
 TEST_F(TracingPlatformTest, RecordsNothingBeforeStartAndAfterStop) {
   TracingPlatform other(fake);
   EXPECT_FALSE(other.active());
-  EXPECT_CALL(fake.windows, GetFocus()).Times(3).WillRepeatedly(Return(window));
+  fake.windows.get_focus.answer = [this] { return window; };
   other.Windows().GetFocus();
   other.Start();
   EXPECT_TRUE(other.active());
@@ -217,14 +270,22 @@ TEST_F(TracingPlatformTest, RecordsNothingBeforeStartAndAfterStop) {
   other.Stop();
   EXPECT_EQ(other.Windows().GetFocus(), window);
   EXPECT_THAT(Names(other.TakeCalls()), ElementsAre("GetFocus"));
+  EXPECT_EQ(fake.windows.get_focus.calls, 3);
 }
 
 TEST_F(TracingPlatformTest, TextIsRecordedWithItsCountAndTheRectangleItWasGiven) {
-  EXPECT_CALL(fake.drawing, DrawTextA(dc, "a\"b", _, kDtCalcRect))
-      .WillOnce(DoAll(SetArgReferee<2>(PixelRect{0, 0, 8, 13}), Return(13)));
+  fake.drawing.draw_text.answer = [this](DcHandle given, std::string_view text, PixelRect& rect,
+                                         std::uint32_t format) {
+    EXPECT_EQ(given, dc);
+    EXPECT_EQ(text, "a\"b");
+    EXPECT_EQ(format, kDtCalcRect);
+    rect = {0, 0, 8, 13};
+    return 13;
+  };
   PixelRect rect{1, 2, 3, 4};
   EXPECT_EQ(tracer.Drawing().DrawTextA(dc, "a\"b", rect, kDtCalcRect), 13);
   EXPECT_EQ(rect, (PixelRect{0, 0, 8, 13}));
+  EXPECT_EQ(fake.drawing.draw_text.calls, 1);
   const TracedCall expected{"DrawTextA",
                             {std::int64_t{3}, "a\"b", std::int64_t{-1}, std::int64_t{1}, std::int64_t{2},
                              std::int64_t{3}, std::int64_t{4}, std::int64_t{kDtCalcRect}}};
@@ -258,13 +319,14 @@ TEST_F(TracingPlatformTest, ArgumentsStandInTheOperatingSystemsOrder) {
 }
 
 TEST_F(TracingPlatformTest, AnInnerCallStandsAfterTheOneItHappensIn) {
-  EXPECT_CALL(fake.windows, SendMessageA).WillOnce([this](auto, auto, auto, auto) {
+  fake.windows.send_message.answer = [this](auto, auto, auto, auto) {
     tracer.Drawing().LineTo(dc, {5, 6});
     return LResult{0};
-  });
+  };
   tracer.Windows().SendMessageA(window, kWmPaint, 0, 0);
   tracer.Windows().EndPaint(window);
   EXPECT_THAT(TakeLines(), ElementsAre("SendMessageA(7, 15, 0, 0)", "LineTo(3, 5, 6)", "EndPaint(7)"));
+  EXPECT_EQ(fake.windows.send_message.calls, 1);
 }
 
 TEST_F(TracingPlatformTest, ANoteStandsAmongTheCallsWhileActive) {
@@ -278,21 +340,29 @@ TEST_F(TracingPlatformTest, ANoteStandsAmongTheCallsWhileActive) {
 
 TEST_F(TracingPlatformTest, CallbacksArePassedOnAndNotRecorded) {
   std::function<void()> given;
-  EXPECT_CALL(fake.clock, SetTimer(100, _))
-      .WillOnce(DoAll(::testing::SaveArg<1>(&given), Return(TimerHandle{5})));
+  fake.clock.set_timer.answer = [&given](std::uint32_t milliseconds, std::function<void()> tick) {
+    EXPECT_EQ(milliseconds, 100u);
+    given = std::move(tick);
+    return TimerHandle{5};
+  };
   bool ticked = false;
   EXPECT_EQ(tracer.Clock().SetTimer(100, [&ticked] { ticked = true; }), TimerHandle{5});
   given();
   EXPECT_TRUE(ticked);
   EXPECT_THAT(TakeLines(), ElementsAre("SetTimer(100)"));
+  EXPECT_EQ(fake.clock.set_timer.calls, 1);
 }
 
 TEST_F(TracingPlatformTest, ResultsThroughReferencesReachTheCaller) {
-  EXPECT_CALL(fake.windows, GetCursorPos).WillOnce(DoAll(SetArgReferee<0>(PixelPoint{8, 9}), Return(true)));
+  fake.windows.get_cursor_pos.answer = [](PixelPoint& at) {
+    at = {8, 9};
+    return true;
+  };
   PixelPoint point;
   EXPECT_TRUE(tracer.Windows().GetCursorPos(point));
   EXPECT_EQ(point, (PixelPoint{8, 9}));
   EXPECT_THAT(TakeLines(), ElementsAre("GetCursorPos()"));
+  EXPECT_EQ(fake.windows.get_cursor_pos.calls, 1);
 }
 
 }  // namespace
