@@ -18,8 +18,8 @@ if(LEVELWIDGETS_SANITIZE)
   # is used ends in the address sanitizer all the same.
   target_compile_options(levelwidgets_options INTERFACE -fsanitize=address,undefined -fno-sanitize=null,alignment
                          -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  # What tests do with an object that they do not have, the address sanitizer finds; calls of its functions are shorter to
-  # compile than what they do.
+  # Tests take a third less time to compile without checking the type of each object that they call, and with calls of the
+  # address sanitizer instead of what these do.
   target_compile_options(levelwidgets_options INTERFACE "$<$<BOOL:$<TARGET_PROPERTY:LEVELWIDGETS_IS_TEST>>:SHELL:\
 -fno-sanitize=vptr --param asan-instrumentation-with-call-threshold=0>")
   target_link_options(levelwidgets_options INTERFACE -fsanitize=address,undefined)
