@@ -103,7 +103,7 @@ class ShownSheet {
 
 // For suites of tests whose parameter is a palette.
 inline auto EveryPalette() {
-  return testing::ValuesIn(memory::PaletteNames().begin(), memory::PaletteNames().end());
+  return ::testing::ValuesIn(memory::PaletteNames().begin(), memory::PaletteNames().end());
 }
 
 // A palette as a part of a test's name.
