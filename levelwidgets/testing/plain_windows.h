@@ -38,7 +38,8 @@ class PlainWindowsTest : public ::testing::Test {
   static constexpr std::uint32_t kFormStyle = kWsCaption | kWsSysMenu | kWsMinimizeBox | kWsMaximizeBox |
                                               kWsThickFrame | kWsClipChildren | kWsVisible;
 
-  // The desktop of Windows is one for all tests: where the last one left the pointer, moving it would be no move.
+  // The desktop of Windows is one for all tests: where the last one left the pointer, moving it would be no
+  // move.
   PlainWindowsTest() {
     const PixelSize screen = driver->GetPlatform().Screen().Size();
     driver->MovePointer({screen.width - 1, screen.height - 1});
