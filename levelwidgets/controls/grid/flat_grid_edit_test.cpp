@@ -475,6 +475,17 @@ TEST_F(FlatGridEditTest, ARefusedClickLeavesTheEditorOpenWithTheStoredText) {
   EXPECT_EQ(Typed(), "old") << "refused once more";
 }
 
+TEST_F(FlatGridEditTest, ARefusedClickOnARowFarAwayLeavesTheEditorOpen) {
+  FlatGrid& grid = Opened();
+  grid.SetRowCount(100);
+  grid.BeforeCellEdit += [](std::int32_t, std::int32_t, std::string&, bool& cancel) { cancel = true; };
+  Driver().Type("new");
+  grid.SetTopIndex(50);
+  ClickAt(80, 36);
+  EXPECT_TRUE(EditorHasFocus());
+  EXPECT_EQ(grid.RowIndex(), 1);
+}
+
 TEST_F(FlatGridEditTest, AClickBelowTheRowsDoesNothingMoreAndLosesNothing) {
   FlatGrid& grid = Opened();
   grid.SetRowCount(2);

@@ -135,6 +135,12 @@ TEST_P(FlatGridEditorsTest, LeavesThePictureAsItWas) {
   EXPECT_EQ(Driver().Capture(rect), before);
 }
 
+TEST_P(FlatGridEditorsTest, ReplacesTheFocusFrameOfTheCell) {
+  FlatGrid& grid = OpenedOn(Stored());
+  grid.SetShowCellFocus(true);
+  EXPECT_EQ(CallsNamed({"DrawFocusRect"}, [&] { grid.OnPaint(); }).size(), 1u) << "around the editor";
+}
+
 TEST_P(FlatGridEditorsTest, HasAFocusFrameAroundIt) {
   FlatGrid& grid = OpenedOn(Stored());
   Driver().Key(kKeyDown);

@@ -6,6 +6,7 @@ namespace levelwidgets {
 
 void FlatGrid::Wire() {
   PictureBox& picture = inside_->picGrid;
+  picture.SetFocusByPress(Site().FocusByPress());
   picture.Paint += [this] { PaintAll(); };
   picture.Resize += [this] { inside_->RenewOffScreen(); };
   picture.Click.RelayTo(Click);
@@ -142,7 +143,6 @@ void FlatGrid::Go(GridMove move, const GridCell& target) {
 
 void FlatGrid::PressPicture(const PointerInput& input) {
   const auto keep = Reference();
-  inside_->picGrid.SetFocusByPress(Site().FocusByPress());
   HideEditor();
   const GridHit hit = HitTestGrid(input.at, inside_->Measures(*this));
   if (hit.row == 0) {
@@ -156,8 +156,7 @@ void FlatGrid::PressPicture(const PointerInput& input) {
 bool FlatGrid::PressRow(const PointerInput& input, const GridCell& cell) {
   if (cell.row < 1 || cell.row > row_count_ || cell.column < 1) return false;
   if (!FinishEdit()) {
-    ArrangeEditor();
-    if (Editor()) inside_->picGrid.SetFocusByPress(false);  // the editor has got it back
+    inside_->picGrid.Invalidate();  // the next paint shows the editor again
     return false;
   }
   if (input.button == kLeftButton && cell == Current()) {
