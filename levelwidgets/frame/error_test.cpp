@@ -28,6 +28,8 @@ TEST(Error, AControlErrorNamesItsClassAsSource) {
 TEST(Error, TheAutomationLayersErrorsHaveTheirStandardDescriptions) {
   EXPECT_EQ(Error(kInvalidCall).Description(), "Invalid procedure call or argument");
   EXPECT_EQ(Error(kOverflow).Description(), "Overflow");
+  EXPECT_EQ(kOutOfMemory, 7);
+  EXPECT_EQ(Error(kOutOfMemory).Description(), "Out of memory");
   EXPECT_EQ(Error(kSubscriptOutOfRange).Description(), "Subscript out of range");
   EXPECT_EQ(Error(kDivisionByZero).Description(), "Division by zero");
   EXPECT_EQ(Error(kTypeMismatch).Description(), "Type mismatch");

@@ -1,36 +1,10 @@
 // Displays whose pixels are not square: lengths across go by one measure, lengths down by the other.
 #include <levelwidgets/frame/parts/text_box.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/other_screen.h>
 
 namespace levelwidgets::testing {
 namespace {
-
-class OblongScreen : public ScreenApi {
- public:
-  explicit OblongScreen(ScreenApi& screen) : screen_(screen) {}
-  PixelSize Size() override { return screen_.Size(); }
-  std::vector<Monitor> Monitors() override { return screen_.Monitors(); }
-  float TwipsPerPixelX() override { return 15; }
-  float TwipsPerPixelY() override { return 20; }
-  PixelSize DotsPerInch() override { return {96, 72}; }
-
- private:
-  ScreenApi& screen_;
-};
-
-class OblongPlatform : public Platform {
- public:
-  explicit OblongPlatform(Platform& platform) : platform_(platform), screen_(platform.Screen()) {}
-  DrawingApi& Drawing() override { return platform_.Drawing(); }
-  WindowApi& Windows() override { return platform_.Windows(); }
-  ClockApi& Clock() override { return platform_.Clock(); }
-  ScreenApi& Screen() override { return screen_; }
-  ConversionApi& Conversions() override { return platform_.Conversions(); }
-
- private:
-  Platform& platform_;
-  OblongScreen screen_;
-};
 
 class Plate : public Control {
  public:
@@ -53,7 +27,7 @@ class OblongPixelsTest : public DesktopTest {
  protected:
   void SetUp() override {
     DesktopTest::SetUp();
-    platform_ = std::make_unique<OblongPlatform>(Tracer());
+    platform_ = std::make_unique<PlatformWithScreen>(Tracer(), OblongScreen(Tracer()));
     form_ = Form::Create(*platform_, {});
     form_->MoveTo({100, 100});
     form_->Show();
@@ -77,7 +51,7 @@ class OblongPixelsTest : public DesktopTest {
     return rect.Offset(-origin.x, -origin.y);
   }
 
-  std::unique_ptr<OblongPlatform> platform_;
+  std::unique_ptr<PlatformWithScreen> platform_;
   std::shared_ptr<Form> form_;
   Plate* plate_ = nullptr;
 };

@@ -58,7 +58,7 @@ void DesktopTest::TearDown() {
 
 void DesktopTest::MakeForm(FormOptions options) {
   options.size = {Twips(6000), Twips(4500)};
-  form_ = Form::Create(*tracer_, std::move(options));
+  form_ = Form::Create(FormPlatform(), std::move(options));
   form_->MoveTo(kFormPosition);
   form_->Show();
   driver_->Settle();
@@ -86,7 +86,7 @@ PixelPoint DesktopTest::ScreenPoint(const Control& control, PixelPoint inside) {
 }
 
 PixelPoint DesktopTest::ScreenPoint(const Control& control, TwipPoint inside) {
-  ScreenApi& screen = tracer_->Screen();
+  ScreenApi& screen = FormPlatform().Screen();
   return ScreenPoint(control, PixelPoint{ToPixels(inside.x, screen.TwipsPerPixelX()),
                                          ToPixels(inside.y, screen.TwipsPerPixelY())});
 }

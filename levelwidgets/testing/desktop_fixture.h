@@ -28,7 +28,9 @@ class DesktopTest : public ::testing::Test {
 
   DesktopDriver& Driver() { return *driver_; }
   const std::shared_ptr<DesktopDriver>& SharedDriver() { return driver_; }
-  // What the forms run on: records every platform call.
+  // What the forms run on: the tracer, unless a test gives them another screen.
+  virtual Platform& FormPlatform() { return *tracer_; }
+  // Records every platform call.
   TracingPlatform& Tracer() { return *tracer_; }
   DrawingApi& Drawing() { return tracer_->Drawing(); }
   WindowApi& Windows() { return tracer_->Windows(); }

@@ -79,6 +79,16 @@ TYPED_TEST(PanelClosing, AnotherProgramClosesThePanelWithinATickAndTheFocusIsBac
   EXPECT_EQ(this->Windows().GetFocus(), this->Subject().ActiveEdit().hWnd());
 }
 
+TYPED_TEST(PanelClosing, APanelThatClosesWhileAnotherProgramIsActiveGivesTheFocusToTheEditBoxAtOnce) {
+  TypeParam& control = this->Subject();
+  this->Open();
+  this->Driver().Leave();
+  ASSERT_FALSE(this->Windows().GetActiveWindow());
+  this->Watched();
+  ASSERT_FALSE(this->IsOpen());
+  EXPECT_EQ(this->Windows().GetFocus(), control.ActiveEdit().hWnd());
+}
+
 TYPED_TEST(PanelClosing, AnotherFormThatTheUserTurnsToKeepsTheFocus) {
   this->Subject();
   const auto second = Form::Create(this->Tracer(), {.name = "second"});

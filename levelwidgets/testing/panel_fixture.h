@@ -57,8 +57,9 @@ class PanelTest : public DesktopTest {
   }
   // Of a point on the open panel, in twips of its inner area.
   PixelPoint OnPanel(int x, int y) {
-    PixelPoint point{ToPixels(Twips(x), Tracer().Screen().TwipsPerPixelX()),
-                     ToPixels(Twips(y), Tracer().Screen().TwipsPerPixelY())};
+    ScreenApi& screen = FormPlatform().Screen();
+    PixelPoint point{ToPixels(Twips(x), screen.TwipsPerPixelX()),
+                     ToPixels(Twips(y), screen.TwipsPerPixelY())};
     Windows().ClientToScreen(Subject().Panel()->hWnd(), point);
     return point;
   }

@@ -37,6 +37,11 @@ class FlatDropDownTest : public PanelTest<FlatDropDown> {
     const PixelRect panel = PanelRect();
     return {panel.right - 1 - 8, panel.bottom - 1 - 4};
   }
+  // The panel hears that the wheel has turned by `delta`, 120 for a notch, away from the user.
+  void TurnWheel(int delta) {
+    const auto wparam = static_cast<WParam>(static_cast<std::uint32_t>(delta) << 16);
+    Windows().SendMessageA(Drop().Panel()->hWnd(), kWmMouseWheel, wparam, 0);
+  }
   // The names of the calls that draw on the panel while `action` runs.
   std::vector<std::string> DrawnIn(const PopupPanel& panel, const std::function<void()>& action) {
     std::vector<std::string> names;

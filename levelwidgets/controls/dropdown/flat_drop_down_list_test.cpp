@@ -322,6 +322,35 @@ TEST_F(FlatDropDownTest, TheWheelScrollsAnOpenListByThreeRowsAndLeavesTheHighlig
   EXPECT_TRUE(IsOpen());
 }
 
+TEST_F(FlatDropDownTest, PartsOfANotchOfTheWheelAddUp) {
+  Make(20);
+  Open();
+  TurnWheel(-70);
+  EXPECT_EQ(Drop().TopIndex(), 1);
+  TurnWheel(-50);
+  EXPECT_EQ(Drop().TopIndex(), 4);
+  TurnWheel(-190);
+  EXPECT_EQ(Drop().TopIndex(), 7);
+  TurnWheel(-50);
+  EXPECT_EQ(Drop().TopIndex(), 10);
+  TurnWheel(-60);
+  TurnWheel(60);
+  EXPECT_EQ(Drop().TopIndex(), 10);
+}
+
+TEST_F(FlatDropDownTest, AClosedListIgnoresTheWheelAndTheRequestToClose) {
+  Make(20);
+  Open();
+  Driver().Key(kKeyEscape);
+  EXPECT_THAT(EventsOf([this] {
+                TurnWheel(-120);
+                Windows().SendMessageA(Drop().Panel()->hWnd(), kWmClose, 0, 0);
+              }),
+              IsEmpty());
+  EXPECT_EQ(Drop().TopIndex(), 1);
+  EXPECT_TRUE(Windows().IsWindow(Drop().Panel()->hWnd()));
+}
+
 TEST_F(FlatDropDownTest, TheWheelDoesNothingToAListWithoutABar) {
   Make(8);
   Open();

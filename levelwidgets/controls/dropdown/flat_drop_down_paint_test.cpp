@@ -50,6 +50,16 @@ TEST_F(FlatDropDownPaintTest, PaintsItselfWithoutAnEditBoxWhenTheTextOrTheFocusC
   EXPECT_FALSE(paints_at([&] { drop.SetText("m"); }));
 }
 
+TEST_F(FlatDropDownPaintTest, TheStripLeavesTheColourOfTheSurface) {
+  FlatDropDown& drop = Make(1);
+  drop.SetStyle(-1);
+  EXPECT_EQ(drop.GetSurface().BackColor(), drop.BackColor());
+  Driver().MovePointer(Strip());
+  ASSERT_EQ(StripPixel(), Concrete(drop.DropDownBackColorMouseOver()));
+  EXPECT_EQ(drop.GetSurface().BackColor(), drop.BackColor());
+  EXPECT_EQ(PixelAt(drop, PixelPoint{60, 10}), Concrete(drop.BackColor()));
+}
+
 TEST_F(FlatDropDownPaintTest, ANewColourAtRestIsTheFillWhateverTheStripShows) {
   FlatDropDown& drop = Make(1);
   Driver().MovePointer(Strip());
@@ -152,6 +162,14 @@ TEST_F(FlatDropDownPaintTest, TheHighlightedRowIsInTheColoursOfTheSystem) {
   EXPECT_EQ(RowColor(2, 5), window);
   Drop().SetListIndex(0);
   EXPECT_EQ(RowColor(1, 5), window);
+}
+
+TEST_F(FlatDropDownPaintTest, ARowIsOneLineFromItsLeftTopCorner) {
+  MakeOf({"one\ntwo"});
+  Open();
+  const auto calls = CallsNamed({"DrawTextA"}, [&] { Drop().Panel()->Refresh(); });
+  ASSERT_EQ(calls.size(), 1u);
+  EXPECT_EQ(calls.front().arguments.back(), TraceArgument(std::int64_t{32}));
 }
 
 TEST_F(FlatDropDownPaintTest, TheColoursOfTheStripAreNotThoseOfTheList) {

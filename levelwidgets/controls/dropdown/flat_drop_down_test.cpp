@@ -216,5 +216,14 @@ TEST_F(FlatDropDownTest, WithoutAnEditBoxItDrawsItsTextAndItsFocus) {
               ::testing::Not(::testing::Contains(::testing::StartsWith("DrawTextA chosen "))));
 }
 
+TEST_F(FlatDropDownTest, TheLargestSelLengthSelectsToTheEndFromWhereverTheSelectionBegins) {
+  FlatDropDown& drop = Make(0);
+  drop.SetText("abcd");
+  drop.SetSelStart(1);
+  drop.SetSelLength(2147483647);
+  EXPECT_EQ(drop.SelStart(), 1);
+  EXPECT_EQ(drop.SelText(), "bcd");
+}
+
 }  // namespace
 }  // namespace levelwidgets::testing

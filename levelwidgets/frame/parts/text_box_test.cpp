@@ -332,5 +332,14 @@ TEST_F(TextBoxPartTest, AListenerOfAnyEventMayRemoveTheControl) {
   }
 }
 
+TEST_F(TextBoxPartTest, ASelectionWhoseEndIsBeyond32BitsEndsWithTheText) {
+  TextBox& box = TheField().txtMain;
+  box.SetText("abcd");
+  box.Select(1, 2147483647);
+  EXPECT_EQ(box.SelStart(), 1);
+  EXPECT_EQ(box.SelLength(), 3);
+  EXPECT_EQ(box.SelText(), "bcd");
+}
+
 }  // namespace
 }  // namespace levelwidgets::testing

@@ -73,7 +73,8 @@ INSTANTIATE_TEST_SUITE_P(Palettes, DarkGallery, ::testing::Values("dark", "high-
 class GalleryLooks : public ::testing::TestWithParam<std::string_view> {};
 
 TEST_P(GalleryLooks, HeadingsAndExplanationsCanBeReadAndDoNotReactToThePointer) {
-  for (const char* name : {"button", "label", "scroll", "tabstrip", "textbox"}) {
+  for (const char* name :
+       {"button", "calculator", "calendar", "dropdown", "label", "scroll", "tabstrip", "textbox"}) {
     ShownSheet sheet(name, GetParam());
     for (const std::string text : {"head01", "txt03"}) {
       SCOPED_TRACE(std::string(name) + " " + text);

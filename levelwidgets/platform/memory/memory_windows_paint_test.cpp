@@ -199,6 +199,21 @@ TEST_F(WindowPaintTest, OnlyAPartThatCanBeSeenIsPainted) {
   EXPECT_THAT(painted(half_covered), ElementsAre("behind Paint"));
 }
 
+TEST_F(WindowPaintTest, APartOfAChildIsSeenWhereTheChildIs) {
+  MakeChild("front", form, {100, 40, 140, 90});
+  const WindowHandle child = MakeChild("child", form, {100, 40, 180, 90});
+  Begin();
+  windows.InvalidateRect(child);
+  desktop.Settle();
+  EXPECT_THAT(Take(), ElementsAre("child Paint"));
+  windows.InvalidateRect(child, {40, 0, 50, 10});
+  desktop.Settle();
+  EXPECT_THAT(Take(), ElementsAre("child Paint"));
+  windows.InvalidateRect(child, {0, 0, 40, 50});
+  desktop.Settle();
+  EXPECT_THAT(Take(), IsEmpty()) << "covered";
+}
+
 TEST_F(WindowPaintTest, WithoutClipChildrenAChildIsPaintedAfterItsParent) {
   const WindowHandle open = MakeChild("open", form, {0, 0, 80, 80}, kChild & ~kWsClipChildren);
   MakeChild("inner", open, {5, 5, 10, 10});

@@ -1,0 +1,57 @@
+// A screen that the desktop of a test does not have: other monitors, other resolutions.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include <levelwidgets/platform/platform.h>
+
+namespace levelwidgets::testing {
+
+// What it says of itself. Forms place and measure by it; the windows are on the desktop's own screen.
+class OtherScreen : public ScreenApi {
+ public:
+  OtherScreen(std::vector<Monitor> monitors, PixelSize dots_per_inch)
+      : monitors_(std::move(monitors)), dots_per_inch_(dots_per_inch) {}
+  PixelSize Size() override {
+    const PixelRect& primary = monitors_.front().area;
+    return {primary.width(), primary.height()};
+  }
+  std::vector<Monitor> Monitors() override { return monitors_; }
+  float TwipsPerPixelX() override { return WholeTwipsPerPixel(dots_per_inch_.width); }
+  float TwipsPerPixelY() override { return WholeTwipsPerPixel(dots_per_inch_.height); }
+  PixelSize DotsPerInch() override { return dots_per_inch_; }
+
+ private:
+  std::vector<Monitor> monitors_;
+  PixelSize dots_per_inch_;
+};
+
+// `platform`, which outlives it, with another screen.
+class PlatformWithScreen : public Platform {
+ public:
+  PlatformWithScreen(Platform& platform, OtherScreen screen)
+      : platform_(platform), screen_(std::move(screen)) {}
+  DrawingApi& Drawing() override { return platform_.Drawing(); }
+  WindowApi& Windows() override { return platform_.Windows(); }
+  ClockApi& Clock() override { return platform_.Clock(); }
+  ScreenApi& Screen() override { return screen_; }
+  ConversionApi& Conversions() override { return platform_.Conversions(); }
+
+ private:
+  Platform& platform_;
+  OtherScreen screen_;
+};
+
+// Pixels of 15 by 20 twips on the platform's own monitors.
+inline OtherScreen OblongScreen(Platform& platform) { return {platform.Screen().Monitors(), {96, 72}}; }
+
+// The platform's own screen as two monitors side by side, the left one primary.
+inline OtherScreen HalvedScreen(Platform& platform) {
+  const PixelSize whole = platform.Screen().Size();
+  const PixelRect left{0, 0, whole.width / 2, whole.height};
+  const PixelRect right{whole.width / 2, 0, whole.width, whole.height};
+  return {{{left, left}, {right, right}}, {96, 96}};
+}
+
+}  // namespace levelwidgets::testing
