@@ -74,6 +74,16 @@ TEST_F(FlatGridPaintTest, TheLastColumnHasNoLineOnTheRight) {
   EXPECT_EQ(At(91, 20), Concrete(Grid().GetSurface().BackColor()));
 }
 
+TEST_F(FlatGridPaintTest, APaintOfThePictureDrawsOnItOnceByItsCopy) {
+  const WindowHandle picture = GridOf({900}).Picture().hWnd();
+  Journal calls = CallsOf([&] {
+    Windows().InvalidateRect(picture);
+    Windows().UpdateWindow(picture);
+  });
+  std::erase_if(calls, [](const std::string& call) { return !call.ends_with("to the picture"); });
+  EXPECT_THAT(calls, ElementsAre(StartsWith("BitBlt")));
+}
+
 TEST_F(FlatGridPaintTest, WithoutColumnsThereAreTheHeaderAndTheBackColourBelow) {
   Grid();
   EXPECT_EQ(At(100, 5), kHeader);

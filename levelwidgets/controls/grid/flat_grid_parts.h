@@ -75,7 +75,9 @@ struct FlatGrid::CellEdit {
 };
 
 struct FlatGrid::Inside {
-  explicit Inside(FlatGrid& grid) : picGrid(grid), fsbarV(grid, "fsbarV", {}), fsbarH(grid, "fsbarH", {}) {}
+  explicit Inside(FlatGrid& grid) : picGrid(grid), fsbarV(grid, "fsbarV", {}), fsbarH(grid, "fsbarH", {}) {
+    picGrid.SetClears(false);  // each paint ends with a copy of the whole
+  }
   ~Inside() {
     column_added.End();
     column_changed.End();

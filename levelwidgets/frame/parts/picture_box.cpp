@@ -109,7 +109,7 @@ PointerInput PictureBox::Inside(const WindowlessPart& part, PointerInput input) 
 // --- Notifications -----------------------------------------------------------------------------------
 
 void PictureBox::OnPaint() {
-  GetSurface().Cls();
+  if (clears_) GetSurface().Cls();
   Paint.Raise();
   for (WindowlessPart* part : drawn_) {
     if (part->Visible()) part->Paint(GetSurface());

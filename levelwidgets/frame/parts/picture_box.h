@@ -52,6 +52,8 @@ class PictureBox : public SurfaceWindow,
   // Whether a press on the panel gives it the focus; at first it does not.
   bool FocusByPress() const override { return focus_by_press_; }
   void SetFocusByPress(bool takes) { focus_by_press_ = takes; }
+  // Whether a paint begins with the background. One whose Paint covers everything is seen to flicker by it.
+  void SetClears(bool clears) { clears_ = clears; }
   // In twips of the owner's inner area, or of the screen when the window has been moved to the desktop.
   TwipPoint Position() const { return position_; }
   // With the border.
@@ -73,7 +75,8 @@ class PictureBox : public SurfaceWindow,
 
   // --- Events -----------------------------------------------------------------------------------
 
-  // The background is there; draw on GetSurface(). The windowless parts come on top.
+  // The background is there, unless the panel does not clear; draw on GetSurface(). The windowless parts come
+  // on top.
   Event<> Paint;
   // The inner area has another size.
   Event<> Resize;
@@ -112,6 +115,7 @@ class PictureBox : public SurfaceWindow,
   bool visible_ = false;
   bool border_ = false;
   bool focus_by_press_ = false;
+  bool clears_ = true;
   TwipPoint position_;
   TwipSize size_;
   TwipSize scale_told_;
