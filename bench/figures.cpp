@@ -160,6 +160,7 @@ std::vector<Figure> MeasureFigures(const std::string& folder) {
   MeasurePanels(figures);
   MeasureGrids(figures);
   MeasureGridPainting(figures);
+  MeasureScripts(figures);
   MeasureStartups(figures, folder);
   return figures;
 }

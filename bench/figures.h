@@ -38,6 +38,8 @@ Samples One(double value);
 void MeasureGrids(std::vector<Figure>& figures);
 // Those of their painting.
 void MeasureGridPainting(std::vector<Figure>& figures);
+// Those of scripts that use grids.
+void MeasureScripts(std::vector<Figure>& figures);
 // Those of the controls with panels.
 void MeasureDropDowns(std::vector<Figure>& figures);
 void MeasurePanels(std::vector<Figure>& figures);

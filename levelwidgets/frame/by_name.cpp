@@ -4,6 +4,7 @@
 #include <levelwidgets/frame/class_info.h>
 #include <levelwidgets/frame/enumerator.h>
 #include <levelwidgets/frame/error.h>
+#include <levelwidgets/frame/known_members.h>
 
 namespace levelwidgets {
 
@@ -64,9 +65,9 @@ Variant ObjectFrom(const MemberType& type, const Variant& value) {
   return converted;
 }
 
-Variant ConvertedTo(const ClassInfo& info, std::string_view member, const MemberType& type,
-                    const Variant& value, const TextConversions& texts) {
-  if (type.kind == TypeKind::kAny) return value;
+Variant ConvertedTo(const ClassInfo& info, std::string_view member, const MemberType& type, Variant value,
+                    const TextConversions& texts) {
+  if (IsOfType(type, value)) return value;
   if (type.kind == TypeKind::kObject) {
     return NamingMember(info, member, type, value, [&] { return ObjectFrom(type, value); });
   }
@@ -97,26 +98,24 @@ const PropertyInfo& Known(const ClassInfo& info, std::string_view property) {
   return *found;
 }
 
-const PropertyInfo& Writable(const ClassInfo& info, std::string_view property) {
-  const PropertyInfo& found = Known(info, property);
-  if (!found.ReadOnly()) return found;
-  throw Error(kPropertyIsReadOnly, info.QualifiedName(), NameOfMember(info, property) + " is read-only");
+void CheckWritable(const ClassInfo& info, const PropertyInfo& property) {
+  if (!property.ReadOnly()) return;
+  throw Error(kPropertyIsReadOnly, info.QualifiedName(), NameOfMember(info, property.name) + " is read-only");
 }
 
-std::vector<Variant> ConvertedIndices(const ClassInfo& info, const PropertyInfo& property,
-                                      std::span<const Variant> indices, const TextConversions& texts) {
+void ConvertIndices(const ClassInfo& info, const PropertyInfo& property, std::span<Variant> indices,
+                    const TextConversions& texts) {
   if (indices.size() != property.indices.size()) {
     RaiseWrongNumber(info, property.name,
                      " takes " + std::to_string(property.indices.size()) + " indices, not " +
                          std::to_string(indices.size()));
   }
-  std::vector<Variant> converted;
   for (std::size_t i = 0; i < indices.size(); ++i) {
     const ArgumentInfo index = property.indices[i];
+    if (IsOfType(index.type, indices[i])) continue;
     const std::string name = std::string(property.name) + "'s " + std::string(index.name);
-    converted.push_back(ConvertedTo(info, name, index.type, indices[i], texts));
+    indices[i] = ConvertedTo(info, name, index.type, std::move(indices[i]), texts);
   }
-  return converted;
 }
 
 }  // namespace
@@ -167,29 +166,44 @@ Variant GetByName(const Object& object, std::string_view property) {
 
 void SetByName(Object& object, std::string_view property, const Variant& value,
                const TextConversions& texts) {
+  SetKnown(object, Known(object.Class(), property), value, texts);
+}
+
+void SetKnown(Object& object, const PropertyInfo& property, Variant value, const TextConversions& texts) {
   const ClassInfo& info = object.Class();
-  const PropertyInfo& found = Writable(info, property);
-  if (found.Indexed()) RaiseNeedsIndices(object, property);
-  found.set(object, ConvertedTo(info, property, found.type, value, texts));
+  CheckWritable(info, property);
+  if (property.Indexed()) RaiseNeedsIndices(object, property.name);
+  property.set(object, ConvertedTo(info, property.name, property.type, std::move(value), texts));
 }
 
 Variant GetIndexedByName(const Object& object, std::string_view property, std::span<const Variant> indices,
                          const TextConversions& texts) {
-  const PropertyInfo& found = Known(object.Class(), property);
-  const std::vector<Variant> at = ConvertedIndices(object.Class(), found, indices, texts);
-  return found.Indexed() ? found.get_at(object, at) : found.get(object);
+  std::vector<Variant> at(indices.begin(), indices.end());
+  return GetKnownAt(object, Known(object.Class(), property), at, texts);
+}
+
+Variant GetKnownAt(const Object& object, const PropertyInfo& property, std::span<Variant> indices,
+                   const TextConversions& texts) {
+  ConvertIndices(object.Class(), property, indices, texts);
+  return property.Indexed() ? property.get_at(object, indices) : property.get(object);
 }
 
 void SetIndexedByName(Object& object, std::string_view property, std::span<const Variant> indices,
                       const Variant& value, const TextConversions& texts) {
+  std::vector<Variant> at(indices.begin(), indices.end());
+  SetKnownAt(object, Known(object.Class(), property), at, value, texts);
+}
+
+void SetKnownAt(Object& object, const PropertyInfo& property, std::span<Variant> indices, Variant value,
+                const TextConversions& texts) {
   const ClassInfo& info = object.Class();
-  const PropertyInfo& found = Writable(info, property);
-  const std::vector<Variant> at = ConvertedIndices(info, found, indices, texts);
-  const Variant converted = ConvertedTo(info, property, found.type, value, texts);
-  if (found.Indexed()) {
-    found.set_at(object, at, converted);
+  CheckWritable(info, property);
+  ConvertIndices(info, property, indices, texts);
+  const Variant converted = ConvertedTo(info, property.name, property.type, std::move(value), texts);
+  if (property.Indexed()) {
+    property.set_at(object, indices, converted);
   } else {
-    found.set(object, converted);
+    property.set(object, converted);
   }
 }
 
@@ -204,17 +218,23 @@ Variant InvokeByReference(Object& object, std::string_view method, std::vector<V
   const ClassInfo& info = object.Class();
   const MethodInfo* found = info.FindMethod(method);
   if (!found) RaiseNoSuchMember(info.Name(), method, info.MemberNames());
-  const std::size_t count = found->arguments.size();
+  return InvokeKnown(object, *found, arguments, texts);
+}
+
+Variant InvokeKnown(Object& object, const MethodInfo& method, std::vector<Variant>& arguments,
+                    const TextConversions& texts) {
+  const ClassInfo& info = object.Class();
+  const std::size_t count = method.arguments.size();
   if (arguments.size() > count) {
     RaiseWrongNumber(
-        info, method,
+        info, method.name,
         " takes " + std::to_string(count) + " arguments, not " + std::to_string(arguments.size()));
   }
   arguments.resize(count);
   for (std::size_t i = 0; i < count; ++i) {
-    arguments[i] = GivenArgument(info, method, found->arguments[i], arguments[i], texts);
+    arguments[i] = GivenArgument(info, method.name, method.arguments[i], arguments[i], texts);
   }
-  return found->invoke(object, arguments);
+  return method.invoke(object, arguments);
 }
 
 Subscription SubscribeByName(Object& object, std::string_view event, EventListener listener) {

@@ -26,8 +26,9 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
                          ::testing::Values("building", "collections", "conversions", "drop_down", "events",
-                                           "file_questions", "focus", "forms", "handler_errors", "members",
-                                           "questions", "removal", "tabs", "trace", "values"),
+                                           "file_questions", "focus", "forms", "grid", "grid_edits",
+                                           "handler_errors", "known_names", "members", "questions", "removal",
+                                           "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });
 
 }  // namespace

@@ -33,7 +33,11 @@ using FormRef = std::shared_ptr<ScriptForm>;
 int ReadForm(lua_State* L) {
   const FormRef form = CheckForm(L, 1);
   const std::string_view name = luaL_checkstring(L, 2);
-  if (PushScriptMethod(L, 1, name) || PushProperty(L, *form->form, name)) return 1;
+  if (PushScriptMethod(L, 1, name)) return 1;
+  if (const PropertyInfo* property = form->form->Class().FindProperty(name)) {
+    PushProperty(L, *form->form, *property);
+    return 1;
+  }
   if (const auto control = form->form->Find(name)) {
     PushControl(L, control);
     return 1;
@@ -45,7 +49,10 @@ int ReadForm(lua_State* L) {
 int WriteForm(lua_State* L) {
   const FormRef form = CheckForm(L, 1);
   const std::string_view name = luaL_checkstring(L, 2);
-  if (AssignProperty(L, *form->form, name, 3)) return 0;
+  if (const PropertyInfo* property = form->form->Class().FindProperty(name)) {
+    AssignProperty(L, *form->form, *property, 3);
+    return 0;
+  }
   RefuseEvent(form->form->Class(), name);
   if (form->form->Find(name) || PushScriptMethod(L, 1, name)) {
     throw Error(kPropertyIsReadOnly, "LevelWidgets.Form", "Form." + std::string(name) + " is read-only");

@@ -1,4 +1,5 @@
 // What all types with members by name have in common.
+#include <levelwidgets/frame/known_members.h>
 #include <levelwidgets/host/script/lua/error.h>
 #include <levelwidgets/host/script/members/indexed.h>
 #include <levelwidgets/host/script/members/objects.h>
@@ -49,28 +50,22 @@ std::vector<std::string_view> ScriptMethodNames(lua_State* L, int object) {
   return names;
 }
 
-bool PushProperty(lua_State* L, const Object& object, std::string_view name) {
-  const PropertyInfo* property = object.Class().FindProperty(name);
-  if (!property) return false;
-  if (property->Indexed()) {
-    PushIndexed(L, 1, *property);
+void PushProperty(lua_State* L, const Object& object, const PropertyInfo& property) {
+  if (property.Indexed()) {
+    PushIndexed(L, 1, property);
   } else {
-    PushVariant(L, property->get(object), property->type);
+    PushVariant(L, property.get(object), property.type);
   }
-  return true;
 }
 
-bool AssignProperty(lua_State* L, Object& object, std::string_view name, int value) {
-  const PropertyInfo* property = object.Class().FindProperty(name);
-  if (!property) return false;
+void AssignProperty(lua_State* L, Object& object, const PropertyInfo& property, int value) {
   // Most often the value of a variable that nobody has set.
-  if (lua_isnil(L, value) && !property->ReadOnly() && !TakesNil(property->type)) {
-    throw Error(
-        kTypeMismatch, object.Class().QualifiedName(),
-        std::string(object.Class().Name()) + "." + std::string(name) + " cannot be nil; lw.null is Null");
+  if (lua_isnil(L, value) && !property.ReadOnly() && !TakesNil(property.type)) {
+    throw Error(kTypeMismatch, object.Class().QualifiedName(),
+                std::string(object.Class().Name()) + "." + std::string(property.name) +
+                    " cannot be nil; lw.null is Null");
   }
-  SetByName(object, name, ToVariant(L, value, property->type), TextsOf(L));
-  return true;
+  SetKnown(object, property, ToVariant(L, value, property.type), TextsOf(L));
 }
 
 void RefuseEvent(const ClassInfo& info, std::string_view name) {

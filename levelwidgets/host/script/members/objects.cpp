@@ -1,9 +1,11 @@
 #include <levelwidgets/host/script/members/objects.h>
 
 #include <levelwidgets/frame/enumerator.h>
+#include <levelwidgets/frame/known_members.h>
 #include <levelwidgets/host/form/form.h>
 #include <levelwidgets/host/script/lua/userdata.h>
 #include <levelwidgets/host/script/members/indexed.h>
+#include <levelwidgets/host/script/members/known_names.h>
 #include <levelwidgets/host/script/members/listeners.h>
 #include <levelwidgets/host/script/values/conversions.h>
 #include <levelwidgets/host/script/values/values.h>
@@ -57,7 +59,7 @@ std::vector<Variant> ArgumentsOf(lua_State* L, const MethodInfo& method) {
 // then what the method left in its by-reference arguments; nil for neither.
 int CallMethod(lua_State* L, Object& object, const MethodInfo& method) {
   std::vector<Variant> arguments = ArgumentsOf(L, method);
-  const Variant result = InvokeByReference(object, method.name, arguments, TextsOf(L));
+  const Variant result = InvokeKnown(object, method, arguments, TextsOf(L));
   int pushed = 0;
   if (method.result.kind != TypeKind::kNone) {
     PushVariant(L, result, method.result);
@@ -85,46 +87,77 @@ int CallMethod(lua_State* L, Object& object, const MethodInfo& method) {
   RaiseNoSuchMember(control.ControlClass().Name(), name, names);
 }
 
-// Upvalue 1 is the method's name; the control's own methods come before the container's.
+// The container's properties and methods are rows of a table of their own.
+Object& OwnerOf(const PropertyInfo& property, HostedControl& hosted, Control& control) {
+  return IsAmong(HostedControl::Table().Properties(), property) ? static_cast<Object&>(hosted) : control;
+}
+Object& OwnerOf(const MethodInfo& method, HostedControl& hosted, Control& control) {
+  return IsAmong(HostedControl::Table().Methods(), method) ? static_cast<Object&>(hosted) : control;
+}
+
+// The control's own methods come before the container's.
+const MethodInfo* FindControlMethod(const ClassInfo& control_class, std::string_view name) {
+  const MethodInfo* own = control_class.FindMethod(name);
+  return own ? own : HostedControl::Table().FindMethod(name);
+}
+
 int CallControl(lua_State* L) {
   const HostedRef hosted = CheckControl(L, 1);
-  const std::string name = lua_tostring(L, lua_upvalueindex(1));
   const auto control = hosted->GetControl();
-  Object& object = control->Class().FindMethod(name) ? static_cast<Object&>(*control) : *hosted;
-  const MethodInfo* method = object.Class().FindMethod(name);
-  if (!method) RaiseNoSuchControlMember(L, *hosted, name);
-  return CallMethod(L, object, *method);
+  const auto look_up = [&](std::string_view name) {
+    const MethodInfo* method = FindControlMethod(control->Class(), name);
+    if (!method) RaiseNoSuchControlMember(L, *hosted, name);
+    return method;
+  };
+  const MethodInfo& method = *MethodOf(L, control->Class(), look_up);
+  return CallMethod(L, OwnerOf(method, *hosted, *control), method);
+}
+
+// Pushes what the name at index 2 stands for. What the container adds has its meaning on every control.
+void LookUpOfControl(lua_State* L, const HostedControl& hosted) {
+  const std::string_view name = lua_tostring(L, 2);
+  const ClassInfo& control_class = hosted.ControlClass();
+  if (PushScriptMethod(L, 1, name)) return;
+  for (const ClassInfo* info : {&HostedControl::Table(), &control_class}) {
+    if (const PropertyInfo* property = info->FindProperty(name)) return PushRow(L, *property);
+  }
+  if (const MethodInfo* method = FindControlMethod(control_class, name)) {
+    return PushMethod(L, Guarded<CallControl>, control_class, *method);
+  }
+  RefuseEvent(control_class, name);
+  RefuseEvent(HostedControl::Table(), name);
+  RaiseNoSuchControlMember(L, hosted, name);
+}
+
+// The property that the name at index 2 is of the control at index 1. Null, with a function pushed, for a
+// method.
+const PropertyInfo* PropertyOfControl(lua_State* L, const HostedControl& hosted) {
+  luaL_checkstring(L, 2);
+  PushKnownName(L, [&] { LookUpOfControl(L, hosted); });
+  return RowAt(L);
 }
 
 int ReadControl(lua_State* L) {
-  const HostedRef hosted = CheckControl(L, 1);
-  const std::string_view name = luaL_checkstring(L, 2);
-  const auto control = hosted->GetControl();
-  if (PushScriptMethod(L, 1, name)) return 1;
-  // What the container adds has the container's meaning on every control.
-  if (PushProperty(L, *hosted, name) || PushProperty(L, *control, name)) return 1;
-  if (control->Class().FindMethod(name) || hosted->Class().FindMethod(name)) {
-    lua_pushvalue(L, 2);
-    lua_pushcclosure(L, Guarded<CallControl>, 1);
-    return 1;
+  HostedControl& hosted = *CheckOwn<HostedRef>(L, 1, kControlType);
+  Control& control = *ControlOf(hosted);  // what is read runs no handler
+  if (const PropertyInfo* property = PropertyOfControl(L, hosted)) {
+    PushProperty(L, OwnerOf(*property, hosted, control), *property);
   }
-  RefuseEvent(control->Class(), name);
-  RefuseEvent(hosted->Class(), name);
-  RaiseNoSuchControlMember(L, *hosted, name);
+  return 1;
+}
+
+[[noreturn]] void RefuseMethod(const ClassInfo& info, std::string_view name) {
+  throw Error(kPropertyIsReadOnly, info.QualifiedName(),
+              std::string(info.Name()) + "." + std::string(name) + " is a method");
 }
 
 int WriteControl(lua_State* L) {
-  const HostedRef hosted = CheckControl(L, 1);
-  const std::string_view name = luaL_checkstring(L, 2);
-  const auto control = hosted->GetControl();
-  if (AssignProperty(L, *hosted, name, 3) || AssignProperty(L, *control, name, 3)) return 0;
-  RefuseEvent(control->Class(), name);
-  RefuseEvent(hosted->Class(), name);
-  if (control->Class().FindMethod(name) || hosted->Class().FindMethod(name) || PushScriptMethod(L, 1, name)) {
-    throw Error(kPropertyIsReadOnly, control->Class().QualifiedName(),
-                std::string(control->Class().Name()) + "." + std::string(name) + " is a method");
-  }
-  RaiseNoSuchControlMember(L, *hosted, name);
+  HostedControl& hosted = *CheckOwn<HostedRef>(L, 1, kControlType);
+  const auto control = ControlOf(hosted);
+  const PropertyInfo* property = PropertyOfControl(L, hosted);
+  if (!property) RefuseMethod(control->Class(), lua_tostring(L, 2));
+  AssignProperty(L, OwnerOf(*property, hosted, *control), *property, 3);
+  return 0;
 }
 
 int ControlToText(lua_State* L) {
@@ -183,13 +216,14 @@ ObjectRef CheckObject(lua_State* L) { return CheckUserdata<ObjectRef>(L, 1, kObj
   RaiseNoSuchMember(info.Name(), name, names);
 }
 
-// Upvalue 1 is the method's name.
 int CallObject(lua_State* L) {
   const ObjectRef object = CheckObject(L);
-  const std::string name = lua_tostring(L, lua_upvalueindex(1));
-  const MethodInfo* method = object->Class().FindMethod(name);
-  if (!method) RaiseNoSuchObjectMember(L, object->Class(), name);
-  return CallMethod(L, *object, *method);
+  const auto look_up = [&](std::string_view name) {
+    const MethodInfo* method = object->Class().FindMethod(name);
+    if (!method) RaiseNoSuchObjectMember(L, object->Class(), name);
+    return method;
+  };
+  return CallMethod(L, *object, *MethodOf(L, object->Class(), look_up));
 }
 
 // The indexed property that list[1] stands for. Raises 438 when there is none.
@@ -199,43 +233,49 @@ const PropertyInfo& ItemsOf(const ClassInfo& info) {
   throw Error(kNoSuchMember, info.QualifiedName(), std::string(info.Name()) + " has no members by number");
 }
 
+// Pushes what the name at index 2 stands for.
+void LookUpOfObject(lua_State* L, const ClassInfo& info) {
+  const std::string_view name = lua_tostring(L, 2);
+  if (PushScriptMethod(L, 1, name)) return;
+  if (const PropertyInfo* property = info.FindProperty(name)) return PushRow(L, *property);
+  if (const MethodInfo* method = info.FindMethod(name)) {
+    return PushMethod(L, Guarded<CallObject>, info, *method);
+  }
+  RefuseEvent(info, name);
+  RaiseNoSuchObjectMember(L, info, name);
+}
+
+// As PropertyOfControl.
+const PropertyInfo* PropertyOfObject(lua_State* L, const ClassInfo& info) {
+  PushKnownName(L, [&] { LookUpOfObject(L, info); });
+  return RowAt(L);
+}
+
 int ReadObject(lua_State* L) {
-  const ObjectRef object = CheckObject(L);
+  const Object& object = *CheckOwn<ObjectRef>(L, 1, kObjectType);
   if (lua_type(L, 2) != LUA_TSTRING) {
-    PushIndexed(L, 1, ItemsOf(object->Class()));
+    PushIndexed(L, 1, ItemsOf(object.Class()));
     lua_pushvalue(L, 2);
     lua_gettable(L, -2);
-    return 1;
+  } else if (const PropertyInfo* property = PropertyOfObject(L, object.Class())) {
+    PushProperty(L, object, *property);
   }
-  const std::string_view name = lua_tostring(L, 2);
-  if (PushScriptMethod(L, 1, name) || PushProperty(L, *object, name)) return 1;
-  if (!object->Class().FindMethod(name)) {
-    RefuseEvent(object->Class(), name);
-    RaiseNoSuchObjectMember(L, object->Class(), name);
-  }
-  lua_pushvalue(L, 2);
-  lua_pushcclosure(L, Guarded<CallObject>, 1);
   return 1;
 }
 
 int WriteObject(lua_State* L) {
-  const ObjectRef object = CheckObject(L);
-  const ClassInfo& info = object->Class();
+  Object& object = *CheckOwn<ObjectRef>(L, 1, kObjectType);
   if (lua_type(L, 2) != LUA_TSTRING) {
-    PushIndexed(L, 1, ItemsOf(info));
+    PushIndexed(L, 1, ItemsOf(object.Class()));
     lua_pushvalue(L, 2);
     lua_pushvalue(L, 3);
     lua_settable(L, -3);
     return 0;
   }
-  const std::string_view name = lua_tostring(L, 2);
-  if (AssignProperty(L, *object, name, 3)) return 0;
-  RefuseEvent(info, name);
-  if (info.FindMethod(name) || PushScriptMethod(L, 1, name)) {
-    throw Error(kPropertyIsReadOnly, info.QualifiedName(),
-                std::string(info.Name()) + "." + std::string(name) + " is a method");
-  }
-  RaiseNoSuchObjectMember(L, info, name);
+  const PropertyInfo* property = PropertyOfObject(L, object.Class());
+  if (!property) RefuseMethod(object.Class(), lua_tostring(L, 2));
+  AssignProperty(L, object, *property, 3);
+  return 0;
 }
 
 int ObjectToText(lua_State* L) {
@@ -287,7 +327,8 @@ void OpenObjects(lua_State* L) {
 
 void PushControl(lua_State* L, const HostedRef& control) {
   if (PushKnown(L, control.get())) return;
-  PushUserdata(L, kControlType, control);
+  PushUserdata(L, kControlType, control, kMemberUserValues);
+  ShareKnownNames(L, control->ControlClass());
   Remember(L, control.get());
 }
 
@@ -295,11 +336,14 @@ const HostedRef* ControlAt(lua_State* L, int index) {
   return TestUserdata<HostedRef>(L, index, kControlType);
 }
 
+const std::shared_ptr<Control>& ControlOf(const HostedControl& hosted) {
+  if (const auto& control = hosted.GetControl()) return control;
+  throw Error(kInvalidCall, "LevelWidgets.Form", hosted.Name() + " is on no form any more");
+}
+
 HostedRef CheckControl(lua_State* L, int index) {
   const HostedRef& control = CheckUserdata<HostedRef>(L, index, kControlType);
-  if (!control->GetControl()) {
-    throw Error(kInvalidCall, "LevelWidgets.Form", control->Name() + " is on no form any more");
-  }
+  ControlOf(*control);
   return control;
 }
 
@@ -309,13 +353,18 @@ void PushObject(lua_State* L, const ObjectRef& object) {
   } else if (const auto control = std::dynamic_pointer_cast<HostedControl>(object)) {
     PushControl(L, control);
   } else if (!PushKnown(L, object.get())) {
-    PushUserdata(L, kObjectType, object);
+    PushUserdata(L, kObjectType, object, kMemberUserValues);
+    ShareKnownNames(L, object->Class());
     Remember(L, object.get());
   }
 }
 
+const ObjectRef* ObjectValueAt(lua_State* L, int index) {
+  return TestUserdata<ObjectRef>(L, index, kObjectType);
+}
+
 ObjectRef ObjectAt(lua_State* L, int index) {
-  if (const ObjectRef* object = TestUserdata<ObjectRef>(L, index, kObjectType)) return *object;
+  if (const ObjectRef* object = ObjectValueAt(L, index)) return *object;
   return ControlAt(L, index) ? CheckControl(L, index)->GetControl() : nullptr;
 }
 

@@ -16,9 +16,13 @@ void PushControl(lua_State* L, const std::shared_ptr<HostedControl>& control);
 std::shared_ptr<HostedControl> CheckControl(lua_State* L, int index);
 // Null when the value at `index` is no control. The control may have been removed.
 const std::shared_ptr<HostedControl>* ControlAt(lua_State* L, int index);
+// Raises 5 when it is no longer on a form.
+const std::shared_ptr<Control>& ControlOf(const HostedControl& hosted);
 
 // nil for null.
 void PushObject(lua_State* L, const ObjectRef& object);
+// Null when the value at `index` is no object, or a control.
+const ObjectRef* ObjectValueAt(lua_State* L, int index);
 // Null when the value at `index` is no object; raises 5 for a removed control.
 ObjectRef ObjectAt(lua_State* L, int index);
 
@@ -34,10 +38,10 @@ void AddScriptMethods(lua_State* L, const luaL_Reg* methods);
 // The names of those methods.
 std::vector<std::string_view> ScriptMethodNames(lua_State* L, int object);
 
-// Pushes the property when the object's class has it. The object's value is at index 1.
-bool PushProperty(lua_State* L, const Object& object, std::string_view name);
-// Assigns the value at `value` when the object's class has the property.
-bool AssignProperty(lua_State* L, Object& object, std::string_view name, int value);
+// Pushes the property, of the class of `object`, whose value is at index 1.
+void PushProperty(lua_State* L, const Object& object, const PropertyInfo& property);
+// Assigns the value at `value` to it.
+void AssignProperty(lua_State* L, Object& object, const PropertyInfo& property, int value);
 // Raises 438 for an event read as if it were a value.
 void RefuseEvent(const ClassInfo& info, std::string_view name);
 

@@ -88,14 +88,8 @@ const ObjectValues& Objects(lua_State* L) {
 // --- From scripts ----------------------------------------------------------------------------------
 
 Variant NumberAt(lua_State* L, int index, const MemberType& type) {
-  if (!lua_isinteger(L, index)) return static_cast<double>(lua_tonumber(L, index));
-  const lua_Integer number = lua_tointeger(L, index);
-  if (type.IsUnsigned() && number >= 0 && number <= std::numeric_limits<std::uint32_t>::max()) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
-  }
-  const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
-                    number <= std::numeric_limits<std::int32_t>::max();
-  return fits ? Variant(static_cast<std::int32_t>(number)) : Variant(static_cast<double>(number));
+  if (lua_isinteger(L, index)) return VariantOfWhole(lua_tointeger(L, index), type);
+  return static_cast<double>(lua_tonumber(L, index));
 }
 
 Variant UserdataAt(lua_State* L, int index) {
@@ -144,6 +138,15 @@ void PushVariant(lua_State* L, const Variant& value, const MemberType& type) {
     case VariantType::kFont: PushFont(L, ToFont(value)); return;
     case VariantType::kObject: Objects(L).push(L, std::get<ObjectRef>(value.Get())); return;
   }
+}
+
+Variant VariantOfWhole(lua_Integer number, const MemberType& type) {
+  if (type.IsUnsigned() && number >= 0 && number <= std::numeric_limits<std::uint32_t>::max()) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
+  }
+  const bool fits = number >= std::numeric_limits<std::int32_t>::min() &&
+                    number <= std::numeric_limits<std::int32_t>::max();
+  return fits ? Variant(static_cast<std::int32_t>(number)) : Variant(static_cast<double>(number));
 }
 
 Variant ToVariant(lua_State* L, int index, const MemberType& type) {

@@ -30,6 +30,7 @@ void PushVariant(lua_State* L, const Variant& value, const MemberType& type = {}
 // The value at `index`; a table describes a font. A colour may be written as 0x80000012. Raises 13 for what
 // is no value of a property (a function).
 Variant ToVariant(lua_State* L, int index, const MemberType& type = {});
+Variant VariantOfWhole(lua_Integer number, const MemberType& type);
 
 // The whole number at `index`; raises 6 for one that no property or argument can have (beyond 32 bits).
 std::int32_t IntegerAt(lua_State* L, int index);
