@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 
 #include <levelwidgets/host/form_file/reader.h>
 #include <levelwidgets/host/form_file/values.h>
@@ -28,6 +29,27 @@ std::int32_t CountOf(const PersistedKey& stored, const Control& control) {
 
 std::string NameOfMany(const PersistedKey& stored) {
   return (stored.field ? "items in " : "values of ") + std::string(stored.property->name);
+}
+
+// What an unknown `key` may be meant to be. Of an item's keys those that the item at the same position has.
+std::vector<std::string> KnownKeys(const ClassInfo& control_class, std::string_view key) {
+  std::vector<std::string> keys;
+  for (const PropertyInfo* property : control_class.Persisted()) {
+    if (!property->is_collection) {
+      keys.emplace_back(property->name);
+      continue;
+    }
+    const SavedItems& items = *property->type.object_class().SavedItems();
+    keys.emplace_back(items.count_key);
+    std::int32_t position = 0;
+    if (!key.starts_with(items.prefix)) continue;
+    std::from_chars(key.data() + items.prefix.size(), key.data() + key.size(), position);
+    if (position < 1) continue;
+    for (const PropertyInfo* field : items.item_class().Persisted()) {
+      keys.push_back(items.KeyOf(position, *field));
+    }
+  }
+  return keys;
 }
 
 }  // namespace
@@ -214,11 +236,8 @@ void FormReader::WarnOfUnknownProperties(const FormNode& node, const HostedContr
     }
     if (!saved) saved = control.Properties();
     if (saved->Find(child.key)) continue;  // one of those that a control numbers itself
-    std::vector<std::string_view> names;
-    for (const PropertyInfo* property : control_class.Persisted()) {
-      names.push_back(property->is_collection ? property->type.object_class().SavedItems()->count_key
-                                              : property->name);
-    }
+    const std::vector<std::string> keys = KnownKeys(control_class, child.key);
+    const std::vector<std::string_view> names(keys.begin(), keys.end());
     report_.Warning(child.key_span.begin, std::string(control_class.Name()) + " has no property \"" +
                                               child.key + "\" to load" + Suggestion(child.key, names));
   }
