@@ -40,7 +40,8 @@ LResult TextBox::OnMessage(std::uint32_t message, WParam wparam, LParam lparam) 
   if (const InputKind kind = InputKindOf(message); kind != InputKind::kNone) {
     owner_.Site().InputArrived(kind);
   }
-  // An edit box of one line has nothing to scroll: some systems pass the wheel on to what holds it, some do not.
+  // An edit box of one line has nothing to scroll: some systems pass the wheel on to what holds it, some do
+  // not.
   if (message == kWmMouseWheel && !multi_line_) {
     return Windows().SendMessageA(owner_.GetSurface().hWnd(), message, wparam, lparam);
   }
