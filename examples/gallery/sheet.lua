@@ -15,6 +15,8 @@ local of_the_desktop = {
   { "ScrollBackColor", system.scroll_bar }, { "ScrollButtonColor", system.face },
   { "ScrollMouseOverColor", system.highlight }, { "ScrollPushedColor", system.face },
   { "CalcBackColor", system.window }, { "CalcBorderColor", system.window_frame }, { "CalcForeColor", system.text },
+  { "BackColorHeader", system.face }, { "BackColorSelected", system.highlight },
+  { "BackColorRowOdd", system.window }, { "BackColorRowEven", system.face },
   { "CalcDigitColor", system.face }, { "CalcFunctionColor", system.dark }, { "CalcClearColor", system.window },
 }
 

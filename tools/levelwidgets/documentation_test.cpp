@@ -213,6 +213,16 @@ TEST_F(Documentation, TheFirstFormOfTheReadmeDoesWhatItSays) {
   EXPECT_TRUE(PixelsOf(folder_ / "order.png") == PixelsOf(Source("docs/pictures/order.png"))) << kRefresh;
 }
 
+TEST_F(Documentation, TheOrderEntryApprovesWhatIsTypedAndIsSavedWhereItIsTrusted) {
+  for (const auto& entry : std::filesystem::directory_iterator(Source("examples/order_entry")))
+    std::filesystem::copy(entry.path(), folder_);
+  EXPECT_EQ(Run("check order_entry.form.toml").status, 0);
+  for (const char* command : {"run order_entry_test.lua", "run --trust order_entry_test.lua"}) {
+    const Outcome outcome = Run(command);
+    EXPECT_EQ(outcome.status, 0) << command << "\n" << outcome.err;
+  }
+}
+
 TEST_F(Documentation, TheCommandsOnItsPagesWork) {
   TakeOrderExample();
   int commands = 0;
