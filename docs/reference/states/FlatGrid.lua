@@ -23,6 +23,22 @@ local function focus(row)
   end
 end
 
+-- Opens the editor of the third row in `column`, and its panel.
+local function edit(column, with_panel)
+  return function(grid, desktop)
+    focus(3)(grid)
+    for _ = 2, column do desktop:key(39) end
+    desktop:key(113)
+    if with_panel then desktop:key(115) end
+  end
+end
+
+local function values(grid)
+  for _, row in ipairs(rows) do grid.Columns[1].ValueList:Add(row[1]) end
+end
+
+local edits = { AllowEdits = true }
+
 local columns = {
   RowHeight = 270, ColumnCount = 4,
   Column1Caption = "Article", Column1Width = 1605, Column1HeaderAlignment = 0, Column1EditType = 4,
@@ -40,6 +56,12 @@ return {
     act = function(grid) fill(grid) grid.RowIndex = 3 end },
   { name = "cell", caption = "`ShowCellFocus = true`: a frame in the current cell, here in the second column", properties = { ShowCellFocus = true },
     act = function(grid, desktop) focus(3)(grid) desktop:key(39) end },
+  { name = "editor", caption = "`AllowEdits = true`, F2 in a column of `ksxEditText`", properties = { AllowEdits = true, Column3EditType = 1 },
+    act = edit(3) },
+  { name = "calculator", caption = "The same in a column of `ksxEditCalculator`, with its keypad", properties = edits, act = edit(2, true) },
+  { name = "calendar", caption = "The same in a column of `ksxEditCalendar`, with its month view", properties = edits, act = edit(4, true) },
+  { name = "dropdown", caption = "The same in a column of `ksxEditDropDown`, with the column's `ValueList`", properties = edits,
+    act = function(grid, desktop) values(grid) edit(1, true)(grid, desktop) end },
   { name = "no-header", caption = "`ShowColumnHeaders = false`", properties = { ShowColumnHeaders = false }, act = fill },
   { name = "no-lines", caption = "`ShowGridLines = false`", properties = { ShowGridLines = false }, act = fill },
   { name = "hidden", caption = "`Column2Visible = false`: the next columns move up", properties = { Column2Visible = false }, act = fill },
