@@ -168,6 +168,35 @@ TEST_F(ScriptHostTest, FailureLeavesTheHostUsable) {
   EXPECT_EQ(Run("return 5"), 5);
 }
 
+// Finalizers run in the order opposite to that in which their values were made.
+TEST_F(ScriptHostTest, AFinalizerThatRunsAtTheEndFindsNoObjects) {
+  const std::string path = File("found", "");
+  Run("local path = [[" + path + "]]\n" + R"(
+    kept = setmetatable({}, { __gc = function()
+      local file = io.open(path, "w")
+      local function try(read) file:write(tostring(select(2, pcall(read))), "\n") end
+      try(function() return cells[1][1] end)
+      try(function() row[1] = "x" end)
+      try(function() return grid.RowCount end)
+      try(function() return items[1] end)
+      try(function() return list.Count end)
+      file:close()
+    end })
+    grid = lw.form{ Name = "frm" }:add("FlatGrid", "grd")
+    grid.Columns:Add("a")
+    cells, row = grid.RowData, grid.RowData[1]
+    list = lw.new("ksxValueList")
+    items = list.Item)");
+  host_.reset();
+  std::stringstream found;
+  found << std::ifstream(path).rdbuf();
+  const std::string gone = "The object no longer exists (error 5, LevelWidgets)\n";
+  EXPECT_EQ(found.str(), "test.lua:6: " + gone + "test.lua:7: " + gone +
+                             "test.lua:8: attempt to index a userdata value (global 'grid')\n" +
+                             "test.lua:9: " + gone +
+                             "test.lua:10: attempt to index a userdata value (global 'list')\n");
+}
+
 TEST_F(ScriptHostTest, ProgramGetsItsArguments) {
   const std::string path = File("program.lua",
                                 "local first, second = ...\n"
