@@ -37,7 +37,8 @@ void FlatGrid::WireBars() {
     bar->SetValue(1);
     bar->SetSmallChange(1);
     bar->SetLargeChange(1);
-    // As an editor's arrow: its buttons are as light as the strip, whatever the colour of the desktop's texts.
+    // As an editor's arrow: its buttons are as light as the strip, whatever the colour of the desktop's
+    // texts.
     bar->SetForeColor(Color(0));
   }
   // In front of the editors, which are in front of the picture.
