@@ -96,7 +96,9 @@ class Presenter {
   std::chrono::steady_clock::time_point started_;
   std::uint64_t started_tick_;
 
-  WindowHandle active_;             // as of the last Sync
+  WindowHandle active_;  // as of the last Sync
+  std::optional<std::uint64_t>
+      pressed_at_;                  // SDL's milliseconds; until the keyboard has come to this program
   WindowHandle pressed_popup_;      // has become active by a press, in
   WindowHandle pressed_form_;       // this form
   std::uint32_t focus_ = 0;         // the native window with the keyboard

@@ -106,6 +106,7 @@ void Presenter::HandlePointer(const SDL_Event& event) {
 
 void Presenter::PressIn(std::uint32_t native_id, int button) {
   const WindowHandle former = desktop_.Windows().GetActiveWindow();
+  pressed_at_ = SDL_GetTicks64();
   desktop_.Press(button);
   const WindowHandle active = desktop_.Windows().GetActiveWindow();
   const Shown* pressed = FindNative(native_id);
@@ -249,6 +250,10 @@ void Presenter::NativeResized(Shown& shown, PixelSize size) {
 
 // --- Focus and clipboard -----------------------------------------------------------------------
 
+// A press arrives before the window that was pressed has the keyboard, on a busy machine long before. What it
+// opens must not close for that.
+constexpr std::uint64_t kFocusAfterPressMs = 1000;
+
 // An open popup closes when the user turns elsewhere, which is to be seen at once. What SDL reports later is
 // the same, or nothing when the user has come back by then.
 void Presenter::AskForFocus() {
@@ -259,6 +264,9 @@ void Presenter::AskForFocus() {
   for (const Shown& shown : shown_) windows.push_back(SDL_GetWindowFromID(shown.native->Id()));
   const std::optional<std::uint32_t> owner = KeyboardOwner(windows);
   if (!owner) return;
+  const bool is_due = pressed_at_ && SDL_GetTicks64() - *pressed_at_ < kFocusAfterPressMs;
+  if (*owner == 0 && is_due) return;
+  pressed_at_.reset();
   native_focus_ = *owner;
   asks_for_focus_ = *owner == 0;
 }
