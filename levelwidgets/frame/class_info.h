@@ -56,6 +56,10 @@ enum class MemberFlags : std::uint32_t {
   // The format of a text that the control converts: input may raise what the conversion raises, and the text
   // may change each time that it is loaded.
   kFormat = 1 << 16,
+  // It opens editors inside the control, whose errors input raises: those of what is picked and of conversions.
+  kOpensEditors = 1 << 17,
+  // The control shows that it has lost the focus with its next paint.
+  kFocusShownLater = 1 << 18,
 };
 constexpr MemberFlags operator|(MemberFlags a, MemberFlags b) {
   return static_cast<MemberFlags>(static_cast<unsigned>(a) | static_cast<unsigned>(b));

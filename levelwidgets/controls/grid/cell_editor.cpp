@@ -21,9 +21,13 @@ struct Centred {
   TwipPoint position;
   TwipSize size;
 };
+// In whole pixels, and not beyond what a window can be.
+Twips RowHeight(const EditorPlace& place) {
+  return ToTwips(place.cell.height() - 1, place.twips_per_pixel_y);
+}
 Centred CentredOn(const EditorPlace& place, Twips own_height) {
-  const auto& [cell, row_height, text_height, twips_x, twips_y] = place;
-  const Twips top(ToTwips(cell.top, twips_y).value - (own_height.value - row_height.value) / 2);
+  const auto& [cell, text_height, twips_x, twips_y] = place;
+  const Twips top(ToTwips(cell.top, twips_y).value - (own_height.value - RowHeight(place).value) / 2);
   return {{ToTwips(cell.left, twips_x), top}, {ToTwips(cell.right - cell.left, twips_x), own_height}};
 }
 
@@ -99,7 +103,7 @@ class CalculatorEditor final : public ControlEditor<FlatCalculator> {
   explicit CalculatorEditor(PartHost& grid) : ControlEditor(grid, "fcalcEdit") {}
 
  private:
-  Centred PlaceOf(const EditorPlace& place) const override { return CentredOn(place, place.row_height); }
+  Centred PlaceOf(const EditorPlace& place) const override { return CentredOn(place, RowHeight(place)); }
   void Show(const FlatColumn& column, std::string_view text) override {
     Inner().SetAlignment(column.Alignment());
     Inner().SetFormatString(column.Format());

@@ -12,8 +12,7 @@ namespace levelwidgets {
 
 // Where an editor is to stand. Its cell is in pixels of the picture, which is in the corner of the grid.
 struct EditorPlace {
-  PixelRect cell;
-  Twips row_height;
+  PixelRect cell;       // a row with the line below it
   int text_height = 0;  // pixels of a line
   float twips_per_pixel_x = 15;
   float twips_per_pixel_y = 15;

@@ -25,7 +25,8 @@ const ClassInfo& FlatGrid::Table() {
                          {Twips(4800), Twips(3000)}),
       table::Properties(
           Row::Property<&Grid::AllowEdits, &Grid::SetAllowEdits>(1, "AllowEdits", Always(false),
-                                                                 "Whether cells may be edited."),
+                                                                 "Whether cells may be edited.",
+                                                                 {.flags = MemberFlags::kOpensEditors}),
           Row::Property<&Grid::Enabled, &Grid::SetEnabled>(2, "Enabled", Always(true),
                                                            "Whether the grid takes input."),
           Row::Property<&Grid::GetFont, &Grid::SetFont>(3, "Font", Always(kAmbientFont),
@@ -50,7 +51,8 @@ const ClassInfo& FlatGrid::Table() {
               12, "ForeColorRowOdd", Always(kColors.fore_row_odd), "Kept; the drawing does not use it."),
           Row::Property<&Grid::HideSelection, &Grid::SetHideSelection>(
               13, "HideSelection", Always(true),
-              "Whether the selected row looks like any other while the grid has no focus."),
+              "Whether the selected row looks like any other while the grid has no focus.",
+              {.flags = MemberFlags::kFocusShownLater}),
           Row::Property<&Grid::RowHeight, &Grid::SetRowHeight>(
               14, "RowHeight", Always(kRowHeightAtFirst), "Height of each row and of the header, in twips.",
               kShortCount),

@@ -70,7 +70,7 @@ void FlatGrid::ShowEditor(const PixelRect& cell) {
   PixelRect line;
   const int text_height = picture.Drawing().DrawTextA(picture.hDC(), "X", line, kDtCalcRect);
   const PixelRect place =
-      edit.editor->Place({cell, row_height_, text_height, screen.TwipsPerPixelX(), screen.TwipsPerPixelY()});
+      edit.editor->Place({cell, text_height, screen.TwipsPerPixelX(), screen.TwipsPerPixelY()});
   if (!edit.dirty && edit.loaded != inside_->store.Text(edit.cell.row, edit.cell.column)) LoadEditor();
   edit.editor->ShowBehind(inside_->fsbarH.hWnd());  // the lower one of the two
   WindowApi& windows = GetSurface().Windows();

@@ -214,6 +214,23 @@ TEST_F(FlatGridEditorPlaceTest, CalendarAndDropDownCoverTheirCellWhereALineFits)
   }
 }
 
+TEST_F(FlatGridEditorPlaceTest, RowsOfAnyHeightAndColumnsOfAnyWidthAreEdited) {
+  for (const ksxEditTypeConstants type : {ksxEditText, ksxEditCalculator, ksxEditCalendar, ksxEditDropDown}) {
+    FlatGrid& grid = Grid();
+    grid.Columns()->Clear();
+    grid.Columns()->Add("A", 2147483647, ksxLeft, ksxLeft, type, true);
+    grid.SetRowHeight(Twips(1e30f));
+    grid.SetAllowEdits(true);
+    Focus();
+    Driver().Key(kKeyF2);
+    EXPECT_TRUE(EditorHasFocus()) << NameOfEditType(type);
+    for (const Twips height : {Twips(-1e30f), Twips(0), Twips(16), Twips(225)}) grid.SetRowHeight(height);
+    Driver().Type("1");
+    Driver().Key(kKeyEnter);
+    EXPECT_EQ(grid.RowData(1, 1), "1");
+  }
+}
+
 TEST_F(FlatGridEditorPlaceTest, AnEditorFollowsItsCellWhenTheGridChanges) {
   FlatGrid& grid = Opened();
   grid.Columns()->Item(1)->SetWidth(1500);

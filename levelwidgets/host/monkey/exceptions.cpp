@@ -36,10 +36,10 @@ FontRef FontThatChanges(const Control& control) {
   return font ? ToFont(font->get(control)) : nullptr;
 }
 
-// Whether `number` is an error of conversions, and the control converts.
+// Whether `number` is an error of conversions, and the control or an editor in it converts.
 bool ConversionRaises(const ClassInfo& info, std::int32_t number) {
   const bool is_conversions = number == kInvalidCall || number == kOverflow || number == kTypeMismatch;
-  return is_conversions && FindFlagged(info, MemberFlags::kFormat) != nullptr;
+  return is_conversions && FindFlagged(info, MemberFlags::kFormat | MemberFlags::kOpensEditors) != nullptr;
 }
 
 }  // namespace
@@ -66,7 +66,9 @@ bool InputMayRaise(const Error& error, const Form& form) {
   return std::ranges::any_of(form.Controls(), [&](const auto& hosted) {
     const ClassInfo& info = hosted->ControlClass();
     if (ConversionRaises(info, error.Number())) return true;
-    if (error.Number() == kSubscriptOutOfRange) return FindFlagged(info, MemberFlags::kPicked) != nullptr;
+    if (error.Number() == kSubscriptOutOfRange) {
+      return FindFlagged(info, MemberFlags::kPicked | MemberFlags::kOpensEditors) != nullptr;
+    }
     if (!HasRange(info)) return false;
     if (error.Number() == kOverflow) return IsFarRange(*hosted->GetControl());
     return error.Number() == ObjectErrorNumber(kInvalidValueCode) && error.Source() == info.QualifiedName();
@@ -78,6 +80,7 @@ bool IsShownLater(const PropertyInfo& property) { return Has(property.flags, Mem
 bool LooksLate(const Control& control) { return FontThatChanges(control) != nullptr; }
 
 bool MayLookLate(const Control& control, const std::vector<std::shared_ptr<HostedControl>>& all) {
+  if (FindFlagged(control.Class(), MemberFlags::kFocusShownLater)) return true;
   return std::ranges::any_of(all, [&](const auto& hosted) {
     const auto other = hosted->GetControl();
     const FontRef font = other ? FontThatChanges(*other) : nullptr;

@@ -23,7 +23,7 @@ bool InputMayRaise(const Error& error, const Form& form);
 bool IsShownLater(const PropertyInfo& property);
 
 // Whether the control may look other than it will once painted whatever was written to it: its font changes
-// without a repaint.
+// without a repaint, or it shows a loss of the focus later.
 bool MayLookLate(const Control& control, const std::vector<std::shared_ptr<HostedControl>>& all);
 
 // The same of a control inside a panel.
