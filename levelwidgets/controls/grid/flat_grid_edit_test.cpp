@@ -57,11 +57,13 @@ TEST_F(FlatGridEditTest, AColumnOfAnyOtherTypeIsEditedAsText) {
 
 TEST_F(FlatGridEditTest, ALeftClickOnTheCurrentCellOpensItsEditor) {
   FlatGrid& grid = Editable(ksxEditText);
+  grid.SetRowData(2, 1, "text");
   ClickAt(20, 36);
   EXPECT_FALSE(IsOpen()) << "it makes the cell the current one";
   ClickAt(40, 36);  // too far away for a double click
   ASSERT_TRUE(EditorHasFocus());
   EXPECT_EQ(EditorRect(), (PixelRect{0, 30, 61, 46}));
+  EXPECT_EQ(grid.Editor()->Edit().SelText(), "text") << "the press does nothing in the editor";
   ClickAt(80, 36);
   EXPECT_FALSE(IsOpen()) << "another cell is the current one now";
   EXPECT_EQ(grid.RowIndex(), 2);

@@ -23,7 +23,7 @@ const ClassInfo& FindClass(std::string_view name) {
   }
   std::string text = "There is no control class \"" + std::string(name) + "\"";
   const std::string_view nearest = NearestName(name, names);
-  if (!nearest.empty()) text += "; did you mean \"" + std::string(nearest) + "\"?";
+  text += nearest.empty() ? "." : "; did you mean \"" + std::string(nearest) + "\"?";
   throw Error(kInvalidCall, "LevelWidgets.Form", text + " The classes: " + list);
 }
 

@@ -78,6 +78,8 @@ local _, unknown = pcall(function() f:add("FlatButon", "x") end)
 expect.equal(unknown.number, 5)
 expect.equal(unknown.description:match('^There is no control class "FlatButon"; did you mean "FlatButton"%? ' ..
                                        'The classes: FlatButton, .*FlatLabel') ~= nil, true)
+local _, far = pcall(function() f:add("Quite another", "x") end)
+expect.equal(far.description:match('^There is no control class "Quite another"%. The classes: FlatButton') ~= nil, true)
 expect.fails(457, 'The form has a control named "cmdOK" already', function() f:add("FlatButton", "cmdOK") end)
 expect.fails(5, "A control needs a name", function() f:add("FlatButton", "") end)
 expect.fails(438, 'FlatButton has no member "Captoin"; did you mean "Caption"?',
