@@ -74,8 +74,8 @@ cbo:on('Change', function() state(cbo.Text == 'Item 4' and kAfter or kLast) end)
     return std::chrono::duration_cast<std::chrono::milliseconds>(took).count();
   }
 
-  // The shortest of up to sixteen: what else the machine does holds some of them up, and a panel that is looked
-  // at too seldom is late each time. The strip opens the panel again each time.
+  // The shortest of up to sixteen: what else the machine does holds some of them up, and a panel that is
+  // looked at too seldom is late each time. The strip opens the panel again each time.
   long ShortestClosingTime(const PixelRect& place, ColorRef panel) {
     long shortest = std::numeric_limits<long>::max();
     for (int turn = 0; turn < 16 && shortest >= kClosingTime; ++turn) {
