@@ -56,7 +56,8 @@ enum class MemberFlags : std::uint32_t {
   // The format of a text that the control converts: input may raise what the conversion raises, and the text
   // may change each time that it is loaded.
   kFormat = 1 << 16,
-  // It opens editors inside the control, whose errors input raises: those of what is picked and of conversions.
+  // It opens editors inside the control, whose errors input raises: those of what is picked and of
+  // conversions.
   kOpensEditors = 1 << 17,
   // The control shows that it has lost the focus with its next paint.
   kFocusShownLater = 1 << 18,
