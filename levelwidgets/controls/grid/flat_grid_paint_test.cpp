@@ -302,6 +302,27 @@ TEST_F(FlatGridPaintTest, TheCurrentCellHasAFocusFrameWhileTheGridHasTheFocus) {
   EXPECT_THAT(calls, Contains("DrawFocusRect 61 31 120 45"));
 }
 
+TEST_F(FlatGridPaintTest, TheCornerBetweenTheBarsIsClearedWhereBothAreShown) {
+  FlatGrid& grid = GridOf({9000});
+  grid.SetRowCount(100);
+  Resize({Twips(4515), Twips(1500)});
+  Resize(kGridSize);
+  const auto fills = [&] {
+    std::vector<PixelRect> rects;
+    for (const TracedCall& call : CallsNamed({"FillRect"}, [&] { grid.OnPaint(); })) {
+      const auto at = [&](std::size_t i) {
+        return static_cast<int>(std::get<std::int64_t>(call.arguments[i]));
+      };
+      if (std::get<std::int64_t>(call.arguments[0]) == grid.GetSurface().hDC().value)
+        rects.push_back({at(1), at(2), at(3), at(4)});
+    }
+    return rects;
+  };
+  EXPECT_THAT(fills(), ElementsAre(PixelRect{285, 85, 300, 100}));
+  grid.SetRowCount(1);
+  EXPECT_THAT(fills(), IsEmpty()) << "one bar fills its edge";
+}
+
 TEST_F(FlatGridPaintTest, AGridOfNoSizePaintsWithoutErrors) {
   FlatGrid& grid = GridOf({900});
   Resize({Twips(0), Twips(0)});
