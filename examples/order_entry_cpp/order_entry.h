@@ -22,8 +22,8 @@ class OrderEntry {
   explicit OrderEntry(Platform& platform);
   OrderEntry(const OrderEntry&) = delete;
 
-  // The lines, a tab between their cells. Nothing while there are none or one lacks something, which `state`
-  // then says.
+  // The lines, with a tab between their cells. Nothing without a line, or when a line is not complete;
+  // `state` says why.
   std::optional<std::string> Text();
   // Writes the text to the file at `path`; `state` says how that ended.
   void Save(const std::string& path);

@@ -1,6 +1,7 @@
 // A screen that the desktop of a test does not have: other monitors, other resolutions.
 #pragma once
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -53,5 +54,18 @@ inline OtherScreen HalvedScreen(Platform& platform) {
   const PixelRect right{whole.width / 2, 0, whole.width, whole.height};
   return {{{left, left}, {right, right}}, {96, 96}};
 }
+
+// The tests of `Fixture` with their forms on another screen.
+template <typename Fixture, OtherScreen Screen(Platform&)>
+class OnOtherScreen : public Fixture {
+ protected:
+  Platform& FormPlatform() override {
+    if (!platform_) platform_ = std::make_unique<PlatformWithScreen>(this->Tracer(), Screen(this->Tracer()));
+    return *platform_;
+  }
+
+ private:
+  std::unique_ptr<PlatformWithScreen> platform_;
+};
 
 }  // namespace levelwidgets::testing

@@ -5,16 +5,7 @@
 namespace levelwidgets::testing {
 namespace {
 
-class OblongCalculatorTest : public FlatCalculatorTest {
- protected:
-  Platform& FormPlatform() override {
-    if (!platform_) platform_ = std::make_unique<PlatformWithScreen>(Tracer(), OblongScreen(Tracer()));
-    return *platform_;
-  }
-
- private:
-  std::unique_ptr<PlatformWithScreen> platform_;
-};
+using OblongCalculatorTest = OnOtherScreen<FlatCalculatorTest, OblongScreen>;
 
 TEST_F(OblongCalculatorTest, TheKeypadIsMeasuredByBothMeasures) {
   Open();

@@ -5,16 +5,7 @@
 namespace levelwidgets::testing {
 namespace {
 
-class OblongCalendarTest : public FlatCalendarTest {
- protected:
-  Platform& FormPlatform() override {
-    if (!platform_) platform_ = std::make_unique<PlatformWithScreen>(Tracer(), OblongScreen(Tracer()));
-    return *platform_;
-  }
-
- private:
-  std::unique_ptr<PlatformWithScreen> platform_;
-};
+using OblongCalendarTest = OnOtherScreen<FlatCalendarTest, OblongScreen>;
 
 TEST_F(OblongCalendarTest, ThePanelIsMeasuredByBothMeasures) {
   Open();

@@ -5,16 +5,9 @@
 namespace levelwidgets::testing {
 namespace {
 
-class DropDownOnTwoMonitors : public FlatDropDownTest {
+class DropDownOnTwoMonitors : public OnOtherScreen<FlatDropDownTest, HalvedScreen> {
  protected:
-  Platform& FormPlatform() override {
-    if (!platform_) platform_ = std::make_unique<PlatformWithScreen>(Tracer(), HalvedScreen(Tracer()));
-    return *platform_;
-  }
   int PrimaryRight() { return FormPlatform().Screen().Size().width; }
-
- private:
-  std::unique_ptr<PlatformWithScreen> platform_;
 };
 
 TEST_F(DropDownOnTwoMonitors, AListOnThePrimaryOneStandsBelowItsControl) {

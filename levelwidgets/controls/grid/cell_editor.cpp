@@ -16,8 +16,7 @@ constexpr int kAroundText = 2;  // pixels
 // Of the controls, where the row does not decide it.
 constexpr Twips kOwnHeight{315};
 
-// As wide as its cell and centred on its row, with the editor's own height.
-struct Centred {
+struct ControlPlace {
   TwipPoint position;
   TwipSize size;
 };
@@ -25,7 +24,8 @@ struct Centred {
 Twips RowHeight(const EditorPlace& place) {
   return ToTwips(place.cell.height() - 1, place.twips_per_pixel_y);
 }
-Centred CentredOn(const EditorPlace& place, Twips own_height) {
+// As wide as its cell and centred on its row, with the editor's own height.
+ControlPlace CentredOn(const EditorPlace& place, Twips own_height) {
   const auto& [cell, text_height, twips_x, twips_y] = place;
   const Twips top(ToTwips(cell.top, twips_y).value - (own_height.value - RowHeight(place).value) / 2);
   return {{ToTwips(cell.left, twips_x), top}, {ToTwips(cell.right - cell.left, twips_x), own_height}};
@@ -83,13 +83,13 @@ class ControlEditor : public CellEditor {
 
  private:
   // It covers its cell, unless a line of text does not fit in there or would be far above the cell's own.
-  virtual Centred PlaceOf(const EditorPlace& place) const {
+  virtual ControlPlace PlaceOf(const EditorPlace& place) const {
     const Twips cell_height = ToTwips(place.cell.height(), place.twips_per_pixel_y);
     const bool fits = place.cell.height() >= place.text_height + kAroundText && cell_height <= kOwnHeight;
     if (!fits) return CentredOn(place, kOwnHeight);
-    Centred covering = CentredOn(place, cell_height);
-    covering.position.y = ToTwips(place.cell.top, place.twips_per_pixel_y);
-    return covering;
+    const TwipPoint corner{ToTwips(place.cell.left, place.twips_per_pixel_x),
+                           ToTwips(place.cell.top, place.twips_per_pixel_y)};
+    return {corner, {ToTwips(place.cell.width(), place.twips_per_pixel_x), cell_height}};
   }
   void SetFont(const FontRef& font) override { control_->SetFont(font); }
   void SetVisible(bool visible) override { control_.SetVisible(visible); }
@@ -103,7 +103,7 @@ class CalculatorEditor final : public ControlEditor<FlatCalculator> {
   explicit CalculatorEditor(PartHost& grid) : ControlEditor(grid, "fcalcEdit") {}
 
  private:
-  Centred PlaceOf(const EditorPlace& place) const override { return CentredOn(place, RowHeight(place)); }
+  ControlPlace PlaceOf(const EditorPlace& place) const override { return CentredOn(place, RowHeight(place)); }
   void Show(const FlatColumn& column, std::string_view text) override {
     Inner().SetAlignment(column.Alignment());
     Inner().SetFormatString(column.Format());
@@ -165,10 +165,10 @@ void CellEditor::Load(const FlatColumn& column, std::string_view text, const Fon
   Edit().Select(0, std::numeric_limits<std::int32_t>::max());
 }
 
-void CellEditor::ShowBehind(WindowHandle behind) {
+void CellEditor::ShowBehind(WindowHandle front) {
   if (visible_) return;
   visible_ = true;
-  Windows().SetWindowPos(hWnd(), behind, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);
+  Windows().SetWindowPos(hWnd(), front, {}, kSwpNoMove | kSwpNoSize | kSwpNoActivate);
   SetVisible(true);
 }
 

@@ -35,14 +35,14 @@ class CellEditor {
   virtual EditEvents& Events() = 0;
   virtual bool PanelIsOpen() const { return false; }
 
-  // What it shows, which is what becomes the cell's text.
+  // The text that it shows, and that the cell gets.
   std::string Text() const { return Edit().Text(); }
   // Shows a cell's text, as far as the editor can, and selects it.
   void Load(const FlatColumn& column, std::string_view text, const FontRef& font);
   // Returns the place that it takes, in pixels of the grid.
   virtual PixelRect Place(const EditorPlace& place) = 0;
-  // Directly in front of the window `behind`.
-  void ShowBehind(WindowHandle behind);
+  // Directly behind the window `front`.
+  void ShowBehind(WindowHandle front);
   // Behind all parts of the grid.
   void Hide();
   bool Visible() const { return visible_; }

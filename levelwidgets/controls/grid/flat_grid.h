@@ -197,6 +197,7 @@ class FlatGrid : public ControlWith<ClickEvents, DblClickEvents, PointerEvents> 
   // --- Editing: flat_grid_edit.cpp ----------------------------------------------------------------
 
   GridCell Current() const;
+  const FlatColumn* CurrentColumn() const;  // null for none
   // Whether an editor stands on the current cell, or opens there as soon as the cell is painted.
   bool EditsCurrentCell() const;
   // Opens, moves and closes the editor as the current cell asks for it: the last step of painting the cell.

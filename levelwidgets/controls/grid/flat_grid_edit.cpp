@@ -26,14 +26,19 @@ GridCell FlatGrid::Current() const { return {row_index_, current_column_}; }
 
 // --- Opening -------------------------------------------------------------------------------------------
 
+const FlatColumn* FlatGrid::CurrentColumn() const {
+  const auto& columns = inside_->columns;
+  if (current_column_ < 1 || current_column_ > std::ssize(columns)) return nullptr;
+  return columns[static_cast<std::size_t>(current_column_) - 1].get();
+}
+
 bool FlatGrid::EditsCurrentCell() const {
   const CellEdit& edit = inside_->edit;
-  const auto& columns = inside_->columns;
-  const bool exists = row_index_ >= 1 && row_index_ <= row_count_ && current_column_ >= 1 &&
-                      current_column_ <= std::ssize(columns);
+  const FlatColumn* column = CurrentColumn();
+  const bool exists = row_index_ >= 1 && row_index_ <= row_count_ && column;
   if (!exists || !allow_edits_ || !edit.requested || !has_focus_) return false;
   if (edit.open && edit.cell == Current()) return true;  // with the editor that it was opened with
-  return columns[static_cast<std::size_t>(current_column_) - 1]->EditType() != ksxEditNone;
+  return column->EditType() != ksxEditNone;
 }
 
 void FlatGrid::ArrangeEditor() {
@@ -53,7 +58,7 @@ void FlatGrid::ArrangeEditor() {
 
 void FlatGrid::OpenEditor() {
   CellEdit& edit = inside_->edit;
-  CellEditor* editor = EditorFor(*inside_->columns[static_cast<std::size_t>(current_column_) - 1]);
+  CellEditor* editor = EditorFor(*CurrentColumn());
   if (editor != edit.editor) HideEditor();
   edit.editor = editor;
   edit.cell = Current();
@@ -177,10 +182,8 @@ bool FlatGrid::StoreTyped() {
 // --- Keys ----------------------------------------------------------------------------------------------
 
 void FlatGrid::ToggleEdit() {
-  const auto& columns = inside_->columns;
-  const bool exists = current_column_ >= 1 && current_column_ <= std::ssize(columns);
-  if (!exists || !allow_edits_) return;
-  if (columns[static_cast<std::size_t>(current_column_) - 1]->EditType() == ksxEditNone) return;
+  const FlatColumn* column = CurrentColumn();
+  if (!column || !allow_edits_ || column->EditType() == ksxEditNone) return;
   if (inside_->edit.requested) {
     if (!FinishEdit()) return;
     EndEdit();

@@ -1,4 +1,4 @@
-// FlatGrid: its four editors, where they stand, and what of them becomes the cell's text.
+// FlatGrid: its four editors: where each stands, and which text it gives to the cell.
 #include <levelwidgets/controls/calculator/flat_calculator.h>
 #include <levelwidgets/controls/grid/flat_grid_edit_fixture.h>
 #include <levelwidgets/frame/panel_edit_control.h>
