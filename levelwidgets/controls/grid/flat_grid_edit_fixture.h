@@ -5,7 +5,6 @@
 
 #include <levelwidgets/controls/grid/cell_editor.h>
 #include <levelwidgets/controls/grid/flat_grid_fixture.h>
-#include <levelwidgets/host/form/open_panel.h>
 
 namespace levelwidgets::testing {
 
@@ -59,9 +58,11 @@ class GridEditTest : public GridTest {
   }
   // Of the open panel of the editor, in screen pixels.
   PixelRect PanelRect() {
-    const auto panel = OpenPanelRect(Driver(), Grid());
-    EXPECT_TRUE(panel) << "no panel is open";
-    return panel.value_or(PixelRect{});
+    for (const TopLevelWindow& window : Driver().TopLevelWindows()) {
+      if (Grid().Holds(window.handle)) return window.rect;
+    }
+    ADD_FAILURE() << "no panel is open";
+    return {};
   }
   bool PictureHasFocus() { return Windows().GetFocus() == Grid().Picture().hWnd(); }
   bool EditorHasFocus() { return IsOpen() && Grid().Editor()->Holds(Windows().GetFocus()); }
