@@ -33,14 +33,13 @@ openbox              | openbox                             | the window manager 
 xdotool              | xdotool                             | the mouse and the keyboard there
 x11-utils            | xprop                               | reads the titles of the windows there
 python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms by their schema
-clang-format         | clang-format                        | checks the layout of the sources'
+clang-format         | clang-format                        | checks the layout of the sources
+clang                | clang++                             | the other compiler: its sanitizers, and the examples by it
+libclang-rt-14-dev   | /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.asan-x86_64.a | the sanitizers'
 
 package_packages='
 file                 | file                                | recognises programs among the files of Debian packages
 dpkg-dev             | dpkg-shlibdeps                      | finds the packages that the program needs'
-
-install_packages=$package_packages'
-clang                | clang++                             | the other compiler that the examples are compiled with'
 
 fuzz_packages='
 clang                | clang++                             | the compiler with the fuzzer

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <random>
 
+#include <levelwidgets/testing/rounds.h>
+
 namespace levelwidgets {
 namespace {
 
@@ -160,7 +162,7 @@ class Situations {
 
 TEST(Placement, IsThatOfTheRulesForFiveMillionOwnersPanelsAndScreens) {
   Situations situations;
-  for (int i = 0; i < 5'000'000; ++i) {
+  for (int i = 0; i < testing::Rounds(5'000'000); ++i) {
     const Situation s = situations.Next();
     const PixelRect owner{s.left, s.top, s.right, s.bottom};
     const TwipSize panel{Twips(s.width), Twips(s.height)};

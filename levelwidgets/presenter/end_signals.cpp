@@ -36,7 +36,7 @@ EndSignals::EndSignals() {
   }
   struct sigaction action {};
   action.sa_handler = OnSignal;
-  action.sa_flags = SA_RESETHAND | SA_RESTART;
+  action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
   for (std::size_t i = 0; i < kSignals.size(); ++i) {
     sigaction(kSignals[i], nullptr, &before[i]);
     if (before[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &action, nullptr);

@@ -55,8 +55,8 @@ void Presenter::Sync() {
   });
   // From behind to the front, so that new ones end up in their order.
   const std::list<memory::Window*> windows = desktop_.Windows().Tree().Desktop().children;
-  for (memory::Window* window : std::views::reverse(windows)) {
-    if (window->Shown() && window->store) SyncWindow(*window, vanished);
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    if ((*window)->Shown() && (*window)->store) SyncWindow(**window, vanished);
   }
   // A window of ours that goes takes the keyboard along; that is no turn to another program.
   for (const Shown& gone : vanished) {
@@ -132,8 +132,9 @@ void Presenter::FollowState(Shown& shown, std::uint32_t state) {
 
 // A form that has come to the front has left those behind that stand above all.
 void Presenter::RaisePopups() {
-  for (const memory::Window* window : std::views::reverse(desktop_.Windows().Tree().Desktop().children)) {
-    Shown* shown = Find(window->handle);
+  const std::list<memory::Window*>& windows = desktop_.Windows().Tree().Desktop().children;
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    Shown* shown = Find((*window)->handle);
     if (shown && shown->native->Kind() == WindowKind::kPopup) shown->native->Raise();
   }
 }

@@ -13,7 +13,7 @@
 const char* levelwidgets::SourceDir() { return LEVELWIDGETS_SOURCE_DIR; }
 const char* levelwidgets::BuildDir() { return LEVELWIDGETS_BUILD_DIR; }
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef LEVELWIDGETS_SANITIZED
 // SDL's connection to the message bus leaves a buffer of the bus's library behind.
 extern "C" const char* __lsan_default_suppressions() { return "leak:libdbus-1"; }
 #endif

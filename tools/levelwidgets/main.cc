@@ -1,7 +1,7 @@
 #include <tools/levelwidgets/command_line.h>
 #include <tools/levelwidgets/standard_streams.h>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef LEVELWIDGETS_SANITIZED
 // SDL's connection to the message bus leaves a buffer of the bus's library behind.
 extern "C" const char* __lsan_default_suppressions() { return "leak:libdbus-1"; }
 #endif

@@ -18,7 +18,7 @@ class FlatButtonJumpTest : public DesktopTest {
     DesktopTest::SetUp();
     for (const auto& [name, left] : {std::pair{"cmdOne", 600}, {"cmdTwo", 2400}, {"cmdBeside", 3600}}) {
       FlatButton& button = AddNew<FlatButton>(name, {Twips(left), Twips(600)});
-      button.Click += [this, name] { clicked_.emplace_back(name); };
+      button.Click += [this, name = name] { clicked_.emplace_back(name); };
       buttons_.push_back(&button);
     }
     Driver().Settle();

@@ -4,6 +4,7 @@
 #include <random>
 
 #include <levelwidgets/testing/error_of.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
@@ -50,7 +51,7 @@ TEST_F(CalculatorEngineTest, AMillionRandomKeysKeepTheInvariants) {
   OpenOver("0");
   int closings = 0;
   int failures = 0;
-  for (int i = 0; i < 1'000'000; ++i) {
+  for (int i = 0; i < testing::Rounds(1'000'000); ++i) {
     const CalculatorKey key = keys[random() % keys.size()];
     KeypadRequest request = KeypadRequest::kNone;
     const std::int32_t error = ErrorOf([&] { request = engine_.Press(key); });
@@ -64,8 +65,8 @@ TEST_F(CalculatorEngineTest, AMillionRandomKeysKeepTheInvariants) {
     }
     display_.calls.clear();
   }
-  EXPECT_GT(closings, 10'000);
-  EXPECT_GT(failures, 10'000);
+  EXPECT_GT(closings, testing::Rounds(10'000));
+  EXPECT_GT(failures, testing::Rounds(10'000));
 }
 
 TEST_F(CalculatorEngineTest, ChainsOfWholeNumbersAgreeWithPlainArithmetic) {

@@ -24,8 +24,9 @@ TEST_F(CalculatorEngineTest, AnUnknownKeyRaises9) {
   OpenOver("5");
   for (const auto& [array, count] : kArrays) {
     for (const int index : {-1, count}) {
-      EXPECT_EQ(ErrorOf([&] { CaptionOf({array, index}); }), 9);
-      EXPECT_EQ(ErrorOf([&] { static_cast<void>(engine_.Press({array, index})); }), 9);
+      const CalculatorKey key{array, index};
+      EXPECT_EQ(ErrorOf([&] { CaptionOf(key); }), 9);
+      EXPECT_EQ(ErrorOf([&] { static_cast<void>(engine_.Press(key)); }), 9);
     }
   }
   EXPECT_EQ(display_.text, "5");

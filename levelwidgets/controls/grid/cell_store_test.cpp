@@ -11,6 +11,7 @@
 #include <levelwidgets/controls/grid/counting_memory_fixture.h>
 #include <levelwidgets/frame/out_of_memory.h>
 #include <levelwidgets/testing/error_of.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
@@ -48,7 +49,7 @@ TEST_F(CellStoreTest, WithoutRowsOrColumnsItIsOneByOne) {
 
 TEST_F(CellStoreTest, KeepsTextsOfEveryLength) {
   store_.Recreate(3, 2);
-  for (const std::size_t length : {0, 1, 7, 8, 14, 15, 16, 17, 255, 256, 70000}) {
+  for (const std::size_t length : {0u, 1u, 7u, 8u, 14u, 15u, 16u, 17u, 255u, 256u, 70000u}) {
     const std::string text(length, 'x');
     store_.SetText(2, 1, text);
     store_.SetText(3, 2, text + "!");
@@ -320,7 +321,7 @@ TEST_F(CellStoreTest, DoesWhatAMapDoesOverAMillionRandomSteps) {
   std::int32_t rows = 6000;
   std::int32_t columns = 3;
   store_.Recreate(rows, columns);
-  for (int step = 0; step < 1000000; ++step) {
+  for (int step = 0; step < testing::Rounds(1'000'000); ++step) {
     const int what = up_to(9999);
     if (what == 0) {
       rows = up_to(6000);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <levelwidgets/controls/grid/random_grid_fixture.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
@@ -89,7 +90,7 @@ TEST(GridBars, ItsRangeFits32BitsAlsoWithWhatScrollBarsAdd) {
 TEST(GridBars, OverAMillionRandomGridsTheBarReachesEveryTopRow) {
   RandomGrid grid(2);
   int bars = 0;
-  for (int i = 0; i < 1000000; ++i) {
+  for (int i = 0; i < testing::Rounds(1'000'000); ++i) {
     const GridMeasures& measures = grid.Next();
     const std::int32_t rows = measures.row_count;
     const std::int32_t visible = GridLayout(measures).VisibleRows();
@@ -112,7 +113,7 @@ TEST(GridBars, OverAMillionRandomGridsTheBarReachesEveryTopRow) {
       ASSERT_EQ(bar->value, top) << grid.Text();
     }
   }
-  EXPECT_GT(bars, 100000);
+  EXPECT_GT(bars, testing::Rounds(100'000));
 }
 
 // --- Selecting ------------------------------------------------------------------------------------------
@@ -138,7 +139,7 @@ TEST(GridBars, ScrollingToARowDoesNotOverflow) {
 TEST(GridBars, OverAMillionRandomGridsASelectedRowComesIntoViewWhereTheBarCanBringIt) {
   RandomGrid grid(3);
   int scrolled = 0;
-  for (int i = 0; i < 1000000; ++i) {
+  for (int i = 0; i < testing::Rounds(1'000'000); ++i) {
     const GridMeasures& measures = grid.Next();
     if (measures.row_count == 0) continue;
     const std::int32_t visible = GridLayout(measures).VisibleRows();
@@ -160,7 +161,7 @@ TEST(GridBars, OverAMillionRandomGridsASelectedRowComesIntoViewWhereTheBarCanBri
       ASSERT_EQ(*value, wanted) << grid.Text() << row;
     }
   }
-  EXPECT_GT(scrolled, 100000);
+  EXPECT_GT(scrolled, testing::Rounds(100'000));
 }
 
 // --- Horizontal bar ------------------------------------------------------------------------------------

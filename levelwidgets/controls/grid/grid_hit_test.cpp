@@ -6,6 +6,7 @@
 #include <limits>
 
 #include <levelwidgets/controls/grid/random_grid_fixture.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
@@ -164,7 +165,7 @@ std::int32_t ColumnByEnds(int x, std::span<const GridColumn> columns, bool count
 
 TEST(GridHitTest, AgreesWithCountingOverAMillionRandomGrids) {
   RandomGrid grid(4);
-  for (int i = 0; i < 1000000; ++i) {
+  for (int i = 0; i < testing::Rounds(1'000'000); ++i) {
     const GridMeasures& measures = grid.Next();
     const int x = grid.UpTo(2000) - 200;
     const int y = grid.UpTo(2000);

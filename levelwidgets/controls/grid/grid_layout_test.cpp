@@ -9,6 +9,7 @@
 
 #include <levelwidgets/controls/grid/random_grid_fixture.h>
 #include <levelwidgets/frame/reach.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
@@ -300,7 +301,7 @@ class Ruler {
 
 TEST(GridLayout, AgreesWithARulerOverAMillionRandomGrids) {
   RandomGrid grid(1);
-  for (int i = 0; i < 1000000; ++i) {
+  for (int i = 0; i < testing::Rounds(1'000'000); ++i) {
     const GridMeasures& measures = grid.Next();
     const GridLayout layout(measures);
     const Ruler ruler(measures);

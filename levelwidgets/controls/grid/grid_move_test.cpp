@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <levelwidgets/controls/grid/random_grid_fixture.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
@@ -256,7 +257,7 @@ class ByLists {
 TEST(GridMoveTest, AgreesWithListsOverAMillionRandomGrids) {
   RandomGrid grid(5);
   int steps = 0;
-  for (int i = 0; i < 1000000; ++i) {
+  for (int i = 0; i < testing::Rounds(1'000'000); ++i) {
     const GridMeasures& measures = grid.Next();
     const auto columns = static_cast<int>(measures.columns.size());
     GridPosition position;
@@ -278,7 +279,7 @@ TEST(GridMoveTest, AgreesWithListsOverAMillionRandomGrids) {
                 (step->cell.row >= 1 && step->cell.row <= measures.row_count));
     ASSERT_TRUE(step->then != Then::kRepaintRow || (step->cell.column >= 1 && step->cell.column <= columns));
   }
-  EXPECT_GT(steps, 300000);
+  EXPECT_GT(steps, testing::Rounds(300'000));
 }
 
 }  // namespace

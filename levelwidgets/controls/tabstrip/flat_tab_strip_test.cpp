@@ -1,6 +1,7 @@
 // FlatTabStrip: values, persistence, and what its setters do in which order.
 #include <levelwidgets/controls/tabstrip/flat_tab_strip.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -333,7 +334,7 @@ TEST_F(FlatTabStripTest, TenThousandRoundsOfCreationLeaveNothing) {
 #ifdef _WIN32
   constexpr int kRounds = 500;  // each is dozens of round trips to the system's server
 #else
-  constexpr int kRounds = 10000;
+  constexpr int kRounds = Rounds(10000);
 #endif
   for (int round = 0; round < kRounds; ++round) {
     HostedControl& hosted = TheForm().Add(FlatTabStrip::Table(), "tabMain");

@@ -69,8 +69,9 @@ class TextBoxPartTest : public DesktopTest {
 };
 
 TEST_F(TextBoxPartTest, TheFocusOfTheControlIsThatOfItsEditBox) {
-  EXPECT_EQ(Windows().GetFocus(), TheField().txtMain.hWnd());
-  EXPECT_THAT(TheField().focus_notes, ElementsAre("enter"));
+  Field& field = TheField();
+  EXPECT_EQ(Windows().GetFocus(), field.txtMain.hWnd());
+  EXPECT_THAT(field.focus_notes, ElementsAre("enter"));
   EXPECT_EQ(TheForm().ActiveControl()->Name(), "fld");
   TheForm().Find("other")->SetFocus();
   Driver().Settle();

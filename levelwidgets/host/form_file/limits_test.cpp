@@ -4,13 +4,14 @@
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets {
 namespace {
 
 // Texts that are hard in different ways, as they stand in quotes: one word, and many lines.
 std::vector<std::string> LongTexts() {
-  constexpr std::size_t kLength = 1'000'000;
+  constexpr std::size_t kLength = testing::Rounds(1'000'000);
   std::string lines;
   while (lines.size() < kLength) lines += "a &line\\r\\n";
   return {std::string(kLength, 'x'), lines};
