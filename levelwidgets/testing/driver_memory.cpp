@@ -1,5 +1,6 @@
 #include <levelwidgets/platform/memory/desktop.h>
 #include <levelwidgets/testing/driver.h>
+#include <levelwidgets/testing/looks.h>
 
 namespace levelwidgets::testing {
 
@@ -16,5 +17,16 @@ std::shared_ptr<DesktopDriver> TestDriverInLocale(std::string_view name) {
 }
 
 std::vector<std::string_view> TestLocales() { return memory::LocaleNames(); }
+
+std::shared_ptr<DesktopDriver> TestDriverOf(const DesktopLook& look) {
+  return std::make_shared<memory::Desktop>(memory::DesktopOptions{
+      .dpi_x = look.dots_per_inch.width,
+      .dpi_y = look.dots_per_inch.height,
+      .palette = memory::FindPalette(look.palette).value_or(memory::StandardPalette())});
+}
+
+std::vector<std::string_view> TestPalettes() {
+  return {memory::PaletteNames().begin(), memory::PaletteNames().end()};
+}
 
 }  // namespace levelwidgets::testing

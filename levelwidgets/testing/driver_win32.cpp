@@ -1,6 +1,7 @@
 #include <levelwidgets/platform/win32/win32_driver.h>
 #include <levelwidgets/platform/win32/win32_platform.h>
 #include <levelwidgets/testing/driver.h>
+#include <levelwidgets/testing/looks.h>
 
 namespace levelwidgets::testing {
 
@@ -17,5 +18,9 @@ std::shared_ptr<DesktopDriver> TestDriverWithCodePage(int) { return nullptr; }
 std::shared_ptr<DesktopDriver> TestDriverInLocale(std::string_view) { return nullptr; }
 
 std::vector<std::string_view> TestLocales() { return {""}; }
+
+std::shared_ptr<DesktopDriver> TestDriverOf(const DesktopLook&) { return TestDriver(); }
+
+std::vector<std::string_view> TestPalettes() { return {""}; }
 
 }  // namespace levelwidgets::testing
