@@ -1,0 +1,30 @@
+// The property pages that this library has.
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include <levelwidgets/pages/page_info.h>
+
+namespace levelwidgets {
+
+const PageInfo& ppFlatButton();
+const PageInfo& ppFlatCalculator();
+const PageInfo& ppFlatCalendar();
+const PageInfo& ppFlatDropDown();
+const PageInfo& ppFlatGrid();
+const PageInfo& ppFlatGridColumns();
+const PageInfo& ppFlatLabel();
+const PageInfo& ppFlatScroll();
+const PageInfo& ppFlatTabStrip();
+const PageInfo& ppFlatTextBox();
+
+// All of them; those of one class in the order of their tabs.
+std::span<const PageInfo* const> Pages();
+// By "ppFlatGrid" or "LevelWidgets.ppFlatGrid"; null when there is none of that name.
+const PageInfo* FindPage(std::string_view name);
+// Those that serve the class of that name ("FlatGrid"); none for another name.
+std::vector<const PageInfo*> PagesOf(std::string_view class_name);
+
+}  // namespace levelwidgets
