@@ -7,6 +7,7 @@
 #include <levelwidgets/host/script/forms/desktop.h>
 #include <levelwidgets/host/script/forms/desktop_windows.h>
 #include <levelwidgets/host/script/forms/forms.h>
+#include <levelwidgets/host/script/forms/pages.h>
 #include <levelwidgets/host/script/forms/placement.h>
 #include <levelwidgets/host/script/forms/questions.h>
 #include <levelwidgets/host/script/forms/timers.h>
@@ -84,8 +85,10 @@ constexpr luaL_Reg kFunctions[] = {{"color", Guarded<ConcreteColor>},
                                    {"message", Guarded<NewMessage>},
                                    {"new", Guarded<NewObject>},
                                    {"open_file", Guarded<AskForFileToOpen>},
+                                   {"page", Guarded<NewPage>},
                                    {"place_drop_down", Guarded<PlaceDropDownForScript>},
                                    {"place_panel", Guarded<PlacePanelForScript>},
+                                   {"properties", Guarded<ShowPropertiesForScript>},
                                    {"save_file", Guarded<AskForFileToSave>},
                                    {"screen", Guarded<ScreenInTwips>},
                                    {"timer", Guarded<NewTimer>},
@@ -135,6 +138,7 @@ void OpenLevelWidgets(lua_State* L) {
   OpenIndexed(L);
   OpenForms(L);
   OpenTimers(L);
+  OpenPages(L);
   OpenDesktop(L);
   OpenModule(L);
 }
