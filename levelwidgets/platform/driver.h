@@ -18,6 +18,9 @@ struct TopLevelWindow {
   std::string title;
   PixelRect rect;  // outer rectangle, screen pixels
   bool active = false;
+  // What a message says: the only text ("STATIC") that stands directly in the window and is not empty. Also
+  // where nobody sees it, because it is drawn in another way. "" for any other window.
+  std::string text = {};
 };
 
 // Positions are screen pixels; buttons and shift bits are those of the controls' events. A call

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include <levelwidgets/platform/platform.h>
+#include <levelwidgets/testing/same_platform.h>
 
 namespace levelwidgets::testing {
 
@@ -29,18 +29,13 @@ class OtherScreen : public ScreenApi {
 };
 
 // `platform`, which outlives it, with another screen.
-class PlatformWithScreen : public Platform {
+class PlatformWithScreen : public SamePlatform {
  public:
   PlatformWithScreen(Platform& platform, OtherScreen screen)
-      : platform_(platform), screen_(std::move(screen)) {}
-  DrawingApi& Drawing() override { return platform_.Drawing(); }
-  WindowApi& Windows() override { return platform_.Windows(); }
-  ClockApi& Clock() override { return platform_.Clock(); }
+      : SamePlatform(platform), screen_(std::move(screen)) {}
   ScreenApi& Screen() override { return screen_; }
-  ConversionApi& Conversions() override { return platform_.Conversions(); }
 
  private:
-  Platform& platform_;
   OtherScreen screen_;
 };
 

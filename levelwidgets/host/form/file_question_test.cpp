@@ -10,6 +10,7 @@
 #include <levelwidgets/host/files/atomic_file.h>
 #include <levelwidgets/platform/file_dialogs.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/same_platform.h>
 
 namespace levelwidgets {
 
@@ -296,15 +297,10 @@ TEST_F(FileQuestionTest, ClosingItTakesItsMessageAlongAtOnce) {
 }
 
 // A platform whose system has questions of its own.
-class AskingPlatform final : public Platform, public FileDialogSource, public FileDialogApi {
+class AskingPlatform final : public testing::SamePlatform, public FileDialogSource, public FileDialogApi {
  public:
-  explicit AskingPlatform(Platform& target) : target_(target) {}
+  using SamePlatform::SamePlatform;
 
-  DrawingApi& Drawing() override { return target_.Drawing(); }
-  WindowApi& Windows() override { return target_.Windows(); }
-  ClockApi& Clock() override { return target_.Clock(); }
-  ScreenApi& Screen() override { return target_.Screen(); }
-  ConversionApi& Conversions() override { return target_.Conversions(); }
   FileDialogApi& FileDialogs() override { return *this; }
 
   std::optional<std::string> GetOpenFileNameA(const FileDialog& question) override {
@@ -326,8 +322,6 @@ class AskingPlatform final : public Platform, public FileDialogSource, public Fi
     if (meanwhile) meanwhile();
     return answer;
   }
-
-  Platform& target_;
 };
 
 class SystemFileQuestionTest : public FileQuestionTest {

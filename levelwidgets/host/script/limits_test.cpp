@@ -1,6 +1,7 @@
 // Tries to use more than a sandbox has.
 #include <levelwidgets/host/script/lua/limits.h>
 #include <levelwidgets/host/script/sandbox_fixture.h>
+#include <levelwidgets/testing/platform_with_messages.h>
 
 namespace levelwidgets {
 namespace {
@@ -145,6 +146,18 @@ TEST_F(Memory, AllowsASandboxAThousandOpenForms) {
                 "end\n"
                 "forms[1]:close() lw.form{}"),
       "");
+}
+
+TEST_F(Memory, CountsMessagesOfTheSystemAsOpenForms) {
+  testing::PlatformWithMessages platform(Tracer());
+  ScriptHost host(platform);
+  const std::string form = FormFile("flood",
+                                    "local asked = 0\n"
+                                    "while pcall(lw.message, { text='Read this' }) do asked = asked + 1 end\n"
+                                    "form.Caption = asked .. ' asked'\n");
+  EXPECT_EQ(host.LoadForm(form)->Caption(), "999 asked");  // and the form itself
+  Driver().Settle();
+  EXPECT_EQ(platform.shown.size(), 999u);
 }
 
 TEST_F(Memory, AllowsASandboxAThousandTimers) {

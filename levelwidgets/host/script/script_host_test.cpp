@@ -8,6 +8,7 @@
 #include <levelwidgets/frame/error.h>
 #include <levelwidgets/host/script/script_host.h>
 #include <levelwidgets/testing/desktop_fixture.h>
+#include <levelwidgets/testing/platform_with_messages.h>
 
 namespace levelwidgets {
 namespace {
@@ -383,6 +384,21 @@ TEST_F(ScriptHostTest, FormsAreMadeOnThePlatformThatIsGivenAndThereIsNoDesktopTo
   EXPECT_EQ(host.RunText("local ok, err = pcall(lw.desktop, {}) return err.number", "test.lua"), 5);
   EXPECT_THROW(host.Desktop(), Error);
   EXPECT_THROW(host.MakeDesktop({}), Error);
+}
+
+TEST_F(ScriptHostTest, AMessageThatTheSystemShowsIsNoFormAndItsAnswerComesLater) {
+  testing::PlatformWithMessages platform(Tracer());
+  platform.pressed = 7;  // No
+  ScriptHost host(platform);
+  const char* const script =
+      "frm = lw.form{ Name='frm' } frm:show() "
+      "return select('#', lw.message{ text='Store?', buttons='YesNo', "
+      "on_closed=function(button) frm.Caption = 'pressed ' .. button end })";
+  EXPECT_EQ(host.RunText(script, "test.lua"), 0);
+  EXPECT_TRUE(platform.shown.empty());
+  Driver().Settle();
+  EXPECT_EQ(platform.shown.at(0).text, "Store?");
+  EXPECT_EQ(Driver().TopLevelWindows().front().title, "pressed 2");
 }
 
 TEST_F(ScriptHostTest, DesktopThatIsGivenCanBeAskedForAtAnyTimeAndStaysAsItIs) {

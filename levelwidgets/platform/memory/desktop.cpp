@@ -1,6 +1,7 @@
 #include <levelwidgets/platform/memory/desktop.h>
 
 #include <levelwidgets/platform/memory/edit/edit_box.h>
+#include <levelwidgets/platform/memory/static_text.h>
 
 namespace levelwidgets::memory {
 
@@ -47,6 +48,8 @@ Desktop::Desktop(const DesktopOptions& options)
   input_.SetWheelToFocus(options.wheel_to_focus);
   windows_.RegisterClass(
       "EDIT", [this] { return std::make_unique<EditBox>(edit_host_); }, kIdcIBeam);
+  windows_.RegisterClass(
+      "STATIC", [this] { return std::make_unique<StaticText>(windows_); }, kIdcArrow);
 }
 
 void Desktop::SetOutwardPlatform(Platform* platform) {
@@ -142,8 +145,8 @@ std::vector<TopLevelWindow> Desktop::TopLevelWindows() {
   std::vector<TopLevelWindow> windows;
   for (const Window* window : windows_.Tree().Desktop().children) {
     if (!window->Shown()) continue;
-    windows.push_back(
-        {window->handle, window->title, window->rect, window->handle == windows_.GetActiveWindow()});
+    windows.push_back({window->handle, window->title, window->rect,
+                       window->handle == windows_.GetActiveWindow(), OnlyTextIn(*window)});
   }
   return windows;
 }

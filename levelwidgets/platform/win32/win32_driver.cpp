@@ -36,16 +36,34 @@ bool IsOfThisProgram(HWND hwnd) {
   return ::GetWindowThreadProcessId(hwnd, nullptr) == ::GetCurrentThreadId();
 }
 
-std::string TitleOf(HWND hwnd) {
-  // Asking its procedure for the title would be one more message of the window.
-  std::wstring title(256, L'\0');
-  int length = ::InternalGetWindowText(hwnd, title.data(), static_cast<int>(title.size()));
-  while (length + 1 == std::ssize(title)) {  // maybe cut
-    title.resize(2 * title.size());
-    length = ::InternalGetWindowText(hwnd, title.data(), static_cast<int>(title.size()));
+// The title of a window, the text of what shows one.
+std::string TextOf(HWND hwnd) {
+  // Asking its procedure for the text would be one more message of the window.
+  std::wstring text(256, L'\0');
+  int length = ::InternalGetWindowText(hwnd, text.data(), static_cast<int>(text.size()));
+  while (length + 1 == std::ssize(text)) {  // maybe cut
+    text.resize(2 * text.size());
+    length = ::InternalGetWindowText(hwnd, text.data(), static_cast<int>(text.size()));
   }
-  title.resize(static_cast<std::size_t>(length));
-  return FromWide(title);
+  text.resize(static_cast<std::size_t>(length));
+  return FromWide(text);
+}
+
+bool IsText(HWND hwnd) {
+  char class_name[16] = "";
+  ::GetClassNameA(hwnd, class_name, sizeof class_name);
+  return ::lstrcmpiA(class_name, "STATIC") == 0;
+}
+
+std::string OnlyTextIn(HWND hwnd) {
+  std::string only;
+  for (HWND child = ::GetWindow(hwnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    const std::string text = IsText(child) ? TextOf(child) : "";
+    if (text.empty()) continue;
+    if (!only.empty()) return {};
+    only = text;
+  }
+  return only;
 }
 
 }  // namespace
@@ -173,8 +191,8 @@ std::vector<TopLevelWindow> Win32Driver::TopLevelWindows() {
     if (!IsOfThisProgram(hwnd) || !::IsWindowVisible(hwnd)) continue;
     RECT rect = {};
     ::GetWindowRect(hwnd, &rect);
-    windows.push_back(
-        {FromNative<WindowHandle>(hwnd), TitleOf(hwnd), FromNativeRect(rect), hwnd == ::GetActiveWindow()});
+    windows.push_back({FromNative<WindowHandle>(hwnd), TextOf(hwnd), FromNativeRect(rect),
+                       hwnd == ::GetActiveWindow(), OnlyTextIn(hwnd)});
   }
   return windows;
 }

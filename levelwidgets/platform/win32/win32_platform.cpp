@@ -5,6 +5,7 @@
 #include <levelwidgets/platform/win32/win32_conversions.h>
 #include <levelwidgets/platform/win32/win32_drawing.h>
 #include <levelwidgets/platform/win32/win32_file_dialogs.h>
+#include <levelwidgets/platform/win32/win32_message_boxes.h>
 #include <levelwidgets/platform/win32/win32_screen.h>
 #include <levelwidgets/platform/win32/win32_windows.h>
 
@@ -18,6 +19,7 @@ struct Win32Platform::Parts {
   Win32Conversions conversions;
   Win32Windows windows{relay};
   Win32FileDialogs file_dialogs{relay};
+  Win32MessageBoxes message_boxes{relay};
 };
 
 Win32Platform::Win32Platform() : parts_(std::make_unique<Parts>()) {}
@@ -35,6 +37,8 @@ ScreenApi& Win32Platform::Screen() { return parts_->screen; }
 ConversionApi& Win32Platform::Conversions() { return parts_->conversions; }
 
 FileDialogApi& Win32Platform::FileDialogs() { return parts_->file_dialogs; }
+
+MessageBoxApi& Win32Platform::MessageBoxes() { return parts_->message_boxes; }
 
 std::size_t Win32Platform::LiveWindows() const { return parts_->windows.LiveWindows(); }
 

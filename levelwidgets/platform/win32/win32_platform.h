@@ -5,13 +5,14 @@
 #include <memory>
 
 #include <levelwidgets/platform/file_dialogs.h>
+#include <levelwidgets/platform/message_boxes.h>
 #include <levelwidgets/platform/platform.h>
 
 namespace levelwidgets::win32 {
 
 // Belongs to the thread that makes it. Windows that are left when it ends are destroyed without a message to
 // their clients. No header of this folder includes one of the system's.
-class Win32Platform final : public Platform, public FileDialogSource {
+class Win32Platform final : public Platform, public FileDialogSource, public MessageBoxSource {
  public:
   Win32Platform();
   ~Win32Platform() override;
@@ -22,6 +23,7 @@ class Win32Platform final : public Platform, public FileDialogSource {
   ScreenApi& Screen() override;
   ConversionApi& Conversions() override;
   FileDialogApi& FileDialogs() override;
+  MessageBoxApi& MessageBoxes() override;
 
   // Windows made through Windows() and not yet destroyed.
   std::size_t LiveWindows() const;

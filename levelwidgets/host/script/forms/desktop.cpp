@@ -197,8 +197,10 @@ int Windows(lua_State* L) {
   for (const TopLevelWindow& window : CheckDesktop(L).TopLevelWindows()) {
     lua_newtable(L);
     SetField(L, "handle", window.handle.value);
-    lua_pushstring(L, window.title.c_str());
+    PushText(L, window.title);
     lua_setfield(L, -2, "title");
+    PushText(L, window.text);
+    lua_setfield(L, -2, "text");
     SetField(L, "left", window.rect.left);
     SetField(L, "top", window.rect.top);
     SetField(L, "width", window.rect.width());

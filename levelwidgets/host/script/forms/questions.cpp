@@ -90,6 +90,23 @@ MessageStyle StyleOf(std::int32_t number) {
               "A message's style is 0, 16 (critical), 32 (question), 48 (warning) or 64 (information)");
 }
 
+int TypeOfField(lua_State* L, int index, const char* field) {
+  const int type = lua_getfield(L, index, field);
+  lua_pop(L, 1);
+  return type;
+}
+
+// A list of captions, or the number or the name of a set.
+void TakeButtons(lua_State* L, const OptionTable& table, MessageOptions& options) {
+  switch (TypeOfField(L, 1, "buttons")) {
+    case LUA_TNUMBER: options.set = SetOf(MessageButtons{table.Whole("buttons", 0)}).buttons_of; break;
+    case LUA_TSTRING: options.set = SetNamed(table.Text("buttons", "")).buttons_of; break;
+    default:
+      options.buttons.clear();
+      for (const Variant& caption : table.List("buttons", {})) options.buttons.push_back(ToText(caption));
+  }
+}
+
 MessageOptions OptionsOf(lua_State* L) {
   luaL_checktype(L, 1, LUA_TTABLE);
   const OptionTable table(L, 1, "Message", {"buttons", kEvent, "style", "text", "title"}, TextsOf(L));
@@ -97,10 +114,7 @@ MessageOptions OptionsOf(lua_State* L) {
   options.text = table.Text("text", "");
   options.title = table.Text("title", options.title);
   options.style = StyleOf(table.Whole("style", 0));
-  if (table.Has("buttons")) {
-    options.buttons.clear();
-    for (const Variant& caption : table.List("buttons", {})) options.buttons.push_back(ToText(caption));
-  }
+  if (table.Has("buttons")) TakeButtons(L, table, options);
   return options;
 }
 
@@ -182,8 +196,14 @@ int NewMessage(lua_State* L) {
   const auto answer = TakeAnswer(L, options.title);
   ScriptState& state = StateOf(L);
   const auto others = state.Forms();
+  const auto kept = std::make_shared<std::shared_ptr<void>>(state.KeepMessage(RealmOf(L)));
   const auto message =
-      ShowMessage(state.FormPlatform(), options, others, answer ? MessageAnswer(*answer) : nullptr);
+      ShowMessage(state.FormPlatform(), options, others, [answer, kept](std::int32_t button) {
+        kept->reset();
+        if (answer) (*answer)(button);
+      });
+  if (!message) return 0;  // the system shows it
+  kept->reset();           // it is a form
   PushForm(L, state.Keep(message, nullptr, RealmOf(L)));
   return 1;
 }

@@ -46,19 +46,27 @@ ScriptDesktop& ScriptState::Desktop() {
   return desktop_;
 }
 
-std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
-                                              std::shared_ptr<const FormDocument> document,
-                                              ScriptRealm& opener) {
+void ScriptState::CheckForms(const ScriptRealm& opener) {
   for (const auto& open : std::vector(forms_)) {
     if (open->form->Closed()) Forget(open);
   }
-  if (opener.IsSandbox() && forms_.size() >= kMostFormsOfSandboxes) {
-    throw Error(
-        kOutOfMemory, "LevelWidgets.Form",
-        "there are " + std::to_string(forms_.size()) +
-            " forms open, and the script of a form opens no more; --trust lifts the limits for a form "
-            "that you trust");
-  }
+  const std::size_t open = forms_.size() + static_cast<std::size_t>(messages_.use_count() - 1);
+  if (!opener.IsSandbox() || open < kMostFormsOfSandboxes) return;
+  throw Error(kOutOfMemory, "LevelWidgets.Form",
+              "there are " + std::to_string(open) +
+                  " forms open, and the script of a form opens no more; --trust lifts the limits for a form "
+                  "that you trust");
+}
+
+std::shared_ptr<void> ScriptState::KeepMessage(const ScriptRealm& opener) {
+  CheckForms(opener);
+  return messages_;
+}
+
+std::shared_ptr<ScriptForm> ScriptState::Keep(std::shared_ptr<Form> form,
+                                              std::shared_ptr<const FormDocument> document,
+                                              ScriptRealm& opener) {
+  CheckForms(opener);
   auto kept = std::make_shared<ScriptForm>();
   kept->form = std::move(form);
   kept->document = std::move(document);

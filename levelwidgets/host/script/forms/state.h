@@ -76,6 +76,8 @@ class ScriptState : public ScriptRun {
   std::shared_ptr<ScriptForm> Keep(std::shared_ptr<Form> form, std::shared_ptr<const FormDocument> document,
                                    ScriptRealm& opener);
   void Forget(const std::shared_ptr<ScriptForm>& form);
+  // A message that the system shows, or is going to, is kept by whoever holds this; it counts as a form.
+  std::shared_ptr<void> KeepMessage(const ScriptRealm& opener);
   // Those that are open.
   std::vector<std::shared_ptr<Form>> Forms() const;
   // The form whose script runs in `realm`; null when that is the user's program.
@@ -87,6 +89,8 @@ class ScriptState : public ScriptRun {
   std::size_t Timers() const;
 
  private:
+  // Forgets closed forms; raises 7 for one more than a sandbox may have open.
+  void CheckForms(const ScriptRealm& opener);
   // What its controls raise by themselves is reported as the errors of handlers are.
   static void ReportErrorsOf(const std::shared_ptr<ScriptForm>& form);
 
@@ -98,6 +102,7 @@ class ScriptState : public ScriptRun {
   std::shared_ptr<ScriptRealm> program_;
   std::vector<std::shared_ptr<ScriptForm>> forms_;
   std::vector<std::shared_ptr<ScriptTimer>> timers_;
+  const std::shared_ptr<void> messages_ = std::make_shared<int>();  // held once by each
 };
 
 ScriptState& StateOf(const ScriptRealm& realm);

@@ -57,7 +57,7 @@ expect.equal(m.lblSign.Caption, "?")
 expect.equal(m.lbl1.Caption, "Store it && close?")
 expect.equal(m.lbl2.Caption, "There is no way back.")
 expect.equal(m.cmd1.Default, true)
-expect.equal(m.cmd2.Cancel, true)
+expect.equal(m.cmd2.Cancel, false)
 d:key(78, 4)
 expect.equal(answer, 2)
 lw.message{ text="Read this", on_closed=function(button) answer = button end }
@@ -72,6 +72,46 @@ expect.fails(5, "A message needs a button to answer it with", function() lw.mess
 expect.fails(5, "A message's style is 0, 16 (critical), 32 (question), 48 (warning) or 64 (information)",
   function() lw.message{ text="x", style=3 } end)
 expect.fails(438, 'Message has no member "txt"; did you mean "text"?', function() lw.message{ txt="x" } end)
+
+-- Sets of buttons, by number, by name, by their captions: the keys are those of the system's messages. Whoever drives the
+-- desktop reads what the message says.
+local text = "Store it?\n" .. ("long "):rep(60) .. "end"
+local function ask(buttons)
+  answer = nil
+  return lw.message{ text=text, style=16, buttons=buttons, on_closed=function(button) answer = button end }
+end
+m = ask(4)
+expect.equal(m.cmd1.Caption, "&Yes")
+expect.equal(d:windows()[1].handle, m.hWnd)
+expect.equal(d:windows()[1].title, "LevelWidgets")
+expect.equal(d:windows()[1].text, text)
+expect.equal(d:windows()[2].text, "")
+d:key(27)
+d:close(m)
+expect.equal(answer, nil)
+d:key(39)
+d:key(13)
+expect.equal(answer, 2)
+for name, last in pairs{ OK=1, OKCancel=2, YesNoCancel=3 } do
+  m = ask(name)
+  expect.equal(m["cmd" .. last].Cancel, true)
+  d:key(27)
+  expect.equal(answer, last)
+end
+ask("YesNo")
+d:type("n")
+expect.equal(answer, 2)
+m = ask{ "Yes", "No" }
+local left, top, right, bottom = d:rect(m.cmd2)
+d:key(27)
+d:click((left + right) // 2, (top + bottom) // 2)
+expect.equal(answer, 2)
+for _, wrong in ipairs{ 2, "Ok", 2.5 } do
+  expect.fails(5, "A message's buttons are a list of captions, or OK (0), OKCancel (1), YesNoCancel (3) or YesNo (4)",
+    function() ask(wrong) end)
+end
+expect.fails(13, "Message.buttons takes a list", function() ask(true) end)
+expect.equal(#d:windows(), 1)
 
 -- Long words and many lines fit on the screen.
 m = lw.message{ text=("word "):rep(100) .. ("x"):rep(300) .. ("\n"):rep(100) .. "end" }
