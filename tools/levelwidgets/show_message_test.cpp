@@ -39,7 +39,7 @@ class ShowMessages : public ShowCommand {
     yes_ = Screen().WaitFor(kYes);
     ASSERT_FALSE(no_.empty()) << Errors();
     ASSERT_FALSE(yes_.empty());
-    Screen().DoAtLast("search --name 'Question' windowactivate --sync");
+    Screen().DoAtLast("search --name Question windowactivate --sync");
   }
 
   PixelRect yes_;

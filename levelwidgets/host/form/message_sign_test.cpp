@@ -16,7 +16,8 @@ TEST(MessageSignTest, EverySignCanBeToldFromLightAndDarkForms) {
     for (const std::uint32_t back : {0xFFFFFFu, 0xF0F0F0u, 0xC8D0D4u, 0x2D2D2Du, 0x000000u}) {
       const auto sign = SignOf(style, ColorRef{back});
       ASSERT_TRUE(sign);
-      EXPECT_GE(Contrast(ColorRef{sign->color.value}, ColorRef{back}), 3.0) << sign->text << " on " << back;
+      const ColorRef color{static_cast<std::uint32_t>(sign->color.value)};
+      EXPECT_GE(Contrast(color, ColorRef{back}), 3.0) << sign->text << " on " << back;
     }
   }
 }
