@@ -18,7 +18,6 @@ constexpr Twips kMargin(180);   // around the strip
 constexpr Twips kPadding(225);  // around a page
 constexpr Twips kBand(300);     // of the tabs
 constexpr Twips kTabWidth(1140);
-constexpr std::int16_t kPageUp = 33, kPageDown = 34;
 
 [[noreturn]] void RaiseNoPages(std::string_view what) {
   throw Error(kInvalidCall, "LevelWidgets.PropertyFrame", std::string(what));
@@ -186,8 +185,8 @@ void PropertyFrame::ShowPage(std::int16_t number) {
 
 void PropertyFrame::TakeKey(std::int16_t& code, std::int16_t shift) {
   const bool is_tab = code == kKeyTab;
-  if ((shift & kCtrlMask) == 0 || (!is_tab && code != kPageUp && code != kPageDown)) return;
-  const bool back = is_tab ? (shift & kShiftMask) != 0 : code == kPageUp;
+  if ((shift & kCtrlMask) == 0 || (!is_tab && code != kKeyPageUp && code != kKeyPageDown)) return;
+  const bool back = is_tab ? (shift & kShiftMask) != 0 : code == kKeyPageUp;
   code = 0;
   With<FlatTabStrip>(kTabs, [&](FlatTabStrip& tabs) {
     const int count = static_cast<int>(views_.size());

@@ -26,7 +26,7 @@ TEST_P(Script, EndsWithoutAFailedCheck) {
 
 INSTANTIATE_TEST_SUITE_P(Files, Script,
                          ::testing::Values("building", "collections", "conversions", "drop_down", "events",
-                                           "file_questions", "focus", "forms", "grid", "grid_edits",
+                                           "file_questions", "focus", "forms", "grid", "grid_edits", "pages",
                                            "handler_errors", "known_names", "members", "questions", "removal",
                                            "tabs", "trace", "values"),
                          [](const auto& script) { return std::string(script.param); });
