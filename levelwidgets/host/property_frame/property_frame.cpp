@@ -155,8 +155,6 @@ void PropertyFrame::PressApply() { Apply(); }
 
 void PropertyFrame::Close() { form_->Close(); }
 
-void PropertyFrame::EndMessage() { message_.reset(); }
-
 // --- Pages -------------------------------------------------------------------------------------------
 
 PropertyPage& PropertyFrame::Page(std::size_t number) const { return views_.at(number)->Page(); }
@@ -229,12 +227,19 @@ void PropertyFrame::Report(const std::string& text) {
 }
 
 void PropertyFrame::ShowReport(const std::string& text) {
-  if (form_->Closed() || message_) return;
+  if (form_->Closed() || reporting_) return;
+  reporting_ = true;
   const auto others = options_.forms ? options_.forms() : std::vector{GetForm()};
   message_ = ShowMessage(form_->GetPlatform(), {.text = text, .style = MessageStyle::kCritical}, others,
                          [weak = weak_from_this()](std::int32_t) {
                            if (const auto self = weak.lock()) self->EndMessage();
                          });
+}
+
+// Once it is answered, or when the frame has gone.
+void PropertyFrame::EndMessage() {
+  reporting_ = false;
+  message_.reset();
 }
 
 }  // namespace levelwidgets

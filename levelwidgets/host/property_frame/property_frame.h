@@ -78,7 +78,8 @@ class PropertyFrame : public std::enable_shared_from_this<PropertyFrame> {
   const std::shared_ptr<Form> form_;
   const Options options_;
   std::vector<std::shared_ptr<PageView>> views_;
-  std::shared_ptr<Form> message_;
+  bool reporting_ = false;
+  std::shared_ptr<Form> message_;  // null where the system shows it
 };
 
 }  // namespace levelwidgets
