@@ -138,7 +138,7 @@ TEST_F(RefusalTest, ThePageThatCouldNotBeWrittenComesToTheFront) {
   frame_->SelectPage(2);
   Driver().Settle();
   EXPECT_EQ(The<FlatTabStrip>("tabPages").SelectedTab(), 2);
-  Click("cmdApply");
+  Key('P', kAltMask);
   EXPECT_EQ(The<FlatTabStrip>("tabPages").SelectedTab(), 1);
   EXPECT_TRUE(At("txtRowHeight").Visible());
   EXPECT_EQ(Messages().size(), 1u);
