@@ -61,9 +61,8 @@ void CheckBox::OnMouseDown(const PointerInput& input) {
 }
 
 void CheckBox::OnMouseMove(const PointerInput& input) {
-  const bool inside = IsInside(input.at);
-  if (inside) hover_.Start();
-  Show(under_pointer_, inside);
+  hover_.Start();
+  Show(under_pointer_, IsInside(input.at));
   Raise(MouseMove, input);
 }
 

@@ -98,6 +98,34 @@ TEST_F(CheckBoxInputTest, TheReleaseOfTheRightButtonLeavesThePressOfTheLeft) {
   EXPECT_EQ(Box().Value(), CheckBox::kChecked);
 }
 
+TEST_F(CheckBoxInputTest, ALeftReleaseEndsThePressWhileTheRightButtonIsStillDown) {
+  MoveTo(5, 5);
+  const ColorRef under_pointer = FillOf(Box());
+  Driver().Press(kLeftButton);
+  Driver().Press(kRightButton);
+  Driver().Release(kLeftButton);
+  EXPECT_EQ(FillOf(Box()), under_pointer);
+  EXPECT_EQ(Box().Value(), CheckBox::kChecked);
+  Driver().Release(kRightButton);
+  EXPECT_EQ(Box().Value(), CheckBox::kChecked);
+}
+
+TEST_F(CheckBoxInputTest, ABoxThatAppearsUnderARestingPointerShowsThePress) {
+  MoveTo(5, 5);
+  Driver().Press(kLeftButton);
+  const ColorRef pressed = FillOf(Box());
+  MoveTo(5, -30);
+  Driver().Release(kLeftButton);
+  Driver().Advance(150);
+  Hosted(Box()).SetVisible(false);
+  MoveTo(5, 5);
+  Hosted(Box()).SetVisible(true);
+  Driver().Press(kLeftButton);
+  EXPECT_EQ(FillOf(Box()), pressed);
+  Driver().Release(kLeftButton);
+  EXPECT_EQ(Box().Value(), CheckBox::kChecked);
+}
+
 TEST_F(CheckBoxInputTest, APressWhoseCaptureAnotherWindowTakesIsOver) {
   PressOnBox();
   Windows().SetCapture(Other().hWnd());

@@ -110,11 +110,12 @@ TEST_F(BoxControlsTest, AnchorsStretchBoth) {
 // --- The frame -----------------------------------------------------------------------------------------
 
 TEST_F(BoxControlsTest, ANewFrameHasItsNameAsCaptionAndTheColoursOfItsForm) {
+  TheForm().SetFont(MakeFont({.name = "Arial", .size = 10}));
   FrameControl& frame = TheForm().Add<FrameControl>("fraNew");
   EXPECT_EQ(frame.Caption(), "fraNew");
   EXPECT_EQ(frame.BackColor(), TheForm().BackColor());
   EXPECT_EQ(frame.ForeColor(), kButtonText);
-  EXPECT_EQ(frame.GetFont()->Description(), TheForm().GetFont()->Description());
+  EXPECT_EQ(frame.GetFont()->Name(), "Arial");
   EXPECT_EQ(frame.hWnd(), frame.GetSurface().hWnd());
   EXPECT_EQ(Hosted(frame).Width(), Twips(3000));
   EXPECT_EQ(Hosted(frame).Properties().Find("BackColor"), nullptr);
