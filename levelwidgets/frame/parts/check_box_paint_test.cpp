@@ -152,6 +152,12 @@ TEST_F(CheckBoxPaintTest, ABoxThatIsHigherThanTheControlIsCutAtBothEdges) {
   EXPECT_THAT(Painted(), Contains("Rectangle 0 -3 13 10"));
 }
 
+TEST_F(CheckBoxPaintTest, TheFocusFrameStaysInAControlThatIsLowerThanItsCaption) {
+  Hosted(Box()).SetHeight(Twips(105));
+  Box().OnEnterFocus();
+  EXPECT_THAT(Painted(), Contains(Written("DrawFocusRect", {17, 0, TextRect().right + 2, 7})));
+}
+
 TEST_F(CheckBoxPaintTest, AControlOfNoSizePaintsWithoutAnError) {
   Box().SetValue(CheckBox::kChecked);
   Hosted(Box()).Move({}, {});
