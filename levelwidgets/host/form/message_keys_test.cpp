@@ -131,6 +131,33 @@ TEST_F(MessageKeysTest, AnAccessKeyPressesItsButtonWithAltAndWithout) {
   EXPECT_EQ(Focused(), 2);
 }
 
+TEST_F(MessageKeysTest, AButtonHearsNoKeyThatTheMessageUses) {
+  Ask(MessageButtons::kYesNo);
+  int asked_to_close = 0;
+  message_->Unload += [&](bool& cancel) {
+    ++asked_to_close;
+    cancel = true;
+  };
+  std::vector<int> heard;
+  for (const std::int32_t number : {1, 2}) {
+    auto& button = dynamic_cast<FlatButton&>(*Button(number).GetControl());
+    button.KeyDown += [&](std::int16_t code, std::int16_t) {
+      if (code != kKeyAlt) heard.push_back(code);
+    };
+    button.KeyPress += [&](std::int16_t character) { heard.push_back(character); };
+  }
+  for (const int key :
+       {static_cast<int>(kKeyRight), static_cast<int>(kKeyLeft), static_cast<int>(kKeySpace)}) {
+    Driver().Key(key);
+  }
+  EXPECT_THAT(heard, IsEmpty());
+  EXPECT_EQ(asked_to_close, 1);
+  Driver().Key('Y');
+  Driver().Key('N', kAlt);
+  EXPECT_THAT(heard, ElementsAre('Y', 'N'));  // keys; their characters are used
+  EXPECT_EQ(asked_to_close, 3);
+}
+
 TEST_F(MessageKeysTest, AKeyThatAnswersReachesNoFormBehind) {
   std::vector<int> heard;
   TheForm().SetKeyPreview(true);

@@ -8,15 +8,15 @@ namespace {
 
 using Forms = std::vector<std::shared_ptr<Form>>;
 
-Forms OpenOnesOf(const std::vector<std::weak_ptr<Form>>& forms) {
-  Forms open;
+Forms ThoseThatLive(const std::vector<std::weak_ptr<Form>>& forms) {
+  Forms living;
   for (const auto& form : forms) {
-    if (auto alive = form.lock(); alive && !alive->Closed()) open.push_back(std::move(alive));
+    if (auto alive = form.lock()) living.push_back(std::move(alive));
   }
-  return open;
+  return living;
 }
 
-// Null when none is active.
+// Null when none is active. One that is closed has no window.
 std::shared_ptr<Form> ActiveOf(Platform& platform, const Forms& forms) {
   const auto found = std::ranges::find(forms, platform.Windows().GetActiveWindow(), &Form::hWnd);
   return found == forms.end() ? nullptr : *found;
@@ -36,7 +36,7 @@ Turns& TurnsOfThread() {
 }  // namespace
 
 FormsAsked::FormsAsked(Platform& platform, const std::vector<std::weak_ptr<Form>>& forms)
-    : owner_(ActiveOf(platform, OpenOnesOf(forms))), rest_(OpenOnesOf(forms), owner_.get()) {
+    : owner_(ActiveOf(platform, ThoseThatLive(forms))), rest_(ThoseThatLive(forms), owner_.get()) {
   TurnsOfThread().taken = true;
 }
 
