@@ -81,10 +81,30 @@ local function looks_of(class)
   return text
 end
 
+local function render(subject, picture, palette)
+  local command = "'%s' render %s -o '%s/%s.png' --palette %s"
+  assert(os.execute(command:format(program, subject, folder, picture, palette)))
+end
+
 -- A form file as it is shown first.
 local function draw_form(form, picture, palette)
-  local command = "'%s' render '%s../../examples/%s.form.toml' -o '%s/pictures/%s.png' --palette %s"
-  assert(os.execute(command:format(program, here, form, folder, picture, palette)))
+  render("'" .. here .. "../../examples/" .. form .. ".form.toml'", "pictures/" .. picture, palette)
+end
+
+-- A property page in every palette.
+local function looks_of_page(page)
+  local text = "\n## Looks\n"
+  for _, palettes in ipairs{ { "light", "classic" }, { "dark", "high-contrast" } } do
+    local names, pictures = "|", "|"
+    for _, palette in ipairs(palettes) do
+      local picture = "pictures/" .. page .. "-" .. palette
+      render("--page " .. page, "reference/" .. picture, palette)
+      names = names .. " " .. palette .. " |"
+      pictures = pictures .. " ![" .. page .. ", " .. palette .. "](" .. picture .. ".png) |"
+    end
+    text = text .. "\n" .. names .. "\n|---|---|\n" .. pictures .. "\n"
+  end
+  return text
 end
 
 -- --- Pages -------------------------------------------------------------------------------------------
@@ -105,10 +125,21 @@ local function write_page(class)
   return line .. "\n", is_control
 end
 
-local controls, others = "", ""
+-- The same of a property page; its line in the index.
+local function write_property_page(name)
+  local about, fields = describe(name .. " --markdown"):match("^(.-\n)(\n## .*)$")
+  write("reference/" .. name .. ".md", about .. looks_of_page(name) .. fields)
+  return "| [" .. name .. "](" .. name .. ".md) | " .. about:match("\n\n(.-%.) ") .. " |\n"
+end
+
+local controls, others, property_pages = "", "", ""
 for class in ("\n" .. describe("--markdown")):gmatch("\n# (%w+)\n") do
   local line, is_control = write_page(class)
   if is_control then controls = controls .. line else others = others .. line end
+end
+
+for page in ("\n" .. describe("--pages --markdown")):gmatch("\n# (%w+)\n") do
+  property_pages = property_pages .. write_property_page(page)
 end
 
 write("reference/README.md", "# Reference\n\n"
@@ -119,6 +150,7 @@ write("reference/README.md", "# Reference\n\n"
   .. "parts, *new* is what a newly placed control has, *loaded* what one of a form file has where nothing was\n"
   .. "saved, and *not saved* the value that is left out of the file. *Ambient* values are the form's.\n\n"
   .. "## Controls\n\n| | | |\n|---|---|---|\n" .. controls
+  .. "\n## Property pages\n\n| | |\n|---|---|\n" .. property_pages
   .. "\n## Other classes\n\n| | |\n|---|---|\n" .. others)
 write("reference/form.schema.json", describe("--schema"))
 

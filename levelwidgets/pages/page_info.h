@@ -41,6 +41,14 @@ struct FieldBinding {
   std::string_view property;
 };
 
+// What a page shows of one of several things at a time: of a column, of a tab.
+struct ChosenThing {
+  std::string_view by = {};                   // the list field in which a person chooses it
+  std::string_view property = {};             // of the control: its value, or the things that have values
+  std::span<const FieldBinding> reads = {};   // when it is chosen
+  std::span<const FieldBinding> writes = {};  // when the page is applied, after the other properties
+};
+
 struct PageInfo {
   std::string_view name;
   std::string_view title;
@@ -49,6 +57,7 @@ struct PageInfo {
   // In the order in which properties are read when the selection changes, and written when it is applied.
   std::span<const FieldBinding> bindings;
   std::shared_ptr<PropertyPage> (*create)(const PageInfo& info, ConversionApi& conversions) = nullptr;
+  ChosenThing chosen = {};
 };
 
 }  // namespace levelwidgets

@@ -172,8 +172,13 @@ const PageInfo& ppFlatGridColumns() {
        .label = "Label7",
        .frame = "Frame1"},
   };
-  static constexpr PageInfo info{"ppFlatGridColumns",       "Columns", "FlatGrid", fields, {},
-                                 &MakePage<GridColumnsPage>};
+  static constexpr PageInfo info{"ppFlatGridColumns",
+                                 "Columns",
+                                 "FlatGrid",
+                                 fields,
+                                 {},
+                                 &MakePage<GridColumnsPage>,
+                                 {"cmbColumn", "Columns", kReadOfColumn, kWrittenToColumn}};
   return info;
 }
 

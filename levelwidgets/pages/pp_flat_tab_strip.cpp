@@ -111,8 +111,14 @@ const PageInfo& ppFlatTabStrip() {
       {"txtTabCount", "TabCount"}, {"txtTabWidth", "TabWidth"},       {"txtSelectedTab", "SelectedTab"},
       {"chkEnabled", "Enabled"},   {"cmbOrientation", "Orientation"},
   };
-  static constexpr PageInfo info{"ppFlatTabStrip", "General", "FlatTabStrip",
-                                 fields,           bindings,  &MakePage<TabStripPage>};
+  static constexpr FieldBinding caption[] = {{"txtCaption", "TabCaption"}};
+  static constexpr PageInfo info{"ppFlatTabStrip",
+                                 "General",
+                                 "FlatTabStrip",
+                                 fields,
+                                 bindings,
+                                 &MakePage<TabStripPage>,
+                                 {"cmbTab", "", caption, caption}};
   return info;
 }
 

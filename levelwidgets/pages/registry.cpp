@@ -1,6 +1,10 @@
 #include <levelwidgets/pages/registry.h>
 
 #include <algorithm>
+#include <string>
+
+#include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/frame/error.h>
 
 namespace levelwidgets {
 
@@ -16,6 +20,21 @@ const PageInfo* FindPage(std::string_view name) {
   if (name.starts_with(kLibrary)) name.remove_prefix(kLibrary.size());
   const auto found = std::ranges::find(Pages(), name, &PageInfo::name);
   return found == Pages().end() ? nullptr : *found;
+}
+
+const PageInfo& PageNamed(std::string_view name) {
+  if (const PageInfo* page = FindPage(name)) return *page;
+  std::vector<std::string_view> names;
+  std::string list;
+  for (const PageInfo* page : Pages()) {
+    names.push_back(page->name);
+    list += (list.empty() ? "" : ", ") + std::string(page->name);
+  }
+  const std::string_view nearest = NearestName(name, names);
+  throw Error(
+      kInvalidCall, "LevelWidgets",
+      "There is no property page \"" + std::string(name) + "\"" +
+          (nearest.empty() ? "; the pages: " + list : "; did you mean \"" + std::string(nearest) + "\"?"));
 }
 
 std::vector<const PageInfo*> PagesOf(std::string_view class_name) {

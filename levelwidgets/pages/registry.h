@@ -24,6 +24,8 @@ const PageInfo& ppFlatTextBox();
 std::span<const PageInfo* const> Pages();
 // By "ppFlatGrid" or "LevelWidgets.ppFlatGrid"; null when there is none of that name.
 const PageInfo* FindPage(std::string_view name);
+// The same; raises 5, with the nearest name, when there is none.
+const PageInfo& PageNamed(std::string_view name);
 // Those that serve the class of that name ("FlatGrid"); none for another name.
 std::vector<const PageInfo*> PagesOf(std::string_view class_name);
 

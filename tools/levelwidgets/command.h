@@ -13,8 +13,8 @@
 namespace levelwidgets {
 
 // Where the value of an option goes. What is there before is its default.
-using OptionValue =
-    std::variant<std::string*, int*, std::uint64_t*, std::optional<double>*, std::vector<std::string>*>;
+using OptionValue = std::variant<std::string*, std::optional<std::string>*, int*, std::uint64_t*,
+                                 std::optional<double>*, std::vector<std::string>*>;
 
 struct OptionRules {
   bool required = false;
@@ -28,6 +28,11 @@ struct OptionRules {
 struct FlagConflict {
   std::string flag;
   std::string other;  // "another format"
+};
+
+// Raised by a command's body when an argument that it needs is missing.
+struct MissingArgument {
+  std::string name;  // "FORM or --page"
 };
 
 class Command {
@@ -49,7 +54,7 @@ class Command {
         name, [&given] { given = true; }, help);
   }
   // What the command does, after the parsing; returns the exit status, or throws what is to be reported on
-  // standard error.
+  // standard error: FlagConflict and MissingArgument as what is wrong with the command line.
   virtual void SetBody(std::function<int()> body) = 0;
 };
 

@@ -90,21 +90,27 @@ class ParsedCommand final : public Command {
 
   void AddFlag(const std::string& name, const std::function<void()>& on_given,
                const std::string& help) override {
-    const auto take = [on_given] {
-      try {
-        on_given();
-      } catch (const FlagConflict& conflict) {
-        throw CLI::ExcludesError(conflict.flag, conflict.other);
-      }
-    };
-    app_.add_flag_callback(name, take, help);
+    app_.add_flag_callback(name, AsUsage(on_given), help);
   }
 
   void SetBody(std::function<int()> body) override {
-    app_.callback([this, body = std::move(body)] { status_ = body(); });
+    app_.callback(AsUsage([this, body = std::move(body)] { status_ = body(); }));
   }
 
  private:
+  // What `deed` says of the arguments is said as what the parser finds itself.
+  static std::function<void()> AsUsage(std::function<void()> deed) {
+    return [deed = std::move(deed)] {
+      try {
+        deed();
+      } catch (const FlagConflict& conflict) {
+        throw CLI::ExcludesError(conflict.flag, conflict.other);
+      } catch (const MissingArgument& missing) {
+        throw CLI::RequiredError(missing.name);
+      }
+    };
+  }
+
   CLI::App& app_;
   int& status_;
 };

@@ -5,6 +5,8 @@
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/describe/describe.h>
 #include <levelwidgets/host/describe/frozen.h>
+#include <levelwidgets/host/describe/pages.h>
+#include <levelwidgets/pages/registry.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
@@ -21,6 +23,7 @@ const ClassInfo& FindClass(const std::string& name) {
     names.push_back(info->Name());
     list += (list.empty() ? "" : ", ") + std::string(info->Name());
   }
+  for (const PageInfo* page : Pages()) names.push_back(page->name);
   const std::string_view nearest = NearestName(name, names);
   throw Error(kInvalidCall, "LevelWidgets",
               "There is no class \"" + name + "\"" +
@@ -28,12 +31,15 @@ const ClassInfo& FindClass(const std::string& name) {
                   " The classes: " + list);
 }
 
+[[noreturn]] void RefuseSchema(std::string_view name) {
+  throw Error(kInvalidCall, "LevelWidgets",
+              std::string(name) + " is no control: only controls stand in form files and have a schema");
+}
+
 const ClassInfo& FindControl(const std::string& name) {
   const ClassInfo& info = FindClass(name);
-  if (FindControlClass(name)) return info;
-  throw Error(
-      kInvalidCall, "LevelWidgets",
-      std::string(info.Name()) + " is no control: only controls stand in form files and have a schema");
+  if (!FindControlClass(name)) RefuseSchema(info.Name());
+  return info;
 }
 
 void Print(const nlohmann::ordered_json& json) { std::cout << json.dump(2) << "\n"; }
@@ -47,23 +53,44 @@ void DescribeOne(const std::string& name, Format format) {
   }
 }
 
-void PrintAll(std::string (*describe)(const ClassInfo&)) {
-  for (const ClassInfo* info : DescribedClasses()) {
-    std::cout << (info == DescribedClasses().front() ? "" : "\n\n") << describe(*info);
+void DescribePage(const PageInfo& page, Format format) {
+  switch (format) {
+    case Format::kText: std::cout << DescribeAsText(page); break;
+    case Format::kJson: Print(DescribeAsJson(page)); break;
+    case Format::kMarkdown: std::cout << DescribeAsMarkdown(page); break;
+    case Format::kSchema: RefuseSchema(page.name);
   }
 }
 
-void DescribeAll(Format format) {
+// Of classes or of pages.
+template <typename List>
+void DescribeList(const List& infos, Format format) {
   auto list = nlohmann::ordered_json::array();
-  switch (format) {
-    case Format::kText: PrintAll(DescribeAsText); break;
-    case Format::kJson:
-      for (const ClassInfo* info : DescribedClasses()) list.push_back(DescribeAsJson(*info));
-      Print(list);
-      break;
-    case Format::kMarkdown: PrintAll(DescribeAsMarkdown); break;
-    case Format::kSchema: Print(FormSchema(ControlClasses())); break;
+  for (const auto* info : infos) {
+    if (format == Format::kJson) {
+      list.push_back(DescribeAsJson(*info));
+      continue;
+    }
+    if (info != infos.front()) std::cout << "\n\n";
+    std::cout << (format == Format::kMarkdown ? DescribeAsMarkdown(*info) : DescribeAsText(*info));
   }
+  if (format == Format::kJson) Print(list);
+}
+
+void DescribePages(Format format) {
+  if (format == Format::kSchema) RefuseSchema("A property page");
+  DescribeList(Pages(), format);
+}
+
+void DescribeAll(Format format) {
+  if (format == Format::kSchema) return Print(FormSchema(ControlClasses()));
+  DescribeList(DescribedClasses(), format);
+}
+
+void Describe(const std::string& name, Format format) {
+  if (name.empty()) return DescribeAll(format);
+  if (const PageInfo* page = FindPage(name)) return DescribePage(*page, format);
+  DescribeOne(name, format);
 }
 
 // Prints the list in the file with the members that it lacks.
@@ -90,17 +117,22 @@ void AddDescribeCommand(Program& program) {
     std::string name;
     std::string frozen;
     Format format = Format::kText;
+    bool pages = false;
   };
-  Command& command = program.Add("describe", "Describes the members of a class, or of all");
+  Command& command =
+      program.Add("describe", "Describes the members of a class, or of all, or property pages");
   command.SetFooter(
       "The schema without a class is that of form files, for editors that complete and check them; with "
       "a class it is that of the control's Properties.\n\n"
+      "A property page is described by its fields and the order in which it writes.\n\n"
       "Examples:\n"
       "  levelwidgets describe FlatButton\n"
       "  levelwidgets describe FlatButton --json\n"
+      "  levelwidgets describe ppFlatGrid\n"
       "  levelwidgets describe --schema > form.schema.json");
   const auto given = std::make_shared<Arguments>();
-  command.AddOption("CLASS", &given->name, "The class, as in a form file");
+  command.AddOption("CLASS", &given->name, "The class, as in a form file, or the property page");
+  command.AddFlag("--pages", given->pages, "All property pages");
   command.AddOption(
       "--frozen", &given->frozen,
       "Prints the list of members in this file with those that it lacks; refuses when one of the "
@@ -120,7 +152,8 @@ void AddDescribeCommand(Program& program) {
       GrowList(given->frozen);
       return 0;
     }
-    given->name.empty() ? DescribeAll(given->format) : DescribeOne(given->name, given->format);
+    if (given->pages && !given->name.empty()) throw FlagConflict{"--pages", "CLASS"};
+    given->pages ? DescribePages(given->format) : Describe(given->name, given->format);
     return 0;
   });
 }

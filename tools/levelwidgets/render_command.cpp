@@ -1,8 +1,10 @@
 #include <cstdlib>
 
+#include <levelwidgets/host/property_frame/sample_page.h>
 #include <levelwidgets/host/script/forms/png_file.h>
 #include <levelwidgets/host/script/lua/interrupt.h>
 #include <levelwidgets/host/script/script_host.h>
+#include <levelwidgets/pages/registry.h>
 #include <tools/levelwidgets/commands.h>
 
 namespace levelwidgets {
@@ -10,7 +12,8 @@ namespace levelwidgets {
 namespace {
 
 struct RenderArguments {
-  std::string form;
+  std::optional<std::string> form;
+  std::optional<std::string> page;
   std::string picture;
   int dpi = 96;
   std::string palette = "light";
@@ -70,11 +73,22 @@ void CheckSize(const Form& form, const PixelRect& area) {
          ": a smaller form or --dpi fits");
 }
 
+// A form by its file, or the window of a property page.
+void CheckSubject(const RenderArguments& arguments) {
+  if (!arguments.form && !arguments.page) throw MissingArgument{"FORM or --page"};
+  if (arguments.form && arguments.page) throw FlagConflict{"--page", "FORM"};
+}
+
+std::shared_ptr<Form> SubjectOf(const RenderArguments& arguments, ScriptHost& host) {
+  if (arguments.form) return host.LoadForm(*arguments.form);
+  return MakeSamplePage(host.Desktop().GetPlatform(), PageNamed(*arguments.page));
+}
+
 int Render(const RenderArguments& arguments) {
   ScriptHost host(OptionsOf(arguments));
   host.MakeDesktop(
       {.size = kAmpleScreen, .dpi = arguments.dpi, .locale = arguments.locale, .palette = arguments.palette});
-  const auto form = host.LoadForm(arguments.form);
+  const auto form = SubjectOf(arguments, host);
   DesktopDriver& desktop = host.Desktop();
   if (!form->Closed()) CheckSize(*form, form->ScreenRect());
   form->Show();
@@ -93,13 +107,18 @@ int Render(const RenderArguments& arguments) {
 }  // namespace
 
 void AddRenderCommand(Program& program) {
-  Command& command = program.Add("render", "Draws a form to a picture");
+  Command& command = program.Add("render", "Draws a form, or a property page, to a picture");
   command.SetFooter(
       "The form's script is run, in a sandbox and for 10 s at most unless it is trusted. The picture shows "
       "the form's window with its frame.\n\n"
-      "Example:\n  levelwidgets render order.form.toml -o order.png --hover cmdSave");
+      "A property page is drawn as the window that edits a new control of its class; --hover and --open are "
+      "for the page's own controls.\n\n"
+      "Examples:\n  levelwidgets render order.form.toml -o order.png --hover cmdSave\n"
+      "  levelwidgets render --page ppFlatGrid -o page.png --palette dark");
   const auto given = std::make_shared<RenderArguments>();
-  command.AddOption("FORM", &given->form, "The form file", {.required = true});
+  command.AddOption("FORM", &given->form, "The form file");
+  command.AddOption("--page", &given->page, "The property page to draw instead of a form: ppFlatScroll",
+                    {.value_name = "NAME"});
   command.AddOption("-o,--output", &given->picture, "The picture, in PNG format",
                     {.required = true, .value_name = "FILE"});
   command.AddOption("--dpi", &given->dpi, "Pixels per inch, 24 to 960",
@@ -109,7 +128,10 @@ void AddRenderCommand(Program& program) {
   command.AddOption("--hover", &given->hover, "A control for the pointer to be over", {.value_name = "NAME"});
   command.AddOption("--open", &given->open, "A control to open the drop-down of", {.value_name = "NAME"});
   AddTrustOption(command, given->trust);
-  command.SetBody([given] { return RunInterruptibly([&] { return Render(*given); }); });
+  command.SetBody([given] {
+    CheckSubject(*given);
+    return RunInterruptibly([&] { return Render(*given); });
+  });
 }
 
 }  // namespace levelwidgets

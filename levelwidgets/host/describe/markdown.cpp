@@ -4,6 +4,7 @@
 #include <levelwidgets/host/describe/describe.h>
 #include <levelwidgets/host/describe/values.h>
 #include <levelwidgets/host/form/form.h>
+#include <levelwidgets/pages/registry.h>
 
 namespace levelwidgets {
 
@@ -134,12 +135,25 @@ bool IsControl(const ClassInfo& info) {
   return std::ranges::find(ControlClasses(), &info) != ControlClasses().end();
 }
 
+// The property pages that serve the class; "" for none.
+std::string LinksToPages(const ClassInfo& info) {
+  std::string text;
+  for (const PageInfo* page : PagesOf(info.Name())) {
+    const std::string name(page->name);
+    text += (text.empty() ? "" : " and ") + ("[" + name + "](" + name + ".md)");
+  }
+  return text;
+}
+
 // What concerns the class as a whole.
 void WriteRemarks(std::ostream& out, const ClassInfo& info) {
   if (IsControl(info)) {
     out << "\nPlaced without a size it is " << info.DefaultSize().width.value << " by "
         << info.DefaultSize().height.value
         << " twips. A form adds the keys and methods of [Placement](Placement.md).\n";
+  }
+  if (const std::string pages = LinksToPages(info); !pages.empty()) {
+    out << "\nA designer edits it on " << pages << ".\n";
   }
   if (&info == &Form::Table()) out << "\nScripts have its methods in small letters: `form:show()`.\n";
   if (info.Creatable()) out << "\nA script makes one by `lw.new(\"" << info.Name() << "\")`.\n";

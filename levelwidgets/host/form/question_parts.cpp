@@ -1,5 +1,7 @@
 #include <levelwidgets/host/form/question_parts.h>
 
+#include <levelwidgets/host/form/form_scale.h>
+
 namespace levelwidgets {
 
 std::string CaptionOf(std::string_view text) {
@@ -28,11 +30,12 @@ FlatLabel& AddText(Form& form, const std::string& name, std::string_view text, c
 }
 
 void AddFrame(Form& form, const std::string& name, const Placement& around) {
-  constexpr Twips kLine(15);
+  const FormScale scale(form.GetPlatform().Screen());
+  const Twips across = scale.TwipsX(1), down = scale.TwipsY(1);
   const auto& [at, size] = around;
   FlatLabel& frame = AddText(
       form, name, "",
-      {{at.x - kLine, at.y - kLine}, TwipSize{size->width + kLine + kLine, size->height + kLine + kLine}});
+      {{at.x - across, at.y - down}, TwipSize{size->width + across + across, size->height + down + down}});
   SetSteadyColors(frame, kWindowFrame, kWindowFrame);
   form.Find(name)->ZOrder(1);
 }

@@ -120,17 +120,8 @@ void OpenPages(lua_State* L) {
 }
 
 int NewPage(lua_State* L) {
-  const std::string_view name = luaL_checkstring(L, 1);
-  const PageInfo* info = FindPage(name);
-  if (!info) {
-    std::vector<std::string_view> names;
-    for (const PageInfo* page : Pages()) names.push_back(page->name);
-    const std::string_view nearest = NearestName(name, names);
-    throw Error(kInvalidCall, "LevelWidgets",
-                "There is no property page \"" + std::string(name) + "\"" +
-                    (nearest.empty() ? "" : "; did you mean \"" + std::string(nearest) + "\"?"));
-  }
-  const PageRef page = PropertyPage::Create(*info, StateOf(L).FormPlatform().Conversions());
+  const PageInfo& info = PageNamed(luaL_checkstring(L, 1));
+  const PageRef page = PropertyPage::Create(info, StateOf(L).FormPlatform().Conversions());
   if (!lua_isnoneornil(L, 2)) page->SelectionChanged(TargetsIn(L, 2));
   PushUserdata(L, kPageType, page);
   return 1;
