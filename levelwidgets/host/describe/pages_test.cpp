@@ -98,7 +98,8 @@ TEST(DescribePages, EveryFieldWithAValueShowsAPropertyOfTheClassOrChoosesOne) {
   int fields = 0;
   for (const PageInfo* page : Pages()) {
     const ClassInfo& served = *FindControlClass(page->serves);
-    for (const Json& field : DescribeAsJson(*page).at("fields")) {
+    const Json described = DescribeAsJson(*page);
+    for (const Json& field : described.at("fields")) {
       const std::string kind = field.at("kind");
       const bool has_value = kind == "text" || kind == "check" || kind == "list" || kind == "combo";
       if (!has_value || field.at("name") == page->chosen.by) continue;
