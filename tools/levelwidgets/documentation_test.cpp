@@ -223,6 +223,15 @@ TEST_F(Documentation, TheOrderEntryApprovesWhatIsTypedAndIsSavedWhereItIsTrusted
   }
 }
 
+TEST_F(Documentation, ThePropertiesOfADesignedFormAreEditedOnTheirPages) {
+  for (const auto& entry : std::filesystem::directory_iterator(Source("examples/properties")))
+    std::filesystem::copy(entry.path(), folder_);
+  EXPECT_EQ(Run("check properties.form.toml").status, 0);
+  const Outcome outcome = Run("run properties_test.lua");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.err, "");
+}
+
 TEST_F(Documentation, TheCommandsOnItsPagesWork) {
   TakeOrderExample();
   int commands = 0;
@@ -299,7 +308,7 @@ TEST_F(Documentation, TheScriptsOnItsPageRun) {
 // Added to the program of the page of scripts. It prints each method that scripts have, as the page writes
 // it: "desktop:click", "lw.date". Standard input lists methods too; it prints those that do not exist.
 constexpr char kListMethods[] = R"lua(
-local objects = { desktop = desktop, form = frm, control = cmdSave, object = list }
+local objects = { desktop = desktop, form = frm, control = cmdSave, object = list, page = page }
 for name, object in pairs(objects) do
   for method in pairs(debug.getmetatable(object).methods) do print(name .. ":" .. method) end
 end
@@ -312,7 +321,7 @@ end
 
 // The methods in the tables of the page, as they are written there up to their arguments.
 std::set<std::string> MethodsOf(const std::string& page) {
-  const std::regex method(R"(`((?:desktop|form|control|object):\w+|lw\.\w+))");
+  const std::regex method(R"(`((?:desktop|form|control|object|page):\w+|lw\.\w+))");
   std::set<std::string> methods;
   std::istringstream lines(page);
   for (std::string line; std::getline(lines, line);) {
