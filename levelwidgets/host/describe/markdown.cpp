@@ -10,14 +10,6 @@ namespace levelwidgets {
 
 namespace {
 
-// Code in a cell of a table: a bar would end the cell.
-std::string Code(std::string_view text) {
-  if (text.empty()) return "";
-  std::string code;
-  for (const char c : text) code += c == '|' ? std::string("\\|") : std::string(1, c);
-  return "`" + code + "`";
-}
-
 // Prose in a cell.
 std::string Cell(std::string_view text) {
   std::string cell;

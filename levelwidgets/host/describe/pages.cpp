@@ -1,4 +1,5 @@
 #include <levelwidgets/host/describe/pages.h>
+#include <levelwidgets/host/describe/values.h>
 
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -117,8 +118,6 @@ void WriteField(std::ostream& out, const PageInfo& page, const FieldInfo& field)
 std::string AsItIs(const std::string& text) { return text; }
 
 // --- Markdown --------------------------------------------------------------------------------------
-
-std::string Code(std::string_view text) { return "`" + std::string(text) + "`"; }
 
 // What stands in the field, or beside it.
 std::string Contents(const FieldInfo& field) {

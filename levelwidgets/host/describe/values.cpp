@@ -107,4 +107,11 @@ std::string TextOfArguments(const ArgumentList& arguments) {
   return text + ")";
 }
 
+std::string Code(std::string_view text) {
+  if (text.empty()) return "";
+  std::string code;
+  for (const char c : text) code += c == '|' ? std::string("\\|") : std::string(1, c);
+  return "`" + code + "`";
+}
+
 }  // namespace levelwidgets

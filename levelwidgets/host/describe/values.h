@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -22,6 +23,9 @@ std::string TextOfDefaults(const PropertyInfo& property);
 bool HasDefault(const PropertyInfo& property);
 // The first keys of a persisted collection, each in `quote`s: its count, and the first item's.
 std::string ListOfKeys(const PropertyInfo& collection, std::string_view quote);
+
+// As Markdown shows it, in a table as well; "" for nothing.
+std::string Code(std::string_view text);
 
 // "(Index: Integer, by reference Cancel: Boolean)"
 std::string TextOfArguments(const ArgumentList& arguments);
