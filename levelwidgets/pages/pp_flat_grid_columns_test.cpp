@@ -93,6 +93,14 @@ TEST_F(GridColumnsPageTest, ASelectionFillsTheListAndChoosesNothing) {
   EXPECT_EQ(At<ListField>("cmbEditType").ListIndex(), -1);
 }
 
+TEST_F(GridColumnsPageTest, ANewSelectionEmptiesTheSettings) {
+  Choose("cmbColumn", 1);
+  Select();
+  EXPECT_EQ(Chosen(), -1);
+  EXPECT_EQ(Text("txtCaption"), "");
+  EXPECT_EQ(Text("txtWidth"), "");
+}
+
 TEST_F(GridColumnsPageTest, AChosenColumnShowsItsSettings) {
   const Variant second = 2;
   const ObjectRef column = std::get<ObjectRef>(GetIndexedByName(*Columns(), "Item", {&second, 1}).Get());

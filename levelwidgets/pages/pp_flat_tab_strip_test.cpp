@@ -82,6 +82,12 @@ TEST_F(TabStripPageTest, ACaptionIsWrittenWhenAnotherTabIsChosenAndTheLastOneWhe
   EXPECT_EQ(CaptionOf(2), Variant("Two"));
 }
 
+TEST_F(TabStripPageTest, TheCaptionOfTheFirstTabIsWrittenWhenThePageIsAppliedAlso) {
+  Choose("cmbTab", 0);
+  Type("txtCaption", "One");
+  EXPECT_EQ(During([&] { page_->ApplyChanges(); }).back(), "write TabCaption(1) = \"One\"");
+}
+
 TEST_F(TabStripPageTest, ACaptionThatNobodyEditedIsNotWrittenWhenAnotherTabIsChosen) {
   Choose("cmbTab", 0);
   EXPECT_THAT(During([&] { Choose("cmbTab", 2); }), ElementsAre("read TabCaption(3)"));

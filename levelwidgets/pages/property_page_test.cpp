@@ -269,6 +269,47 @@ TEST_F(PropertyPageTest, AFormatThatIsTypedDoesNotMarkThePageAsChanged) {
   }
 }
 
+TEST_F(PropertyPageTest, ANewSelectionForgetsWhatWasEdited) {
+  Open("ppFlatCalendar");
+  Select();
+  At<ListField>("cmbFormat").SetText("yy");
+  Select();
+  EXPECT_FALSE(page_->Edited());
+}
+
+TEST_F(PropertyPageTest, TheNoticeOfAChangeComesOnlyWhenThePageBecomesChangedOrUnchanged) {
+  Open("ppFlatButton");
+  Select();
+  int notified = 0;
+  page_->ChangedNotified += [&] { ++notified; };
+  Type("txtCaption", "one");
+  Type("txtCaption", "two");
+  EXPECT_EQ(notified, 1);
+  page_->ApplyChanges();
+  page_->ApplyChanges();
+  EXPECT_EQ(notified, 2);
+}
+
+TEST_F(PropertyPageTest, AFormatOfTheListIsShownAsChosen) {
+  Open("ppFlatCalculator");
+  SetByName(Selected(), "FormatString", "Fixed");
+  Select();
+  EXPECT_EQ(At<ListField>("cmbFormatString").ListIndex(), 3);
+}
+
+TEST_F(PropertyPageTest, AnInnerObjectThatIsNoneIsRefused) {
+  TheForm().Add(*FindControlClass("FlatGrid"), "grd");
+  ObjectTarget target(TheForm().Find("grd")->GetControl(), Tracer().Conversions());
+  const Variant arguments[] = {"A", 1000};
+  const PageTargetRef columns = target.Inner("Columns", {});
+  columns->Call("Add", arguments);
+  const Variant first = 1;
+  const PageTargetRef column = columns->Inner("Item", {&first, 1});
+  column->Set("ValueList", {}, ObjectRef());
+  EXPECT_EQ(ErrorOf([&] { column->Inner("ValueList", {}); }), kTypeMismatch);
+  EXPECT_EQ(ErrorOf([&] { column->Inner("Caption", {}); }), kTypeMismatch);
+}
+
 // --- Refusals ----------------------------------------------------------------------------------------
 
 TEST_F(PropertyPageTest, ANewRangeWithAValueOutsideTheOldOneTakesTwoPasses) {

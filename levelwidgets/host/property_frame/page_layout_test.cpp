@@ -10,8 +10,11 @@
 namespace levelwidgets {
 namespace {
 
-// Every character is 90 twips wide.
-Twips WidthOf(std::string_view text) { return Twips(90 * static_cast<float>(text.size())); }
+// Characters of a width.
+std::function<Twips(std::string_view)> Wide(float twips) {
+  return [twips](std::string_view text) { return Twips(twips * static_cast<float>(text.size())); };
+}
+const auto kWidthOf = Wide(90);
 
 struct Box {
   float left, top, right, bottom;
@@ -27,8 +30,12 @@ bool Meet(const Box& a, const Box& b) {
 }
 
 TEST(PageLayoutTest, NoPartCoversAnotherAndAllAreInside) {
+  std::vector<std::pair<const PageInfo*, float>> tried;
   for (const PageInfo* page : Pages()) {
-    const PageLayout layout = LayOutPage(*page, WidthOf);
+    for (const float width : {10.0f, 90.0f, 300.0f}) tried.emplace_back(page, width);
+  }
+  for (const auto& [page, width] : tried) {
+    const PageLayout layout = LayOutPage(*page, Wide(width));
     for (const PagePart& part : layout.parts) {
       const Box box = BoxOf(part);
       EXPECT_GE(box.left, 0) << page->name << " " << part.name;
@@ -47,7 +54,7 @@ TEST(PageLayoutTest, NoPartCoversAnotherAndAllAreInside) {
 
 TEST(PageLayoutTest, EveryFieldIsThereOnceInOrderAndItsCaptionBeforeIt) {
   for (const PageInfo* page : Pages()) {
-    const PageLayout layout = LayOutPage(*page, WidthOf);
+    const PageLayout layout = LayOutPage(*page, kWidthOf);
     std::vector<const FieldInfo*> fields;
     for (std::size_t i = 0; i < layout.parts.size(); ++i) {
       const PagePart& part = layout.parts[i];
@@ -66,23 +73,25 @@ TEST(PageLayoutTest, EveryFieldIsThereOnceInOrderAndItsCaptionBeforeIt) {
 }
 
 TEST(PageLayoutTest, ThePartsOfAFrameStandInside) {
-  const PageLayout layout = LayOutPage(ppFlatGridColumns(), WidthOf);
-  Box frame{};
-  for (const PagePart& part : layout.parts) {
-    if (part.name == "Frame1") frame = BoxOf(part);
-  }
-  for (const PagePart& part : layout.parts) {
-    const Box box = BoxOf(part);
-    const bool inside =
-        box.left > frame.left && box.top > frame.top && box.right < frame.right && box.bottom < frame.bottom;
-    EXPECT_EQ(inside, part.field->frame == "Frame1") << part.name;
+  for (const float width : {10.0f, 90.0f}) {
+    const PageLayout layout = LayOutPage(ppFlatGridColumns(), Wide(width));
+    Box frame{};
+    for (const PagePart& part : layout.parts) {
+      if (part.name == "Frame1") frame = BoxOf(part);
+    }
+    for (const PagePart& part : layout.parts) {
+      const Box box = BoxOf(part);
+      const bool inside = box.left > frame.left && box.top > frame.top && box.right < frame.right &&
+                          box.bottom < frame.bottom;
+      EXPECT_EQ(inside, part.field->frame == "Frame1") << part.name;
+    }
   }
 }
 
 TEST(PageLayoutTest, NamedCaptionsHaveTheirNamesAndTheOthersThoseOfTheirFields) {
   std::map<std::string, std::string> names;
   for (const PageInfo* page : {&ppFlatGrid(), &ppFlatGridColumns(), &ppFlatCalendar(), &ppFlatButton()}) {
-    for (const PagePart& part : LayOutPage(*page, WidthOf).parts) {
+    for (const PagePart& part : LayOutPage(*page, kWidthOf).parts) {
       if (part.kind == PagePart::Kind::kLabel) names[part.name] = part.caption;
     }
   }

@@ -53,7 +53,6 @@ std::shared_ptr<PageView> PageView::Create(const std::shared_ptr<Form>& form,
   for (const PagePart& part : view->layout_.parts) {
     if (part.field->kind == FieldKind::kFrame) form->Find(part.name)->ZOrder(1);
   }
-  view->SetVisible(false);
   return view;
 }
 
@@ -187,7 +186,6 @@ void PageView::TakeChoice(ListField& field) {
     if (list.Text() == field.Text()) return;
     const std::int32_t picked = PickedOf(list, field);
     Try([&] { picked >= 0 ? field.SetListIndex(picked) : field.SetText(list.Text()); });
-    ShowList(field);  // which may have refused
   });
 }
 

@@ -22,7 +22,7 @@ class PageView : public std::enable_shared_from_this<PageView> {
   // Shows a person a message: what was refused, or the error of a control.
   using Report = std::function<void(const std::string& text)>;
 
-  // Adds the controls to `form`, hidden, at (`at`). Raises what Form::Add raises.
+  // Adds the controls to `form` at (`at`). Raises what Form::Add raises.
   static std::shared_ptr<PageView> Create(const std::shared_ptr<Form>& form,
                                           std::shared_ptr<PropertyPage> page, TwipPoint at, Report report);
 

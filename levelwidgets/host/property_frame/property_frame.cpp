@@ -218,7 +218,8 @@ void PropertyFrame::ShowChanged() {
   });
 }
 
-// On a later turn of the loop: a refusal comes while the focus is on its way.
+// On a later turn of the loop: a refusal comes while the focus is on its way, and the key that moved it may
+// type a character still.
 void PropertyFrame::Report(const std::string& text) {
   if (form_->Closed()) return;
   form_->GetPlatform().Clock().Post([weak = weak_from_this(), text] {

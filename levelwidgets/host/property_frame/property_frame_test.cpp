@@ -76,6 +76,25 @@ TEST_F(PropertyFrameTest, OnlyTheControlsOfThePageInFrontAreVisible) {
   EXPECT_FALSE(At("txtWidthLine").Visible());
 }
 
+TEST_F(PropertyFrameTest, ALineIsSeenAroundEachFieldInAFrameAndOutOfIt) {
+  OpenWithColumns({"A"});
+  for (const char* name : {"cmbColumn", "txtWidth", "cmbEditType"}) {
+    const PixelRect rect = At(name).ScreenRect();
+    for (const PixelPoint at :
+         {PixelPoint{rect.left - 1, rect.top + 4}, PixelPoint{rect.left + 4, rect.top - 1},
+          PixelPoint{rect.right, rect.top + 4}, PixelPoint{rect.left + 4, rect.bottom}}) {
+      EXPECT_EQ(Driver().PixelAt(at), Concrete(kWindowFrame)) << name;
+    }
+  }
+}
+
+TEST_F(PropertyFrameTest, OnlyCombosCanBeTypedInto) {
+  OpenWithColumns({"A"});
+  EXPECT_EQ(The<FlatDropDown>("cmbColumn").Style(), 1);
+  EXPECT_EQ(The<FlatDropDown>("cmbEditType").Style(), 1);
+  EXPECT_EQ(The<FlatDropDown>("cmbFormat").Style(), 0);
+}
+
 // --- Writing -----------------------------------------------------------------------------------------
 
 TEST_F(PropertyFrameTest, ApplyIsEnabledByAnEditWritesItAndLeavesTheFrameOpen) {
@@ -250,6 +269,14 @@ TEST_F(PropertyFrameTest, CtrlTabAndCtrlPageDownGoRoundThePages) {
   EXPECT_EQ(tabs.SelectedTab(), 2) << "without Ctrl it moves the focus";
 }
 
+TEST_F(PropertyFrameTest, CtrlTabOnTheStripGoesOnePageOn) {
+  OpenWithColumns({});
+  frame_->SelectPage(1);
+  Focus("tabPages");
+  Key(kKeyTab, kCtrlMask);
+  EXPECT_EQ(The<FlatTabStrip>("tabPages").SelectedTab(), 2);
+}
+
 TEST_F(PropertyFrameTest, AccessKeysPressTheColumnsButtons) {
   OpenWithColumns({});
   Key('A', kAltMask);
@@ -282,6 +309,7 @@ TEST_F(PropertyFrameTest, ATargetRaises5OnceItsControlHasBeenRemoved) {
   EXPECT_EQ(target.Get("RowCount", {}), Variant(10));
   EXPECT_TRUE(target.Inner("Columns", {}));
   EXPECT_EQ(ErrorOf([&] { target.Inner("RowCount", {}); }), kTypeMismatch);
+  const auto kept = TheForm().Find("a");  // which has no control any more
   TheForm().Remove("a");
   for (const int operation : {0, 1, 2, 3}) {
     try {

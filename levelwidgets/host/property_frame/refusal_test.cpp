@@ -103,7 +103,7 @@ TEST_F(RefusalTest, ANumberOutOfRangeIsSaidAndKeepsTheFocus) {
 TEST_F(RefusalTest, OnlyOneMessageIsShownAtATime) {
   Open("FlatTabStrip");
   TypeInto("txtTabCount", "x");
-  for (int i = 0; i < 3; ++i) Driver().Key(kKeyTab);
+  for (int i = 0; i < 3; ++i) At("txtTabWidth").SetFocus();
   EXPECT_THAT(Messages(), ElementsAre("Invalid Tab Count"));
   Answer();
 }
