@@ -110,7 +110,7 @@ TEST_P(FrameInterferenceTest, AListenerMayDoItAtTheFirstEventOfAnyControl) {
   End();
   std::erase_if(names,
                 [](const std::string& name) { return name.ends_with("Line") || name.starts_with("Label"); });
-  int deeds = 0;
+  [[maybe_unused]] int deeds = 0;
   for (std::size_t i = 0; i < names.size(); ++i) {
     const std::string& name = names[i];
 #ifdef _WIN32
