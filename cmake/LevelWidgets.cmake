@@ -216,6 +216,17 @@ function(levelwidgets_link_quickly target)
   target_link_options(${target} PRIVATE -fno-use-linker-plugin -B${linker})
 endfunction()
 
+# Makes a target of a cross build for Windows be compiled by Clang where it is there.
+function(levelwidgets_compile_quickly target)
+  find_program(LEVELWIDGETS_CLANG clang++)
+  if(CMAKE_CROSSCOMPILING AND LEVELWIDGETS_CLANG)
+    set_target_properties(${target} PROPERTIES
+      CXX_COMPILER_LAUNCHER ${PROJECT_SOURCE_DIR}/cmake/clang_for_windows.sh)
+  else()
+    target_compile_options(${target} PRIVATE -Wa,-mbig-obj)
+  endif()
+endfunction()
+
 # Sources that say what `sources` do, many in each: what the tests have in common is read and compiled once in each. Each is
 # about as long as the others, so that two of them take two cores. Tests of folders that read headers of the system
 # stand last, since those name macros like the methods of others. Those of a library are joined by CMake (UNITY_BUILD); tests
@@ -270,10 +281,10 @@ function(levelwidgets_test_program name)
   set_target_properties(${name} PROPERTIES LEVELWIDGETS_IS_TEST ON)
   target_link_libraries(${name} PRIVATE levelwidgets_options ${arg_LIBRARIES} levelwidgets_gtest)
   # Their run is short and their compilation is not: no optimisation. Without inlining there are more sections than the
-  # usual object format of Windows holds.
+  # usual object format of Windows holds, except as Clang writes them.
   target_compile_options(${name} PRIVATE -O0)
   if(WIN32)
-    target_compile_options(${name} PRIVATE -Wa,-mbig-obj)
+    levelwidgets_compile_quickly(${name})
     levelwidgets_link_quickly(${name})
   endif()
   set_source_files_properties(${PROJECT_SOURCE_DIR}/levelwidgets/testing/main.cc PROPERTIES
