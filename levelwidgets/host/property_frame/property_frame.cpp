@@ -171,9 +171,16 @@ void PropertyFrame::SelectPage(std::int16_t number) {
   if (!tabs || number < 1 || static_cast<std::size_t>(number) > views_.size()) return;
   if (tabs->CanTakeInput()) tabs->SetFocus();
   if (form_->ActiveControl() && form_->ActiveControl() != tabs) return;
-  With<FlatTabStrip>(kTabs, [number](FlatTabStrip& strip) { strip.SetSelectedTab(number); });
+  BringToFront(number);
   const auto first = views_[static_cast<std::size_t>(number) - 1]->FirstField();
   if (first) first->SetFocus();
+}
+
+// Without its tab where a listener has taken that from the strip.
+void PropertyFrame::BringToFront(std::int16_t number) {
+  With<FlatTabStrip>(kTabs, [this, number](FlatTabStrip& tabs) {
+    number <= tabs.TabCount() ? tabs.SetSelectedTab(number) : ShowPage(number);
+  });
 }
 
 void PropertyFrame::ShowPage(std::int16_t number) {
@@ -202,9 +209,8 @@ bool PropertyFrame::Apply() {
     try {
       views[i]->Page().ApplyChanges();
     } catch (const Error& error) {
-      With<FlatTabStrip>(kTabs,
-                         [i](FlatTabStrip& tabs) { tabs.SetSelectedTab(static_cast<std::int16_t>(i + 1)); });
       Report(error.Description());
+      BringToFront(static_cast<std::int16_t>(i + 1));
       return false;
     }
   }

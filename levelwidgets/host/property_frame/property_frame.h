@@ -65,6 +65,7 @@ class PropertyFrame : public std::enable_shared_from_this<PropertyFrame> {
   void PressApply();
   void Close();
   void EndMessage();
+  void BringToFront(std::int16_t number);
   void ShowPage(std::int16_t number);
   void ShowChanged();
   void TakeKey(std::int16_t& code, std::int16_t shift);
