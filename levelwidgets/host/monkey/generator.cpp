@@ -25,7 +25,17 @@ FormModel::FormModel(const Form& form)
   }
 }
 
-Generator::Generator(FormModel model, std::uint64_t seed) : model_(std::move(model)), dice_(seed) {}
+void FormModel::AddBeside(const Form& form) {
+  for (const Control& control : FormModel(form).controls) {
+    controls.push_back(control);
+    controls.back().beside = true;
+  }
+}
+
+Generator::Generator(FormModel model, std::uint64_t seed)
+    : model_(std::move(model)),
+      fills_in_(std::ranges::any_of(model_.controls, &FormModel::Control::beside)),
+      dice_(seed) {}
 
 const Generator::Weighted Generator::kEvents[] = {
     {8, &Generator::Move},     {30, &Generator::MoveTo},    {6, &Generator::Press},
@@ -78,6 +88,8 @@ Event Generator::Next() {
     --panel_events_;
     return Pick(kPanelEvents);
   }
+  constexpr int kOneOf = 12;
+  if (fills_in_ && dice_.Once(kOneOf)) return dice_.Once(3) ? Submit() : FillIn();
   return Pick(kEvents);
 }
 

@@ -17,9 +17,12 @@ struct FormModel {
     std::string name;
     const ClassInfo* info;
     TwipSize size;
+    bool beside = false;  // on the form that the other one edits
   };
 
   explicit FormModel(const Form& form);
+  // The controls of the form beside it as well. Events then often fill in fields and submit them.
+  void AddBeside(const Form& form);
 
   TwipSize size;
   PixelSize screen;
@@ -58,6 +61,9 @@ class Generator {
   // Panels
   Event Open();
   Event Fill();
+  // Fields
+  Event FillIn();
+  Event Submit();
   // Keys and time
   Event Key();
   Event KeyDown();
@@ -97,6 +103,7 @@ class Generator {
   void OpenByPointer(const FormModel::Control& control);
 
   FormModel model_;
+  bool fills_in_;
   Dice dice_;
   std::string subject_;  // of reactions: the control whose event it is
   std::deque<Event> next_;

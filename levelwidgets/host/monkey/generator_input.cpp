@@ -139,6 +139,42 @@ Event Generator::Fill() {
   return Advance();
 }
 
+// --- Fields ----------------------------------------------------------------------------------------
+
+// By keys, as a person goes through a form: a text, an item of a list, a check box or a button.
+Event Generator::FillIn() {
+  const auto fields =
+      Wanted(model_.controls, [](const FormModel::Control& control) { return !control.beside; });
+  if (fields.empty()) return MoveTo();
+  const FormModel::Control& field = *dice_.One(fields);
+  const auto key = [this](int code, int shift = 0) {
+    next_.push_back({.kind = EventKind::kKey, .numbers = {code, shift}});
+  };
+  if (field.info->FindProperty("DropDownBackColor")) {
+    key(kKeyF4);
+    for (int items = dice_.Between(0, 4); items > 0; --items) key(kKeyDown);
+    key(kKeyEnter);
+  } else if (field.info->FindProperty("Text")) {
+    constexpr const char* kTexts[] = {"0", "1", "3", "25", "-2", "1.5", "40000", "1440", "x", "General"};
+    key(kKeyHome);
+    key(kKeyEnd, kShiftMask);
+    next_.push_back({.kind = EventKind::kType, .values = {Variant(dice_.One(kTexts))}});
+  } else {
+    key(kKeySpace);
+  }
+  return {.kind = EventKind::kCall, .control = field.name, .member = "SetFocus"};
+}
+
+// Leaves the field, goes to another page, or presses the default button, the cancel button or one by its
+// access key; a message that is open is answered.
+Event Generator::Submit() {
+  constexpr std::int64_t kSubmits[][2] = {{kKeyTab, 0},    {kKeyTab, kCtrlMask}, {kKeyEnter, 0},
+                                          {kKeyEnter, 0},  {kKeyEscape, 0},      {'P', kAltMask},
+                                          {'P', kAltMask}, {'A', kAltMask}};
+  const auto& [code, shift] = dice_.One(kSubmits);
+  return {.kind = EventKind::kKey, .numbers = {code, shift}};
+}
+
 // --- Keys and time ---------------------------------------------------------------------------------
 
 Event Generator::Key() {

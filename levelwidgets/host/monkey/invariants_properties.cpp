@@ -1,4 +1,5 @@
 // Invariants of properties and of what is saved.
+#include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/form_file/form_file.h>
 #include <levelwidgets/host/monkey/exceptions.h>
 #include <levelwidgets/host/monkey/invariant_checks.h>
@@ -167,7 +168,8 @@ std::string CheckBag(const Subject& subject) {
 std::string CheckReload(const Subject& subject) {
   if (subject.form.Closed()) return "";
   for (const auto& hosted : subject.form.Controls()) {
-    if (CannotLoadAgain(*hosted->GetControl())) return "";
+    const bool is_public = FindControlClass(hosted->ControlClass().Name());  // form files know no other class
+    if (!is_public || CannotLoadAgain(*hosted->GetControl())) return "";
   }
   std::string text;
   try {

@@ -109,6 +109,7 @@ void Accumulate(Tally& sum, const Tally& more) {
   sum.refused += more.refused;
   sum.thrown += more.thrown;
   sum.void_events += more.void_events;
+  sum.closings += more.closings;
   sum.panel_events += more.panel_events;
   for (std::size_t i = 0; i < sum.panels.size(); ++i) sum.panels[i] += more.panels[i];
 }
@@ -163,8 +164,14 @@ std::string InOwnProcess(int milliseconds, const std::function<std::string()>& w
   return report->broken;
 }
 
+FormModel ModelOf(Stage& stage) {
+  FormModel model(*stage.GetForm());
+  if (const auto beside = stage.Beside()) model.AddBeside(*beside);
+  return model;
+}
+
 RunResult Run(const StageFactory& stage, const RunOptions& options) {
-  const FormModel model(*stage()->GetForm());
+  const FormModel model = ModelOf(*stage());
   const auto events_of = [&](std::size_t form) {
     const std::size_t before = form * options.events_per_form;
     return MakeEvents(model, SeedOfForm(options.seed, form),

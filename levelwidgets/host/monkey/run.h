@@ -54,6 +54,9 @@ FormResult RunForm(const StageFactory& stage, const std::vector<Event>& events, 
 // "hang: ..." when it does not finish.
 std::string InOwnProcess(int milliseconds, const std::function<std::string()>& work);
 
+// What the events of a run are made for.
+FormModel ModelOf(Stage& stage);
+
 // The whole run; a failure is shrunk to the fewest events found that break the same.
 RunResult Run(const StageFactory& stage, const RunOptions& options);
 

@@ -70,21 +70,43 @@ void ThrowOnce(Object& object, const std::string& event) {
 
 Session::Session(std::unique_ptr<Stage> stage)
     : stage_(std::move(stage)), desktop_(stage_->GetDesktop()), form_(stage_->GetForm()) {
-  for (const auto& hosted : form_->Controls()) Watch(*hosted);
-  form_->Unload += [this](bool& cancel) { cancel = !finishing_; };
-  form_->PropertyChanged += [this](std::string_view control, std::string_view property) {
-    const auto hosted = form_->Find(control);
-    const PropertyInfo* changed = hosted ? hosted->ControlClass().FindProperty(property) : nullptr;
-    if (changed && IsShownLater(*changed)) shown_later_ = true;
-  };
-  other_ = MakeOther(form_->GetPlatform());
-  other_->Unload += [this](bool& cancel) { cancel = !finishing_; };
+  other_ = stage_->Beside();
+  if (!other_) other_ = MakeOther(form_->GetPlatform());
+  Attach(*form_, stage_->MayClose());
+  Attach(*other_, false);
   other_->Show();
   form_->Show();
   Settle();
 }
 
 Session::~Session() { finishing_ = true; }
+
+void Session::Attach(Form& form, bool may_close) {
+  for (const auto& hosted : form.Controls()) Watch(*hosted);
+  form.Unload += [this, may_close](bool& cancel) { cancel = !finishing_ && !may_close; };
+  form.PropertyChanged += [this, &form](std::string_view control, std::string_view property) {
+    const auto hosted = form.Find(control);
+    const PropertyInfo* changed = hosted ? hosted->ControlClass().FindProperty(property) : nullptr;
+    if (changed && IsShownLater(*changed)) shown_later_ = true;
+  };
+}
+
+void Session::FollowClosing() {
+  if (!form_->Closed()) return;
+  ++tally_.closings;
+  const std::vector watched(other_->Controls());
+  stage_->Reopen();
+  form_ = stage_->GetForm();
+  Attach(*form_, true);
+  for (const auto& hosted : other_->Controls()) {
+    if (std::ranges::find(watched, hosted) == watched.end()) Watch(*hosted);
+  }
+  Settle();
+}
+
+Form& Session::HolderOf(const std::string& name) const {
+  return !form_->Find(name) && other_->Find(name) ? *other_ : *form_;
+}
 
 Outcome Session::Perform(const Event& event) {
   ++tally_.events;
@@ -109,13 +131,16 @@ Outcome Session::Perform(const Event& event) {
     outcome.repainted = std::exchange(shown_later_, false);
     if (outcome.repainted) PaintEverything(desktop_);
     Settle();
-    outcome.broken = CheckAlways({desktop_, *form_});
+    for (Form* const form : {form_.get(), other_.get()}) {
+      if (outcome.broken.empty()) outcome.broken = CheckAlways({desktop_, *form});
+    }
   } catch (const Error& error) {
     outcome.broken = std::string("error: painting or what was pending raised ") + error.what();
   }
   if (outcome.broken.empty()) outcome.broken = std::exchange(broken_, {});
   if (outcome.broken.empty()) outcome.broken = CheckRemoved();
   CountPanels();
+  FollowClosing();
   if (outcome.broken.empty()) {
     const std::string complaint = stage_->Complaint();
     if (!complaint.empty()) outcome.broken = "handler: " + complaint;
@@ -184,7 +209,7 @@ bool Session::MoveTo(const Event& event) {
   WindowHandle window = form_->hWnd();
   PixelPoint point = scale.OnForm(PlaceOf(event));
   if (!event.control.empty()) {
-    const auto hosted = form_->Find(event.control);
+    const auto hosted = Find(event.control);
     if (!hosted) return false;
     window = hosted->GetControl()->GetSurface().hWnd();
     point = scale.InControl(PlaceOf(event));
@@ -196,7 +221,7 @@ bool Session::MoveTo(const Event& event) {
 
 bool Session::MoveToPanel(const Event& event) {
   constexpr int kWhole = 1000;
-  const auto hosted = form_->Find(event.control);
+  const auto hosted = Find(event.control);
   if (!hosted) return false;
   const auto panel = OpenPanelRect(desktop_, *hosted->GetControl());
   if (!panel) return true;
@@ -211,7 +236,7 @@ bool Session::DoMember(const Event& event) {
     if (event.kind == EventKind::kSet) Assign(*form_, event, desktop_.Conversions());
     return event.kind == EventKind::kSet;
   }
-  const auto hosted = form_->Find(event.control);
+  const auto hosted = Find(event.control);
   if (!hosted) return false;
   const auto control = hosted->GetControl();
   if (event.kind == EventKind::kPlace) {
@@ -240,7 +265,7 @@ bool Session::DoMember(const Event& event) {
 
 void Session::ChangeFont(Object& object, const Event& event) {
   if (event.kind == EventKind::kShareFont) {
-    const auto other = form_->Find(event.member);
+    const auto other = Find(event.member);
     if (other) SetByName(object, "Font", GetByName(*other->GetControl(), "Font"));
     return;
   }
@@ -256,7 +281,7 @@ bool Session::DoForm(const Event& event) {
     case EventKind::kHide: Which(event).Hide(); return true;
     case EventKind::kOnce: return Once(event);
     case EventKind::kThrow: {
-      const auto hosted = form_->Find(event.control);
+      const auto hosted = Find(event.control);
       if (hosted) ThrowOnce(*hosted->GetControl(), event.member);
       return hosted != nullptr;
     }
@@ -264,8 +289,9 @@ bool Session::DoForm(const Event& event) {
   }
   const Invariant* invariant = FindInvariant(event.member);
   if (!invariant) return false;
-  Subject subject{desktop_, *form_, form_->Find(event.control)};
-  if (!event.values.empty()) subject.other = form_->Find(ToText(event.values[0]));
+  Form& holder = HolderOf(event.control);
+  Subject subject{desktop_, holder, holder.Find(event.control)};
+  if (!event.values.empty()) subject.other = holder.Find(ToText(event.values[0]));
   broken_ = Check(*invariant, subject);
   return true;
 }
@@ -282,7 +308,7 @@ void Session::Add(const Event& event) {
 // --- Handlers and removal --------------------------------------------------------------------------
 
 bool Session::Once(const Event& event) {
-  const auto hosted = form_->Find(event.control);
+  const auto hosted = Find(event.control);
   if (!hosted) return false;
   SubscribeByName(*hosted->GetControl(), event.member,
                   [this, nested = event.nested, done = false](RaisedEvent&) mutable {
@@ -298,11 +324,11 @@ bool Session::Once(const Event& event) {
 }
 
 bool Session::Remove(const std::string& name) {
-  const auto hosted = form_->Find(name);
+  const auto hosted = Find(name);
   if (!hosted) return false;
   const auto control = hosted->GetControl();
   removed_.push_back({name, control, control->GetSurface().hWnd()});
-  return form_->Remove(name);
+  return HolderOf(name).Remove(name);
 }
 
 // Added before every other listener of the session, so that none of them has removed the control meanwhile.

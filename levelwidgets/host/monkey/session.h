@@ -19,6 +19,11 @@ class Stage {
   virtual ~Stage() = default;
   virtual memory::Desktop& GetDesktop() = 0;
   virtual const std::shared_ptr<Form>& GetForm() = 0;
+  // The form beside it, whose controls events concern too; null where the session makes one of its own.
+  virtual std::shared_ptr<Form> Beside() { return nullptr; }
+  // Whether input may close the form. GetForm() gives another one after Reopen(), which is called then.
+  virtual bool MayClose() const { return false; }
+  virtual void Reopen() {}
   // A failure that the form's own code has reported by now; "" for no failure.
   virtual std::string Complaint() { return ""; }
 };
@@ -34,6 +39,7 @@ struct Tally {
   std::size_t refused = 0;       // documented errors
   std::size_t thrown = 0;        // on purpose
   std::size_t void_events = 0;   // for controls that no longer exist
+  std::size_t closings = 0;      // of forms that input may close
   std::size_t panel_events = 0;  // after which a panel was open
   // How often controls of a class have opened a panel, in the order of ControlClasses().
   std::array<std::size_t, kMostClasses> panels = {};
@@ -75,13 +81,18 @@ class Session {
   bool Remove(const std::string& name);
   bool Once(const Event& event);
   void ChangeFont(Object& object, const Event& event);
+  // A listener of the form's own events and of those of its controls.
+  void Attach(Form& form, bool may_close);
+  void FollowClosing();
   void Watch(HostedControl& hosted);
   std::string CheckRemoved();
   void CountPanels();
   void Settle();
 
+  // The form that has a control of that name; the one that the run is about when neither has.
+  Form& HolderOf(const std::string& name) const;
   // Null when it no longer exists.
-  ObjectRef Resolve(const Event& event) const;
+  std::shared_ptr<HostedControl> Find(const std::string& name) const { return HolderOf(name).Find(name); }
   Form& Which(const Event& event) const { return event.numbers[0] == 0 ? *form_ : *other_; }
 
   std::unique_ptr<Stage> stage_;
