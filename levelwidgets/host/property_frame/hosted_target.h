@@ -9,7 +9,8 @@
 
 namespace levelwidgets {
 
-// Does not keep the control: each operation raises 5 once it has been removed, or its form closed.
+// Does not keep the control: each operation, those of its inner objects included, raises 5 once it has been
+// removed, or its form closed.
 class HostedTarget : public PageTarget {
  public:
   explicit HostedTarget(const std::shared_ptr<HostedControl>& control)
@@ -20,9 +21,10 @@ class HostedTarget : public PageTarget {
   Variant Call(std::string_view method, std::span<const Variant> arguments) override;
   PageTargetRef Inner(std::string_view property, std::span<const Variant> indices) override;
 
- private:
+  // The control as it is now; raises 5 when it is no longer there.
   PageTargetRef Present() const;
 
+ private:
   const std::weak_ptr<HostedControl> control_;
   const ClassInfo& class_;
   const std::string name_;

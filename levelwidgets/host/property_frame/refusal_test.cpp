@@ -156,6 +156,16 @@ TEST_F(RefusalTest, AControlThatHasGoneIsNamed) {
   EXPECT_TRUE(Frame().Closed());
 }
 
+TEST_F(RefusalTest, ACommandOnAGridThatHasGoneSaysSo) {
+  OpenWithColumns({"A"});
+  const ObjectRef columns = std::get<ObjectRef>(Value("Columns").Get());
+  TheForm().Remove("a");
+  Click("cmdAction0");
+  EXPECT_THAT(Messages(), ElementsAre("a no longer exists"));
+  EXPECT_EQ(GetByName(*columns, "Count"), Variant(1));
+  Answer();
+}
+
 TEST_F(RefusalTest, ACommandOnColumnsThatHaveGoneIsAMessage) {
   OpenWithColumns({"A", "B"});
   const ObjectRef columns = std::get<ObjectRef>(Value("Columns").Get());
