@@ -138,13 +138,14 @@ is_configured() {
     grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt"
 }
 
-# build PRESET TARGET...: quiet when it works; when it does not, prints its first errors and returns 1.
+# build PRESET TARGET...: quiet when it works; when it does not, prints its first errors and returns 1. Tests that run beside it
+# go first: those on Windows wait for each other's processes all the time, and use little of the processor.
 build() {
   local preset=$1 log=build/$1.log
   shift
   mkdir -p build
   if ! { is_configured "$preset" || cmake --fresh --preset "$preset"; } >"$log" 2>&1 ||
-    ! ninja -C "build/$preset" -j "$(nproc)" "$@" >>"$log" 2>&1; then
+    ! nice ninja -C "build/$preset" -j "$(nproc)" "$@" >>"$log" 2>&1; then
     sed -n '/^FAILED:\|^CMake Error\|^ninja: error/,$p' "$log" | head -n 60 >&2
     echo "$preset: the build failed (whole log: $log)" >&2
     return 1

@@ -1,6 +1,7 @@
 // What the controls around an edit box with a panel have in common: what closes and disturbs their panels.
 #include <levelwidgets/controls/button/flat_button.h>
 #include <levelwidgets/testing/panel_classes.h>
+#include <levelwidgets/testing/rounds.h>
 
 namespace levelwidgets::testing {
 namespace {
@@ -167,7 +168,7 @@ TYPED_TEST(PanelClosing, ManyOpeningsLeaveNothingBehind) {
 #ifdef _WIN32
   constexpr int kOpenings = 200;
 #else
-  constexpr int kOpenings = 10'000;
+  constexpr int kOpenings = Rounds(10'000);
 #endif
   this->Open();
   this->Driver().Key(kKeyEscape);

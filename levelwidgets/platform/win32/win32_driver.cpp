@@ -129,8 +129,12 @@ void Win32Driver::Type(std::string_view text) {
 void Win32Driver::Leave() {
   active_before_ = platform_.Windows().GetActiveWindow();
   if (!other_program_) other_program_ = std::make_unique<OtherProgram>();
-  other_program_->Activate();
-  Settle();
+  // What the display server still has to say of the window before may make that one active again.
+  constexpr int kMostAttempts = 50;
+  for (int attempt = 0; attempt < kMostAttempts && (attempt == 0 || ::GetActiveWindow()); ++attempt) {
+    other_program_->Activate();
+    Settle();
+  }
 }
 
 void Win32Driver::Enter() {
