@@ -129,6 +129,7 @@ void ListField::ShowText(std::string text) {
 
 void ListField::ShowItems(std::vector<std::string> items) {
   items_ = std::move(items);
+  Refilled.Raise();
   ShowIndex(-1);
 }
 

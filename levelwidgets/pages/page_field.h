@@ -13,8 +13,8 @@
 
 namespace levelwidgets {
 
-// By name in the table of its class. What a script assigns is an edit, as what a person does is; what the
-// page itself shows is none. One that outlives its page does nothing more.
+// By name in the table of its class. What a person or a script does to it is an edit; what the page
+// itself shows is not. A field that outlives its page does nothing.
 class PageField : public Object {
  public:
   explicit PageField(const FieldInfo& info) : info_(info) {}
@@ -73,7 +73,8 @@ class CheckField : public PageField {
   std::int16_t value_ = 0;
 };
 
-// A drop-down list; one with typing if it is a combo box. Positions count from 0, -1 is none.
+// A drop-down list; one with typing if it is a combo box. Positions count from 0; -1 means that nothing is
+// chosen.
 class ListField : public PageField {
  public:
   static const ClassInfo& Table();
@@ -88,15 +89,18 @@ class ListField : public PageField {
   void SetListIndex(std::int32_t index);
   const std::string& Text() const { return text_; }
   // An edit, if it is another text. In a list without typing the item of that text is chosen; raises 380
-  // where there is none.
+  // for any other text.
   void SetText(std::string text);
   bool TakesTyping() const { return Info().kind == FieldKind::kCombo; }
 
   // A value without an item of its own shows nothing.
   void ShowIndex(std::int32_t index);
   void ShowText(std::string text);
-  // Nothing is chosen then.
+  // Nothing is chosen then. Raises Refilled, then Shown.
   void ShowItems(std::vector<std::string> items);
+
+  // Its items are others now; for its view.
+  Event<> Refilled;
 
   const ClassInfo& Class() const override { return Table(); }
 

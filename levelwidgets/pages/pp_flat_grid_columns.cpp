@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 
 #include <levelwidgets/pages/page_items.h>
 #include <levelwidgets/pages/property_page.h>

@@ -163,6 +163,15 @@ TEST_F(TabStripPageTest, ACountThatIsLeftRefillsTheTabs) {
   EXPECT_EQ(ErrorOf([&] { page_->Leave("txtTabCount"); }), kOverflow);
 }
 
+TEST_F(TabStripPageTest, OnlyARefillGivesTheListOtherItems) {
+  int refilled = 0;
+  At<ListField>("cmbTab").Refilled += [&] { ++refilled; };
+  Choose("cmbTab", 1);
+  EXPECT_EQ(refilled, 0);
+  page_->Leave("txtTabCount");
+  EXPECT_EQ(refilled, 1);
+}
+
 TEST_F(TabStripPageTest, ARefilledListShowsTheCurrentTabAsLongAsThereIsOne) {
   Choose("cmbTab", 1);
   Type("txtTabCount", "2");

@@ -30,7 +30,7 @@ class PropertyPage : public std::enable_shared_from_this<PropertyPage> {
 
   const PageInfo& Info() const { return info_; }
   const std::vector<std::shared_ptr<PageField>>& Fields() const { return fields_; }
-  // Null when there is none of that name.
+  // Null for an unknown name.
   std::shared_ptr<PageField> Find(std::string_view name) const;
 
   // Whether there is something to apply, as far as the page offers it.

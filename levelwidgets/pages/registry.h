@@ -22,9 +22,9 @@ const PageInfo& ppFlatTextBox();
 
 // All of them; those of one class in the order of their tabs.
 std::span<const PageInfo* const> Pages();
-// By "ppFlatGrid" or "LevelWidgets.ppFlatGrid"; null when there is none of that name.
+// By "ppFlatGrid" or "LevelWidgets.ppFlatGrid"; null for an unknown name.
 const PageInfo* FindPage(std::string_view name);
-// The same; raises 5, with the nearest name, when there is none.
+// The same; raises 5 for an unknown name and suggests the nearest one.
 const PageInfo& PageNamed(std::string_view name);
 // Those that serve the class of that name ("FlatGrid"); none for another name.
 std::vector<const PageInfo*> PagesOf(std::string_view class_name);

@@ -98,7 +98,7 @@ PixelRect CheckBox::CaptionRect(const PixelRect& box) const {
   return {left, top, std::min(left + extent.width(), client_.right), top + extent.height()};
 }
 
-// Around the caption; in the box where there is none.
+// Around the caption; inside the box when the caption is empty.
 void CheckBox::PaintFocus(const PixelRect& box, const PixelRect& text) const {
   PixelRect frame = box.Inset(2);
   if (!caption_.empty()) {

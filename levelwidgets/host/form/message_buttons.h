@@ -25,7 +25,7 @@ struct ButtonSet {
   // The place of the button that the system's number `id` stands for, from 1; 0 for none.
   std::int32_t NumberOf(std::int32_t id) const;
   // The place of the button that Escape presses and closing the window stands for: Cancel, or the only one. 0
-  // where there is none, so that a person has to choose.
+  // for Yes and No: a person has to choose.
   std::int32_t WayOut() const;
   std::vector<std::string> Captions() const;
 };

@@ -29,7 +29,7 @@ class FormsAsked {
   FormsAtRest rest_;
 };
 
-// Calls `ask`, which makes a FormsAsked, on a later turn of the loop on which there is none. The system's
+// Calls `ask`, which makes a FormsAsked, on a later turn of the loop on which no other exists. The system's
 // calls would be nested in each other otherwise: the first answer would have to wait for the last one, and a
 // few hundred would exhaust the stack.
 void AskInTurn(ClockApi& clock, std::function<void()> ask);

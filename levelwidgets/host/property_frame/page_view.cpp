@@ -1,7 +1,5 @@
 #include <levelwidgets/host/property_frame/page_view.h>
 
-#include <algorithm>
-
 #include <levelwidgets/controls/dropdown/flat_drop_down.h>
 #include <levelwidgets/controls/textbox/flat_text_box.h>
 #include <levelwidgets/host/form/box_controls.h>
@@ -110,9 +108,13 @@ void PageView::AddList(Form& form, ListField& field, const Placement& place) {
   list.SetDropDownWidth(static_cast<std::int16_t>(place.size->width.value));
   if (!field.TakesTyping()) list.SetStyle(1);
   list.Change += [self = shared_from_this(), &field] { self->TakeChoice(field); };
+  field.Refilled += [weak = weak_from_this(), &field] {
+    if (const auto self = weak.lock()) self->FillList(field);
+  };
   field.Shown += [weak = weak_from_this(), &field] {
     if (const auto self = weak.lock()) self->ShowList(field);
   };
+  FillList(field);
   ShowList(field);
   AddAround(form, field.Name(), place);
 }
@@ -172,10 +174,15 @@ void PageView::ShowCheck(const CheckField& field) const {
   With<CheckBoxControl>(field.Name(), [&](CheckBoxControl& box) { box.SetValue(field.Value()); });
 }
 
-void PageView::ShowList(const ListField& field) const {
+void PageView::FillList(const ListField& field) const {
   With<FlatDropDown>(field.Name(), [&](FlatDropDown& list) {
     list.Clear();
     for (std::string item : field.Items()) list.AddItem(item);
+  });
+}
+
+void PageView::ShowList(const ListField& field) const {
+  With<FlatDropDown>(field.Name(), [&](FlatDropDown& list) {
     list.SetListIndex(static_cast<std::int16_t>(field.ListIndex() + 1));
     if (list.Text() != field.Text()) list.SetText(field.Text());
   });

@@ -48,6 +48,7 @@ class PageView : public std::enable_shared_from_this<PageView> {
 
   void ShowText(const TextField& field) const;
   void ShowCheck(const CheckField& field) const;
+  void FillList(const ListField& field) const;
   void ShowList(const ListField& field) const;
   void TakeChoice(ListField& field);
 
