@@ -67,6 +67,10 @@ bool Control::TakeKey(KeyMessage& key) {
     site_->TakeKey(key);
     return true;
   }
+  if (site_->WasOffered(key)) {
+    used_key_ = {};  // by whoever stopped it then
+    return site_->TakeKey(key);
+  }
   if (used_key_.Takes(key)) return true;
   const KeyMessage pressed = key;
   const bool used = OnKeyPreview(key) || site_->TakeKey(key) || (key.code == 0 && pressed.code != 0);

@@ -79,6 +79,10 @@ class ControlSite {
   // Offers a key to the container before the control acts on it. The container may change it; true when it
   // has used it.
   virtual bool TakeKey(KeyMessage& key) = 0;
+  // Whether the control and the container have been offered this key before, while it was on its way to its
+  // window: a container may get keys before windows do. Then nobody previews it again, and TakeKey leaves it
+  // to the part.
+  virtual bool WasOffered(const KeyMessage& /*key*/) { return false; }
   // Before a press comes to the control or to a part of it: false when the container keeps the focus where it
   // is, and the press is lost.
   virtual bool AcceptsPress() { return true; }

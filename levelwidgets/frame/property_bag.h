@@ -17,6 +17,13 @@ class PropertyBag {
     Variant value;
   };
 
+  PropertyBag() = default;
+  PropertyBag(const PropertyBag&) = default;
+  PropertyBag(PropertyBag&&) = default;
+  PropertyBag& operator=(const PropertyBag&) = default;
+  PropertyBag& operator=(PropertyBag&&) = default;
+  virtual ~PropertyBag() = default;
+
   // The saved value, or `default_value` where none was saved.
   Variant ReadProperty(std::string_view name, const Variant& default_value) const;
   // Saves `value`; one that equals `default_value` is not stored. Writing a name again replaces its value.
@@ -24,7 +31,8 @@ class PropertyBag {
 
   // In the order written.
   const std::vector<Entry>& Entries() const { return entries_; }
-  const Variant* Find(std::string_view name) const;
+  // Null when nothing was saved under `name`. A container whose bag can only be asked for names answers here.
+  virtual const Variant* Find(std::string_view name) const;
 
  private:
   struct Hash {

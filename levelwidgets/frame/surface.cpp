@@ -25,15 +25,44 @@ Surface::~Surface() {
 
 void Surface::WindowLost() {
   if (font_) font_->Forget(font_token_);
-  if (dc_) {
-    Drawing().SelectObject(dc_, Drawing().GetStockObject(kBlackPen));
-    Drawing().SelectObject(dc_, Drawing().GetStockObject(kSystemFont));
-  }
+  if (dc_) DeselectFrom(dc_);
+  for (; redirection_; redirection_ = redirection_->outer_) redirection_->surface_ = nullptr;
   pen_.Reset();
   font_object_.Reset();
   font_token_ = 0;
   dc_ = {};
   window_ = {};
+}
+
+void Surface::SelectInto(DcHandle dc) {
+  Drawing().SelectObject(dc, Drawing().GetStockObject(kNullBrush));
+  Drawing().SetBkMode(dc, kTransparent);
+  if (pen_.Handle()) Drawing().SelectObject(dc, pen_.Handle());
+  if (font_object_.Handle()) Drawing().SelectObject(dc, font_object_.Handle());
+  Drawing().SetTextColor(dc, TranslateColor(Drawing(), fore_color_));
+}
+
+// So that the objects can be deleted.
+void Surface::DeselectFrom(DcHandle dc) {
+  Drawing().SelectObject(dc, Drawing().GetStockObject(kBlackPen));
+  Drawing().SelectObject(dc, Drawing().GetStockObject(kSystemFont));
+}
+
+Surface::Redirection::Redirection(Surface& surface, DcHandle target)
+    : surface_(surface.dc_ ? &surface : nullptr), own_(surface.dc_), outer_(surface.redirection_) {
+  if (!surface_) return;
+  surface_->DeselectFrom(own_);
+  surface_->dc_ = target;
+  surface_->SelectInto(target);
+  surface_->redirection_ = this;
+}
+
+Surface::Redirection::~Redirection() {
+  if (!surface_) return;
+  surface_->DeselectFrom(surface_->dc_);
+  surface_->dc_ = own_;
+  surface_->SelectInto(own_);
+  surface_->redirection_ = outer_;
 }
 
 void Surface::SetForeColor(Color color) {

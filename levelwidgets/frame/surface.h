@@ -64,6 +64,22 @@ class Surface {
   void FitToClient();
   void SetVisible(bool visible);
 
+  // As long as it lives, the surface draws on another context, in which the same objects and colours are
+  // selected.
+  class Redirection {
+   public:
+    Redirection(Surface& surface, DcHandle target);
+    Redirection(const Redirection&) = delete;
+    Redirection& operator=(const Redirection&) = delete;
+    ~Redirection();
+
+   private:
+    friend class Surface;
+    Surface* surface_;  // null once its window has gone
+    DcHandle own_;
+    Redirection* outer_;
+  };
+
   // Fills the surface with BackColor.
   void Cls();
   // Paints at once, through the window's paint message.
@@ -73,6 +89,8 @@ class Surface {
 
  private:
   void ApplyFont();
+  void SelectInto(DcHandle dc);
+  void DeselectFrom(DcHandle dc);
 
   Platform& platform_;
   WindowHandle window_;
@@ -86,6 +104,7 @@ class Surface {
   TwipSize scale_;
   DrawingObject pen_;
   DrawingObject font_object_;
+  Redirection* redirection_ = nullptr;  // the innermost
 };
 
 }  // namespace levelwidgets

@@ -27,6 +27,7 @@ LResult SurfaceWindow::HandleMessage(WindowHandle window, std::uint32_t message,
       return 0;
     case kWmEraseBackground: return 1;
     case kWmPaint: PaintMessage(window, keep != nullptr); return 0;
+    case kWmPrintClient: PrintMessage({static_cast<std::uint32_t>(wparam)}, keep != nullptr); return 0;
     case kWmSize:
       if (keep) OnWindowSize();
       return 0;
@@ -64,6 +65,12 @@ void SurfaceWindow::PaintMessage(WindowHandle window, bool alive) {
     throw;
   }
   windows.EndPaint(window);
+}
+
+void SurfaceWindow::PrintMessage(DcHandle target, bool alive) {
+  if (!alive) return;
+  const Surface::Redirection redirection(surface_, target);
+  OnPaint();
 }
 
 // --- Pointer -----------------------------------------------------------------------------------------

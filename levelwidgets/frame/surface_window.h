@@ -60,6 +60,7 @@ class SurfaceWindow : public PartHost, public WindowClient {
  private:
   LResult HandleMessage(WindowHandle window, std::uint32_t message, WParam wparam, LParam lparam);
   void PaintMessage(WindowHandle window, bool alive);
+  void PrintMessage(DcHandle target, bool alive);
   // Each is true when the message was one of its kind.
   bool Pointer(std::uint32_t message, WParam wparam, LParam lparam);
   bool Focus(std::uint32_t message, WParam wparam);

@@ -44,4 +44,15 @@ std::vector<const PageInfo*> PagesOf(std::string_view class_name) {
   return pages;
 }
 
+std::vector<FieldBinding> PropertiesOn(const PageInfo& page) {
+  std::vector<FieldBinding> properties(page.bindings.begin(), page.bindings.end());
+  const ChosenThing& chosen = page.chosen;
+  if (!chosen.property.empty()) {
+    properties.push_back({chosen.by, chosen.property});
+  } else {
+    for (const FieldBinding& read : chosen.reads) properties.push_back({chosen.by, read.property});
+  }
+  return properties;
+}
+
 }  // namespace levelwidgets

@@ -28,5 +28,8 @@ const PageInfo* FindPage(std::string_view name);
 const PageInfo& PageNamed(std::string_view name);
 // Those that serve the class of that name ("FlatGrid"); none for another name.
 std::vector<const PageInfo*> PagesOf(std::string_view class_name);
+// The properties of the control that the page shows, each with the field in which a person begins to edit it:
+// that of a caption of a tab is the list of tabs.
+std::vector<FieldBinding> PropertiesOn(const PageInfo& page);
 
 }  // namespace levelwidgets

@@ -190,6 +190,8 @@ inline constexpr std::uint32_t kWmCopy = 0x0301;
 inline constexpr std::uint32_t kWmPaste = 0x0302;
 inline constexpr std::uint32_t kWmClear = 0x0303;
 inline constexpr std::uint32_t kWmUndo = 0x0304;
+// Asks a window to draw its client area in the context of the first parameter.
+inline constexpr std::uint32_t kWmPrintClient = 0x0318;
 
 // Styles of edit boxes (window class "EDIT").
 inline constexpr std::uint32_t kEsLeft = 0x0000;

@@ -36,8 +36,10 @@ class RecordingSite : public ControlSite {
   void PropertyChanged(std::string_view) override {}
   void FocusChanged(bool, WindowHandle) override {}
   bool TakeKey(KeyMessage& key) override { return take(key); }
+  bool WasOffered(const KeyMessage&) override { return offered; }
 
   std::function<bool(KeyMessage&)> take;
+  bool offered = false;
 
  private:
   Platform& platform_;
@@ -75,6 +77,7 @@ class ComposedKeysTest : public DesktopTest {
   // Who uses keys, and what else they do with them.
   std::string user_;
   std::function<void(KeyMessage&)> also_;
+  std::shared_ptr<RecordingSite> site_;
 
  private:
   bool Sees(const std::string& who, KeyMessage& key) {
@@ -93,7 +96,6 @@ class ComposedKeysTest : public DesktopTest {
     box.KeyUp += [=, this](std::int16_t code, std::int16_t) { Note(who + " KeyUp", code); };
   }
 
-  std::shared_ptr<RecordingSite> site_;
   std::shared_ptr<Outer> outer_;
   std::vector<std::string> log_;
 };
@@ -140,6 +142,33 @@ TEST_F(ComposedKeysTest, AUsedKeyDownTakesItsCharacterAlongWhoeverUsesIt) {
   EXPECT_EQ(Inner().txtMain.Text(), "");
   Driver().Key('B');  // the next one is not used
   EXPECT_EQ(Inner().txtMain.Text(), "b");
+}
+
+TEST_F(ComposedKeysTest, AKeyThatWasOfferedBeforeIsPreviewedByNobodyAndComesToThePart) {
+  site_->offered = true;
+  Driver().Key('A');
+  EXPECT_THAT(TakeLog(), ElementsAre("container down 65", "part KeyDown 65", "container character 97",
+                                     "part KeyPress 97", "container up 65", "part KeyUp 65"));
+  EXPECT_EQ(Inner().txtMain.Text(), "a");
+}
+
+TEST_F(ComposedKeysTest, AKeyThatTheContainerStoppedTypesItsCharacterWhenItComesAgain) {
+  user_ = "container";
+  Driver().KeyDown('A', 0);
+  EXPECT_EQ(Inner().txtMain.Text(), "");
+  user_ = "";
+  site_->offered = true;
+  Driver().KeyDown('A', 0);
+  EXPECT_EQ(Inner().txtMain.Text(), "a");
+  Driver().KeyUp('A', 0);
+}
+
+TEST_F(ComposedKeysTest, ADisabledControlHearsNoKeyThatWasOfferedBefore) {
+  site_->offered = true;
+  Inner().GetSurface().SetEnabled(false);
+  TakeLog();
+  Driver().Key('A');
+  EXPECT_EQ(Inner().txtMain.Text(), "");
 }
 
 TEST_F(ComposedKeysTest, AKeyThatRepeatsIsUsedOrNotEachTime) {

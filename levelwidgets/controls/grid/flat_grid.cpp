@@ -147,9 +147,11 @@ void FlatGrid::KeepColumns() {
 
 // Their number or order has changed.
 void FlatGrid::ColumnsChanged() {
-  KeepColumns();
   const std::int32_t count = columns_->Count();
-  inside_->store.Recreate(row_count_, count);
+  if (ready_) {  // MakeReady sees to those that are loaded
+    KeepColumns();
+    inside_->store.Recreate(row_count_, count);
+  }
   current_column_ = count > 0 ? 1 : 0;
   DropEdit();
   {

@@ -22,6 +22,7 @@ void FlatGrid::Wire() {
   WireBars();
   inside_->column_added = columns_->ColumnAdded.Add([this] { ColumnsChanged(); });
   inside_->column_changed = columns_->ColumnInfoChanged.Add([this] {
+    if (!ready_) return;  // MakeReady sees to those that are loaded
     KeepColumns();
     OnPaint();
   });

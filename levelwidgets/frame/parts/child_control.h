@@ -32,6 +32,7 @@ class ChildSite : public ControlSite {
     return owner_ && owner_->Site().HandsFocusOn(other, std::move(settle));
   }
   bool TakeKey(KeyMessage& key) override { return owner_ && owner_->TakeKey(key); }
+  bool WasOffered(const KeyMessage& key) override { return owner_ && owner_->Site().WasOffered(key); }
   void InputArrived(InputKind kind) override;
   bool TakeError(std::string_view event, const Error& error) override {
     return container_->TakeError(event, error);

@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::uint32_t kStyle =
     kWsCaption | kWsSysMenu | kWsMinimizeBox | kWsThickFrame | kWsClipChildren | kWsClipSiblings;
+// Of a child the bit says that the Tab key of its parent stops at it.
+constexpr std::uint32_t kChildStyle = kWsChild | kWsMaximizeBox | kWsClipChildren | kWsClipSiblings;
 
 void CheckPlace(const std::optional<Twips>& length) {
   if (!length || std::fabs(length->value) <= kMostTwips.value) return;
@@ -99,7 +101,8 @@ Form::Form(Platform& platform, FormOptions options)
   CheckPlace(options_.left);
   CheckPlace(options_.top);
   request.title = options_.caption;
-  request.style = kStyle;
+  request.style = Style();
+  request.parent = options_.parent;
   request.client = this;
   window_ = platform_.Windows().CreateWindowExA(request);
   options_.size = {};
@@ -108,6 +111,8 @@ Form::Form(Platform& platform, FormOptions options)
 }
 
 Form::~Form() { CloseWindow(); }
+
+std::uint32_t Form::Style() const { return options_.parent ? kChildStyle : kStyle; }
 
 void Form::CloseWindow() {
   tool_tip_.Leave();
@@ -132,6 +137,7 @@ void Form::SetCaption(std::string caption) {
 
 // Where Left and Top say; in the middle where they say nothing.
 void Form::PlaceWindow() {
+  if (options_.parent) return;
   const FormScale scale(platform_.Screen());
   const PixelRect rect = ScreenRect();
   const PixelSize size = platform_.Screen().Size();
@@ -174,7 +180,7 @@ void Form::SetSize(TwipSize size) {
   options_.size = size;
   const FormScale scale(platform_.Screen());
   const PixelRect client{0, 0, scale.PixelsX(size.width), scale.PixelsY(size.height)};
-  const PixelRect outer = platform_.Windows().AdjustWindowRectEx(client, kStyle, 0);
+  const PixelRect outer = platform_.Windows().AdjustWindowRectEx(client, Style(), 0);
   sizing_ = true;
   platform_.Windows().SetWindowPos(window_, {}, {0, 0, outer.width(), outer.height()},
                                    kSwpNoMove | kSwpNoZOrder | kSwpNoActivate);
@@ -208,7 +214,7 @@ PixelRect Form::ScreenRect() const {
 void Form::Show() {
   const auto keep = shared_from_this();
   platform_.Windows().ShowWindow(window_, kSwShow);
-  if (window_) platform_.Windows().SetActiveWindow(window_);
+  if (window_ && !options_.parent) platform_.Windows().SetActiveWindow(window_);
   if (window_) platform_.Windows().UpdateWindow(window_);
 }
 

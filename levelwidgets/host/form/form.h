@@ -28,6 +28,9 @@ struct FormOptions {
   Color back_color = kButtonFace;
   bool key_preview = false;
   bool design = false;  // design mode: the controls get no input
+  // A window of somebody else's: the form is a child of it, without a frame of its own and at (0, 0) in it
+  // until MoveTo. None for a window on the desktop.
+  WindowHandle parent = {};
 };
 
 // Where a control is put when it is added.
@@ -94,7 +97,8 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   bool Close();
   // Moves it to the middle of the screen, unless Left or Top place it.
   void Centre() { PlaceWindow(); }
-  // The form's client area moved to `screen` pixels (its outer left top corner).
+  // The form's client area moved to `screen` pixels (its outer left top corner); a child's to those of its
+  // parent.
   void MoveTo(PixelPoint screen);
 
   // Adds a control of `control_class`: loaded from `saved`, or a new instance when null. It has its size from
@@ -159,6 +163,9 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   bool TakeError(std::string_view control, std::string_view event, const Error& error) const;
   void CheckName(const std::string& name) const;
   void SetSize(TwipSize size);
+  std::uint32_t Style() const;
+  // Whether its window is this one, or is in it.
+  bool IsIn(WindowHandle window) const;
   bool Minimised() const;
   PixelSize ClientSize() const;
   void Paint();
@@ -184,7 +191,11 @@ class Form : public Object, public WindowClient, public std::enable_shared_from_
   // Delivers the key to the control that has `role` (default or cancel button).
   bool ForwardTo(bool (HostedControl::*role)() const, std::int16_t key_ascii);
   void FocusFirst();
+  bool ComesByTab() const;
   void SettleFocus();
+  // To be called when a control has lost the focus to `other`: whether the focus may be on its way back, so
+  // that `settle` will be called.
+  bool HandsFocusOn(WindowHandle other, std::function<void()> settle);
 
   // Keeps at most one default and one cancel button.
   void BecomeDefault(HostedControl& control);

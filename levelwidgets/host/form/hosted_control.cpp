@@ -251,9 +251,7 @@ void HostedControl::FocusChanged(bool has_focus, WindowHandle) {
 }
 
 bool HostedControl::HandsFocusOn(WindowHandle other, std::function<void()> settle) {
-  if (!form_ || !other || other != form_->hWnd()) return false;
-  form_->leaving_.push_back(std::move(settle));
-  return true;
+  return form_ && form_->HandsFocusOn(other, std::move(settle));
 }
 
 bool HostedControl::TakeKey(KeyMessage& key) {

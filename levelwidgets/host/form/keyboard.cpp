@@ -144,15 +144,32 @@ void Form::FocusWent(const HostedControl& control) {
   WindowApi& windows = platform_.Windows();
   const WindowHandle now = windows.GetFocus();
   if (now && now != window_) return;
-  if (control.CanTakeInput() || !window_ || windows.GetActiveWindow() != window_) return;
+  if (control.CanTakeInput() || !window_ || !IsIn(windows.GetActiveWindow())) return;
   if (MoveFocus(true)) return;
   active_control_.reset();
   windows.SetFocus(window_);
 }
 
+bool Form::IsIn(WindowHandle outer) const {
+  WindowApi& windows = platform_.Windows();
+  WindowHandle window = window_;
+  while (window && window != outer) window = options_.parent ? windows.GetParent(window) : WindowHandle{};
+  return static_cast<bool>(window);
+}
+
+// A child stands in the order of the Tab key of a window that holds other windows, too.
+bool Form::ComesByTab() const { return options_.parent && platform_.Windows().GetKeyState(kKeyTab) < 0; }
+
 // The form's window got the focus: it belongs to the control that had it, or to the next in the order.
 void Form::FocusFirst() {
   if (Design()) return;
+  if (ComesByTab()) {
+    // From the end that the key comes to.
+    active_control_.reset();
+    vacant_place_ = 0;
+    MoveFocus((ShiftState(platform_.Windows()) & kShiftMask) == 0);
+    return;
+  }
   if (const auto control = ActiveControl(); control && control->CanTakeInput()) {
     control->SetFocus();
     return;
@@ -166,6 +183,18 @@ void Form::FocusFirst() {
 // The form has handed the focus on: controls that it did not come back to have been left.
 void Form::SettleFocus() {
   for (const auto& settle : std::exchange(leaving_, {})) settle();
+}
+
+// A window that the form is a child of hands the focus on by itself when it becomes active, as when a panel
+// is closed.
+bool Form::HandsFocusOn(WindowHandle other, std::function<void()> settle) {
+  if (!other || !IsIn(other)) return false;
+  leaving_.push_back(std::move(settle));
+  if (other == window_) return true;
+  platform_.Clock().Post([weak = weak_from_this()] {
+    if (const auto form = weak.lock()) form->SettleFocus();
+  });
+  return true;
 }
 
 }  // namespace levelwidgets

@@ -54,6 +54,8 @@ std::shared_ptr<PageView> PageView::Create(const std::shared_ptr<Form>& form,
   return view;
 }
 
+TwipSize PageView::SizeOn(Form& form, const PageInfo& page) { return LayOutOn(form, page).size; }
+
 void PageView::Add(Form& form, const PagePart& part, const Placement& place) {
   names_.push_back(part.name);
   if (part.kind == PagePart::Kind::kLabel) {

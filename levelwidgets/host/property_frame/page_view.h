@@ -26,6 +26,9 @@ class PageView : public std::enable_shared_from_this<PageView> {
   static std::shared_ptr<PageView> Create(const std::shared_ptr<Form>& form,
                                           std::shared_ptr<PropertyPage> page, TwipPoint at, Report report);
 
+  // What the controls take, in the font of `form`, which gets none of them.
+  static TwipSize SizeOn(Form& form, const PageInfo& page);
+
   PropertyPage& Page() const { return *page_; }
   TwipSize Size() const { return layout_.size; }
   // All of its controls.

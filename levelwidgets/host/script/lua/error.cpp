@@ -72,7 +72,7 @@ void NoteCall(lua_State* L) {
   RaiseIfStopped(L);
   std::size_t bytes = 0;
   for (int i = 1; i <= lua_gettop(L); ++i) {
-    if (lua_type(L, i) == LUA_TSTRING) bytes += lua_rawlen(L, i);
+    if (lua_type(L, i) == LUA_TSTRING) bytes += static_cast<std::size_t>(lua_rawlen(L, i));
   }
   realm.Run().Limits().NoteUse(bytes);
 }
