@@ -52,7 +52,12 @@ windows_build_packages='
 g++-mingw-w64-x86-64-posix | x86_64-w64-mingw32-g++-posix   | the compiler for Windows
 googletest           | /usr/src/googletest/CMakeLists.txt  | the test framework, compiled for Windows
 lld                  | ld.lld                              | links the test program for Windows in a second
+mingw-w64-tools      | x86_64-w64-mingw32-widl             | compiles the type library of the components
+libwine-dev          | /usr/include/wine/wine/windows/oaidl.idl | the interfaces of the system that it names
 dpkg-dev             | dpkg-source                         | unpacks the sources of Lua'
+
+windows_x86_packages='
+g++-mingw-w64-i686-posix | i686-w64-mingw32-g++-posix         | the compiler for 32-bit Windows'
 
 windows_packages=$windows_build_packages'
 wine                 | wine                                | runs the Windows tests
@@ -60,6 +65,16 @@ wine64               | /usr/lib/wine/wine64                | runs the Windows te
 xvfb                 | Xvfb                                | the display they run on
 xdotool              | xdotool                             | clicks in the windows shown there
 imagemagick          | import                              | takes pictures of them'
+
+component_packages='
+fp-compiler          | ppcx64                              | the Pascal compiler of clients of the components
+fpc-source           | /usr/share/fpcsrc                   | what it compiles their run-time library of
+lazarus-src          | /usr/lib/lazarus                    | the forms of a client'
+
+component_32_packages='
+g++-mingw-w64-i686-posix | i686-w64-mingw32-g++-posix      | the compiler for 32-bit Windows
+debootstrap          | debootstrap                         | fetches a 32-bit Wine
+libc6-i386           | /lib/ld-linux.so.2                  | starts it'
 
 is_there() {
   if [[ $1 == /* ]]; then [[ -e $1 ]]; else command -v "$1" >/dev/null; fi

@@ -344,6 +344,16 @@ TEST_F(CommandLine, DescribeKnowsTheClasses) {
   EXPECT_THAT(unknown.err, HasSubstr("did you mean \"FlatButton\"?"));
 }
 
+TEST_F(CommandLine, DescribePrintsWhatComponentsAreBuiltWith) {
+  EXPECT_THAT(Run("describe --component idl").out, HasSubstr("\nlibrary LevelWidgets {\n"));
+  EXPECT_THAT(Run("describe --component manifest-x64").out, HasSubstr("name=\"LevelWidgets.x64\""));
+  EXPECT_THAT(Run("describe --component manifest-x86").out, HasSubstr("name=\"LevelWidgets.x86\""));
+  const Outcome unknown = Run("describe --component odl");
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_THAT(unknown.err, HasSubstr("\"odl\". What there is: idl"));
+  EXPECT_EQ(Run("describe --component idl FlatButton").status, 2);
+}
+
 TEST_F(CommandLine, DescribePrintsPagesAndSchemas) {
   EXPECT_THAT(Run("describe FlatLabel --markdown").out, StartsWith("# FlatLabel\n"));
   EXPECT_THAT(Run("describe --markdown").out, HasSubstr("\n# Placement\n"));

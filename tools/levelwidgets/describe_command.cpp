@@ -2,6 +2,9 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include <levelwidgets/activex/identity/identifiers.h>
+#include <levelwidgets/activex/identity/manifest.h>
+#include <levelwidgets/activex/identity/type_library.h>
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/host/describe/describe.h>
 #include <levelwidgets/host/describe/frozen.h>
@@ -93,21 +96,42 @@ void Describe(const std::string& name, Format format) {
   DescribeOne(name, format);
 }
 
-// Prints the list in the file with the members that it lacks.
+std::vector<std::string> MemberAndIdentifierLines() {
+  std::vector<std::string> lines = MemberLines(DescribedClasses());
+  for (std::string& line : IdentifierLines()) lines.push_back(std::move(line));
+  return lines;
+}
+
+// Prints the list in the file with the members and identifiers that it lacks.
 void GrowList(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) throw Error(kInvalidCall, "LevelWidgets", "The list " + path + " cannot be read");
   std::ostringstream list;
   list << in.rdbuf();
-  const FrozenMembers grown = GrowFrozenMembers(list.str(), MemberLines(DescribedClasses()));
+  const FrozenMembers grown = GrowFrozenMembers(list.str(), MemberAndIdentifierLines());
   if (grown.broken.empty()) {
     std::cout << grown.text;
     return;
   }
   std::string text =
-      "These members were released and cannot change; give what is new another name and number:";
+      "These members and identifiers were released and cannot change; give what is new another name and "
+      "number:";
   for (const std::string& line : grown.broken) text += "\n  " + line;
   throw Error(kInvalidCall, "LevelWidgets", text);
+}
+
+void PrintComponentFile(const std::string& kind) {
+  if (kind == "idl") {
+    std::cout << TypeLibraryIdl();
+  } else if (kind == "manifest-x64") {
+    std::cout << LibraryManifest(64);
+  } else if (kind == "manifest-x86") {
+    std::cout << LibraryManifest(32);
+  } else {
+    throw Error(
+        kInvalidCall, "LevelWidgets",
+        "Components are not built with \"" + kind + "\". What there is: idl, manifest-x64, manifest-x86");
+  }
 }
 
 }  // namespace
@@ -116,6 +140,7 @@ void AddDescribeCommand(Program& program) {
   struct Arguments {
     std::string name;
     std::string frozen;
+    std::string component;
     Format format = Format::kText;
     bool pages = false;
   };
@@ -137,6 +162,9 @@ void AddDescribeCommand(Program& program) {
       "--frozen", &given->frozen,
       "Prints the list of members in this file with those that it lacks; refuses when one of the "
       "listed has changed");
+  command.AddOption("--component", &given->component,
+                    "Prints what the components are built with: idl, the source text of their type library; "
+                    "manifest-x64 or manifest-x86, with which a program uses them without registration");
   const auto add_format = [&](const char* flag, Format format, const char* help) {
     const auto take = [given, flag, format] {
       if (given->format != Format::kText) throw FlagConflict{flag, "another format"};
@@ -150,6 +178,11 @@ void AddDescribeCommand(Program& program) {
   command.SetBody([given] {
     if (!given->frozen.empty()) {
       GrowList(given->frozen);
+      return 0;
+    }
+    if (!given->component.empty()) {
+      if (!given->name.empty()) throw FlagConflict{"--component", "CLASS"};
+      PrintComponentFile(given->component);
       return 0;
     }
     if (given->pages && !given->name.empty()) throw FlagConflict{"--pages", "CLASS"};

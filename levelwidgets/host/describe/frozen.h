@@ -1,4 +1,4 @@
-// The members that users have built on: what has once been listed does not change.
+// The members and identifiers that users have built on: what has once been listed does not change.
 #pragma once
 
 #include <span>
@@ -22,7 +22,8 @@ struct FrozenMembers {
   std::vector<std::string> broken;
 };
 
-// Compares a list with the members that there are. Lines of the list that begin with "#" are remarks.
+// Compares a list with the members (and identifiers, a line each as well) that there are. Lines of the list
+// that begin with "#" are remarks.
 FrozenMembers GrowFrozenMembers(std::string_view list, const std::vector<std::string>& members);
 
 }  // namespace levelwidgets
