@@ -37,7 +37,7 @@ ScriptLimits::ScriptLimits(std::size_t memory, std::chrono::milliseconds time,
                            std::function<void(const std::string&)> on_hang)
     : memory_(memory), process_memory_(ProcessMemory()), time_(time) {
   if (on_hang && time_.count() > 0) {
-    watchdog_ = std::make_unique<ScriptWatchdog>([on_hang, text = TimeText()] { on_hang(text); });
+    watchdog_ = std::make_unique<ScriptWatchdog>(thread_, [on_hang, text = TimeText()] { on_hang(text); });
   }
 }
 
@@ -86,19 +86,19 @@ std::optional<std::string> ScriptLimits::Shown(std::string_view text) {
 }
 
 void ScriptLimits::Enter() {
-  if (depth_++ > 0) return;
-  entered_ = Clock::now();
+  if (depth_++ > 0 || time_.count() == 0) return;
+  entered_ = thread_.Used();
   if (watchdog_) watchdog_->Start(entered_ + (time_ - time_used_) + kGrace);
 }
 
 void ScriptLimits::Leave() {
-  if (--depth_ > 0) return;
-  time_used_ += Clock::now() - entered_;
+  if (--depth_ > 0 || time_.count() == 0) return;
+  time_used_ += thread_.Used() - entered_;
   if (watchdog_) watchdog_->Stop();
 }
 
-ScriptLimits::Clock::duration ScriptLimits::TimeUsed() const {
-  return depth_ > 0 ? time_used_ + (Clock::now() - entered_) : time_used_;
+ThreadTime::Duration ScriptLimits::TimeUsed() const {
+  return depth_ > 0 ? time_used_ + (thread_.Used() - entered_) : time_used_;
 }
 
 bool ScriptLimits::OutOfTime() const { return time_.count() > 0 && TimeUsed() > time_; }

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include <levelwidgets/frame/out_of_memory.h>
+#include <levelwidgets/host/script/lua/thread_time.h>
 
 namespace levelwidgets {
 
@@ -20,11 +21,9 @@ inline constexpr std::size_t kMostPrinted = std::size_t{1} << 20;  // bytes
 
 class ScriptLimits {
  public:
-  using Clock = std::chrono::steady_clock;
-
-  // `memory` in bytes. `time` counts while such scripts run; zero for no limit. `on_hang` is called on a
-  // thread of its own, with the text for the user, when a script is in code that cannot be interrupted long
-  // after its time is up; it is not expected to return. Null for none.
+  // `memory` in bytes. `time` is the processor's, for such scripts on the thread that makes this; zero for no
+  // limit. `on_hang` is called on a thread of its own, with the text for the user, when a script is in code that
+  // cannot be interrupted long after its time is up; it is not expected to return. Null for none.
   ScriptLimits(std::size_t memory, std::chrono::milliseconds time,
                std::function<void(const std::string&)> on_hang);
   ScriptLimits(const ScriptLimits&) = delete;
@@ -61,7 +60,7 @@ class ScriptLimits {
   std::string TimeText() const;
 
  private:
-  Clock::duration TimeUsed() const;
+  ThreadTime::Duration TimeUsed() const;
 
   std::size_t memory_;
   std::size_t memory_in_use_ = 0;
@@ -70,8 +69,9 @@ class ScriptLimits {
   std::size_t printed_ = 0;
   std::size_t noted_use_ = 0;  // since the growth was looked at
   std::chrono::milliseconds time_;
-  Clock::duration time_used_{};  // by the calls that have ended
-  Clock::time_point entered_;
+  ThreadTime thread_;
+  ThreadTime::Duration time_used_{};  // by the calls that have ended
+  ThreadTime::Duration entered_{};    // what the thread had used
   int depth_ = 0;
   std::unique_ptr<ScriptWatchdog> watchdog_;
 };

@@ -2,8 +2,8 @@
 
 namespace levelwidgets {
 
-ScriptWatchdog::ScriptWatchdog(std::function<void()> on_late)
-    : on_late_(std::move(on_late)), thread_([this] { Watch(); }) {}
+ScriptWatchdog::ScriptWatchdog(const ThreadTime& watched, std::function<void()> on_late)
+    : watched_(watched), on_late_(std::move(on_late)), thread_([this] { Watch(); }) {}
 
 ScriptWatchdog::~ScriptWatchdog() {
   {
@@ -14,7 +14,7 @@ ScriptWatchdog::~ScriptWatchdog() {
   thread_.join();
 }
 
-void ScriptWatchdog::Start(Clock::time_point deadline) {
+void ScriptWatchdog::Start(ThreadTime::Duration deadline) {
   {
     const std::lock_guard lock(mutex_);
     deadline_ = deadline;
@@ -33,8 +33,8 @@ void ScriptWatchdog::Watch() {
   while (!ended_) {
     if (!deadline_) {
       changed_.wait(lock);
-    } else if (Clock::now() < *deadline_) {
-      changed_.wait_until(lock, Clock::time_point(*deadline_));
+    } else if (const auto left = *deadline_ - watched_.Used(); left.count() > 0) {
+      changed_.wait_for(lock, left);  // at least that
     } else {
       deadline_.reset();
       lock.unlock();
