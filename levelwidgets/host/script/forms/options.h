@@ -37,7 +37,8 @@ struct ScriptOptions {
   std::shared_ptr<DesktopDriver> desktop = {};  // without a platform: as below; null for a desktop in memory
   bool trusted = false;  // the scripts of forms have all of Lua, as the user's own program does
   // The limits of scripts in sandboxes. What the library makes for them may make the process grow by four
-  // times the memory limit, where the system reports its size. The time is the processor's; zero for no limit.
+  // times the memory limit, where the system reports its size. The time is the processor's; zero for no
+  // limit.
   std::size_t memory_limit = kScriptMemoryLimit;
   std::chrono::milliseconds time_limit{0};
   // Called on a thread of its own, with a text for the user, when such a script does not end after its time

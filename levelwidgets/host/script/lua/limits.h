@@ -22,8 +22,8 @@ inline constexpr std::size_t kMostPrinted = std::size_t{1} << 20;  // bytes
 class ScriptLimits {
  public:
   // `memory` in bytes. `time` is the processor's, for such scripts on the thread that makes this; zero for no
-  // limit. `on_hang` is called on a thread of its own, with the text for the user, when a script is in code that
-  // cannot be interrupted long after its time is up; it is not expected to return. Null for none.
+  // limit. `on_hang` is called on a thread of its own, with the text for the user, when a script is in code
+  // that cannot be interrupted long after its time is up; it is not expected to return. Null for none.
   ScriptLimits(std::size_t memory, std::chrono::milliseconds time,
                std::function<void(const std::string&)> on_hang);
   ScriptLimits(const ScriptLimits&) = delete;

@@ -6,7 +6,8 @@
 
 namespace levelwidgets {
 
-// Of the thread that makes this; any thread may ask, while that one lives. A busy machine does not make it longer.
+// Of the thread that makes this; any thread may ask, while that one lives. A busy machine does not make it
+// longer.
 class ThreadTime {
  public:
   using Duration = std::chrono::nanoseconds;
