@@ -2,6 +2,7 @@
 // it.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include <levelwidgets/activex/object/values.h>
 #include <levelwidgets/activex/testing/component_fixture.h>
 #include <levelwidgets/frame/class_info.h>
+#include <levelwidgets/frame/enumerator.h>
 #include <levelwidgets/frame/error.h>
 
 namespace levelwidgets::activex {
@@ -60,6 +62,8 @@ class Driven {
   virtual std::string Read(const PropertyInfo& property, const Arguments& indices) = 0;
   virtual std::string Write(const PropertyInfo& property, const Arguments& indices, const Variant& value) = 0;
   virtual std::string Run(const MethodInfo& method, const Arguments& arguments) = 0;
+  // What For Each reads of `property` of each item.
+  virtual std::vector<std::string> ReadItems(const PropertyInfo& property) = 0;
 };
 
 // Automation numbers as they are in both worlds.
@@ -72,6 +76,10 @@ inline std::string ErrorLine(std::int32_t number, const std::string& source, con
 class DrivenObject : public Driven {
  public:
   DrivenObject(Object& object, TextConversions texts) : object_(object), texts_(texts) {}
+  DrivenObject(ObjectRef object, TextConversions texts)
+      : held_(std::move(object)), object_(*held_), texts_(texts) {}
+
+  const Object& Driving() const { return object_; }
 
   std::string Read(const PropertyInfo& property, const Arguments& indices) override {
     return Line([&] {
@@ -101,8 +109,27 @@ class DrivenObject : public Driven {
       return line;
     });
   }
+  // The object that a property, or a method, of that name gives; null where it gives none.
+  std::unique_ptr<DrivenObject> Part(std::string_view member, const Arguments& arguments) const {
+    if (object_.Class().FindMethod(member)) {
+      return PartOf(InvokeByName(object_, member, arguments, texts_));
+    }
+    if (!arguments.empty()) return PartOf(GetIndexedByName(object_, member, arguments, texts_));
+    return PartOf(GetByName(object_, member));
+  }
+  std::vector<std::string> ReadItems(const PropertyInfo& property) override {
+    std::vector<std::string> lines;
+    const auto items = Enumerate(object_);
+    while (!items->AtEnd()) lines.push_back(PartOf(items->Next())->Read(property, {}));
+    return lines;
+  }
 
  private:
+  std::unique_ptr<DrivenObject> PartOf(const Variant& value) const {
+    const ObjectRef* const object = std::get_if<ObjectRef>(&value.Get());
+    return object && *object ? std::make_unique<DrivenObject>(*object, texts_) : nullptr;
+  }
+
   template <typename Step>
   std::string Line(Step step) {
     try {
@@ -113,6 +140,7 @@ class DrivenObject : public Driven {
     }
   }
 
+  ObjectRef held_;
   Object& object_;
   TextConversions texts_;
 };
@@ -132,10 +160,36 @@ class DrivenComponent : public Driven {
   std::string Run(const MethodInfo& method, const Arguments& arguments) override {
     return Invoke(method.number, DISPATCH_METHOD, arguments, nullptr, &method);
   }
+  // As of an object.
+  std::unique_ptr<DrivenComponent> Part(std::string_view member, const Arguments& arguments) {
+    OwnedVariant part;
+    Invoke(IdOf(dispatch_.Get(), std::string(member).c_str()), DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+           arguments, nullptr, nullptr, &part);
+    return PartOf(part);
+  }
+  std::vector<std::string> ReadItems(const PropertyInfo& property) override {
+    OwnedVariant items;
+    Invoke(DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {}, nullptr, nullptr, &items);
+    std::vector<std::string> lines;
+    const auto enumeration =
+        items.vt == VT_UNKNOWN || items.vt == VT_DISPATCH ? As<IEnumVARIANT>(items.punkVal) : nullptr;
+    if (!enumeration) return {"cannot be enumerated"};
+    for (;;) {
+      OwnedVariant item;
+      if (enumeration->Next(1, &item, nullptr) != S_OK) return lines;
+      lines.push_back(PartOf(item)->Read(property, {}));
+    }
+  }
 
  private:
+  std::unique_ptr<DrivenComponent> PartOf(const VARIANT& value) const {
+    const bool is_object = (value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN) && value.punkVal;
+    return is_object ? std::make_unique<DrivenComponent>(value.punkVal, by_reference_) : nullptr;
+  }
+
+  // Leaves what came back in `kept`, where there is one.
   std::string Invoke(DISPID member, WORD flags, const Arguments& arguments, const Variant* value,
-                     const MethodInfo* method = nullptr) {
+                     const MethodInfo* method = nullptr, VARIANT* kept = nullptr) {
     Runtime& runtime = *runtime_;
     std::vector<OwnedVariant> held(arguments.size() + 1);
     std::vector<VARIANT> handed;
@@ -166,6 +220,7 @@ class DrivenComponent : public Driven {
                                              &result, &exception, nullptr);
     if (called == DISP_E_EXCEPTION) return Exception(exception);
     if (FAILED(called)) return "failed " + std::to_string(called);
+    if (kept) ::VariantCopy(kept, &result);
     if (value) return "done";
     std::string line = method && method->result.kind == TypeKind::kNone ? "done" : "= " + ValueLine(result);
     for (std::size_t i = 0; method && i < arguments.size() && i < method->arguments.size(); ++i) {
