@@ -59,7 +59,7 @@ void ContainerSite::FocusChanged(bool has_focus, WindowHandle) {
 // The window around the container gets the focus when a list of ours closes, and gives it back within a turn.
 bool ContainerSite::HandsFocusOn(WindowHandle other, std::function<void()> settle) {
   if (!component_ || !component_->Place().IsAround(other)) return false;
-  runtime_->Post(std::move(settle));
+  runtime_->GetPlatform().Clock().Post(std::move(settle));
   return true;
 }
 

@@ -36,8 +36,6 @@ class Runtime {
   Fonts& GetFonts() { return *fonts_; }
   // A window that nobody sees: controls without a place in a container are in it.
   WindowHandle ParkingWindow();
-  // Runs `task` with the next messages of the thread.
-  void Post(std::function<void()> task);
 
   // The one component object of an object of ours, so that two callers get the same. Null when it has none.
   // Callers do not own a reference to it.
