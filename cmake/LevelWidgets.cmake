@@ -302,7 +302,7 @@ function(levelwidgets_test_program name)
 endfunction()
 
 # One test program of all *_test.cpp files, and for quick turns one per folder (levelwidgets_frame_tests),
-# which is built only when asked for.
+# which is built only when asked for. Some load the component library.
 function(levelwidgets_add_tests)
   set(all_sources)
   get_property(names GLOBAL PROPERTY LEVELWIDGETS_NAMES)
@@ -320,12 +320,18 @@ function(levelwidgets_add_tests)
       endforeach()
       levelwidgets_test_program(levelwidgets_${name}_tests SOURCES ${sources} LIBRARIES ${used})
       set_target_properties(levelwidgets_${name}_tests PROPERTIES EXCLUDE_FROM_ALL ON)
+      if(levelwidgets_component_testing IN_LIST used)
+        add_dependencies(levelwidgets_${name}_tests levelwidgets_component)
+      endif()
     endif()
   endforeach()
   if(LEVELWIDGETS_JOIN_SOURCES)
     levelwidgets_join_tests("${all_sources}" all_sources)
   endif()
   levelwidgets_test_program(levelwidgets_tests SOURCES ${all_sources} LIBRARIES ${libraries})
+  if(TARGET levelwidgets_component)
+    add_dependencies(levelwidgets_tests levelwidgets_component)
+  endif()
 endfunction()
 
 # A program of each *_fuzz.cpp: bin/form_file_fuzz NEW_FOLDER levelwidgets/host/form_file/form_file_corpus

@@ -19,4 +19,9 @@ void DesktopDriver::Key(int code, int shift) {
   KeyUp(code, shift);
 }
 
+std::string DesktopDriver::LiveCounts() {
+  return std::to_string(LiveWindows()) + " windows, " + std::to_string(LiveTimers()) + " timers, " +
+         std::to_string(LiveObjects()) + " objects";
+}
+
 }  // namespace levelwidgets

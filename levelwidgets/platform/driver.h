@@ -73,6 +73,8 @@ class DesktopDriver {
   virtual std::size_t LiveObjects() = 0;
   virtual std::size_t LiveWindows() = 0;
   virtual std::size_t LiveTimers() = 0;
+  // The three as a text, to compare what was there before with what is there now.
+  std::string LiveCounts();
 
   // Move, press and release with the left button.
   void Click(PixelPoint screen);

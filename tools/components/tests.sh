@@ -160,10 +160,10 @@ test_AFormOfLazarusKnowsTheControlsByTheirTypeLibrary() {
   compile_pascal imported_form.lpr "-FU$folder/import_form" "-Fu$folder/import_form" || { complain "it does not compile" && return; }
   start imported_form wine "$programs/imported_form.exe"
   becomes 1 "that the form is shown" said imported_form shown || return
-  click imported_form TAxcFlatTextBox
+  click imported_form FlatTextBox
   xdotool key a key b
   becomes 1 "the key in the text box" said imported_form "event KeyPress 98"
-  click imported_form TAxcFlatGrid 20 24
+  click imported_form FlatGrid 20 24
   xdotool sleep 0.3 click 1 sleep 0.3 type nut
   picture imported_form
   xdotool key Return

@@ -2,7 +2,6 @@
 // has found.
 #pragma once
 
-#include <sstream>
 #include <string>
 
 #include <levelwidgets/activex/persist/saved_bytes.h>
@@ -20,20 +19,14 @@ class SavedBytesPromises {
   // them are kept.
   std::string Broken(std::string_view input) {
     if (input.empty()) return "";
-    const std::string before = Counts();
+    const std::string before = desktop_.LiveCounts();
     std::string broken = BrokenBy(static_cast<unsigned char>(input.front()), input.substr(1));
-    if (broken.empty() && Counts() != before) broken = "left behind: " + Counts() + " instead of " + before;
+    if (broken.empty() && desktop_.LiveCounts() != before)
+      broken = "left behind: " + desktop_.LiveCounts() + " instead of " + before;
     return broken;
   }
 
  private:
-  std::string Counts() {
-    std::ostringstream counts;
-    counts << desktop_.LiveWindows() << " windows, " << desktop_.LiveTimers() << " timers, "
-           << desktop_.LiveObjects() << " objects";
-    return counts.str();
-  }
-
   std::string BrokenBy(std::size_t number, std::string_view body) {
     const std::string bytes = WithSavedHeader(body);
     PropertyBag saved;

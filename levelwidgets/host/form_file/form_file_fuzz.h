@@ -2,7 +2,6 @@
 // the fuzzer has found.
 #pragma once
 
-#include <sstream>
 #include <string>
 
 #include <levelwidgets/host/form_file/document_testing.h>
@@ -17,20 +16,14 @@ class FormFilePromises {
 
   // "" when all of them are kept.
   std::string Broken(const std::string& text) {
-    const std::string before = Counts();
+    const std::string before = desktop_.LiveCounts();
     std::string broken = BrokenBy(text);
-    if (broken.empty() && Counts() != before) broken = "left behind: " + Counts() + " instead of " + before;
+    if (broken.empty() && desktop_.LiveCounts() != before)
+      broken = "left behind: " + desktop_.LiveCounts() + " instead of " + before;
     return broken;
   }
 
  private:
-  std::string Counts() {
-    std::ostringstream counts;
-    counts << desktop_.LiveWindows() << " windows, " << desktop_.LiveTimers() << " timers, "
-           << desktop_.LiveObjects() << " objects";
-    return counts.str();
-  }
-
   std::string BrokenBy(const std::string& text) {
     if (const auto plain = ReadPlainFormNodes(text); plain && TreeOf(*plain) != LibrarysTreeOf(text))
       return "the quick reader reads something else than the library";

@@ -8,30 +8,17 @@ program form;
 {$mode objfpc}{$H+}
 
 uses
-  Interfaces, Checks, Classes, Controls, Forms, Graphics, KeptControl, LResources, SceneSteps, SysUtils;
+  Interfaces, Checks, Classes, Controls, Forms, Graphics, KeptControl, LResources, SceneSteps, ShownForms, SysUtils;
 
 type
   TSceneForm = class(TForm)
     { As forms are made whose controls are not among the program's resources. }
     constructor Create(TheOwner: TComponent); override;
-    procedure PrintPlaces;
   end;
 
 constructor TSceneForm.Create(TheOwner: TComponent);
 begin
   inherited CreateNew(TheOwner);
-end;
-
-procedure TSceneForm.PrintPlaces;
-var
-  i: Integer;
-  corner: TPoint;
-begin
-  for i := 0 to ControlCount - 1 do
-  begin
-    corner := Controls[i].ClientToScreen(Point(0, 0));
-    Say(Format('at %s %d %d %d %d', [Controls[i].Name, corner.X, corner.Y, Controls[i].Width, Controls[i].Height]));
-  end;
 end;
 
 function MakeForm(const path: string): TSceneForm;
@@ -81,19 +68,6 @@ begin
   Result := component as TSceneForm;
   for i := 0 to Result.ControlCount - 1 do (Result.Controls[i] as TKeptControl).Start;
   classes.Free;
-end;
-
-procedure ShowUntilClosed(shown: TSceneForm);
-begin
-  shown.Show;
-  Application.ProcessMessages;
-  shown.PrintPlaces;
-  Say('shown');
-  while shown.Visible and not Application.Terminated do
-  begin
-    Application.ProcessMessages;
-    Sleep(5);
-  end;
 end;
 
 function SavedForm(shown: TSceneForm): string;

@@ -5,7 +5,7 @@ program imported_form;
 {$mode objfpc}{$H+}
 
 uses
-  Interfaces, Checks, Classes, Controls, Forms, LevelWidgets_1_0_TLB, SysUtils;
+  Interfaces, Checks, Classes, Controls, Forms, LevelWidgets_1_0_TLB, ShownForms, SysUtils;
 
 type
   TMain = class(TForm)
@@ -13,7 +13,6 @@ type
     grid: TAxcFlatGrid;
     procedure MakeCapital(Sender: TObject; var KeyAscii: Smallint);
     procedure CorrectCell(Sender: TObject; RowIndex, ColumnIndex: Integer; var NewValue: WideString; var Cancel: WordBool);
-    procedure PrintPlaces;
     procedure MakeControls;
   end;
 
@@ -35,29 +34,18 @@ end;
 procedure TMain.MakeControls;
 begin
   words := TAxcFlatTextBox.Create(Self);
+  words.Name := 'FlatTextBox';
   words.SetBounds(16, 16, 160, 24);
   words.OnKeyPress := @MakeCapital;
   words.Active := True;
   grid := TAxcFlatGrid.Create(Self);
+  grid.Name := 'FlatGrid';
   grid.SetBounds(16, 56, 300, 160);
   grid.OnBeforeCellEdit := @CorrectCell;
   grid.Active := True;
   grid.OleServer.Columns.Add('Article', 3000, ksxLeft, ksxLeft, ksxEditText, True, '', '', 0);
   grid.OleServer.AllowEdits := True;
   grid.OleServer.RowCount := 3;
-end;
-
-procedure TMain.PrintPlaces;
-var
-  i: Integer;
-  corner: TPoint;
-begin
-  for i := 0 to ControlCount - 1 do
-  begin
-    corner := Controls[i].ClientToScreen(Point(0, 0));
-    Say(Format('at %s %d %d %d %d', [Controls[i].ClassName, corner.X, corner.Y, Controls[i].Width, Controls[i].Height]));
-  end;
-  Say('shown');
 end;
 
 var
@@ -71,14 +59,7 @@ begin
     main.Caption := 'Imported form';
     main.SetBounds(100, 60, 400, 300);
     main.MakeControls;
-    main.Show;
-    Application.ProcessMessages;
-    main.PrintPlaces;
-    while main.Visible do
-    begin
-      Application.ProcessMessages;
-      Sleep(5);
-    end;
+    ShowUntilClosed(main);
     Check('A handler changes a typed key', 'AB', string(main.words.OleServer.Text_));
     { By late binding: the importer gives a property one index at most. }
     cells := main.grid.OleServer;
