@@ -47,7 +47,7 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
 }
 
 std::vector<FolderEntry> EntriesOf(const fs::path& folder, const std::vector<std::string>& patterns,
-                                   const fs::path& root) {
+                                   const fs::path& root, std::size_t most) {
   std::vector<FolderEntry> entries;
   std::error_code error;
   const auto matches = [&](const std::string& name) {
@@ -61,7 +61,7 @@ std::vector<FolderEntry> EntriesOf(const fs::path& folder, const std::vector<std
     if (!found.is_folder && !(entry->is_regular_file(missing) && matches(found.name))) continue;
     if (!root.empty() && !IsInFolder(root, entry->path())) continue;
     entries.push_back(std::move(found));
-    if (entries.size() == kMostEntries) break;
+    if (entries.size() == most) break;
   }
   std::ranges::sort(entries, [](const FolderEntry& a, const FolderEntry& b) {
     return a.is_folder != b.is_folder ? a.is_folder : a.name < b.name;

@@ -26,9 +26,9 @@ inline constexpr std::size_t kMostEntries = 10'000;
 
 // The folders in `folder`, then its ordinary files whose names match one of `patterns` (all where there are
 // none), each in the order of their names. What begins with "." is left out, and what leads out of `root`
-// unless that is "". No more than kMostEntries; nothing of a folder that cannot be read.
+// unless that is "". No more than `most`; nothing of a folder that cannot be read.
 std::vector<FolderEntry> EntriesOf(const std::filesystem::path& folder,
                                    const std::vector<std::string>& patterns,
-                                   const std::filesystem::path& root = {});
+                                   const std::filesystem::path& root = {}, std::size_t most = kMostEntries);
 
 }  // namespace levelwidgets

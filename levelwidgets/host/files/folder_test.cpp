@@ -66,10 +66,21 @@ TEST_F(FolderTest, AFolderThatCannotBeReadHasNothing) {
   EXPECT_TRUE(EntriesOf(folder_ / "inside/b.txt", {}).empty());
 }
 
+TEST_F(FolderTest, AFolderBeyondAMeasureIsShownInPart) {
+  constexpr std::size_t kMost = 3;
+  for (std::size_t i = 0; i < kMost; ++i) std::ofstream(folder_ / "outside" / std::to_string(i));
+  EXPECT_EQ(EntriesOf(folder_ / "outside", {}).size(), kMost + 1);
+  EXPECT_EQ(EntriesOf(folder_ / "outside", {}, {}, kMost).size(), kMost);
+}
+
+#ifndef _WIN32  // where making so many files takes long
+
 TEST_F(FolderTest, AFolderBeyondEveryMeasureIsShownInPart) {
   for (std::size_t i = 0; i <= kMostEntries; ++i) std::ofstream(folder_ / "outside" / std::to_string(i));
   EXPECT_EQ(EntriesOf(folder_ / "outside", {}).size(), kMostEntries);
 }
+
+#endif
 
 TEST_F(FolderTest, InAFolderIsWhatIsThereWhereverLinksLead) {
   EXPECT_TRUE(IsInFolder(folder_ / "inside", folder_ / "inside"));

@@ -43,8 +43,8 @@ std::vector<WindowPixels> PixelsOf(const Subject& subject) {
 
 std::string Difference(const Subject& subject, const WindowPixels& before, const WindowPixels& after) {
   if (before.rect != after.rect) return "painting moves a window";
+  if (before.pixels == after.pixels) return "";
   const auto [was, is] = std::ranges::mismatch(before.pixels, after.pixels);
-  if (was == before.pixels.end()) return "";
   const auto index = static_cast<int>(was - before.pixels.begin());
   const int width = before.rect.width();
   const PixelPoint at{before.rect.left + index % width, before.rect.top + index / width};
