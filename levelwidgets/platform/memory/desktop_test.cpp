@@ -77,6 +77,17 @@ TEST_F(DesktopTest, AdvancePaintsBetweenTicks) {
   EXPECT_EQ(desktop.LiveTimers(), 1u);
 }
 
+TEST_F(DesktopTest, ATextCountsWhatLives) {
+  EXPECT_EQ(desktop.LiveCounts(), "0 windows, 0 timers, 0 objects");
+  MakeTop("form", {0, 0, 100, 100});
+  MakeTop("other", {0, 0, 100, 100});
+  desktop.Clock().SetTimer(100, [] {});
+  desktop.Drawing().CreateSolidBrush({0});
+  desktop.Drawing().CreateSolidBrush({0});
+  desktop.Drawing().CreateSolidBrush({0});
+  EXPECT_EQ(desktop.LiveCounts(), "2 windows, 1 timers, 3 objects");
+}
+
 // A panel that watches the active window closes when another program takes over.
 TEST_F(DesktopTest, AWatchedPopupClosesWithinOneInterval) {
   MakeTop("form", {0, 0, 100, 100});
