@@ -40,11 +40,8 @@ class HandTest : public BothSidesTest {
   // What comes of the same input on both sides, the pointer over one after the other.
   template <typename Input>
   void BothHands(const std::string& name, Input input) {
-    HWND native = nullptr;
-    As<IOleInPlaceObject>(TheComponent())->GetWindow(&native);
-    const auto placed = win32::FromNative<WindowHandle>(native);
-    input(placed);
-    Leave(placed);
+    input(Placed());
+    Leave(Placed());
     const Happenings of_component = Events(TakeOfComponent());
     const WindowHandle itself = TheControl()->GetSurface().hWnd();
     input(itself);
@@ -54,6 +51,12 @@ class HandTest : public BothSidesTest {
     for (const std::string& line : of_control) raised_.insert(line.substr(0, line.find(' ')));
   }
 
+  // The component's window.
+  WindowHandle Placed() {
+    HWND native = nullptr;
+    As<IOleInPlaceObject>(TheComponent())->GetWindow(&native);
+    return win32::FromNative<WindowHandle>(native);
+  }
   PixelPoint On(WindowHandle window, int x, int y) {
     PixelRect rect;
     Driver().GetPlatform().Windows().GetWindowRect(window, rect);
@@ -122,6 +125,19 @@ TEST_F(HandTest, PointerAndKeysRaiseEveryEventOnBothSidesAlike) {
       EXPECT_TRUE(raised_.contains(std::string(event.name))) << info->Name() << "." << event.name;
     End();
   }
+}
+
+TEST_F(HandTest, TheFontThatAClientHoldsIsUnderlinedWhileThePointerIsOverTheLabel) {
+  Begin(*FindControlClass("FlatLabel"), false, kSize);
+  const CallResult font = Get(TheComponent(), "Font");
+  ASSERT_EQ(font.value.vt, VT_DISPATCH);
+  EXPECT_EQ(Shown(Get(font.value.pdispVal, "Underline")), "False");
+  Driver().MovePointer(On(Placed(), 10, 10));
+  EXPECT_EQ(Shown(Get(font.value.pdispVal, "Underline")), "True");
+  Driver().MovePointer(On(Placed(), -30, -30));
+  Driver().Advance(250);  // the label looks every 100 ms
+  EXPECT_EQ(Shown(Get(font.value.pdispVal, "Underline")), "False");
+  End();
 }
 
 }  // namespace
