@@ -5,6 +5,7 @@ namespace levelwidgets::activex {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsSupersetOf;
 
 using InPlaceTest = ComponentTest;
 
@@ -39,6 +40,16 @@ TEST_F(InPlaceTest, WhatTheContainerRefusesLeavesTheControlOutside) {
   }
 }
 
+TEST_F(InPlaceTest, AContainerWhoseWindowHasGoneIsRefused) {
+  Site("FlatButton");
+  ::DestroyWindow(Window());
+  EXPECT_EQ(Verb(OLEIVERB_INPLACEACTIVATE), E_UNEXPECTED);
+  EXPECT_EQ(ControlWindow(), nullptr);
+  EXPECT_EQ(Container().TakeCalls().back(), "OnInPlaceDeactivate");
+  Close();
+  RenewWindow();
+}
+
 TEST_F(InPlaceTest, DeactivationTellsTheContainerOnceTheWindowHasGone) {
   Embed("FlatButton");
   HWND const window = ControlWindow();
@@ -58,6 +69,37 @@ TEST_F(InPlaceTest, AUserInterfaceComesAndGoesWithItsContainer) {
   EXPECT_TRUE(::IsChild(Window(), ::GetFocus()));
   EXPECT_EQ(Interface<IOleInPlaceObject>()->UIDeactivate(), S_OK);
   EXPECT_THAT(Container().TakeCalls(), ElementsAre("SetActiveObject(none)", "OnUIDeactivate"));
+}
+
+TEST_F(InPlaceTest, ADocumentInAFrameHearsOfTheActiveControlAsTheFrameDoes) {
+  Site("FlatTextBox");
+  Container().has_document = true;
+  ASSERT_EQ(Verb(OLEIVERB_UIACTIVATE), S_OK);
+  Settle();
+  EXPECT_THAT(Container().TakeCalls(), IsSupersetOf({"SetActiveObject(object)", "SetActiveObject(object)"}));
+  EXPECT_EQ(Interface<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+  EXPECT_THAT(Container().TakeCalls(),
+              ElementsAre("SetActiveObject(none)", "SetActiveObject(none)", "OnUIDeactivate"));
+}
+
+TEST_F(InPlaceTest, AnActiveControlThatIsHiddenIsNotActiveAnyMore) {
+  Embed("FlatTextBox");
+  Verb(OLEIVERB_UIACTIVATE);
+  Container().TakeCalls();
+  EXPECT_EQ(Verb(OLEIVERB_HIDE), S_OK);
+  EXPECT_THAT(Container().TakeCalls(), IsSupersetOf({"SetActiveObject(none)", "OnUIDeactivate"}));
+}
+
+TEST_F(InPlaceTest, AnEmptyClippingRectangleClipsNothing) {
+  Embed("FlatButton");
+  const RECT place = {10, 10, 90, 40};
+  const RECT part = {10, 10, 50, 40};
+  const RECT none = {};
+  RECT seen = {};
+  Interface<IOleInPlaceObject>()->SetObjectRects(&place, &part);
+  EXPECT_EQ(::GetWindowRgnBox(ControlWindow(), &seen), SIMPLEREGION);
+  Interface<IOleInPlaceObject>()->SetObjectRects(&place, &none);
+  EXPECT_EQ(::GetWindowRgnBox(ControlWindow(), &seen), ERROR) << "it has no region";
 }
 
 TEST_F(InPlaceTest, AHiddenControlIsInPlaceAndCannotBeSeen) {

@@ -134,6 +134,14 @@ TEST_F(LateBindingTest, AnEnumerationSkipsBeginsAgainAndIsCopiedWhereItIs) {
   for (VARIANT& item : both) ::VariantClear(&item);
 }
 
+TEST_F(LateBindingTest, APartIsTheSameObjectForEveryCaller) {
+  const auto grid = GridWithCells();
+  const CallResult columns = Get(grid.Get(), "Columns");
+  EXPECT_TRUE(SameObject(columns.value.punkVal, Get(grid.Get(), "Columns").value.punkVal));
+  EXPECT_TRUE(SameObject(Get(columns.value.punkVal, "Item", {2}).value.punkVal,
+                         Get(grid.Get(), "Columns", {2}).value.punkVal));
+}
+
 TEST_F(LateBindingTest, MembersThatEveryControlHasAreKnownByTheContainersNumbers) {
   const auto button = MakeComponent("FlatButton");
   ASSERT_EQ(Invoke(button.Get(), DISPID_CAPTION, DISPATCH_PROPERTYPUT, {"Save"}).result, S_OK);

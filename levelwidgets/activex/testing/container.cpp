@@ -36,8 +36,11 @@ HRESULT TestContainer::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIW
   *place = position;
   *seen = clip;
   const HRESULT result = Called("GetWindowContext");
-  if (SUCCEEDED(result)) {
-    *frame = this;
+  if (FAILED(result)) return result;
+  *frame = this;
+  AddRef();
+  if (has_document) {
+    *document = static_cast<IOleInPlaceFrame*>(this);
     AddRef();
   }
   return result;

@@ -32,6 +32,8 @@ class TestContainer
   std::map<DISPID, VARIANT> ambients;
   RECT position = {0, 0, 80, 25};
   RECT clip = {0, 0, 10000, 10000};
+  // Whether it has a document in the frame, which is a window of its own: its calls are the same.
+  bool has_document = false;
   // Whether keys offered to it are used.
   std::function<bool(const MSG&)> takes_key;
 
