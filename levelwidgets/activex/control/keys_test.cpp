@@ -47,6 +47,14 @@ TEST_F(ComponentKeysTest, AKeyIsOfferedToTheContainerOnceBeforeTheControlRaisesI
   EXPECT_THAT(sink.TakeEvents(), ElementsAre("KeyDown(65, 0)"));
 }
 
+TEST_F(ComponentKeysTest, AKeyThatComesWithoutAnOfferAfterOneThatWasOfferedIsOffered) {
+  Focus("FlatButton");
+  EXPECT_FALSE(Offer(WM_KEYDOWN, 'A'));
+  Container().TakeCalls();
+  ::SendMessageW(::GetFocus(), WM_KEYDOWN, 'A', 1);
+  EXPECT_THAT(Container().TakeCalls(), ElementsAre("TranslateAccelerator(256, 65)"));
+}
+
 TEST_F(ComponentKeysTest, AKeyThatTheContainerUsesDoesNotComeToTheControl) {
   Focus("FlatTextBox");
   TestSink& sink = Listen();
