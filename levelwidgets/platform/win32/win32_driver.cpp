@@ -129,11 +129,16 @@ void Win32Driver::Type(std::string_view text) {
 void Win32Driver::Leave() {
   active_before_ = platform_.Windows().GetActiveWindow();
   if (!other_program_) other_program_ = std::make_unique<OtherProgram>();
-  // What the display server still has to say of the window before may make that one active again.
-  constexpr int kMostAttempts = 50;
-  for (int attempt = 0; attempt < kMostAttempts && (attempt == 0 || ::GetActiveWindow()); ++attempt) {
+  // What the display server still has to say of the window before may make that one active again, on a busy
+  // machine late.
+  constexpr std::uint64_t kPatience = 5000;
+  constexpr DWORD kPause = 10;
+  const std::uint64_t end = ::GetTickCount64() + kPatience;
+  for (;;) {
     other_program_->Activate();
     Settle();
+    if (!::GetActiveWindow() || ::GetTickCount64() >= end) return;
+    WaitForInput(kPause);
   }
 }
 
