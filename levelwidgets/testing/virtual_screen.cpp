@@ -77,9 +77,13 @@ VirtualScreen::VirtualScreen() : folder_(NewFolder()) {
   first_pixel_ = Field(file_, kHeaderSize) + Field(file_, kColorCount) * kColorBytes;
   row_bytes_ = Field(file_, kBytesPerRow);
 
-  manager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox"},
-                                            ChildProcess::Options{.environment = {{"DISPLAY", name_}}});
-  DoAtLast("get_num_desktops");  // which the window manager answers
+  // It may never show a window that comes while it starts.
+  const std::filesystem::path started = folder_ / "manager_started";
+  manager_ = std::make_unique<ChildProcess>(
+      std::vector<std::string>{"openbox", "--startup", "touch " + started.string()},
+      ChildProcess::Options{.environment = {{"DISPLAY", name_}}});
+  if (!WaitUntil([&] { return std::filesystem::exists(started); }))
+    throw std::runtime_error("the window manager does not start");
 }
 
 VirtualScreen::~VirtualScreen() {
