@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,9 +22,9 @@ T* TaskArray(const std::vector<T>& items) {
   return copy;
 }
 
-inline LPOLESTR TaskText(std::string_view utf8) {
-  const std::wstring wide = win32::ToWide(utf8);
-  return TaskArray(std::vector<wchar_t>(wide.c_str(), wide.c_str() + wide.size() + 1));
+inline LPOLESTR TaskText(const std::wstring& text) {
+  return TaskArray(std::vector<wchar_t>(text.c_str(), text.c_str() + text.size() + 1));
 }
+inline LPOLESTR TaskText(std::string_view utf8) { return TaskText(win32::ToWide(utf8)); }
 
 }  // namespace levelwidgets::activex

@@ -3,34 +3,36 @@
 
 #include <algorithm>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include <levelwidgets/activex/com/com_object.h>
+#include <levelwidgets/activex/com/failure.h>
 
 namespace levelwidgets::activex {
 
-// Of items that are held by the calls of `share` and `release`.
+// Of items that each holder has a copy of, made by `copy` and ended by `release`.
 template <typename Interface, typename Item>
 class ItemEnumeration : public ComObject<Interface> {
  public:
-  using Call = std::function<void(const Item&)>;
-  ItemEnumeration(std::vector<Item> items, Call share, Call release)
-      : items_(std::move(items)), share_(std::move(share)), release_(std::move(release)) {
-    for (const Item& item : items_) share_(item);
+  using Copy = std::function<Item(const Item&)>;
+  using Release = std::function<void(const Item&)>;
+  ItemEnumeration(const std::vector<Item>& items, Copy copy, Release release)
+      : copy_(std::move(copy)), release_(std::move(release)) {
+    CopyAll(items, std::back_inserter(items_));
   }
-  ~ItemEnumeration() override {
-    for (const Item& item : items_) release_(item);
-  }
+  ~ItemEnumeration() override { std::ranges::for_each(items_, release_); }
 
   HRESULT STDMETHODCALLTYPE Next(ULONG wanted, Item* items, ULONG* fetched) override {
+    if (fetched) *fetched = 0;
     if (!items || (!fetched && wanted != 1)) return E_POINTER;
-    ULONG count = 0;
-    for (; count < wanted && position_ < items_.size(); ++count) {
-      items[count] = items_[position_++];
-      share_(items[count]);
-    }
-    if (fetched) *fetched = count;
-    return count == wanted ? S_OK : S_FALSE;
+    return Guarded([&] {
+      const auto count = static_cast<ULONG>(std::min<std::size_t>(wanted, items_.size() - position_));
+      CopyAll(std::span(items_).subspan(position_, count), items);
+      position_ += count;
+      if (fetched) *fetched = count;
+      return count == wanted ? S_OK : S_FALSE;
+    });
   }
   HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
     const std::size_t left = items_.size() - position_;
@@ -45,7 +47,7 @@ class ItemEnumeration : public ComObject<Interface> {
     if (!copy) return E_POINTER;
     *copy = nullptr;
     return Guarded([&] {
-      auto* const made = new ItemEnumeration(items_, share_, release_);
+      auto* const made = new ItemEnumeration(items_, copy_, release_);
       made->position_ = position_;
       *copy = made;
       return S_OK;
@@ -53,21 +55,47 @@ class ItemEnumeration : public ComObject<Interface> {
   }
 
  private:
+  // All of them or, when a copy fails, none.
+  template <typename Target>
+  void CopyAll(std::span<const Item> items, Target target) const {
+    std::vector<Item> copies;
+    copies.reserve(items.size());
+    try {
+      for (const Item& item : items) copies.push_back(copy_(item));
+    } catch (...) {
+      std::ranges::for_each(copies, release_);
+      throw;
+    }
+    std::ranges::copy(copies, target);
+  }
+
   std::vector<Item> items_;
-  Call share_;
-  Call release_;
+  Copy copy_;
+  Release release_;
   std::size_t position_ = 0;
 };
 
 template <typename Interface, typename Item>
-Interface* MakeEnumeration(std::vector<Item> items, std::function<void(const Item&)> share,
+Interface* MakeEnumeration(const std::vector<Item>& items, std::function<Item(const Item&)> copy,
                            std::function<void(const Item&)> release) {
-  return new ItemEnumeration<Interface, Item>(std::move(items), std::move(share), std::move(release));
+  return new ItemEnumeration<Interface, Item>(items, std::move(copy), std::move(release));
 }
+// Of items that hold nothing.
 template <typename Interface, typename Item>
-Interface* MakeEnumeration(std::vector<Item> items) {
+Interface* MakeEnumeration(const std::vector<Item>& items) {
   return MakeEnumeration<Interface, Item>(
-      std::move(items), [](const Item&) {}, [](const Item&) {});
+      items, [](const Item& item) { return item; }, [](const Item&) {});
+}
+// Of objects.
+template <typename Interface, typename Object>
+Interface* MakeEnumeration(const std::vector<Object*>& objects) {
+  return MakeEnumeration<Interface, Object*>(
+      objects,
+      [](Object* const& object) {
+        object->AddRef();
+        return object;
+      },
+      [](Object* const& object) { object->Release(); });
 }
 
 }  // namespace levelwidgets::activex

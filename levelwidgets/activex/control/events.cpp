@@ -67,7 +67,11 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) {
   for (const auto& [cookie, sink] : sinks_) data.push_back({sink.Get(), cookie});
   return Guarded([&] {
     *connections = MakeEnumeration<IEnumConnections, CONNECTDATA>(
-        data, [](const CONNECTDATA& each) { each.pUnk->AddRef(); },
+        data,
+        [](const CONNECTDATA& each) {
+          each.pUnk->AddRef();
+          return each;
+        },
         [](const CONNECTDATA& each) { each.pUnk->Release(); });
     return S_OK;
   });
@@ -147,9 +151,7 @@ HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
   if (!points) return E_POINTER;
   const std::vector<IConnectionPoint*> both{&events_, &changes_};
   return Guarded([&] {
-    *points = MakeEnumeration<IEnumConnectionPoints, IConnectionPoint*>(
-        both, [](IConnectionPoint* point) { point->AddRef(); },
-        [](IConnectionPoint* point) { point->Release(); });
+    *points = MakeEnumeration<IEnumConnectionPoints, IConnectionPoint>(both);
     return S_OK;
   });
 }

@@ -1,5 +1,7 @@
 // A control in its container's window: what the container is asked, in order.
 #include <levelwidgets/activex/testing/component_fixture.h>
+#include <levelwidgets/controls/registry.h>
+#include <levelwidgets/platform/win32/win32_text.h>
 
 namespace levelwidgets::activex {
 namespace {
@@ -202,6 +204,68 @@ TEST_F(InPlaceTest, AControlLivesOnWhenItsContainersWindowHasGone) {
   EXPECT_EQ(Interface<IOleObject>()->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
   EXPECT_TRUE(::IsWindowVisible(ControlWindow()));
   EXPECT_EQ(Shown(Get(Object(), "Caption")), "Name:");
+}
+
+// Number, name, flags of its menu item, attributes.
+std::vector<std::string> VerbsOf(IEnumOLEVERB& verbs) {
+  std::vector<std::string> found;
+  OLEVERB verb;
+  while (verbs.Next(1, &verb, nullptr) == S_OK) {
+    found.push_back(std::to_string(verb.lVerb) + " " + win32::FromWide(verb.lpszVerbName) + " " +
+                    std::to_string(verb.fuFlags) + " " + std::to_string(verb.grfAttribs));
+    ::CoTaskMemFree(verb.lpszVerbName);
+  }
+  return found;
+}
+
+TEST_F(InPlaceTest, AMenuOfTheContainerFindsTheVerbsWithoutARegistration) {
+  const auto edit = "0 &Edit 0 2";
+  const auto properties = "1 &Properties... 0 2";
+  for (const ClassInfo* info : ControlClasses()) {
+    const std::string name(info->Name());
+    Embed(name.c_str());
+    ComPtr<IEnumOLEVERB> verbs;
+    ASSERT_EQ(Interface<IOleObject>()->EnumVerbs(verbs.Receive()), S_OK) << name;
+    EXPECT_THAT(VerbsOf(*verbs.Get()), ElementsAre(edit, properties)) << name;
+    EXPECT_THAT(VerbsOf(*verbs.Get()), ::testing::IsEmpty()) << name;
+    verbs->Reset();
+    EXPECT_EQ(verbs->Skip(1), S_OK);
+    ComPtr<IEnumOLEVERB> copy;
+    ASSERT_EQ(verbs->Clone(copy.Receive()), S_OK);
+    verbs = {};
+    EXPECT_THAT(VerbsOf(*copy.Get()), ElementsAre(properties)) << name;
+    Close();
+  }
+}
+
+TEST_F(InPlaceTest, AnEnumerationGivesWhatIsLeftWhenAskedForMore) {
+  Embed("FlatLabel");
+  ComPtr<IEnumOLEVERB> verbs;
+  Interface<IOleObject>()->EnumVerbs(verbs.Receive());
+  OLEVERB three[3] = {};
+  ULONG fetched = 9;
+  EXPECT_EQ(verbs->Next(3, three, &fetched), S_FALSE);
+  EXPECT_EQ(fetched, 2u);
+  EXPECT_EQ(three[1].lVerb, 1);
+  for (const OLEVERB& verb : three) ::CoTaskMemFree(verb.lpszVerbName);
+  EXPECT_EQ(verbs->Next(1, three, &fetched), S_FALSE);
+  EXPECT_EQ(fetched, 0u);
+  fetched = 9;
+  EXPECT_EQ(verbs->Next(1, nullptr, &fetched), E_POINTER);
+  EXPECT_EQ(fetched, 0u);
+  verbs->Reset();
+  EXPECT_EQ(verbs->Skip(3), S_FALSE);
+  EXPECT_EQ(verbs->Next(1, three, &fetched), S_FALSE);
+}
+
+TEST_F(InPlaceTest, TheVerbForPropertiesAsksTheContainerForItsFrame) {
+  Embed("FlatLabel");
+  Container().answers["ShowPropertyFrame"] = S_OK;
+  for (const LONG verb : {LONG{1}, LONG{OLEIVERB_PROPERTIES}}) {
+    Container().TakeCalls();
+    EXPECT_EQ(Verb(verb), S_OK);
+    EXPECT_THAT(Container().TakeCalls(), ElementsAre("ShowPropertyFrame")) << verb;
+  }
 }
 
 TEST_F(InPlaceTest, VerbsThatThereAreNoneOfSaySo) {

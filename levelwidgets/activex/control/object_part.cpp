@@ -1,10 +1,11 @@
 #include <levelwidgets/activex/com/component_interface.h>
 #include <levelwidgets/activex/control/object_part.h>
 
-#include <cwchar>
-
+#include <levelwidgets/activex/com/task_memory.h>
 #include <levelwidgets/activex/control/component.h>
+#include <levelwidgets/activex/control/enumerations.h>
 #include <levelwidgets/activex/identity/misc_status.h>
+#include <levelwidgets/activex/identity/verbs.h>
 #include <levelwidgets/activex/object/native_guid.h>
 #include <levelwidgets/platform/win32/native.h>
 #include <levelwidgets/platform/win32/win32_text.h>
@@ -42,9 +43,10 @@ HRESULT ObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND parent,
     switch (verb) {
       case OLEIVERB_HIDE: return place.Hide();
       case OLEIVERB_UIACTIVATE: return place.ActivateUserInterface();
-      case OLEIVERB_PRIMARY:
+      case kEditVerb:
       case OLEIVERB_SHOW:
       case OLEIVERB_INPLACEACTIVATE: return place.Activate();
+      case kPropertiesVerb:
       case OLEIVERB_PROPERTIES: return ShowProperties(parent, position);
       case OLEIVERB_OPEN:
       case OLEIVERB_DISCARDUNDOSTATE: return E_NOTIMPL;
@@ -73,12 +75,26 @@ HRESULT ObjectPart::ShowProperties(HWND parent, LPCRECT position) {
   return result;
 }
 
-// The registry lists them.
+// Those that the registry lists, also where nothing is registered.
 HRESULT ObjectPart::EnumVerbs(IEnumOLEVERB** verbs) {
   if (!component_.OnOwnThread()) return RPC_E_WRONG_THREAD;
   if (!verbs) return E_POINTER;
   *verbs = nullptr;
-  return OLE_S_USEREG;
+  return Guarded([&] {
+    std::vector<std::wstring> names;
+    for (const Verb& verb : kVerbs) names.push_back(win32::ToWide(verb.name));
+    std::vector<OLEVERB> all;
+    for (std::size_t i = 0; i < std::size(kVerbs); ++i)
+      all.push_back({kVerbs[i].number, names[i].data(), MF_STRING, OLEVERBATTRIB_ONCONTAINERMENU});
+    *verbs = MakeEnumeration<IEnumOLEVERB, OLEVERB>(
+        all,
+        [](OLEVERB verb) {
+          verb.lpszVerbName = TaskText(verb.lpszVerbName);
+          return verb;
+        },
+        [](const OLEVERB& verb) { ::CoTaskMemFree(verb.lpszVerbName); });
+    return S_OK;
+  });
 }
 
 HRESULT ObjectPart::GetUserClassID(CLSID* id) {
@@ -91,12 +107,11 @@ HRESULT ObjectPart::GetUserClassID(CLSID* id) {
 HRESULT ObjectPart::GetUserType(DWORD, LPOLESTR* type) {
   if (!component_.OnOwnThread()) return RPC_E_WRONG_THREAD;
   if (!type) return E_POINTER;
-  const std::wstring name = win32::ToWide(component_.Class().Name());
-  const std::size_t size = (name.size() + 1) * sizeof(wchar_t);
-  *type = static_cast<LPOLESTR>(::CoTaskMemAlloc(size));
-  if (!*type) return E_OUTOFMEMORY;
-  std::wmemcpy(*type, name.c_str(), name.size() + 1);
-  return S_OK;
+  *type = nullptr;
+  return Guarded([&] {
+    *type = TaskText(component_.Class().Name());
+    return S_OK;
+  });
 }
 
 HRESULT ObjectPart::SetExtent(DWORD aspect, SIZEL* size) {

@@ -77,6 +77,10 @@ std::string IdentifierLine(std::string_view name, std::string_view kind, const G
 }  // namespace
 
 std::span<const ClassIdentity> ClassIdentities() { return kClasses; }
+int ToolboxPictureOf(const ClassIdentity& control) {
+  return static_cast<int>(&control - ClassIdentities().data()) + 1;
+}
+
 std::span<const PageIdentity> PageIdentities() { return kPages; }
 std::span<const EnumerationIdentity> EnumerationIdentities() { return kEnumerations; }
 

@@ -29,6 +29,9 @@ std::span<const ClassIdentity> ClassIdentities();
 // By "FlatButton", in this case; null for an unknown name.
 const ClassIdentity* IdentityOf(std::string_view class_name);
 
+// The number of its picture in the library (a bitmap of toolbox/), which designers show in their toolboxes.
+int ToolboxPictureOf(const ClassIdentity& control);
+
 // Of a property page, which is a class for containers.
 struct PageIdentity {
   std::string_view page_name;

@@ -5,7 +5,10 @@
 
 #include <levelwidgets/controls/registry.h>
 #include <levelwidgets/pages/registry.h>
+#include <levelwidgets/testing/source_dir.h>
+#include <fstream>
 #include <set>
+#include <sstream>
 
 namespace levelwidgets {
 namespace {
@@ -64,6 +67,40 @@ TEST(Identifiers, ClassesWithEventsHaveOneForThemAndOthersHaveNone) {
     ASSERT_TRUE(identity) << info->Name();
     EXPECT_EQ(identity->events_id.IsNull(), info->Events().empty()) << info->Name();
   }
+}
+
+std::string ToolboxFile(const std::string& name) {
+  std::ifstream in(std::string(SourceDir()) + "/levelwidgets/activex/identity/toolbox/" + name,
+                   std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+TEST(ToolboxPictures, EveryControlHasItsOwnByItsNumberAndNoOtherClassDoes) {
+  std::string expected;
+  for (const ClassIdentity& identity : ClassIdentities()) {
+    if (!FindControlClass(identity.class_name)) continue;
+    expected += std::to_string(ToolboxPictureOf(identity)) + " BITMAP \"" + std::string(identity.class_name) +
+                ".bmp\"\n";
+  }
+  const std::string script = ToolboxFile("toolbox.rc");
+  EXPECT_EQ(script.substr(script.find("\n1 ") + 1), expected);
+}
+
+// As designers want them.
+TEST(ToolboxPictures, AreSixteenPixelsWideAndHighInSixteenColoursAndBeginWithTheTransparentOne) {
+  std::set<std::string> different;
+  for (const ClassInfo* info : ControlClasses()) {
+    const std::string picture = ToolboxFile(std::string(info->Name()) + ".bmp");
+    ASSERT_EQ(picture.size(), 14u + 40u + 64u + 128u) << info->Name();
+    EXPECT_EQ(picture.substr(0, 2), "BM") << info->Name();
+    EXPECT_EQ(picture.substr(18, 12), (std::string{16, 0, 0, 0, 16, 0, 0, 0, 1, 0, 4, 0})) << info->Name();
+    EXPECT_EQ(picture.substr(54, 4), "\xC0\xC0\xC0" + std::string(1, 0)) << info->Name();
+    EXPECT_EQ(picture[118] & 0xF0, 0) << info->Name();  // its lower left corner
+    different.insert(picture);
+  }
+  EXPECT_EQ(different.size(), ControlClasses().size());
 }
 
 TEST(Identifiers, EveryPageHasOneAndNoOther) {

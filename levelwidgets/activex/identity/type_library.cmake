@@ -1,4 +1,4 @@
-# levelwidgets.idl, which tools/update_docs writes, becomes a type library for each bitness, and part of a library.
+# levelwidgets.idl, which tools/update_docs writes, becomes a type library for each bitness, and a resource of the components.
 
 # The library of components calls for them from another folder.
 set(LEVELWIDGETS_TYPE_LIBRARY_DIR ${CMAKE_CURRENT_LIST_DIR} CACHE INTERNAL "")
@@ -42,16 +42,19 @@ function(levelwidgets_compile_type_libraries)
   add_custom_target(levelwidgets_type_libraries DEPENDS ${libraries})
 endfunction()
 
-# Puts the type library of the system's bitness into the library or program `target` as its first resource of that kind.
-function(levelwidgets_type_library target)
+# Puts what containers look for in the file of the components into `target`: the type library of the system's bitness, as the
+# first of its kind, and the pictures for toolboxes.
+function(levelwidgets_component_resources target)
   math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
   set(library ${LEVELWIDGETS_TYPE_LIBRARIES}/levelwidgets${bits}.tlb)
-  set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}_type_library.rc)
-  set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}_type_library.o)
-  file(CONFIGURE OUTPUT ${script} CONTENT "1 TYPELIB \"${library}\"\n")
+  set(toolbox ${LEVELWIDGETS_TYPE_LIBRARY_DIR}/toolbox)
+  file(GLOB pictures CONFIGURE_DEPENDS ${toolbox}/*)
+  set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+  set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}_resources.o)
+  file(CONFIGURE OUTPUT ${script} CONTENT "1 TYPELIB \"${library}\"\n#include \"toolbox.rc\"\n")
   add_custom_command(OUTPUT ${object}
-    COMMAND ${CMAKE_RC_COMPILER} -O coff -i ${script} -o ${object}
-    DEPENDS ${script} levelwidgets_type_libraries ${library} VERBATIM)
+    COMMAND ${CMAKE_RC_COMPILER} -O coff -I ${toolbox} -i ${script} -o ${object}
+    DEPENDS ${script} levelwidgets_type_libraries ${library} ${pictures} VERBATIM)
   set_source_files_properties(${object} PROPERTIES EXTERNAL_OBJECT ON GENERATED ON)
   target_sources(${target} PRIVATE ${object})
 endfunction()

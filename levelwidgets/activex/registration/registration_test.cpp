@@ -29,16 +29,19 @@ std::vector<std::string> LinesBelow(const MemoryRegistry& registry, const std::s
 TEST(RegisterLibrary, WritesOfAControlWhatContainersAskFor) {
   MemoryRegistry registry;
   RegisterLibrary(registry, kLibrary);
-  EXPECT_THAT(LinesBelow(registry, kButtonKey),
-              ::testing::ElementsAre(
-                  "", " [] = LevelWidgets FlatButton", "\\Control", "\\Implemented Categories",
-                  "\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}", "\\InprocServer32",
-                  "\\InprocServer32 [] = C:\\Parts\\levelwidgets_x64.dll",
-                  "\\InprocServer32 [ThreadingModel] = Apartment", "\\MiscStatus", "\\MiscStatus [] = 0",
-                  "\\MiscStatus\\1", "\\MiscStatus\\1 [] = 135569", "\\ProgID",
-                  "\\ProgID [] = LevelWidgets.FlatButton.1", "\\TypeLib",
-                  "\\TypeLib [] = {9466D224-2367-4381-9D9F-81D8788F9CF0}", "\\Version", "\\Version [] = 1.0",
-                  "\\VersionIndependentProgID", "\\VersionIndependentProgID [] = LevelWidgets.FlatButton"));
+  EXPECT_THAT(
+      LinesBelow(registry, kButtonKey),
+      ::testing::ElementsAre("", " [] = LevelWidgets FlatButton", "\\Control", "\\Implemented Categories",
+                             "\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}",
+                             "\\InprocServer32", "\\InprocServer32 [] = C:\\Parts\\levelwidgets_x64.dll",
+                             "\\InprocServer32 [ThreadingModel] = Apartment", "\\MiscStatus",
+                             "\\MiscStatus [] = 0", "\\MiscStatus\\1", "\\MiscStatus\\1 [] = 135569",
+                             "\\ProgID", "\\ProgID [] = LevelWidgets.FlatButton.1", "\\ToolboxBitmap32",
+                             "\\ToolboxBitmap32 [] = C:\\Parts\\levelwidgets_x64.dll, 1", "\\TypeLib",
+                             "\\TypeLib [] = {9466D224-2367-4381-9D9F-81D8788F9CF0}", "\\Verb", "\\Verb\\0",
+                             "\\Verb\\0 [] = &Edit,0,2", "\\Verb\\1", "\\Verb\\1 [] = &Properties...,0,2",
+                             "\\Version", "\\Version [] = 1.0", "\\VersionIndependentProgID",
+                             "\\VersionIndependentProgID [] = LevelWidgets.FlatButton"));
   EXPECT_THAT(
       LinesBelow(registry, "LevelWidgets.FlatButton"),
       ::testing::ElementsAre("", " [] = LevelWidgets FlatButton", ".1", ".1 [] = LevelWidgets FlatButton",
@@ -69,6 +72,7 @@ TEST(RegisterLibrary, WritesEveryClassThatUsersMayMakeAndNoOther) {
     EXPECT_EQ(registry.HasKey(name + "\\CLSID"), each.Creatable()) << name;
     EXPECT_EQ(registry.HasKey(key + "\\Control"), each.is_control) << name;
     EXPECT_EQ(registry.HasKey(key + "\\MiscStatus\\1"), each.is_control) << name;
+    EXPECT_EQ(registry.HasKey(key + "\\Verb\\1"), each.is_control) << name;
     EXPECT_FALSE(registry.HasKey(key + "\\Insertable")) << name;
   }
 }

@@ -3,6 +3,7 @@
 #include <levelwidgets/activex/identity/component_classes.h>
 #include <levelwidgets/activex/identity/misc_status.h>
 #include <levelwidgets/activex/identity/type_library.h>
+#include <levelwidgets/activex/identity/verbs.h>
 
 namespace levelwidgets {
 
@@ -66,7 +67,7 @@ class Entries {
     Add(key + "\\VersionIndependentProgID", name);
     Add(key + "\\TypeLib", TextOf(kLibraryId));
     Add(key + "\\Version", LibraryVersion());
-    if (of.is_control) AddControl(key, MiscStatusOf(of.info->Name()));
+    if (of.is_control) AddControl(key, of);
     Add(name, title);
     Add(name + "\\CLSID", TextOf(of.identity->class_id));
     Add(name + "\\CurVer", versioned);
@@ -74,10 +75,13 @@ class Entries {
     Add(versioned + "\\CLSID", TextOf(of.identity->class_id));
   }
 
-  void AddControl(const std::string& key, std::uint32_t misc_status) {
+  void AddControl(const std::string& key, const ComponentClass& of) {
     AddKey(key + "\\Control");
     Add(key + "\\MiscStatus", "0");
-    Add(key + "\\MiscStatus\\1", std::to_string(misc_status));  // of its content
+    Add(key + "\\MiscStatus\\1", std::to_string(MiscStatusOf(of.info->Name())));  // of its content
+    Add(key + "\\ToolboxBitmap32", library_.path + ", " + std::to_string(ToolboxPictureOf(*of.identity)));
+    AddKey(key + "\\Verb");
+    for (const Verb& verb : kVerbs) Add(key + "\\Verb\\" + std::to_string(verb.number), MenuEntry(verb));
     AddKey(key + "\\Implemented Categories\\" + std::string(kControlCategory));
   }
 
