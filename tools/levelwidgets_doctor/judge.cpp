@@ -249,8 +249,8 @@ class Judgement {
     const auto blocked = NamesOf(is_blocked);
     if (blocked.empty()) return;
     Add(Cause::kBlocked,
-        "Containers that ask first, like browsers and office programs, are told not to make " +
-            NamesText(blocked) + ".",
+        "Containers that ask first, like browsers and office programs, refuse to make " + NamesText(blocked) +
+            ".",
         std::ranges::find_if(facts_.classes, is_blocked)->blocked_at,
         "An administrator takes the bit 0x400 out of \"Compatibility Flags\" there, if that was not on "
         "purpose.");

@@ -116,14 +116,14 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
   void Begin(Form& form) {
     const auto self = shared_from_this();
     for (std::int32_t row = 0; row < kRows; ++row) {
-      With<FlatLabel>(RowName(row), [&](FlatLabel& label) {
+      With<FlatLabel>(form_, RowName(row), [&](FlatLabel& label) {
         label.Click += [self, row] { self->Select(self->top_ + row); };
         label.DblClick += [self, row] { self->GiveRow(row); };
       });
     }
-    With<FlatScroll>(kBar, [&](FlatScroll& bar) { bar.Change += [self] { self->FollowBar(); }; });
-    With<FlatButton>(kOK, [&](FlatButton& ok) { ok.Click += [self] { self->GiveName(); }; });
-    With<FlatButton>(kCancel, [&](FlatButton& cancel) { cancel.Click += [self] { self->Close(); }; });
+    With<FlatScroll>(form_, kBar, [&](FlatScroll& bar) { bar.Change += [self] { self->FollowBar(); }; });
+    With<FlatButton>(form_, kOK, [&](FlatButton& ok) { ok.Click += [self] { self->GiveName(); }; });
+    With<FlatButton>(form_, kCancel, [&](FlatButton& cancel) { cancel.Click += [self] { self->Close(); }; });
     form.KeyDown += [self](std::int16_t& code, std::int16_t) { self->TakeKey(code); };
     // With the form and not later: the answer is called when there is a turn of the loop, if ever.
     form.Gone += [self] { self->note_.reset(); };
@@ -135,22 +135,13 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
   }
 
  private:
-  // The control, where it is there still.
-  template <typename T, typename Action>
-  void With(const std::string& name, Action action) const {
-    const auto form = form_.lock();
-    const auto hosted = form ? form->Find(name) : nullptr;
-    const auto control = hosted ? std::dynamic_pointer_cast<T>(hosted->GetControl()) : nullptr;
-    if (control) action(*control);
-  }
-
   std::string Name() const {
     std::string name;
-    With<FlatTextBox>(kName, [&](const FlatTextBox& box) { name = box.Text(); });
+    With<FlatTextBox>(form_, kName, [&](const FlatTextBox& box) { name = box.Text(); });
     return name;
   }
   void SetName(const std::string& name) const {
-    With<FlatTextBox>(kName, [&](FlatTextBox& box) { box.SetText(name); });
+    With<FlatTextBox>(form_, kName, [&](FlatTextBox& box) { box.SetText(name); });
   }
 
   std::int32_t Count() const { return static_cast<std::int32_t>(choice_.Entries().size()); }
@@ -173,7 +164,7 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
   void ShowFolder() {
     selected_ = kNone;
     top_ = 0;
-    With<FlatLabel>(kFolder, [&](FlatLabel& label) { label.SetCaption(Shown(FolderText())); });
+    With<FlatLabel>(form_, kFolder, [&](FlatLabel& label) { label.SetCaption(Shown(FolderText())); });
     const bool needs_bar = Count() > kRows;
     if (const auto form = form_.lock()) {
       if (const auto bar = form->Find(kBar)) bar->SetVisible(needs_bar);
@@ -182,7 +173,7 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
         if (const auto label = form->Find(RowName(row))) label->Move(place.position, *place.size);
       }
     }
-    With<FlatScroll>(kBar, [&](FlatScroll& bar) {
+    With<FlatScroll>(form_, kBar, [&](FlatScroll& bar) {
       bar.SetMax(std::max(1, Count() - kRows));
       bar.SetLargeChange(kRows);
       bar.SetValue(0);
@@ -195,7 +186,7 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
       const std::int32_t index = top_ + row;
       const FolderEntry entry = Entry(index);
       const bool selected = index == selected_;
-      With<FlatLabel>(RowName(row), [&](FlatLabel& label) {
+      With<FlatLabel>(form_, RowName(row), [&](FlatLabel& label) {
         SetSteadyColors(label, selected ? kHighlight : kWindowBack, selected ? kHighlightText : kWindowText);
         label.SetCaption(entry.name.empty() ? "" : " " + Shown(entry.name) + (entry.is_folder ? "/" : ""));
       });
@@ -205,7 +196,7 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
   // --- What a person does ---------------------------------------------------------------------------
 
   void FollowBar() {
-    With<FlatScroll>(kBar, [&](const FlatScroll& bar) { top_ = bar.Value(); });
+    With<FlatScroll>(form_, kBar, [&](const FlatScroll& bar) { top_ = bar.Value(); });
     ShowRows();
   }
 
@@ -216,7 +207,7 @@ class FileQuestionForm : public std::enable_shared_from_this<FileQuestionForm> {
     name_shown_ = Name();
     const std::int32_t top = std::clamp(top_, std::max(0, index - kRows + 1), index);
     if (top != top_) {
-      With<FlatScroll>(kBar, [&](FlatScroll& bar) { bar.SetValue(std::min(top, bar.Max())); });
+      With<FlatScroll>(form_, kBar, [&](FlatScroll& bar) { bar.SetValue(std::min(top, bar.Max())); });
     }
     ShowRows();
     const auto form = form_.lock();

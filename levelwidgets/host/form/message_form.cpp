@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include <levelwidgets/frame/paint.h>
-#include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/form/message_sign.h>
 #include <levelwidgets/host/form/question_parts.h>
 
@@ -19,43 +18,34 @@ constexpr Twips kLeastWidth(2700);  // a short title is seen whole
 
 // --- Lines -------------------------------------------------------------------------------------------
 
-class Ruler {
- public:
-  explicit Ruler(const Surface& surface) : surface_(surface), scale_(surface.GetPlatform().Screen()) {}
+bool FitsOnALine(std::string_view text, const Surface& surface) {
+  return WidthOf(text, surface).value <= kLongestLine;
+}
 
-  float WidthOf(std::string_view text) const {
-    PixelSize size;
-    surface_.Drawing().GetTextExtentPoint32A(surface_.hDC(), text, size);
-    return scale_.TwipsX(size.width).value;
+// At least one character.
+std::size_t LengthOfCutWord(std::string_view text, const Surface& surface) {
+  std::size_t length = 0;
+  while (length < text.size()) {
+    std::size_t next = length + 1;
+    while (next < text.size() && (static_cast<unsigned char>(text[next]) & 0xC0) == 0x80) ++next;
+    if (length > 0 && !FitsOnALine(text.substr(0, next), surface)) break;
+    length = next;
   }
-  // The beginning of `text` that fits on a line: whole words, or what fits of a long one.
-  std::size_t FittingLength(std::string_view text) const {
-    if (WidthOf(text) <= kLongestLine) return text.size();
-    std::size_t fitting = 0;
-    for (std::size_t end = text.find(' '); end != std::string_view::npos; end = text.find(' ', end + 1)) {
-      if (WidthOf(text.substr(0, end)) > kLongestLine) break;
-      fitting = end;
-    }
-    return fitting > 0 ? fitting : LengthOfCutWord(text);
+  return length;
+}
+
+// The beginning of `text` that fits on a line: whole words, or what fits of a long one.
+std::size_t FittingLength(std::string_view text, const Surface& surface) {
+  if (FitsOnALine(text, surface)) return text.size();
+  std::size_t fitting = 0;
+  for (std::size_t end = text.find(' '); end != std::string_view::npos; end = text.find(' ', end + 1)) {
+    if (!FitsOnALine(text.substr(0, end), surface)) break;
+    fitting = end;
   }
+  return fitting > 0 ? fitting : LengthOfCutWord(text, surface);
+}
 
- private:
-  std::size_t LengthOfCutWord(std::string_view text) const {
-    std::size_t length = 0;
-    while (length < text.size()) {
-      std::size_t next = length + 1;
-      while (next < text.size() && (static_cast<unsigned char>(text[next]) & 0xC0) == 0x80) ++next;
-      if (length > 0 && WidthOf(text.substr(0, next)) > kLongestLine) break;
-      length = next;
-    }
-    return length;
-  }
-
-  const Surface& surface_;
-  FormScale scale_;
-};
-
-std::vector<std::string> LinesOf(std::string_view text, const Ruler& ruler) {
+std::vector<std::string> LinesOf(std::string_view text, const Surface& surface) {
   std::vector<std::string> lines;
   while (true) {
     std::string_view line = text.substr(0, text.find('\n'));
@@ -66,7 +56,7 @@ std::vector<std::string> LinesOf(std::string_view text, const Ruler& ruler) {
         lines.back() = "...";
         return lines;
       }
-      const std::size_t length = ruler.FittingLength(line);
+      const std::size_t length = FittingLength(line, surface);
       lines.emplace_back(line.substr(0, length));
       line.remove_prefix(length);
       line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
@@ -108,14 +98,13 @@ class MessageForm {
   void AddLines() {
     FlatLabel& first =
         AddText(*form_, "lbl1", "", {{text_left_, kQuestionMargin}, TwipSize{Twips(15), kQuestionLine}});
-    const Ruler ruler(first.GetSurface());
-    const std::vector<std::string> lines = LinesOf(options_.text, ruler);
+    const std::vector<std::string> lines = LinesOf(options_.text, first.GetSurface());
     // Beside the sign a short text stands in its middle.
     const Twips height(kQuestionLine.value * static_cast<float>(lines.size()));
     Twips top = kQuestionMargin + Twips(std::max(0.0f, (bottom_ - kQuestionMargin - height).value / 2));
     for (std::size_t i = 0; i < lines.size(); ++i, top = top + kQuestionLine) {
       const std::string name = "lbl" + std::to_string(i + 1);
-      const TwipSize size{Twips(ruler.WidthOf(lines[i]) + 60), kQuestionLine};
+      const TwipSize size{WidthOf(lines[i], first.GetSurface()) + Twips(60), kQuestionLine};
       if (i > 0) AddText(*form_, name, lines[i], {{text_left_, top}, size});
       right_ = std::max(right_, text_left_ + size.width);
     }

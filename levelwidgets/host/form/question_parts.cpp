@@ -51,4 +51,10 @@ FlatButton& AddButton(Form& form, const std::string& name, const std::string& ca
   return button;
 }
 
+Twips WidthOf(std::string_view line, const Surface& surface) {
+  PixelSize size;
+  surface.Drawing().GetTextExtentPoint32A(surface.hDC(), line, size);
+  return FormScale(surface.GetPlatform().Screen()).TwipsX(size.width);
+}
+
 }  // namespace levelwidgets

@@ -1,6 +1,7 @@
 // What the forms that ask a person something have in common.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -31,5 +32,17 @@ void AddFrame(Form& form, const std::string& name, const Placement& around);
 // In the system's colours: with those of a new button its text could not be read in every palette.
 FlatButton& AddButton(Form& form, const std::string& name, const std::string& caption,
                       const Placement& place);
+
+// How wide a line of text is in the surface's font.
+Twips WidthOf(std::string_view line, const Surface& surface);
+
+// Does `action` with the control of that name and class, if the form and the control are there still.
+template <typename T, typename Action>
+void With(const std::weak_ptr<Form>& form, std::string_view name, Action action) {
+  const auto there = form.lock();
+  const auto hosted = there ? there->Find(name) : nullptr;
+  const auto control = hosted ? std::dynamic_pointer_cast<T>(hosted->GetControl()) : nullptr;
+  if (control) action(*control);
+}
 
 }  // namespace levelwidgets

@@ -3,27 +3,18 @@
 #include <levelwidgets/controls/dropdown/flat_drop_down.h>
 #include <levelwidgets/controls/textbox/flat_text_box.h>
 #include <levelwidgets/host/form/box_controls.h>
-#include <levelwidgets/host/form/form_scale.h>
 #include <levelwidgets/host/form/question_parts.h>
 
 namespace levelwidgets {
 
 namespace {
 
-// What texts in the font of the form are wide.
-std::function<Twips(std::string_view)> MeasureBy(const Surface& surface) {
-  return [&surface](std::string_view text) {
-    PixelSize size;
-    surface.Drawing().GetTextExtentPoint32A(surface.hDC(), text, size);
-    return FormScale(surface.GetPlatform().Screen()).TwipsX(size.width);
-  };
-}
-
 // A label of the form that lends its font while a page is laid out.
 PageLayout LayOutOn(Form& form, const PageInfo& page) {
   constexpr char kRuler[] = "lblRuler";
   const FlatLabel& ruler = AddText(form, kRuler, "", {{}, TwipSize{Twips(15), Twips(15)}});
-  PageLayout layout = LayOutPage(page, MeasureBy(ruler.GetSurface()));
+  PageLayout layout =
+      LayOutPage(page, [&](std::string_view text) { return WidthOf(text, ruler.GetSurface()); });
   form.Remove(kRuler);
   return layout;
 }
@@ -80,8 +71,8 @@ void PageView::Add(Form& form, const PagePart& part, const Placement& place) {
 void PageView::AddText(Form& form, TextField& field, const Placement& place) {
   FlatTextBox& box = form.Add<FlatTextBox>(field.Name(), place);
   box.Change += [self = shared_from_this(), &field] {
-    self->With<FlatTextBox>(field.Name(),
-                            [&](FlatTextBox& present) { self->Try([&] { field.SetText(present.Text()); }); });
+    With<FlatTextBox>(self->form_, field.Name(),
+                      [&](FlatTextBox& present) { self->Try([&] { field.SetText(present.Text()); }); });
   };
   field.Shown += [weak = weak_from_this(), &field] {
     if (const auto self = weak.lock()) self->ShowText(field);
@@ -95,7 +86,7 @@ void PageView::AddCheck(Form& form, CheckField& field, const Placement& place) {
   CheckBoxControl& box = form.Add<CheckBoxControl>(field.Name(), place);
   box.SetCaption(field.Caption());
   box.Click += [self = shared_from_this(), &field] {
-    self->With<CheckBoxControl>(field.Name(), [&](CheckBoxControl& present) {
+    With<CheckBoxControl>(self->form_, field.Name(), [&](CheckBoxControl& present) {
       self->Try([&] { field.SetValue(static_cast<std::int16_t>(present.Value())); });
     });
   };
@@ -125,8 +116,8 @@ void PageView::AddLabel(Form& form, LabelField& field, const Placement& place) {
   levelwidgets::AddText(form, field.Name(), field.Caption(), place);
   field.Shown += [weak = weak_from_this(), &field] {
     if (const auto self = weak.lock()) {
-      self->With<FlatLabel>(field.Name(),
-                            [&](FlatLabel& label) { label.SetCaption(CaptionOf(field.Caption())); });
+      With<FlatLabel>(self->form_, field.Name(),
+                      [&](FlatLabel& label) { label.SetCaption(CaptionOf(field.Caption())); });
     }
   };
 }
@@ -167,31 +158,31 @@ void PageView::Try(Action action) const {
 }
 
 void PageView::ShowText(const TextField& field) const {
-  With<FlatTextBox>(field.Name(), [&](FlatTextBox& box) {
+  With<FlatTextBox>(form_, field.Name(), [&](FlatTextBox& box) {
     if (box.Text() != field.Text()) box.SetText(field.Text());
   });
 }
 
 void PageView::ShowCheck(const CheckField& field) const {
-  With<CheckBoxControl>(field.Name(), [&](CheckBoxControl& box) { box.SetValue(field.Value()); });
+  With<CheckBoxControl>(form_, field.Name(), [&](CheckBoxControl& box) { box.SetValue(field.Value()); });
 }
 
 void PageView::FillList(const ListField& field) const {
-  With<FlatDropDown>(field.Name(), [&](FlatDropDown& list) {
+  With<FlatDropDown>(form_, field.Name(), [&](FlatDropDown& list) {
     list.Clear();
     for (std::string item : field.Items()) list.AddItem(item);
   });
 }
 
 void PageView::ShowList(const ListField& field) const {
-  With<FlatDropDown>(field.Name(), [&](FlatDropDown& list) {
+  With<FlatDropDown>(form_, field.Name(), [&](FlatDropDown& list) {
     list.SetListIndex(static_cast<std::int16_t>(field.ListIndex() + 1));
     if (list.Text() != field.Text()) list.SetText(field.Text());
   });
 }
 
 void PageView::TakeChoice(ListField& field) {
-  With<FlatDropDown>(field.Name(), [&](FlatDropDown& list) {
+  With<FlatDropDown>(form_, field.Name(), [&](FlatDropDown& list) {
     if (list.Text() == field.Text()) return;
     const std::int32_t picked = PickedOf(list, field);
     Try([&] { picked >= 0 ? field.SetListIndex(picked) : field.SetText(list.Text()); });

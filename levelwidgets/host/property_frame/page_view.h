@@ -55,14 +55,6 @@ class PageView : public std::enable_shared_from_this<PageView> {
   void ShowList(const ListField& field) const;
   void TakeChoice(ListField& field);
 
-  // The control of that name and class, where it is there still.
-  template <typename T, typename Action>
-  void With(std::string_view name, Action action) const {
-    const auto form = form_.lock();
-    const auto hosted = form ? form->Find(name) : nullptr;
-    const auto control = hosted ? std::dynamic_pointer_cast<T>(hosted->GetControl()) : nullptr;
-    if (control) action(*control);
-  }
   // What a control or the page raises is reported.
   template <typename Action>
   void Try(Action action) const;

@@ -120,13 +120,6 @@ void PropertyFrame::AddButtons() {
   form->Centre();
 }
 
-template <typename T, typename Action>
-void PropertyFrame::With(std::string_view name, Action action) const {
-  const auto hosted = form_->Find(name);
-  const auto control = hosted ? std::dynamic_pointer_cast<T>(hosted->GetControl()) : nullptr;
-  if (control) action(*control);
-}
-
 // The form's listeners do not hold the frame.
 template <typename... Args, typename Deed>
 void PropertyFrame::Listen(Event<Args...>& event, Deed deed) {
@@ -136,11 +129,13 @@ void PropertyFrame::Listen(Event<Args...>& event, Deed deed) {
 }
 
 void PropertyFrame::ListenToAll() {
-  With<FlatTabStrip>(kTabs,
+  With<FlatTabStrip>(form_, kTabs,
                      [this](FlatTabStrip& tabs) { Listen(tabs.TabChange, &PropertyFrame::FollowTab); });
-  With<FlatButton>(kOK, [this](FlatButton& ok) { Listen(ok.Click, &PropertyFrame::PressOK); });
-  With<FlatButton>(kCancel, [this](FlatButton& cancel) { Listen(cancel.Click, &PropertyFrame::Close); });
-  With<FlatButton>(kApply, [this](FlatButton& apply) { Listen(apply.Click, &PropertyFrame::PressApply); });
+  With<FlatButton>(form_, kOK, [this](FlatButton& ok) { Listen(ok.Click, &PropertyFrame::PressOK); });
+  With<FlatButton>(form_, kCancel,
+                   [this](FlatButton& cancel) { Listen(cancel.Click, &PropertyFrame::Close); });
+  With<FlatButton>(form_, kApply,
+                   [this](FlatButton& apply) { Listen(apply.Click, &PropertyFrame::PressApply); });
   Listen(form_->KeyDown, &PropertyFrame::TakeKey);
   Listen(form_->Gone, &PropertyFrame::EndMessage);
 }
@@ -178,7 +173,7 @@ void PropertyFrame::SelectPage(std::int16_t number) {
 
 // Without its tab where a listener has taken that from the strip.
 void PropertyFrame::BringToFront(std::int16_t number) {
-  With<FlatTabStrip>(kTabs, [this, number](FlatTabStrip& tabs) {
+  With<FlatTabStrip>(form_, kTabs, [this, number](FlatTabStrip& tabs) {
     number <= tabs.TabCount() ? tabs.SetSelectedTab(number) : ShowPage(number);
   });
 }
@@ -193,7 +188,7 @@ void PropertyFrame::TakeKey(std::int16_t& code, std::int16_t shift) {
   if ((shift & kCtrlMask) == 0 || (!is_tab && code != kKeyPageUp && code != kKeyPageDown)) return;
   const bool back = is_tab ? (shift & kShiftMask) != 0 : code == kKeyPageUp;
   code = 0;
-  With<FlatTabStrip>(kTabs, [&](FlatTabStrip& tabs) {
+  With<FlatTabStrip>(form_, kTabs, [&](FlatTabStrip& tabs) {
     const int count = static_cast<int>(views_.size());
     SelectPage(static_cast<std::int16_t>((tabs.SelectedTab() - 1 + (back ? count - 1 : 1)) % count + 1));
   });
@@ -219,7 +214,7 @@ bool PropertyFrame::Apply() {
 
 void PropertyFrame::ShowChanged() {
   const bool changed = std::ranges::any_of(views_, [](const auto& view) { return view->Page().Changed(); });
-  With<FlatButton>(kApply, [changed](FlatButton& apply) {
+  With<FlatButton>(form_, kApply, [changed](FlatButton& apply) {
     if (apply.Enabled() != changed) apply.SetEnabled(changed);
   });
 }

@@ -73,9 +73,6 @@ class PropertyFrame : public std::enable_shared_from_this<PropertyFrame> {
   void ShowReport(const std::string& text);
   TwipSize PaneSize() const;
 
-  template <typename T, typename Action>
-  void With(std::string_view name, Action action) const;
-
   const std::shared_ptr<Form> form_;
   const Options options_;
   std::vector<std::shared_ptr<PageView>> views_;
