@@ -21,6 +21,8 @@ void OtherProgram::Activate() {
   ::SetForegroundWindow(static_cast<HWND>(window_));
 }
 
+bool OtherProgram::IsActive() const { return ::GetForegroundWindow() == static_cast<HWND>(window_); }
+
 void OtherProgram::Run() {
   const HWND window = ::CreateWindowExA(WS_EX_TOOLWINDOW, "STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr,
                                         nullptr, nullptr, nullptr);

@@ -16,6 +16,7 @@ class OtherProgram {
 
   // As a click on its window does.
   void Activate();
+  bool IsActive() const;
 
  private:
   void Run();

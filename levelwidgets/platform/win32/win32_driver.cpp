@@ -137,7 +137,7 @@ void Win32Driver::Leave() {
   for (;;) {
     other_program_->Activate();
     Settle();
-    if (!::GetActiveWindow() || ::GetTickCount64() >= end) return;
+    if (other_program_->IsActive() || ::GetTickCount64() >= end) return;
     WaitForInput(kPause);
   }
 }
