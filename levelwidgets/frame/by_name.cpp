@@ -42,6 +42,16 @@ std::string NameOfMember(const ClassInfo& info, std::string_view member) {
   throw Error(kWrongNumberOfArguments, info.QualifiedName(), NameOfMember(info, member) + because);
 }
 
+// What a message quotes of a value: the beginning of a long text.
+std::string Quoted(const Variant& value) {
+  constexpr std::size_t kMost = 200;  // bytes
+  std::string text = Describe(value);
+  if (text.size() <= kMost) return text;
+  std::size_t end = kMost;
+  while ((static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not within a character
+  return text.substr(0, end) + "...";
+}
+
 // Runs a conversion; its error is raised again with the member's name in front.
 template <typename Conversion>
 auto NamingMember(const ClassInfo& info, std::string_view member, const MemberType& type,
@@ -51,7 +61,7 @@ auto NamingMember(const ClassInfo& info, std::string_view member, const MemberTy
   } catch (const Error& error) {
     throw Error(error.Number(), info.QualifiedName(),
                 NameOfMember(info, member) + " is of type " + std::string(type.Name()) + "; " +
-                    Describe(value) + " does not convert to it: " + error.Description());
+                    Quoted(value) + " does not convert to it: " + error.Description());
   }
 }
 

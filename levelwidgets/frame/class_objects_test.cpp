@@ -83,6 +83,26 @@ TEST(ObjectMembers, HoldTheObjectItself) {
   EXPECT_EQ(tree.Top(), nullptr);
 }
 
+TEST(ObjectMembers, AnErrorQuotesTheBeginningOfALongTextInWholeCharacters) {
+  const auto error_of = [](const std::string& text) {
+    Tree tree;
+    try {
+      SetByName(tree, "Top", Variant(text));
+    } catch (const Error& error) {
+      return error.Description();
+    }
+    return std::string();
+  };
+  const auto message = [](const std::string& quoted) {
+    return "Tree.Top is of type Leaf; " + quoted + " does not convert to it: Type mismatch";
+  };
+  const std::string most(198, 'x');
+  EXPECT_EQ(error_of(most), message('"' + most + '"'));
+  EXPECT_EQ(error_of(most + "xx"), message('"' + most + "x..."));
+  EXPECT_EQ(error_of(most + "\xC3\xA9"), message('"' + most + "..."));
+  EXPECT_EQ(error_of(std::string(16 << 20, 'x')), message('"' + most + "x..."));
+}
+
 TEST(ObjectMembers, RefuseObjectsOfOtherClassesAndOtherValues) {
   Tree tree;
   const auto leaf = std::make_shared<Leaf>();

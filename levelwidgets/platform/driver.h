@@ -54,7 +54,8 @@ class DesktopDriver {
   // kScClose.
   virtual void SystemCommand(WindowHandle window, std::uintptr_t command) = 0;
 
-  // Lets `ms` milliseconds pass: by the hand clock in memory, in real time elsewhere.
+  // Lets `ms` milliseconds pass: by the hand clock in memory, in real time elsewhere unless a test moves that
+  // clock, too.
   virtual void Advance(std::uint32_t ms) = 0;
   // Does everything that is pending now.
   virtual void Settle() = 0;

@@ -2,7 +2,7 @@
 
 #include <SDL.h>
 
-#include <levelwidgets/platform/memory/finally.h>
+#include <levelwidgets/platform/finally.h>
 #include <levelwidgets/presenter/native_text.h>
 
 namespace levelwidgets::presenter {
@@ -79,7 +79,7 @@ void PrimarySelection::Insert() {
   if (windows.GetFocus() != window) return;
   PlaceCaretAtPointer(window);
   // By the way of pasting, with its limits and line breaks.
-  const memory::Finally restore([this, before = desktop_.Clipboard()] { desktop_.SetClipboard(before); });
+  const Finally restore([this, before = desktop_.Clipboard()] { desktop_.SetClipboard(before); });
   desktop_.SetClipboard(text);
   windows.SendMessageA(window, kWmPaste, 0, 0);
   desktop_.Settle();

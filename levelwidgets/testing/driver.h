@@ -9,8 +9,10 @@
 
 namespace levelwidgets::testing {
 
-// A fresh desktop in memory for each test; on Windows the one there is.
+// A fresh desktop in memory for each test; on Windows the one there is. Time passes in Advance only.
 std::shared_ptr<DesktopDriver> TestDriver();
+// Windows, on the system's clock: for what the system itself does meanwhile. There is none in memory.
+std::shared_ptr<DesktopDriver> RealTimeDriver();
 
 // "memory" or "system".
 std::string_view PlatformName();

@@ -58,7 +58,7 @@ class BothSidesTest : public ComponentTest {
  protected:
   void SetUp() override {
     ComponentTest::SetUp();
-    driver_ = levelwidgets::testing::TestDriver();
+    driver_ = levelwidgets::testing::RealTimeDriver();  // as components have it
   }
   void TearDown() override {
     End();

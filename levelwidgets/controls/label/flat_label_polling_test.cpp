@@ -30,8 +30,6 @@ TEST_F(FlatLabelTimerTest, HoveringStartsATimerOf100Milliseconds) {
   EXPECT_EQ(calls[0].arguments, std::vector<TraceArgument>{std::int64_t{100}});
 }
 
-// Elsewhere the clock is not moved by hand.
-#ifndef _WIN32
 TEST_F(FlatLabelTimerTest, TheColoursAreRestoredAtTheTickAndNotAMillisecondBefore) {
   MoveTo(10, 10);
   MoveTo(-20, 10);
@@ -53,7 +51,6 @@ TEST_F(FlatLabelTimerTest, AMoveBackDoesNotDelayTheTick) {
   Driver().Advance(1);
   EXPECT_FALSE(Highlighted());
 }
-#endif
 
 TEST_F(FlatLabelTimerTest, TheTickRestoresColoursAndUnderlineRepaintsStopsTheTimerThenYields) {
   MoveTo(10, 10);

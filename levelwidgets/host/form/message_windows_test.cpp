@@ -17,7 +17,7 @@ class WindowsMessageTest : public testing::MessageTest {
  protected:
   // The system keeps what it has drawn its first message with.
   static void SetUpTestSuite() {
-    const auto driver = testing::TestDriver();
+    const auto driver = testing::RealTimeDriver();
     Platform& system = driver->GetPlatform();
     const TimerHandle timer = system.Clock().SetTimer(20, [&] {
       for (const TopLevelWindow& window : driver->TopLevelWindows()) {
@@ -27,6 +27,8 @@ class WindowsMessageTest : public testing::MessageTest {
     MessageBoxesOf(system)->MessageBoxA({.text = "Store it?", .title = kTitle, .style = 32 + 4});
     system.Clock().KillTimer(timer);
   }
+  // A message runs the system's own loop, where timers made by hand do not tick.
+  std::shared_ptr<DesktopDriver> MakeDriver() override { return testing::RealTimeDriver(); }
   void SetUp() override {
     MessageTest::SetUp();
     windows_before_ = Driver().TopLevelWindows().size();

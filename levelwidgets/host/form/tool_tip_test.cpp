@@ -64,7 +64,6 @@ TEST_F(ToolTipTest, ComesAfterHalfASecondOverTheControl) {
   EXPECT_THAT(Tips(), ElementsAre(kText));
 }
 
-#ifndef _WIN32  // time is exact in memory only
 TEST_F(ToolTipTest, ComesAtHalfASecondExactly) {
   auto& button = Button();
   MoveOver(button);
@@ -73,7 +72,6 @@ TEST_F(ToolTipTest, ComesAtHalfASecondExactly) {
   Driver().Advance(1);
   EXPECT_THAT(Tips(), ElementsAre(kText));
 }
-#endif
 
 TEST_F(ToolTipTest, MovesOverTheControlDoNotPutItOff) {
   auto& label = AddNew<FlatLabel>("lblName", {Twips(300), Twips(300)}, {Twips(3000), Twips(750)});
@@ -163,7 +161,6 @@ TEST_F(ToolTipTest, GoesAtOnceWhenThePointerGoesFromALabelToTheForm) {
   EXPECT_THAT(Tips(), IsEmpty());
 }
 
-#ifndef _WIN32  // time is exact in memory only
 TEST_F(ToolTipTest, ThatThePointerHasLeftTheProgramIsNoticedWithinATenthOfASecond) {
   auto& label = Label();
   MoveOver(label);
@@ -173,7 +170,6 @@ TEST_F(ToolTipTest, ThatThePointerHasLeftTheProgramIsNoticedWithinATenthOfASecon
   Driver().Advance(100);
   EXPECT_THAT(Tips(), IsEmpty());
 }
-#endif
 
 TEST_F(ToolTipTest, GoesWhenThePointerLeavesTheProgramsWindows) {
   auto& label = AddNew<FlatLabel>("lblName", {Twips(300), Twips(300)}, {Twips(3000), Twips(750)});

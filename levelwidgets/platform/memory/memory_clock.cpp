@@ -4,15 +4,11 @@
 #include <cmath>
 #include <utility>
 
-#include <levelwidgets/platform/memory/finally.h>
-
 namespace levelwidgets::memory {
 
 namespace {
 
 constexpr int kMostTurns = 1000;
-// The system's smallest interval.
-constexpr std::uint32_t kSmallestInterval = 10;
 constexpr double kMillisecondsPerDay = 24.0 * 60 * 60 * 1000;
 
 // Days as a number that grows evenly with time: before 30 December 1899 the fraction of a Date counts
@@ -35,90 +31,40 @@ MemoryClock::MemoryClock(Date now, std::function<PaintTurn()> paint) : paint_(st
 // --- Time ------------------------------------------------------------------------------------
 
 Date MemoryClock::Now() {
-  if (now_ms_ == date_set_at_) return date_;
-  const double elapsed = static_cast<double>(now_ms_ - date_set_at_) / kMillisecondsPerDay;
+  if (timers_.Now() == date_set_at_) return date_;
+  const double elapsed = static_cast<double>(timers_.Now() - date_set_at_) / kMillisecondsPerDay;
   return FromEvenDays(EvenDays(date_) + elapsed);
 }
 
 void MemoryClock::SetNow(Date now) {
   date_ = now;
-  date_set_at_ = now_ms_;
+  date_set_at_ = timers_.Now();
 }
 
 void MemoryClock::Advance(std::uint32_t ms) {
-  const std::uint64_t end = now_ms_ + ms;
+  const std::uint64_t end = timers_.Now() + ms;
   DoEvents();
   for (auto due = NextDue(); due && *due <= end; due = NextDue()) {
-    now_ms_ = std::max(now_ms_, *due);
-    TickIfDue();
+    timers_.MoveTo(*due);
+    timers_.TickIfDue();
     DoEvents();
   }
-  now_ms_ = std::max(now_ms_, end);
+  timers_.MoveTo(end);
 }
 
 void MemoryClock::Elapse(std::uint32_t ms) {
-  now_ms_ += ms;
+  timers_.MoveTo(timers_.Now() + ms);
   DoEvents();
 }
 
 // --- Timers ----------------------------------------------------------------------------------
 
 TimerHandle MemoryClock::SetTimer(std::uint32_t interval_ms, std::function<void()> tick) {
-  Timer timer;
-  timer.handle = {++last_timer_};
-  timer.interval = std::max(kSmallestInterval, interval_ms);
-  timer.due = now_ms_ + timer.interval;
-  timer.tick = std::make_shared<std::function<void()>>(std::move(tick));
-  timers_.push_back(std::move(timer));
-  return timers_.back().handle;
+  return timers_.Set(interval_ms, std::move(tick));
 }
 
 TimerHandle MemoryClock::SetBackgroundTimer(std::uint32_t interval_ms, std::function<void()> tick) {
-  const TimerHandle timer = SetTimer(interval_ms, std::move(tick));
-  timers_.back().background = true;
-  return timer;
-}
-
-std::size_t MemoryClock::LiveTimers() const {
-  return static_cast<std::size_t>(
-      std::count_if(timers_.begin(), timers_.end(), [](const Timer& timer) { return !timer.background; }));
-}
-
-bool MemoryClock::KillTimer(TimerHandle timer) {
-  return std::erase_if(timers_, [&](const Timer& t) { return t.handle == timer; }) != 0;
-}
-
-MemoryClock::Timer* MemoryClock::Find(TimerHandle timer) {
-  const auto found =
-      std::find_if(timers_.begin(), timers_.end(), [&](const Timer& t) { return t.handle == timer; });
-  return found == timers_.end() ? nullptr : &*found;
-}
-
-const MemoryClock::Timer* MemoryClock::EarliestTimer() const {
-  const Timer* earliest = nullptr;
-  for (const Timer& timer : timers_) {
-    if (timer.nested < kMostNested && (!earliest || timer.due < earliest->due)) earliest = &timer;
-  }
-  return earliest;
-}
-
-std::optional<std::uint64_t> MemoryClock::NextDue() const {
-  const Timer* timer = EarliestTimer();
-  return timer ? std::optional(timer->due) : std::nullopt;
-}
-
-bool MemoryClock::TickIfDue() {
-  const Timer* earliest = EarliestTimer();
-  if (!earliest || earliest->due > now_ms_) return false;
-  Timer* timer = Find(earliest->handle);
-  timer->due = now_ms_ + timer->interval;
-  ++timer->nested;
-  const Finally finish([this, handle = timer->handle] {
-    if (Timer* ticked = Find(handle)) --ticked->nested;
-  });
-  const auto tick = timer->tick;
-  (*tick)();
-  return true;
+  return timers_.Set(interval_ms, std::move(tick), HandTimers::Kind::kBackground);
 }
 
 // --- The loop --------------------------------------------------------------------------------
@@ -144,7 +90,7 @@ void MemoryClock::DoEvents() {
     const PaintTurn painted = paint_ ? paint_() : PaintTurn::kNothing;
     if (painted == PaintTurn::kPaintedAgain) ++turn;
     if (painted != PaintTurn::kNothing) continue;
-    if (!TickIfDue()) return;
+    if (!timers_.TickIfDue()) return;
     ++turn;
   }
 }
@@ -165,7 +111,7 @@ bool MemoryClock::WaitForMore() {
   if (!posted_.empty()) return true;
   const auto due = NextDue();
   if (!due || LiveTimers() == 0) return false;
-  now_ms_ = std::max(now_ms_, *due);
+  timers_.MoveTo(*due);
   return true;
 }
 

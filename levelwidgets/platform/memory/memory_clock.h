@@ -4,11 +4,10 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <vector>
 
 #include <levelwidgets/platform/clock.h>
+#include <levelwidgets/platform/hand_timers.h>
 
 namespace levelwidgets::memory {
 
@@ -18,10 +17,6 @@ enum class PaintTurn { kNothing, kPainted, kPaintedAgain };
 // Time stands still except in Advance and Run.
 class MemoryClock final : public ClockApi {
  public:
-  // A timer that ticks in its own ticks as deep as this waits for them to return. The system's would go on
-  // until the stack is used up.
-  static constexpr int kMostNested = 20;
-
   // `paint` does the next paint that is pending.
   explicit MemoryClock(Date now, std::function<PaintTurn()> paint = {});
 
@@ -29,7 +24,7 @@ class MemoryClock final : public ClockApi {
 
   // Lets `ms` milliseconds pass, from due timer to due timer (those due at once in the order of their
   // creation), doing all that is pending in between. While a tick runs the loop or lets time pass, timers
-  // tick inside it, its own among them, at most kMostNested deep.
+  // tick inside it, its own among them, at most HandTimers::kMostNested deep.
   void Advance(std::uint32_t ms);
   // Lets `ms` milliseconds pass at once, as real time does: what a timer missed is one tick.
   void Elapse(std::uint32_t ms);
@@ -39,7 +34,7 @@ class MemoryClock final : public ClockApi {
   // ticks, and LiveTimers does not count them.
   TimerHandle SetBackgroundTimer(std::uint32_t interval_ms, std::function<void()> tick);
   // When the next timer is due, in GetTickCount's milliseconds; nothing without timers that can tick.
-  std::optional<std::uint64_t> NextDue() const;
+  std::optional<std::uint64_t> NextDue() const { return timers_.NextDue(); }
   // Who shows the desktop to a person waits here, in real time, and brings input and Elapse; Run calls
   // it when nothing is pending, instead of moving the clock to the next timer.
   void SetWaiter(std::function<void()> waiter) { waiter_ = std::move(waiter); }
@@ -47,10 +42,10 @@ class MemoryClock final : public ClockApi {
   // --- ClockApi ------------------------------------------------------------------------------
 
   TimerHandle SetTimer(std::uint32_t interval_ms, std::function<void()> tick) override;
-  bool KillTimer(TimerHandle timer) override;
-  std::size_t LiveTimers() const override;
+  bool KillTimer(TimerHandle timer) override { return timers_.Kill(timer); }
+  std::size_t LiveTimers() const override { return timers_.Live(); }
 
-  std::uint64_t GetTickCount() override { return now_ms_; }
+  std::uint64_t GetTickCount() override { return timers_.Now(); }
   Date Now() override;
 
   void Post(std::function<void()> call) override;
@@ -64,30 +59,16 @@ class MemoryClock final : public ClockApi {
   void DoEvents() override;
 
  private:
-  struct Timer {
-    TimerHandle handle;
-    std::uint64_t interval = 0;
-    std::uint64_t due = 0;
-    int nested = 0;  // ticks that have not returned
-    bool background = false;
-    std::shared_ptr<std::function<void()>> tick;  // shared: may be killed by its own tick
-  };
-
-  Timer* Find(TimerHandle timer);
-  const Timer* EarliestTimer() const;
-  bool TickIfDue();
   bool RunPostedCalls();
   bool WaitForMore();
 
   std::function<PaintTurn()> paint_;
   std::function<void()> waiter_;
-  std::vector<Timer> timers_;  // in the order of creation
+  HandTimers timers_;
   std::deque<std::function<void()>> posted_;
   std::optional<int> quit_;
-  std::uint64_t now_ms_ = 0;
   std::uint64_t date_set_at_ = 0;
   Date date_;
-  std::uint32_t last_timer_ = 0;
 };
 
 }  // namespace levelwidgets::memory

@@ -75,7 +75,7 @@ TEST_F(MemoryClockTest, ATimerThatTicksInItselfForEverWaitsForItsTicksToReturn) 
     --depth;
   });
   clock.Advance(2000);
-  EXPECT_EQ(deepest, MemoryClock::kMostNested);
+  EXPECT_EQ(deepest, HandTimers::kMostNested);
   EXPECT_EQ(depth, 0);
 }
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include <levelwidgets/platform/memory/finally.h>
+#include <levelwidgets/platform/finally.h>
 #include <levelwidgets/platform/memory/memory_keys.h>
 #include <levelwidgets/platform/text/letter_case.h>
 

@@ -9,7 +9,7 @@
 #include <typeinfo>
 #include <utility>
 
-#include <levelwidgets/platform/memory/finally.h>
+#include <levelwidgets/platform/finally.h>
 
 namespace levelwidgets::memory {
 

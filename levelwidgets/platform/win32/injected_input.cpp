@@ -12,10 +12,10 @@ bool IsExtended(int code) {
   return (code >= kKeyPageUp && code <= kKeyDown) || code == kKeyInsert || code == kKeyDelete;
 }
 
-void SendMouse(DWORD flags, PixelPoint position = {}, DWORD data = 0) {
+void SendMouse(DWORD flags, PixelPoint position = {}, DWORD data = 0, DWORD time = 0) {
   INPUT input = {};
   input.type = INPUT_MOUSE;
-  input.mi = {.dx = position.x, .dy = position.y, .mouseData = data, .dwFlags = flags};
+  input.mi = {.dx = position.x, .dy = position.y, .mouseData = data, .dwFlags = flags, .time = time};
   ::SendInput(1, &input, sizeof input);
 }
 
@@ -36,11 +36,12 @@ void InjectMove(PixelPoint screen) {
                                                       ToStep(screen.y, ::GetSystemMetrics(SM_CYSCREEN))});
 }
 
-void InjectButton(int button, bool down) {
+void InjectButton(int button, bool down, std::uint32_t time) {
+  const auto send = [time](DWORD flags) { SendMouse(flags, {}, 0, time); };
   switch (button) {
-    case kLeftButton: return SendMouse(down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
-    case kRightButton: return SendMouse(down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP);
-    case kMiddleButton: return SendMouse(down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP);
+    case kLeftButton: return send(down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
+    case kRightButton: return send(down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP);
+    case kMiddleButton: return send(down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP);
     default: return;
   }
 }

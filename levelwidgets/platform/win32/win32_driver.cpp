@@ -76,7 +76,7 @@ Win32Driver::Win32Driver(Win32Platform& platform) : platform_(platform) {
 
 Win32Driver::~Win32Driver() {
   for (const int button : kButtons)
-    if ((held_buttons_ & button) != 0) InjectButton(button, false);
+    if ((held_buttons_ & button) != 0) InjectButton(button, false, InputTime());
   HoldShift(0);
 }
 
@@ -90,13 +90,13 @@ void Win32Driver::MovePointer(PixelPoint screen) {
 
 void Win32Driver::Press(int button) {
   held_buttons_ |= button;
-  InjectButton(button, true);
+  InjectButton(button, true, InputTime());
   Settle();
 }
 
 void Win32Driver::Release(int button) {
   held_buttons_ &= ~button;
-  InjectButton(button, false);
+  InjectButton(button, false, InputTime());
   Settle();
 }
 

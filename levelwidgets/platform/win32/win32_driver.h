@@ -11,7 +11,7 @@ namespace levelwidgets::win32 {
 
 // Puts the pointer into the lower right corner of the screen when it begins, and leaves no button and no
 // key down when it ends. One program at a time can drive a desktop.
-class Win32Driver final : public DesktopDriver {
+class Win32Driver : public DesktopDriver {
  public:
   explicit Win32Driver(Win32Platform& platform);
   ~Win32Driver() override;
@@ -46,6 +46,10 @@ class Win32Driver final : public DesktopDriver {
   std::size_t LiveObjects() override;
   std::size_t LiveWindows() override;
   std::size_t LiveTimers() override;
+
+ protected:
+  // When buttons are pressed, in milliseconds; 0 is the present.
+  virtual std::uint32_t InputTime() { return 0; }
 
  private:
   void HoldShift(int shift);

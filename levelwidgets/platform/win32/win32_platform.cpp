@@ -14,7 +14,8 @@ namespace levelwidgets::win32 {
 struct Win32Platform::Parts {
   ExceptionRelay relay;
   Win32Drawing drawing;
-  Win32Clock clock{relay};
+  Win32Clock system_clock{relay};
+  std::unique_ptr<ClockApi> other_clock;  // may be null
   Win32Screen screen;
   Win32Conversions conversions;
   Win32Windows windows{relay};
@@ -22,7 +23,9 @@ struct Win32Platform::Parts {
   Win32MessageBoxes message_boxes{relay};
 };
 
-Win32Platform::Win32Platform() : parts_(std::make_unique<Parts>()) {}
+Win32Platform::Win32Platform(const MakeClock& make_clock) : parts_(std::make_unique<Parts>()) {
+  if (make_clock) parts_->other_clock = make_clock(parts_->system_clock);
+}
 
 Win32Platform::~Win32Platform() = default;
 
@@ -30,7 +33,7 @@ DrawingApi& Win32Platform::Drawing() { return parts_->drawing; }
 
 WindowApi& Win32Platform::Windows() { return parts_->windows; }
 
-ClockApi& Win32Platform::Clock() { return parts_->clock; }
+ClockApi& Win32Platform::Clock() { return parts_->other_clock ? *parts_->other_clock : parts_->system_clock; }
 
 ScreenApi& Win32Platform::Screen() { return parts_->screen; }
 
@@ -44,6 +47,6 @@ std::size_t Win32Platform::LiveWindows() const { return parts_->windows.LiveWind
 
 void Win32Platform::PointerWillMove() { parts_->windows.ForgetPointer(); }
 
-bool Win32Platform::HasOverdueTimer() { return parts_->clock.HasOverdueTimer(); }
+bool Win32Platform::HasOverdueTimer() { return parts_->system_clock.HasOverdueTimer(); }
 
 }  // namespace levelwidgets::win32

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 
 #include <levelwidgets/platform/file_dialogs.h>
@@ -14,7 +15,10 @@ namespace levelwidgets::win32 {
 // their clients. No header of this folder includes one of the system's.
 class Win32Platform final : public Platform, public FileDialogSource, public MessageBoxSource {
  public:
-  Win32Platform();
+  // What stands for the system's clock, and may use it.
+  using MakeClock = std::function<std::unique_ptr<ClockApi>(ClockApi& system)>;
+
+  explicit Win32Platform(const MakeClock& make_clock = {});
   ~Win32Platform() override;
 
   DrawingApi& Drawing() override;
@@ -29,7 +33,7 @@ class Win32Platform final : public Platform, public FileDialogSource, public Mes
   std::size_t LiveWindows() const;
   // The pointer is going to be moved, perhaps back to where its last move was delivered.
   void PointerWillMove();
-  // Whether a timer's time has come and its tick not yet.
+  // Whether the time of a timer of the system's clock has come and its tick not yet.
   bool HasOverdueTimer();
 
  private:

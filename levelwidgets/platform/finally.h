@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace levelwidgets::memory {
+namespace levelwidgets {
 
 template <typename Action>
 class Finally {
@@ -17,4 +17,4 @@ class Finally {
   Action action_;
 };
 
-}  // namespace levelwidgets::memory
+}  // namespace levelwidgets
