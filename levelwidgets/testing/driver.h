@@ -11,7 +11,8 @@ namespace levelwidgets::testing {
 
 // A fresh desktop in memory for each test; on Windows the one there is. Time passes in Advance only.
 std::shared_ptr<DesktopDriver> TestDriver();
-// Windows, on the system's clock: for what the system itself does meanwhile. There is none in memory.
+// Windows on the system's clock. Tests call it that need the system's own timers and loops. The desktop in
+// memory does not define it.
 std::shared_ptr<DesktopDriver> RealTimeDriver();
 
 // "memory" or "system".

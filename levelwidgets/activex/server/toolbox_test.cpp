@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <array>
-#include <memory>
 #include <set>
 
 #include <levelwidgets/activex/identity/component_classes.h>

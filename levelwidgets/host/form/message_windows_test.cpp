@@ -27,7 +27,7 @@ class WindowsMessageTest : public testing::MessageTest {
     MessageBoxesOf(system)->MessageBoxA({.text = "Store it?", .title = kTitle, .style = 32 + 4});
     system.Clock().KillTimer(timer);
   }
-  // A message runs the system's own loop, where timers made by hand do not tick.
+  // A message runs the system's own loop, where a timer ticks in real time only.
   std::shared_ptr<DesktopDriver> MakeDriver() override { return testing::RealTimeDriver(); }
   void SetUp() override {
     MessageTest::SetUp();
