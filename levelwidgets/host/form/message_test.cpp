@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include <levelwidgets/controls/textbox/flat_text_box.h>
 #include <levelwidgets/host/form/message_fixture.h>
 
 namespace levelwidgets {
@@ -112,6 +113,51 @@ TEST_F(MessageTest, TheOthersAreEnabledBeforeTheMessageGoesSoThatOneOfThemBecome
   names([&] { Driver().Key(kEnter); });
   EXPECT_THAT(calls, ElementsAre("EnableWindow form", "EnableWindow other", "ShowWindow message",
                                  "DestroyWindow message"));
+}
+
+// A button keeps the pointer when it has been clicked.
+TEST_F(MessageTest, AClickOnTheButtonThatHasShownItIsNoClickThere) {
+  auto& button = AddNew<FlatButton>("cmd");
+  int clicks = 0;
+  const Subscription clicked = button.Click.Add([&] {
+    if (++clicks == 1) Ask(MessageButtons::kOk);
+  });
+  const PixelPoint middle = ScreenPoint(button, PixelPoint{40, 12});
+  Driver().Click(middle);
+  ASSERT_TRUE(message_);
+  Driver().Advance(1000);  // the next one is not the second of a double click
+  Driver().Click(middle);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(MessageTest, AControlUnderThePointerShowsThatItHasLeft) {
+  auto& button = AddNew<FlatButton>("cmd");
+  const Color normal = button.BackColor();
+  button.SetBackColorMouseOver(Color(0x000000FFu));
+  Driver().MovePointer(ScreenPoint(button, PixelPoint{40, 12}));
+  ASSERT_EQ(button.BackColor(), Color(0x000000FFu));
+  Ask(MessageButtons::kOk);
+  EXPECT_EQ(button.BackColor(), normal);
+  EXPECT_FALSE(Windows().GetCapture());
+}
+
+TEST_F(MessageTest, ADragEnds) {
+  auto& box = AddNew<FlatTextBox>("txt");
+  Driver().MovePointer(ScreenPoint(box, PixelPoint{20, 12}));
+  Driver().Press(kLeftButton);
+  ASSERT_TRUE(Windows().GetCapture());
+  Ask(MessageButtons::kOk);
+  EXPECT_FALSE(Windows().GetCapture());
+  Driver().Release(kLeftButton);
+}
+
+TEST_F(MessageTest, AFormThatGoesOnTakingInputKeepsThePointer) {
+  auto& button = AddNew<FlatButton>("cmd");
+  Driver().MovePointer(ScreenPoint(button, PixelPoint{40, 12}));
+  const WindowHandle holder = Windows().GetCapture();
+  ASSERT_EQ(holder, button.GetSurface().hWnd());
+  message_ = ShowMessage(Tracer(), {.text = "Read this"}, {other_}, [](std::int32_t) {});
+  EXPECT_EQ(Windows().GetCapture(), holder);
 }
 
 TEST_F(MessageTest, TheAnswerComesOnALaterTurnOfTheLoop) {

@@ -1,8 +1,36 @@
 #include <levelwidgets/host/form/modal.h>
 
+#include <algorithm>
+
 namespace levelwidgets {
 
+namespace {
+
+using Forms = std::vector<std::shared_ptr<Form>>;
+
+bool AreAround(const Forms& forms, WindowApi& windows, WindowHandle window) {
+  while (window && std::ranges::find(forms, window, &Form::hWnd) == forms.end())
+    window = windows.GetParent(window);
+  return static_cast<bool>(window);
+}
+
+// A control that has captured the pointer would take clicks all the same, as each one does that shows the
+// pointer over itself. It sees the pointer leave, which takes two moves after a click; a drag is cancelled.
+void EndCaptureIn(const Forms& forms) {
+  if (forms.empty()) return;
+  WindowApi& windows = forms.front()->GetPlatform().Windows();
+  const WindowHandle holder = windows.GetCapture();
+  if (!AreAround(forms, windows, holder)) return;
+  for (const PixelPoint outside : {PixelPoint{-1, -1}, PixelPoint{-2, -1}}) {
+    if (windows.GetCapture() == holder) windows.SendMessageA(holder, kWmMouseMove, 0, LParamOfPoint(outside));
+  }
+  if (windows.GetCapture() == holder) windows.SendMessageA(holder, kWmCancelMode, 0, 0);
+}
+
+}  // namespace
+
 FormsAtRest::FormsAtRest(const std::vector<std::shared_ptr<Form>>& forms, const Form* except) {
+  EndCaptureIn(forms);
   for (const auto& form : forms) {
     if (form.get() == except || form->Closed()) continue;
     WindowApi& windows = form->GetPlatform().Windows();
