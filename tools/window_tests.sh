@@ -2,7 +2,7 @@
 # What tests of windows on a private screen share. Sourced with the root of the repository as working directory; `folder` is
 # where pictures and what programs say are kept.
 # shellcheck disable=SC2154
-patience=20 # seconds until what is waited for must have come
+patience=60 # seconds until what is waited for must have come: more than the busiest machine takes
 
 # --- What a test says ------------------------------------------------------------------------------------
 
@@ -25,13 +25,42 @@ becomes() {
 
 # --- Windows ---------------------------------------------------------------------------------------------
 
-window_titled() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1 || true; }
+# visible_windows CRITERION PATTERN: a line for each. A window that vanishes meanwhile ends the search, which begins anew then.
+visible_windows() {
+  local found
+  until found=$(xdotool search --onlyvisible "$1" "$2" 2>&1) || [[ $found != *"X Error"* ]]; do :; done
+  grep -xE '[0-9]+' <<<"$found" || true
+}
+window_titled() { visible_windows --name "^$1\$" | tail -n 1; }
 is_seen() { if [[ -n $(window_titled "$1") ]]; then echo seen; else echo gone; fi; }
+
+# Whether the keyboard is the window's of that title. A click on a form that another one gives it to late may be lost.
+is_active() {
+  local window
+  window=$(window_titled "$1")
+  if [[ -n $window && $(xdotool getwindowfocus 2>/dev/null) == "$window" ]]; then echo active; else echo inactive; fi
+}
+
+# place_of_window TITLE: prints X, Y, WIDTH and HEIGHT as the window is seen, each as a variable's value.
+place_of_window() {
+  local place
+  until place=$(xdotool getwindowgeometry --shell "$(window_titled "$1")" 2>/dev/null | grep -E '^(X|Y|WIDTH|HEIGHT)=[0-9-]+$') &&
+    [[ $(wc -l <<<"$place") -eq 4 ]]; do
+    [[ $(is_seen "$1") == seen ]] || { echo "the window \"$1\" is gone" >&2 && return 1; }
+  done
+  echo "$place"
+}
+
+# close_window TITLE: by the keyboard, as soon as it has that
+close_window() {
+  becomes active "the window \"$1\"" is_active "$1" || return
+  xdotool key alt+F4
+}
 
 # --- Hand and eye ----------------------------------------------------------------------------------------
 
 point_away() { xdotool mousemove 2 2 sleep 0.1 mousemove 1 1; }
-picture() { import -silent -window root "$folder/$1.png"; }
+picture() { import -silent -window root "$folder/$1.png" || true; }
 
 # ends_with STATUS: the program that was shown
 ends_with() {

@@ -14,8 +14,11 @@
 
 namespace levelwidgets {
 
+// Milliseconds; more than the busiest machine takes, since nobody waits for what has come.
+inline constexpr int kPatience = 60000;
+
 // Asks `holds` again and again; false when it does not come true in time.
-bool WaitUntil(const std::function<bool()>& holds, int milliseconds = 30000);
+bool WaitUntil(const std::function<bool()>& holds, int milliseconds = kPatience);
 
 // Ends with the test program at the latest, whatever happens to that.
 class ChildProcess {
@@ -33,7 +36,7 @@ class ChildProcess {
 
   bool Runs() { return !Ended(0); }
   // Its exit status once it has ended, -1 when a signal has ended it; nothing when it runs on all that time.
-  std::optional<int> Ended(int milliseconds = 30000);
+  std::optional<int> Ended(int milliseconds = kPatience);
   void Signal(int number) const;
 
  private:

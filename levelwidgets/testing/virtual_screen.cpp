@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
@@ -42,7 +43,7 @@ std::string LineFrom(int pipe) {
   std::string line;
   for (char c = 0;;) {
     pollfd ready{pipe, POLLIN, 0};
-    if (poll(&ready, 1, 10000) != 1 || read(pipe, &c, 1) != 1)
+    if (poll(&ready, 1, 60000) != 1 || read(pipe, &c, 1) != 1)
       throw std::runtime_error("Xvfb does not start");
     if (c == '\n') return line;
     line += c;
@@ -108,18 +109,41 @@ void VirtualScreen::DoAtLast(const std::string& words) const {
   if (!WaitUntil([&] { return Try(words); })) throw std::runtime_error("xdotool cannot " + words);
 }
 
-// As the window manager shows it.
-std::string VirtualScreen::TitleOf(const std::string& beginning) const {
-  const std::string line =
-      "window=$(xdotool search --onlyvisible --name '^" + beginning +
-      "' | tail -n 1) && LC_ALL=C.UTF-8 xprop -notype -id \"$window\" _NET_WM_VISIBLE_NAME";
-  const std::string command = "DISPLAY=" + name_ + "; export DISPLAY; " + line;
+// Asked for again and again: a window manager does not hear of a window that it does not know yet.
+void VirtualScreen::Activate(const std::string& beginning) const {
+  const auto is_active = [&] { return ActiveTitle().starts_with(beginning); };
+  std::string pattern = "^" + beginning;
+  std::ranges::replace(pattern, ' ', '.');  // one word
+  const auto try_once = [&] {
+    if (is_active()) return true;
+    Try("search --onlyvisible --name " + pattern + " windowactivate");
+    return WaitUntil(is_active, 1000);
+  };
+  if (!WaitUntil(try_once)) throw std::runtime_error("no window becomes active: " + beginning);
+}
+
+std::string VirtualScreen::PrintedBy(const std::string& shell_command) const {
+  const std::string command = "export DISPLAY=" + name_ + "; " + shell_command;
   const std::unique_ptr<FILE, int (*)(FILE*)> output(popen(command.c_str(), "r"), pclose);
   std::string printed;
   for (int c = 0; output && (c = std::fgetc(output.get())) != EOF;) printed += static_cast<char>(c);
+  return printed;
+}
+
+// As the window manager shows it.
+std::string VirtualScreen::TitleOf(const std::string& beginning) const {
+  const std::string printed =
+      PrintedBy("window=$(xdotool search --onlyvisible --name '^" + beginning +
+                "' 2>/dev/null | tail -n 1) && LC_ALL=C.UTF-8 xprop -notype -id \"$window\" "
+                "_NET_WM_VISIBLE_NAME 2>/dev/null");
   const std::size_t first = printed.find('"');
   const std::size_t last = printed.rfind('"');
-  return first < last && last != std::string::npos ? printed.substr(first + 1, last - first - 1) : printed;
+  return first < last && last != std::string::npos ? printed.substr(first + 1, last - first - 1) : "";
+}
+
+std::string VirtualScreen::ActiveTitle() const {
+  const std::string printed = PrintedBy("xdotool getactivewindow getwindowname 2>/dev/null");
+  return printed.substr(0, printed.find('\n'));
 }
 
 ColorRef VirtualScreen::At(int x, int y) const {
@@ -153,6 +177,19 @@ PixelRect VirtualScreen::FindDrawn(const PixelRect& area) const {
 PixelRect VirtualScreen::WaitFor(ColorRef color) const {
   PixelRect found;
   WaitUntil([&] { return !(found = Find(color)).empty(); });
+  return found;
+}
+
+PixelRect VirtualScreen::WaitForAll(ColorRef color) const {
+  constexpr int kLooks = 6;
+  PixelRect found;
+  int same = 0;
+  WaitUntil([&] {
+    const PixelRect now = Find(color);
+    same = !now.empty() && now == found ? same + 1 : 0;
+    found = now;
+    return same == kLooks;
+  });
   return found;
 }
 

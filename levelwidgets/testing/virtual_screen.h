@@ -29,18 +29,26 @@ class VirtualScreen {
   void Do(const std::string& words) const;
   // The same again and again until it can be done: what looks for windows fails when one vanishes meanwhile.
   void DoAtLast(const std::string& words) const;
-  // What is in the title bar of the window whose title begins so, UTF-8.
+  // The window whose title begins so comes to the front and has the keyboard, as soon as it is there.
+  void Activate(const std::string& beginning) const;
+  // What is in the title bar of the window whose title begins so, UTF-8; "" while there is none.
   std::string TitleOf(const std::string& beginning) const;
+  // The same of the window that has the keyboard.
+  std::string ActiveTitle() const;
   // What surrounds all pixels of that colour now; empty without one.
   PixelRect Find(ColorRef color) const;
-  // The same as soon as there are any; empty when none come in time.
+  // The same as soon as there are any; empty when none come in time. While a program draws, that may be a
+  // part of what it is going to be.
   PixelRect WaitFor(ColorRef color) const;
+  // The same as soon as it has been so for a moment.
+  PixelRect WaitForAll(ColorRef color) const;
   // What surrounds the pixels in `area` that are not of the colour of its first one; empty when all are.
   PixelRect FindDrawn(const PixelRect& area) const;
   bool WaitWithout(ColorRef color) const;
 
  private:
   bool Try(const std::string& words) const;
+  std::string PrintedBy(const std::string& shell_command) const;
   template <typename Wanted>
   PixelRect FindIn(const PixelRect& area, const Wanted& is_wanted) const;
   ColorRef At(int x, int y) const;

@@ -51,8 +51,9 @@ scene_in_lua() {
 
 # Prints where the controls are in the window of the library's own form, as clients do.
 places_in_form() {
-  local X Y WIDTH HEIGHT border
-  eval "$(xdotool getwindowgeometry --shell "$(window_titled "Own form")" | grep -E '^(X|Y|WIDTH|HEIGHT)=[0-9-]+$')"
+  local place X Y WIDTH HEIGHT border
+  place=$(place_of_window "Own form") || return
+  eval "$place"
   border=$(((WIDTH - 640) / 2))
   awk -v left=$((X + border)) -v top=$((Y + HEIGHT - border - 440)) \
     '$1 == "control" { print "at", $2, left + $3, top + $4, $5, $6 }' "$scene"

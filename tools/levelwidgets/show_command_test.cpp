@@ -15,9 +15,8 @@ using ::testing::HasSubstr;
 
 TEST_F(ShowCommand, ShowsTheClientAreaInTheNativeFrame) {
   Show("");
+  EXPECT_TRUE(Becomes(FormSize, PixelSize{300, 200}));
   const PixelRect form = Screen().Find(kForm);
-  EXPECT_EQ(form.width(), 300);
-  EXPECT_EQ(form.height(), 200);
   EXPECT_EQ(button_.left - form.left, 21);  // inside the button's border
   EXPECT_EQ(button_.top - form.top, 21);
 }
@@ -57,7 +56,7 @@ TEST_F(ShowCommand, ADragGoesOnOutsideTheWindow) {
       "function scrCount_Change() state(scrCount.Value == 1 and kLast or kAfter) end\n"
       "scrCount:on('MouseUp', function() state(0x00FFFF00) end)");
   // The thumb is below the upper arrow button.
-  const PixelRect bar = Screen().WaitFor(kOther);
+  const PixelRect bar = Screen().WaitForAll(kOther);
   const std::string x = std::to_string((bar.left + bar.right) / 2) + " ";
   Screen().Do("mousemove " + x + std::to_string(bar.top + 16) + " mousedown 1 mousemove_relative 0 20");
   EXPECT_TRUE(Shows(kAfter));
@@ -91,7 +90,7 @@ TEST_F(ShowCommand, EveryClickArrivesHoweverSlowTheHandlerIs) {
       "cmdOther:ZOrder(0)\n"
       "local clicks, former = 0, nil\n"
       "local function click(button)\n"
-      "  local due = os.clock() + 0.15\n"
+      "  local due = os.clock() + 0.1\n"
       "  while os.clock() < due do end\n"
       "  if former ~= button then clicks, former = clicks + 1, button end\n"
       "  if clicks == 20 then state(kAfter) end\n"
@@ -124,8 +123,7 @@ TEST_F(ShowCommand, ResizingTheWindowRaisesTheFormsResize) {
   Show("function form_Resize() if form.Width > 5900 and form.Height == 3750 then state(kAfter) end end");
   Screen().DoAtLast("search --name Order windowsize 400 250");
   EXPECT_TRUE(Shows(kAfter));
-  EXPECT_TRUE(WaitUntil([] { return Screen().Find(kForm).width() == 400; }));
-  EXPECT_EQ(Screen().Find(kForm).height(), 250);
+  EXPECT_TRUE(Becomes(FormSize, PixelSize{400, 250}));
 }
 
 TEST_F(ShowCommand, AMinimisedWindowComesBackAsItWas) {
@@ -133,8 +131,8 @@ TEST_F(ShowCommand, AMinimisedWindowComesBackAsItWas) {
   const PixelRect before = Screen().Find(kForm);
   Screen().DoAtLast("search --name Order windowminimize");
   EXPECT_TRUE(Screen().WaitWithout(kForm));
-  Screen().DoAtLast("search --name Order windowactivate --sync");
-  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm) == before; }));
+  Screen().DoAtLast("search --name Order windowactivate");
+  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, before));
   Click(button_);
   EXPECT_EQ(Errors(), "");
 }
@@ -142,30 +140,32 @@ TEST_F(ShowCommand, AMinimisedWindowComesBackAsItWas) {
 TEST_F(ShowCommand, AWindowThatIsMaximisedByItsTitleRaisesTheFormsResize) {
   Show("function form_Resize() if form.Width > 9000 then state(kAfter) else state(kLast) end end");
   const PixelRect before = Screen().Find(kForm);
-  const std::string title = "mousemove " + std::to_string(before.left + 100) + " " +
-                            std::to_string(before.top - 8) + " click --repeat 2 1";
-  Screen().Do(title);
-  EXPECT_TRUE(Shows(kAfter));
-  EXPECT_GT(Screen().Find(kForm).width(), 700);
-  const PixelRect large = Screen().Find(kForm);
-  Screen().Do("mousemove " + std::to_string(large.left + 100) + " " + std::to_string(large.top - 8) +
-              " sleep 1 click --repeat 2 1");
-  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm) == before; }));
-  EXPECT_TRUE(Shows(kLast));
+  // Again when a busy machine takes the two for two clicks.
+  const auto double_click_title = [](ColorRef shown) {
+    return WaitUntil([&] {
+      const PixelRect form = Screen().WaitForAll(kForm);
+      Screen().Do("mousemove " + std::to_string(form.left + 100) + " " + std::to_string(form.top - 8) +
+                  " sleep 1 click --repeat 2 1");
+      return WaitUntil([&] { return !Screen().Find(shown).empty(); }, 5000);
+    });
+  };
+  EXPECT_TRUE(double_click_title(kAfter));
+  EXPECT_TRUE(WaitUntil([] { return FormSize().width > 700 && FormSize().height > 500; }));
+  EXPECT_TRUE(double_click_title(kLast));
+  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, before));
 }
 
 TEST_F(ShowCommand, TheProgramMovesResizesAndRetitlesItsWindow) {
   Show("function cmdSave_Click() form.Width, form.Height, form.Caption = 6000, 4200, 'Longer' end");
   Click(button_);
-  EXPECT_TRUE(WaitUntil([] { return Screen().Find(kForm).width() == 400; }));
-  EXPECT_EQ(Screen().Find(kForm).height(), 280);
+  EXPECT_TRUE(Becomes(FormSize, PixelSize{400, 280}));
   Screen().DoAtLast("search --sync --name Longer");
 }
 
 // In the C locale, in which the program runs here.
 TEST_F(ShowCommand, TitlesAreInAnyLanguage) {
   Show("form.Caption = 'Order – Größe Ж 日本'");
-  EXPECT_EQ(Screen().TitleOf("Order"), "Order – Größe Ж 日本");
+  EXPECT_TRUE(Becomes([] { return Screen().TitleOf("Order"); }, std::string("Order – Größe Ж 日本")));
 }
 
 TEST_F(ShowCommand, AFormStandsWhereItsScriptPlacesIt) {
@@ -173,10 +173,9 @@ TEST_F(ShowCommand, AFormStandsWhereItsScriptPlacesIt) {
   const PixelRect before = Screen().Find(kForm);
   Click(button_);
   EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left != before.left; }));
-  const PixelRect first = Screen().Find(kForm);
+  const PixelRect first = Screen().WaitForAll(kForm);
   Show("form.Left, form.Top = 4500 + 300, 3000 + 450");
-  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left == first.left + 20; }));
-  EXPECT_EQ(Screen().Find(kForm).top, first.top + 30);
+  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, first.Offset(20, 30)));
 }
 
 TEST_F(ShowCommand, AToolTipComesOverTheControlAndGoesWithAPress) {
@@ -186,7 +185,7 @@ TEST_F(ShowCommand, AToolTipComesOverTheControlAndGoesWithAPress) {
       "function cmdSave_Click() state(kAfter) end");
   EXPECT_TRUE(Screen().Find(kTip).empty());
   Screen().Do("mousemove " + Middle(button_));
-  const PixelRect tip = Screen().WaitFor(kTip);
+  const PixelRect tip = Screen().WaitForAll(kTip);
   ASSERT_FALSE(tip.empty()) << Errors();
   const int pointer = (button_.top + button_.bottom) / 2;
   EXPECT_GT(tip.top, pointer);
@@ -223,19 +222,20 @@ TEST_F(ShowCommand, TheProgramEndsWithItsLastForm) {
       "end");
   Click(button_);
   EXPECT_TRUE(Shows(kLast));
-  Screen().Do("key alt+F4");  // the second form is the active one
+  ASSERT_TRUE(Becomes([] { return Screen().ActiveTitle(); }, std::string("Second")));
+  Screen().Do("key alt+F4");
   EXPECT_TRUE(Shows(kAfter));
   EXPECT_TRUE(Screen().WaitWithout(kLast));
   EXPECT_TRUE(program_->Runs());
-  Screen().Do("key alt+F4");  // the keyboard is back with the first
+  ASSERT_TRUE(Becomes([] { return Screen().ActiveTitle(); }, std::string("Order")));
+  Screen().Do("key alt+F4");
   EXPECT_EQ(program_->Ended(), 0) << Errors();
 }
 
 TEST_F(ShowCommand, AtTwiceTheScaleAFormIsTwiceAsLargeAndDrawnInAllItsPixels) {
   Show("function cmdSave_Click() state(kAfter) end", {"--scale", "2"});
+  EXPECT_TRUE(Becomes(FormSize, PixelSize{600, 400}));
   const PixelRect form = Screen().Find(kForm);
-  EXPECT_EQ(form.width(), 600);
-  EXPECT_EQ(form.height(), 400);
   // A button of 160 by 60 pixels at 40, 40, inside a border of one pixel.
   EXPECT_EQ(button_.left - form.left, 41);
   EXPECT_EQ(button_.width(), 158);
@@ -251,9 +251,8 @@ TEST_F(ShowCommand, AtTwiceTheScaleAFormIsTwiceAsLargeAndDrawnInAllItsPixels) {
 
 TEST_F(ShowCommand, AScaleMayHaveAFraction) {
   Show("", {"--scale", "1.75"});
+  EXPECT_TRUE(Becomes(FormSize, PixelSize{525, 350}));
   const PixelRect form = Screen().Find(kForm);
-  EXPECT_EQ(form.width(), 525);
-  EXPECT_EQ(form.height(), 350);
   EXPECT_EQ(button_.left - form.left, 36);
   EXPECT_EQ(button_.width(), 138);
 }
@@ -299,7 +298,7 @@ TEST_F(ShowCommand, AnErrorOfAControlItselfIsReportedAndTheFormStays) {
   Show(
       "scrCount.SmallChange = -40000\n"
       "function scrCount_MouseUp() state(kAfter) end");
-  const PixelRect bar = Screen().WaitFor(kOther);
+  const PixelRect bar = Screen().WaitForAll(kOther);
   Screen().Do("mousemove " + std::to_string((bar.left + bar.right) / 2) + " " + std::to_string(bar.top + 5) +
               " click 1");
   EXPECT_TRUE(WaitForError("frmOrder.scrCount MouseDown: Invalid Value")) << Errors();
@@ -315,9 +314,9 @@ TEST_F(ShowCommand, WatchingShowsWhatHasChangedWhereItWas) {
   EXPECT_EQ(Errors(), "");
   Script("state(kAfter)");
   EXPECT_TRUE(Shows(kAfter));
-  EXPECT_EQ(Errors(), "reloaded\n");
+  EXPECT_TRUE(Becomes([this] { return Errors(); }, std::string("reloaded\n")));
+  EXPECT_TRUE(Becomes(FormSize, PixelSize{300, 200}));
   const PixelRect moved = Screen().Find(kForm);
-  EXPECT_EQ(moved.width(), 300);
   EXPECT_NEAR(moved.left, 50, 10);
   EXPECT_NEAR(moved.top, 60, 40);
 }

@@ -6,12 +6,16 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <algorithm>
+#include <cmath>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <levelwidgets/testing/becomes.h>
 #include <levelwidgets/testing/virtual_screen.h>
 
 namespace levelwidgets {
@@ -112,15 +116,32 @@ class ShowCommand : public ::testing::Test {
                                        .folder = folder_,
                                        .errors = folder_ / errors});
   }
-  // Starts with a script and waits until the form is there.
+  // Starts with a script and waits until the form is there as a whole, in its frame and with the keyboard.
   void Show(const std::string& script, std::vector<std::string> options = {}) {
+    const auto scale = std::ranges::find(options, "--scale");
+    const double factor = scale == options.end() ? 1 : std::stod(*std::next(scale));
     File("order.form.toml", kFormFile);
     Script(script);
     Start(std::move(options));
-    button_ = Screen().WaitFor(kButton);
-    ASSERT_FALSE(button_.empty()) << Errors();
-    ASSERT_TRUE(WaitUntil([] { return Screen().Find(kForm).width() >= 300; }));
-    Screen().DoAtLast("search --name Order windowactivate --sync");  // has the keyboard
+    ASSERT_FALSE(Screen().WaitFor(kButton).empty()) << Errors();
+    Screen().Activate("Order");
+    ASSERT_TRUE(WaitUntil([&] { return IsWhole(factor); })) << Errors();
+    button_ = Screen().Find(kButton);
+  }
+
+  // Whether the form and its button are as large as the form file has them, give or take a pixel, and the
+  // button where it belongs.
+  static bool IsWhole(double scale) {
+    const auto is_about = [scale](int pixels, int in_file) { return std::abs(pixels - in_file * scale) < 3; };
+    const PixelRect form = Screen().Find(kForm);
+    const PixelRect button = Screen().Find(kButton);
+    return is_about(form.width(), 300) && is_about(form.height(), 200) && is_about(button.width(), 80) &&
+           is_about(button.height(), 30) && is_about(button.left - form.left, 20) &&
+           is_about(button.top - form.top, 20);
+  }
+  static PixelSize FormSize() {
+    const PixelRect form = Screen().Find(kForm);
+    return {form.width(), form.height()};
   }
 
   std::string Errors() {

@@ -42,7 +42,7 @@ grd:on('AfterCellEdit', function(e) state(grd.RowData[1][1] == '1/1/2030' and kA
   // Opens the month view of the editor in the first cell, and clicks a day in its middle.
   void PickADay() {
     ClickAt(row_.left + kFirstColumn - 8, row_.top + 7);
-    const PixelRect lines = Screen().WaitFor(kMonthLines);
+    const PixelRect lines = Screen().WaitForAll(kMonthLines);
     ASSERT_FALSE(lines.empty()) << Errors();
     ClickAt((lines.left + lines.right) / 2, (lines.top + lines.bottom) / 2);
     EXPECT_TRUE(Screen().WaitWithout(kMonthLines));
@@ -53,7 +53,7 @@ grd:on('AfterCellEdit', function(e) state(grd.RowData[1][1] == '1/1/2030' and kA
 
 TEST_F(ShowGrid, ADateOfTheCalendarIsRefusedThenChangedByTheFormAndStored) {
   Show(kApproval);
-  row_ = Screen().WaitFor(kSelected);
+  row_ = Screen().WaitForAll(kSelected);
   ASSERT_FALSE(row_.empty()) << Errors();
   ClickAt(row_.left + 60, row_.top + 7);
   PickADay();

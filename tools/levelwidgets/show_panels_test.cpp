@@ -50,8 +50,8 @@ cbo:on('Change', function() state(cbo.Text == 'Item 4' and kAfter or kLast) end)
   // `script` makes the control whose panel opens.
   void ShowWith(const std::string& script) {
     Show(kPanels + script);
-    form_ = Screen().Find(kForm);
-    strip_ = Screen().WaitFor(kStrip);
+    form_ = Screen().WaitForAll(kForm);
+    strip_ = Screen().WaitForAll(kStrip);
     ASSERT_FALSE(strip_.empty()) << Errors();
     ASSERT_FALSE(Screen().WaitFor(kAnother).empty()) << Errors();
   }
@@ -98,7 +98,7 @@ TEST_F(ShowPanels, AListReachesBelowTheFormAndARowThatIsClickedGivesTheText) {
   ShowWith(kList);
   Click(strip_);
   Screen().Do("mousemove " + Row(4));
-  const PixelRect row = Screen().WaitFor(kHighlighted);
+  const PixelRect row = Screen().WaitForAll(kHighlighted);
   EXPECT_GT(row.top, form_.bottom + kBelowTheFrame);
   Screen().Do("click 1");
   EXPECT_TRUE(Shows(kAfter)) << Errors();
@@ -149,6 +149,7 @@ TEST_F(ShowPanels, AnotherProgramStaysInFrontOfTheFormWhoseListWasOpen) {
   Screen().Do("mousemove " + std::to_string(seen.right - 10) + " " + std::to_string(seen.bottom - 10) +
               " click 1");
   EXPECT_TRUE(Screen().WaitWithout(kHighlighted));
+  EXPECT_TRUE(Becomes([&] { return Screen().Find(kForeign).width(); }, kWidth));
   for (int look = 0; look < 100; ++look) ASSERT_EQ(Screen().Find(kForeign).width(), kWidth) << look;
   EXPECT_EQ(Errors(), "");
 }

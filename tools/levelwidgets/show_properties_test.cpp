@@ -24,7 +24,7 @@ class ShowProperties : public ShowCommand {
         "kLast) end\n"
         "end\n");
     Click(button_);
-    Screen().DoAtLast("search --name Properties windowactivate --sync");
+    Screen().Activate("Properties");
   }
 };
 
@@ -33,7 +33,7 @@ TEST_F(ShowProperties, APersonEditsAndAppliesThemByTheKeys) {
   Screen().Do("key Tab key Tab key Tab key shift+End type 600");
   Screen().Do("key alt+p");
   EXPECT_TRUE(Shows(kAfter)) << Errors();
-  EXPECT_EQ(Screen().TitleOf("Properties"), "Properties of scrCount");
+  EXPECT_TRUE(Becomes([] { return Screen().TitleOf("Properties"); }, std::string("Properties of scrCount")));
   EXPECT_EQ(Errors(), "");
 }
 
@@ -42,9 +42,9 @@ TEST_F(ShowProperties, WhatTheControlRefusesIsAMessageAndThePersonCorrectsIt) {
   Screen().Do("key shift+End type 500");
   Screen().Do("key Tab key Tab key Tab key shift+End type 600");
   Screen().Do("key Return");
-  Screen().DoAtLast("search --name LevelWidgets windowactivate --sync");
+  Screen().Activate("LevelWidgets");
   Screen().Do("key Return");
-  Screen().DoAtLast("search --name Properties windowactivate --sync");
+  Screen().Activate("Properties");
   Screen().Do("key shift+Tab key shift+Tab key shift+Tab key Home key shift+End type 50");
   Screen().Do("key Return");
   EXPECT_TRUE(Shows(kAfter)) << Errors();

@@ -1,0 +1,30 @@
+// Asserts of what other programs do, which they get to in their own time.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <utility>
+
+#include <levelwidgets/platform/types.h>
+#include <levelwidgets/testing/child_process.h>
+
+namespace levelwidgets {
+
+inline void PrintTo(const PixelSize& size, std::ostream* out) {
+  *out << size.width << " by " << size.height << " pixels";
+}
+inline void PrintTo(const PixelPoint& point, std::ostream* out) {
+  *out << "(" << point.x << ", " << point.y << ")";
+}
+
+// Whether `read()` gives `expected` in time. What is read while a program draws may be half of it.
+template <typename Read, typename Value>
+::testing::AssertionResult Becomes(const Read& read, const Value& expected) {
+  Value last = read();
+  if (WaitUntil([&] { return (last = read()) == expected; })) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << "is " << ::testing::PrintToString(last) << ", not " << ::testing::PrintToString(expected);
+}
+
+}  // namespace levelwidgets
