@@ -31,6 +31,7 @@ test_packages=$testing_packages'
 xvfb                 | Xvfb                                | the screen that native windows are tested on
 openbox              | openbox                             | the window manager there
 xdotool              | xdotool                             | the mouse and the keyboard there
+libxcb1-dev          | /usr/include/xcb/xcb.h              | reads the pixels there
 x11-utils            | xprop                               | reads the titles of the windows there
 python3-jsonschema   | /usr/lib/python3/dist-packages/jsonschema | checks forms by their schema
 clang-format         | clang-format                        | checks the layout of the sources

@@ -2,12 +2,12 @@
 
 #ifndef _WIN32
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <stdlib.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <iterator>
@@ -17,20 +17,6 @@
 namespace levelwidgets {
 
 namespace {
-
-// Fields of the picture file that the server keeps its pixels in, each of 32 bits, the highest byte first.
-constexpr std::size_t kHeaderSize = 0;
-constexpr std::size_t kWidth = 4;
-constexpr std::size_t kHeight = 5;
-constexpr std::size_t kBytesPerRow = 12;
-constexpr std::size_t kColorCount = 19;
-constexpr std::size_t kColorBytes = 12;
-
-std::uint32_t Field(const std::uint8_t* file, std::size_t index) {
-  const std::uint8_t* at = file + index * 4;
-  return static_cast<std::uint32_t>(at[0]) << 24 | static_cast<std::uint32_t>(at[1]) << 16 |
-         static_cast<std::uint32_t>(at[2]) << 8 | at[3];
-}
 
 std::filesystem::path NewFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "levelwidgets_screen_XXXXXX").string();
@@ -57,26 +43,78 @@ std::vector<std::string> Words(const std::string& text) {
 
 }  // namespace
 
+// The screen's pixels, read through the X server, which gives them between two drawings.
+class VirtualScreen::Pixels {
+ public:
+  explicit Pixels(const std::string& display) : connection_(connect_(display.c_str(), nullptr)) {
+    if (connection_failed_(connection_)) throw std::runtime_error("no connection to the screen " + display);
+    const xcb_screen_t& screen = *screens_(setup_(connection_)).data;
+    root_ = screen.root;
+    size_ = {screen.width_in_pixels, screen.height_in_pixels};
+  }
+  Pixels(const Pixels&) = delete;
+  Pixels& operator=(const Pixels&) = delete;
+  ~Pixels() {
+    disconnect_(connection_);
+    dlclose(library_);
+  }
+
+  const PixelSize& Size() const { return size_; }
+  void Read() {
+    const auto cookie =
+        get_image_(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_, 0, 0,
+                   static_cast<std::uint16_t>(size_.width), static_cast<std::uint16_t>(size_.height), ~0u);
+    image_.reset(get_image_reply_(connection_, cookie, nullptr));
+    if (!image_) throw std::runtime_error("the screen cannot be read");
+    first_ = reinterpret_cast<const std::uint32_t*>(image_data_(image_.get()));
+  }
+  // As it was read last: 0xXXRRGGBB each.
+  const std::uint32_t* Row(int y) const { return first_ + static_cast<std::ptrdiff_t>(y) * size_.width; }
+
+ private:
+  struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+  };
+
+  template <typename Function>
+  Function* Load(const char* name) const {
+    void* const found = library_ ? dlsym(library_, name) : nullptr;
+    if (!found) throw std::runtime_error(std::string("libxcb.so.1 has no ") + name);
+    return reinterpret_cast<Function*>(found);
+  }
+
+  // From where SDL has it: what is linked with this needs no library of X.
+  void* library_ = dlopen("libxcb.so.1", RTLD_NOW);
+  decltype(&xcb_connect) connect_ = Load<decltype(xcb_connect)>("xcb_connect");
+  decltype(&xcb_disconnect) disconnect_ = Load<decltype(xcb_disconnect)>("xcb_disconnect");
+  decltype(&xcb_connection_has_error) connection_failed_ =
+      Load<decltype(xcb_connection_has_error)>("xcb_connection_has_error");
+  decltype(&xcb_get_setup) setup_ = Load<decltype(xcb_get_setup)>("xcb_get_setup");
+  decltype(&xcb_setup_roots_iterator) screens_ =
+      Load<decltype(xcb_setup_roots_iterator)>("xcb_setup_roots_iterator");
+  decltype(&xcb_get_image) get_image_ = Load<decltype(xcb_get_image)>("xcb_get_image");
+  decltype(&xcb_get_image_reply) get_image_reply_ =
+      Load<decltype(xcb_get_image_reply)>("xcb_get_image_reply");
+  decltype(&xcb_get_image_data) image_data_ = Load<decltype(xcb_get_image_data)>("xcb_get_image_data");
+  xcb_connection_t* connection_;
+  xcb_window_t root_ = 0;
+  PixelSize size_;
+  std::unique_ptr<xcb_get_image_reply_t, Free> image_;
+  const std::uint32_t* first_ = nullptr;
+};
+
 VirtualScreen::VirtualScreen() : folder_(NewFolder()) {
   int number[2];
   if (pipe2(number, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-  server_ = std::make_unique<ChildProcess>(
-      std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0", "800x600x24", "-fbdir",
-                               folder_.string(), "-nolisten", "tcp", "-noreset"},
-      ChildProcess::Options{.inherited = number[1]});
+  server_ =
+      std::make_unique<ChildProcess>(std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0",
+                                                              "800x600x24", "-nolisten", "tcp", "-noreset"},
+                                     ChildProcess::Options{.inherited = number[1]});
   close(number[1]);
   name_ = ":" + LineFrom(number[0]);
   close(number[0]);
 
-  const std::filesystem::path pixels = folder_ / "Xvfb_screen0";
-  const int file = open(pixels.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) throw std::runtime_error("the screen's pixels are not in " + pixels.string());
-  file_size_ = std::filesystem::file_size(pixels);
-  file_ = static_cast<const std::uint8_t*>(mmap(nullptr, file_size_, PROT_READ, MAP_SHARED, file, 0));
-  close(file);
-  size_ = {static_cast<int>(Field(file_, kWidth)), static_cast<int>(Field(file_, kHeight))};
-  first_pixel_ = Field(file_, kHeaderSize) + Field(file_, kColorCount) * kColorBytes;
-  row_bytes_ = Field(file_, kBytesPerRow);
+  pixels_ = std::make_unique<Pixels>(name_);
 
   // It may never show a window that comes while it starts.
   const std::filesystem::path started = folder_ / "manager_started";
@@ -88,7 +126,7 @@ VirtualScreen::VirtualScreen() : folder_(NewFolder()) {
 }
 
 VirtualScreen::~VirtualScreen() {
-  if (file_) munmap(const_cast<std::uint8_t*>(file_), file_size_);
+  pixels_.reset();
   manager_.reset();
   server_.reset();
   std::error_code failed;
@@ -146,32 +184,31 @@ std::string VirtualScreen::ActiveTitle() const {
   return printed.substr(0, printed.find('\n'));
 }
 
-ColorRef VirtualScreen::At(int x, int y) const {
-  const std::uint8_t* pixel =
-      file_ + first_pixel_ + static_cast<std::size_t>(y) * row_bytes_ + static_cast<std::size_t>(x) * 4;
-  return {static_cast<std::uint32_t>(pixel[0]) << 16 | static_cast<std::uint32_t>(pixel[1]) << 8 | pixel[2]};
-}
-
-template <typename Wanted>
-PixelRect VirtualScreen::FindIn(const PixelRect& area, const Wanted& is_wanted) const {
-  PixelRect found{size_.width, size_.height, 0, 0};
+// Without calls in the inner loop, which programs that are not optimised take a long time for.
+PixelRect VirtualScreen::FindIn(const PixelRect& area, ColorRef color, bool equal) const {
+  const std::uint32_t sought = static_cast<std::uint32_t>(color.red()) << 16 |
+                               static_cast<std::uint32_t>(color.green()) << 8 | color.blue();
+  PixelRect found{area.right, area.bottom, area.left, area.top};
   for (int y = area.top; y < area.bottom; ++y) {
+    const std::uint32_t* const row = pixels_->Row(y);
     for (int x = area.left; x < area.right; ++x) {
-      if (!is_wanted(At(x, y))) continue;
-      found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1),
-               std::max(found.bottom, y + 1)};
+      if (((row[x] & 0xFFFFFF) == sought) != equal) continue;
+      found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1), y + 1};
     }
   }
   return found.empty() ? PixelRect{} : found;
 }
 
 PixelRect VirtualScreen::Find(ColorRef color) const {
-  return FindIn({0, 0, size_.width, size_.height}, [&](ColorRef pixel) { return pixel == color; });
+  pixels_->Read();
+  return FindIn({0, 0, pixels_->Size().width, pixels_->Size().height}, color, true);
 }
 
 PixelRect VirtualScreen::FindDrawn(const PixelRect& area) const {
-  const ColorRef background = At(area.left, area.top);
-  return FindIn(area, [&](ColorRef pixel) { return pixel != background; });
+  pixels_->Read();
+  const std::uint32_t first = pixels_->Row(area.top)[area.left];
+  const ColorRef background{(first & 0xFF) << 16 | (first & 0xFF00) | (first >> 16 & 0xFF)};
+  return FindIn(area, background, false);
 }
 
 PixelRect VirtualScreen::WaitFor(ColorRef color) const {

@@ -47,21 +47,18 @@ class VirtualScreen {
   bool WaitWithout(ColorRef color) const;
 
  private:
+  class Pixels;
+
   bool Try(const std::string& words) const;
   std::string PrintedBy(const std::string& shell_command) const;
-  template <typename Wanted>
-  PixelRect FindIn(const PixelRect& area, const Wanted& is_wanted) const;
-  ColorRef At(int x, int y) const;
+  // What surrounds the pixels in `area` that are of the colour, or that are not. As they were read last.
+  PixelRect FindIn(const PixelRect& area, ColorRef color, bool equal) const;
 
   std::filesystem::path folder_;
   std::string name_;
   std::unique_ptr<ChildProcess> server_;
   std::unique_ptr<ChildProcess> manager_;
-  const std::uint8_t* file_ = nullptr;  // the screen's pixels as the server keeps them
-  std::size_t file_size_ = 0;
-  PixelSize size_;
-  std::size_t first_pixel_ = 0;
-  std::size_t row_bytes_ = 0;
+  std::unique_ptr<Pixels> pixels_;
 };
 
 }  // namespace levelwidgets

@@ -16,9 +16,8 @@ using ::testing::HasSubstr;
 TEST_F(ShowCommand, ShowsTheClientAreaInTheNativeFrame) {
   Show("");
   EXPECT_TRUE(Becomes(FormSize, PixelSize{300, 200}));
-  const PixelRect form = Screen().Find(kForm);
-  EXPECT_EQ(button_.left - form.left, 21);  // inside the button's border
-  EXPECT_EQ(button_.top - form.top, 21);
+  EXPECT_EQ(button_.left - form_.left, 21);  // inside the button's border
+  EXPECT_EQ(button_.top - form_.top, 21);
 }
 
 TEST_F(ShowCommand, AClickRunsTheScript) {
@@ -69,7 +68,7 @@ TEST_F(ShowCommand, ADragGoesOnOutsideTheWindow) {
 TEST_F(ShowCommand, TheWheelScrollsTheTextWithTheFocus) {
   Show("txtNote.ForeColor = kLast txtNote.Text = string.rep('\\r\\n', 40) .. string.rep('M', 20)");
   EXPECT_TRUE(Screen().Find(kLast).empty());
-  Screen().Do("mousemove " + Middle(Screen().Find({0x00C0FFFF})) + " click --repeat 20 --delay 1 5");
+  Screen().Do("mousemove " + Middle(Screen().WaitForAll({0x00C0FFFF})) + " click --repeat 20 --delay 1 5");
   EXPECT_TRUE(Shows(kLast));
 }
 
@@ -128,18 +127,16 @@ TEST_F(ShowCommand, ResizingTheWindowRaisesTheFormsResize) {
 
 TEST_F(ShowCommand, AMinimisedWindowComesBackAsItWas) {
   Show("");
-  const PixelRect before = Screen().Find(kForm);
   Screen().DoAtLast("search --name Order windowminimize");
   EXPECT_TRUE(Screen().WaitWithout(kForm));
   Screen().DoAtLast("search --name Order windowactivate");
-  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, before));
+  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, form_));
   Click(button_);
   EXPECT_EQ(Errors(), "");
 }
 
 TEST_F(ShowCommand, AWindowThatIsMaximisedByItsTitleRaisesTheFormsResize) {
   Show("function form_Resize() if form.Width > 9000 then state(kAfter) else state(kLast) end end");
-  const PixelRect before = Screen().Find(kForm);
   // Again when a busy machine takes the two for two clicks.
   const auto double_click_title = [](ColorRef shown) {
     return WaitUntil([&] {
@@ -152,7 +149,7 @@ TEST_F(ShowCommand, AWindowThatIsMaximisedByItsTitleRaisesTheFormsResize) {
   EXPECT_TRUE(double_click_title(kAfter));
   EXPECT_TRUE(WaitUntil([] { return FormSize().width > 700 && FormSize().height > 500; }));
   EXPECT_TRUE(double_click_title(kLast));
-  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, before));
+  EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, form_));
 }
 
 TEST_F(ShowCommand, TheProgramMovesResizesAndRetitlesItsWindow) {
@@ -170,9 +167,8 @@ TEST_F(ShowCommand, TitlesAreInAnyLanguage) {
 
 TEST_F(ShowCommand, AFormStandsWhereItsScriptPlacesIt) {
   Show("function cmdSave_Click() form.Left, form.Top = 4500, 3000 end");
-  const PixelRect before = Screen().Find(kForm);
   Click(button_);
-  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left != before.left; }));
+  EXPECT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left != form_.left; }));
   const PixelRect first = Screen().WaitForAll(kForm);
   Show("form.Left, form.Top = 4500 + 300, 3000 + 450");
   EXPECT_TRUE(Becomes([] { return Screen().Find(kForm); }, first.Offset(20, 30)));
@@ -235,9 +231,8 @@ TEST_F(ShowCommand, TheProgramEndsWithItsLastForm) {
 TEST_F(ShowCommand, AtTwiceTheScaleAFormIsTwiceAsLargeAndDrawnInAllItsPixels) {
   Show("function cmdSave_Click() state(kAfter) end", {"--scale", "2"});
   EXPECT_TRUE(Becomes(FormSize, PixelSize{600, 400}));
-  const PixelRect form = Screen().Find(kForm);
   // A button of 160 by 60 pixels at 40, 40, inside a border of one pixel.
-  EXPECT_EQ(button_.left - form.left, 41);
+  EXPECT_EQ(button_.left - form_.left, 41);
   EXPECT_EQ(button_.width(), 158);
   EXPECT_EQ(button_.height(), 58);
   // The last of the button's pixels, and the first beside it.
@@ -252,8 +247,7 @@ TEST_F(ShowCommand, AtTwiceTheScaleAFormIsTwiceAsLargeAndDrawnInAllItsPixels) {
 TEST_F(ShowCommand, AScaleMayHaveAFraction) {
   Show("", {"--scale", "1.75"});
   EXPECT_TRUE(Becomes(FormSize, PixelSize{525, 350}));
-  const PixelRect form = Screen().Find(kForm);
-  EXPECT_EQ(button_.left - form.left, 36);
+  EXPECT_EQ(button_.left - form_.left, 36);
   EXPECT_EQ(button_.width(), 138);
 }
 
@@ -308,15 +302,14 @@ TEST_F(ShowCommand, AnErrorOfAControlItselfIsReportedAndTheFormStays) {
 
 TEST_F(ShowCommand, WatchingShowsWhatHasChangedWhereItWas) {
   Show("", {"--watch"});
-  const PixelRect form = Screen().Find(kForm);
   Screen().DoAtLast("search --name Order windowmove 50 60");
-  ASSERT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left != form.left; }));
+  ASSERT_TRUE(WaitUntil([&] { return Screen().Find(kForm).left != form_.left; }));
   EXPECT_EQ(Errors(), "");
   Script("state(kAfter)");
   EXPECT_TRUE(Shows(kAfter));
   EXPECT_TRUE(Becomes([this] { return Errors(); }, std::string("reloaded\n")));
   EXPECT_TRUE(Becomes(FormSize, PixelSize{300, 200}));
-  const PixelRect moved = Screen().Find(kForm);
+  const PixelRect moved = Screen().WaitForAll(kForm);
   EXPECT_NEAR(moved.left, 50, 10);
   EXPECT_NEAR(moved.top, 60, 40);
 }

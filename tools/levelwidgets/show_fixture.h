@@ -126,7 +126,8 @@ class ShowCommand : public ::testing::Test {
     ASSERT_FALSE(Screen().WaitFor(kButton).empty()) << Errors();
     Screen().Activate("Order");
     ASSERT_TRUE(WaitUntil([&] { return IsWhole(factor); })) << Errors();
-    button_ = Screen().Find(kButton);
+    form_ = Screen().WaitForAll(kForm);
+    button_ = Screen().WaitForAll(kButton);
   }
 
   // Whether the form and its button are as large as the form file has them, give or take a pixel, and the
@@ -161,6 +162,8 @@ class ShowCommand : public ::testing::Test {
       std::filesystem::temp_directory_path() /
       (std::string("levelwidgets_show_") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
   std::unique_ptr<ChildProcess> program_;
+  // Where they are when the form has been shown.
+  PixelRect form_;
   PixelRect button_;
 
  private:
