@@ -3,20 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <utility>
 
-#include <levelwidgets/platform/types.h>
 #include <levelwidgets/testing/child_process.h>
+#include <levelwidgets/testing/print_pixels.h>
 
 namespace levelwidgets {
-
-inline void PrintTo(const PixelSize& size, std::ostream* out) {
-  *out << size.width << " by " << size.height << " pixels";
-}
-inline void PrintTo(const PixelPoint& point, std::ostream* out) {
-  *out << "(" << point.x << ", " << point.y << ")";
-}
 
 // Whether `read()` gives `expected` in time. What is read while a program draws may be half of it.
 template <typename Read, typename Value>

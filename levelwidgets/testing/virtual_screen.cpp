@@ -115,15 +115,21 @@ VirtualScreen::VirtualScreen() : folder_(NewFolder()) {
   close(number[0]);
 
   pixels_ = std::make_unique<Pixels>(name_);
+  StartManager();
+}
 
-  // It may never show a window that comes while it starts.
+// It may never show a window that comes while it starts.
+void VirtualScreen::StartManager() {
   const std::filesystem::path started = folder_ / "manager_started";
+  std::filesystem::remove(started);
   manager_ = std::make_unique<ChildProcess>(
       std::vector<std::string>{"openbox", "--startup", "touch " + started.string()},
       ChildProcess::Options{.environment = {{"DISPLAY", name_}}});
   if (!WaitUntil([&] { return std::filesystem::exists(started); }))
     throw std::runtime_error("the window manager does not start");
 }
+
+void VirtualScreen::EndManager() { manager_.reset(); }
 
 VirtualScreen::~VirtualScreen() {
   pixels_.reset();

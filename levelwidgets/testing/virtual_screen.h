@@ -22,6 +22,10 @@ class VirtualScreen {
   VirtualScreen(const VirtualScreen&) = delete;
   VirtualScreen& operator=(const VirtualScreen&) = delete;
 
+  // Ends the window manager, which stands between the pointer and the windows: it gets each press first.
+  void EndManager();
+  void StartManager();
+
   // As DISPLAY.
   const std::string& Name() const { return name_; }
 

@@ -89,20 +89,23 @@ TEST_F(ShowCommand, EveryClickArrivesHoweverSlowTheHandlerIs) {
       "cmdOther:ZOrder(0)\n"
       "local clicks, former = 0, nil\n"
       "local function click(button)\n"
-      "  local due = os.clock() + 0.1\n"
+      "  local due = os.clock() + 0.05\n"
       "  while os.clock() < due do end\n"
       "  if former ~= button then clicks, former = clicks + 1, button end\n"
       "  if clicks == 20 then state(kAfter) end\n"
       "end\n"
       "cmdSave:on('Click', function() click(cmdSave) end)\n"
       "cmdOther:on('Click', function() click(cmdOther) end)");
-  const PixelRect other = Screen().WaitFor({0x00332200});
-  const std::string both =
-      " mousemove " + Middle(button_) + " click 1 mousemove " + Middle(other) + " click 1";
+  // A busy window manager would hold a press back until the pointer is elsewhere, and press there.
+  Screen().EndManager();
+  const std::string button = Middle(Screen().WaitForAll(kButton));
+  const std::string other = Middle(Screen().WaitForAll({0x00332200}));
   std::string words;
-  for (int i = 0; i < 10; ++i) words += both;
+  for (int i = 0; i < 10; ++i) words += " mousemove " + button + " click 1 mousemove " + other + " click 1";
   Screen().Do(words);
   EXPECT_TRUE(Shows(kAfter)) << Errors();
+  program_.reset();
+  Screen().StartManager();
 }
 
 TEST_F(ShowCommand, WhatIsSelectedInOneBoxTheMiddleButtonInsertsInAnother) {

@@ -125,7 +125,9 @@ class ShowCommand : public ::testing::Test {
     Start(std::move(options));
     ASSERT_FALSE(Screen().WaitFor(kButton).empty()) << Errors();
     Screen().Activate("Order");
-    ASSERT_TRUE(WaitUntil([&] { return IsWhole(factor); })) << Errors();
+    ASSERT_TRUE(WaitUntil([&] { return IsWhole(factor); }))
+        << "the form is at " << ::testing::PrintToString(Screen().Find(kForm)) << ", its button at "
+        << ::testing::PrintToString(Screen().Find(kButton)) << "; " << Errors();
     form_ = Screen().WaitForAll(kForm);
     button_ = Screen().WaitForAll(kButton);
   }

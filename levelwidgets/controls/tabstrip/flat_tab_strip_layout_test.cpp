@@ -5,13 +5,10 @@
 
 #include <cmath>
 #include <limits>
-#include <ostream>
+
+#include <levelwidgets/testing/print_pixels.h>
 
 namespace levelwidgets {
-
-void PrintTo(const PixelRect& rect, std::ostream* out) {
-  *out << rect.left << " " << rect.top << " " << rect.right << " " << rect.bottom;
-}
 
 namespace {
 

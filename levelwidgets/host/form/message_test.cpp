@@ -118,6 +118,8 @@ TEST_F(MessageTest, TheOthersAreEnabledBeforeTheMessageGoesSoThatOneOfThemBecome
 // A button keeps the pointer when it has been clicked.
 TEST_F(MessageTest, AClickOnTheButtonThatHasShownItIsNoClickThere) {
   auto& button = AddNew<FlatButton>("cmd");
+  const Color normal = button.BackColor();
+  button.SetBackColorMouseOver(Color(0x000000FFu));
   int clicks = 0;
   const Subscription clicked = button.Click.Add([&] {
     if (++clicks == 1) Ask(MessageButtons::kOk);
@@ -125,6 +127,7 @@ TEST_F(MessageTest, AClickOnTheButtonThatHasShownItIsNoClickThere) {
   const PixelPoint middle = ScreenPoint(button, PixelPoint{40, 12});
   Driver().Click(middle);
   ASSERT_TRUE(message_);
+  EXPECT_EQ(button.BackColor(), normal);
   Driver().Advance(1000);  // the next one is not the second of a double click
   Driver().Click(middle);
   EXPECT_EQ(clicks, 1);
@@ -136,7 +139,9 @@ TEST_F(MessageTest, AControlUnderThePointerShowsThatItHasLeft) {
   button.SetBackColorMouseOver(Color(0x000000FFu));
   Driver().MovePointer(ScreenPoint(button, PixelPoint{40, 12}));
   ASSERT_EQ(button.BackColor(), Color(0x000000FFu));
+  Watch(button);
   Ask(MessageButtons::kOk);
+  EXPECT_THAT(TakeJournal(), ElementsAre("release capture", "paint", "MouseMove(0, 0, -15, -15)"));
   EXPECT_EQ(button.BackColor(), normal);
   EXPECT_FALSE(Windows().GetCapture());
 }
