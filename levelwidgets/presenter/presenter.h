@@ -83,6 +83,7 @@ class Presenter {
   void NativeResized(Shown& shown, PixelSize size);
   void AskForFocus();
   void TakeFocus();
+  void TakeFocusForKeys();
   bool HasOpenPopup(WindowHandle form);
   void TakeClipboard();
   void LeaveIfOutside();

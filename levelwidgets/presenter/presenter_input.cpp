@@ -37,6 +37,7 @@ void Presenter::Handle(const std::vector<SDL_Event>& events) {
   for (std::size_t i = 0; i < events.size(); ++i) {
     const SDL_Event& event = events[i];
     if (event.type == SDL_KEYDOWN) {
+      TakeFocusForKeys();
       i = HandleKey(events, i);
     } else if (i + 1 == events.size() || !IsOvertaken(event, events[i + 1])) {
       HandleEvent(event);
@@ -91,6 +92,8 @@ void Presenter::HandlePointer(const SDL_Event& event) {
     case SDL_MOUSEMOTION: PointTo(event.motion.windowID, {event.motion.x, event.motion.y}); break;
     case SDL_MOUSEBUTTONDOWN:
       PointTo(event.button.windowID, {event.button.x, event.button.y});
+      if (event.button.button == SDL_BUTTON_MIDDLE)
+        selection_.Offer();  // keys of this turn may have selected it
       PressIn(event.button.windowID, ButtonOf(event.button.button));
       if (event.button.button == SDL_BUTTON_MIDDLE) selection_.Insert();
       break;
@@ -269,6 +272,11 @@ void Presenter::AskForFocus() {
   pressed_at_.reset();
   native_focus_ = *owner;
   asks_for_focus_ = *owner == 0;
+}
+
+// Keys go where the keyboard is, although other events of the turn may move it.
+void Presenter::TakeFocusForKeys() {
+  if (native_focus_ != 0) TakeFocus();
 }
 
 // Looked at once all events of a turn are done: between the windows of this program nobody has the keyboard

@@ -206,6 +206,20 @@ TEST_F(PresenterTest, BetweenTwoFormsOneFollowsTheOther) {
   EXPECT_THAT(Messages("Activate"), ElementsAre("other Activate 0 form", "form Activate 1 other"));
 }
 
+TEST_F(PresenterTest, KeysOfTheTurnInWhichAFormGetsTheKeyboardArriveThere) {
+  const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_LOST)});
+  Begin();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED), Key(SDL_KEYDOWN, SDLK_DOWN)});
+  EXPECT_THAT(Input(), ElementsAre("other KeyDown 40"));
+  Begin();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_LOST), WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED),
+          Key(SDL_KEYDOWN, SDLK_UP)});
+  EXPECT_THAT(Input(), ElementsAre("form KeyDown 38"));
+}
+
 TEST_F(PresenterTest, AnOpenPopupStaysActiveUntilAnotherProgramIs) {
   Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
   const WindowHandle popup = MakePopup({120, 130, 220, 190});

@@ -95,6 +95,15 @@ TEST_F(PrimarySelectionTest, TheMiddleButtonInsertsTheSelectionWhereThePointerIs
   EXPECT_EQ(TextOf(edit), "1\r\n2first1\r\n2\r\nsecond");
 }
 
+TEST_F(PrimarySelectionTest, WhatIsSelectedInTheTurnOfTheMiddlePressIsInserted) {
+  const WindowHandle other = MakeEdit(130);
+  windows.SetFocus(edit);
+  SDL_Event all = Key(SDL_KEYDOWN, SDLK_END, KMOD_LSHIFT);
+  Handle({all, Button(form, SDL_MOUSEBUTTONDOWN, 0, 135, SDL_BUTTON_MIDDLE),
+          Button(form, SDL_MOUSEBUTTONUP, 0, 135, SDL_BUTTON_MIDDLE)});
+  EXPECT_EQ(TextOf(other), "firstfirst\r\nsecond");
+}
+
 TEST_F(PrimarySelectionTest, FarDownInALongTextItIsInsertedWhereThePointerIs) {
   std::string text;
   for (int i = 0; i < 20000; ++i) text += "line\r\n";

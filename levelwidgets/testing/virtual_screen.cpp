@@ -153,6 +153,13 @@ void VirtualScreen::DoAtLast(const std::string& words) const {
   if (!WaitUntil([&] { return Try(words); })) throw std::runtime_error("xdotool cannot " + words);
 }
 
+bool VirtualScreen::WaitUntilEmpty() const {
+  return WaitUntil([&] {
+    const std::string windows = PrintedBy("xprop -root -notype _NET_CLIENT_LIST 2>/dev/null");
+    return !windows.empty() && windows.find("0x") == std::string::npos;
+  });
+}
+
 // Asked for again and again: a window manager does not hear of a window that it does not know yet.
 void VirtualScreen::Activate(const std::string& beginning) const {
   const auto is_active = [&] { return ActiveTitle().starts_with(beginning); };

@@ -26,6 +26,10 @@ class VirtualScreen {
   void EndManager();
   void StartManager();
 
+  // Waits until no window is managed. A program that starts may get the name of the window of one that has
+  // ended, and the place of that as long as the manager knows it.
+  bool WaitUntilEmpty() const;
+
   // As DISPLAY.
   const std::string& Name() const { return name_; }
 

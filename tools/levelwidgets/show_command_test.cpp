@@ -114,8 +114,7 @@ TEST_F(ShowCommand, WhatIsSelectedInOneBoxTheMiddleButtonInsertsInAnother) {
       "local txtOther = form:add('FlatTextBox', 'txtOther', { Left = 300, Top = 2550, Width = 2700,\n"
       "  Height = 375, BackColor = 0x00FFC0FF })\n"
       "txtOther:on('Change', function() if txtOther.Text == 'one' then state(kAfter) end end)");
-  Screen().Do("mousemove " + Middle(Screen().WaitFor({0x00C0FFFF})) + " click 1 key ctrl+Home shift+End");
-  Screen().Do("mousemove " + Middle(Screen().WaitFor({0x00FFC0FF})) + " click 2");
+  Screen().Do("key ctrl+Home shift+End mousemove " + Middle(Screen().WaitForAll({0x00FFC0FF})) + " click 2");
   EXPECT_TRUE(Shows(kAfter)) << Errors();
 }
 

@@ -89,6 +89,7 @@ class ShowCommand : public ::testing::Test {
   ShowCommand() { std::filesystem::create_directories(folder_); }
   ~ShowCommand() override {
     program_.reset();
+    EXPECT_TRUE(Screen().WaitUntilEmpty());
     std::filesystem::remove_all(folder_);
   }
 
@@ -128,8 +129,10 @@ class ShowCommand : public ::testing::Test {
     ASSERT_TRUE(WaitUntil([&] { return IsWhole(factor); }))
         << "the form is at " << ::testing::PrintToString(Screen().Find(kForm)) << ", its button at "
         << ::testing::PrintToString(Screen().Find(kButton)) << "; " << Errors();
-    form_ = Screen().WaitForAll(kForm);
-    button_ = Screen().WaitForAll(kButton);
+    do {
+      form_ = Screen().WaitForAll(kForm);
+      button_ = Screen().WaitForAll(kButton);
+    } while (form_ != Screen().Find(kForm));
   }
 
   // Whether the form and its button are as large as the form file has them, give or take a pixel, and the

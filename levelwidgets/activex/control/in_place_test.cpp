@@ -258,6 +258,12 @@ TEST_F(InPlaceTest, AnEnumerationGivesWhatIsLeftWhenAskedForMore) {
   EXPECT_EQ(verbs->Next(1, three, &fetched), S_FALSE);
 }
 
+TEST_F(InPlaceTest, TheVerbToEditShowsTheControl) {
+  Site("FlatLabel");
+  EXPECT_EQ(Verb(0), S_OK);
+  EXPECT_TRUE(::IsWindowVisible(ControlWindow()));
+}
+
 TEST_F(InPlaceTest, TheVerbForPropertiesAsksTheContainerForItsFrame) {
   Embed("FlatLabel");
   Container().answers["ShowPropertyFrame"] = S_OK;

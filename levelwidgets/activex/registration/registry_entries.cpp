@@ -80,7 +80,6 @@ class Entries {
     Add(key + "\\MiscStatus", "0");
     Add(key + "\\MiscStatus\\1", std::to_string(MiscStatusOf(of.info->Name())));  // of its content
     Add(key + "\\ToolboxBitmap32", library_.path + ", " + std::to_string(ToolboxPictureOf(*of.identity)));
-    AddKey(key + "\\Verb");
     for (const Verb& verb : kVerbs) Add(key + "\\Verb\\" + std::to_string(verb.number), MenuEntry(verb));
     AddKey(key + "\\Implemented Categories\\" + std::string(kControlCategory));
   }
