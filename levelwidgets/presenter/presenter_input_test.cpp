@@ -220,6 +220,16 @@ TEST_F(PresenterTest, KeysOfTheTurnInWhichAFormGetsTheKeyboardArriveThere) {
   EXPECT_THAT(Input(), ElementsAre("form KeyDown 38"));
 }
 
+TEST_F(PresenterTest, AKeyBetweenTwoFormsLeavesNoMomentWithoutAnActiveOne) {
+  const WindowHandle other = MakeForm("other", {600, 100, 700, 200});
+  presenter.Sync();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  Begin();
+  Handle({WindowEvent(other, SDL_WINDOWEVENT_FOCUS_LOST), Key(SDL_KEYDOWN, SDLK_UP),
+          WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
+  EXPECT_THAT(Messages("Activate"), ElementsAre("other Activate 0 form", "form Activate 1 other"));
+}
+
 TEST_F(PresenterTest, AnOpenPopupStaysActiveUntilAnotherProgramIs) {
   Handle({WindowEvent(form, SDL_WINDOWEVENT_FOCUS_GAINED)});
   const WindowHandle popup = MakePopup({120, 130, 220, 190});
