@@ -168,6 +168,18 @@ TEST_F(PointerScenes, ADisabledFormGetsNothing) {
   )");
 }
 
+TEST_F(PointerScenes, TheFirstPressesOfAllMayBeADoubleClick) {
+  TwoForms();
+  Hear({kWmLButtonDown, kWmLButtonDblClk});
+  Click({80, 80});
+  Driver().Advance(300);
+  Click({80, 80});
+  Expect(R"(
+    first LButtonDown 1 at 20,20
+    first LButtonDblClk 1 at 20,20
+  )");
+}
+
 TEST_F(PointerScenes, ADoubleClickIsWithinARectangleAroundTheFirstPress) {
   TwoForms();
   On(other, kWmMouseActivate, [](WParam, LParam) { return 4; });

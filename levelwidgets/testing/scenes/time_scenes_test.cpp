@@ -57,6 +57,25 @@ TEST_F(TimeScenes, TheSmallestTimerTicksEveryTenMilliseconds) {
   )");
 }
 
+TEST_F(TimeScenes, ATickThatDoesWhatIsPendingHasTheOtherTickThatIsDueInIt) {
+  first_ = Every(30, [&] {
+    Clock().KillTimer(first_);
+    Note("first tick begins");
+    Clock().DoEvents();
+    Note("first tick ends");
+  });
+  second_ = Every(30, [&] {
+    Clock().KillTimer(second_);
+    Note("second tick");
+  });
+  Driver().Advance(60);
+  Expect(R"(
+    first tick begins
+    second tick
+    first tick ends
+  )");
+}
+
 TEST_F(TimeScenes, WhatIsPendingComesInItsOrder) {
   const WindowHandle form = Top("form", {50, 50, 350, 250});
   const WindowHandle child = Child("child", form, {10, 10, 60, 60});
