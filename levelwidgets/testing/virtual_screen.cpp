@@ -29,7 +29,7 @@ std::string LineFrom(int pipe) {
   std::string line;
   for (char c = 0;;) {
     pollfd ready{pipe, POLLIN, 0};
-    if (poll(&ready, 1, 60000) != 1 || read(pipe, &c, 1) != 1)
+    if (poll(&ready, 1, kPatience) != 1 || read(pipe, &c, 1) != 1)
       throw std::runtime_error("Xvfb does not start");
     if (c == '\n') return line;
     line += c;

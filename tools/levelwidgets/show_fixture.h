@@ -135,8 +135,8 @@ class ShowCommand : public ::testing::Test {
     } while (form_ != Screen().Find(kForm));
   }
 
-  // Whether the form and its button are as large as the form file has them, give or take a pixel, and the
-  // button where it belongs.
+  // Whether the form and its button are as large as the form file has them, and the button where it belongs,
+  // give or take two pixels: its border is not of its colour.
   static bool IsWhole(double scale) {
     const auto is_about = [scale](int pixels, int in_file) { return std::abs(pixels - in_file * scale) < 3; };
     const PixelRect form = Screen().Find(kForm);
