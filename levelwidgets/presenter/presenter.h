@@ -83,7 +83,6 @@ class Presenter {
   void NativeResized(Shown& shown, PixelSize size);
   void AskForFocus();
   void TakeFocus();
-  void TakeFocusForKeys();
   bool HasOpenPopup(WindowHandle form);
   void TakeClipboard();
   void LeaveIfOutside();

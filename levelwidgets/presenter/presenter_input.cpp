@@ -37,7 +37,7 @@ void Presenter::Handle(const std::vector<SDL_Event>& events) {
   for (std::size_t i = 0; i < events.size(); ++i) {
     const SDL_Event& event = events[i];
     if (event.type == SDL_KEYDOWN) {
-      TakeFocusForKeys();
+      if (native_focus_ != 0) TakeFocus();  // the turn's keys go where the keyboard is by now
       i = HandleKey(events, i);
     } else if (i + 1 == events.size() || !IsOvertaken(event, events[i + 1])) {
       HandleEvent(event);
@@ -272,11 +272,6 @@ void Presenter::AskForFocus() {
   pressed_at_.reset();
   native_focus_ = *owner;
   asks_for_focus_ = *owner == 0;
-}
-
-// Keys go where the keyboard is, although other events of the turn may move it.
-void Presenter::TakeFocusForKeys() {
-  if (native_focus_ != 0) TakeFocus();
 }
 
 // Looked at once all events of a turn are done: between the windows of this program nobody has the keyboard

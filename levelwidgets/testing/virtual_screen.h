@@ -39,7 +39,7 @@ class VirtualScreen {
   void DoAtLast(const std::string& words) const;
   // The window whose title begins so comes to the front and has the keyboard, as soon as it is there.
   void Activate(const std::string& beginning) const;
-  // What is in the title bar of the window whose title begins so, UTF-8; "" while there is none.
+  // What is in the title bar of the window whose title begins so, UTF-8. Empty without such a window.
   std::string TitleOf(const std::string& beginning) const;
   // The same of the window that has the keyboard.
   std::string ActiveTitle() const;
