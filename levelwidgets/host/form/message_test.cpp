@@ -146,6 +146,23 @@ TEST_F(MessageTest, AControlUnderThePointerShowsThatItHasLeft) {
   EXPECT_FALSE(Windows().GetCapture());
 }
 
+TEST_F(MessageTest, AListenerMayCloseTheFormThatThePointerLeavesForIt) {
+  auto& button = AddNew<FlatButton>("cmd");
+  Driver().MovePointer(ScreenPoint(button, PixelPoint{40, 12}));
+  int moves = 0;
+  const Subscription moved = button.MouseMove.Add([&](const auto&...) {
+    ++moves;
+    TheForm().Close();
+  });
+  Ask(MessageButtons::kOk);
+  EXPECT_EQ(moves, 1);
+  EXPECT_TRUE(TheForm().Closed());
+  EXPECT_FALSE(IsEnabled(*other_));
+  Driver().Key(kEnter);
+  EXPECT_THAT(answers_, ElementsAre(1));
+  EXPECT_TRUE(IsEnabled(*other_));
+}
+
 TEST_F(MessageTest, ADragEnds) {
   auto& box = AddNew<FlatTextBox>("txt");
   Driver().MovePointer(ScreenPoint(box, PixelPoint{20, 12}));
